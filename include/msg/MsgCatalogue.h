@@ -1,0 +1,35 @@
+#pragma once
+#include <array>
+#include <string_view>
+
+/// Severity of a message, rising.
+enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical = 0x10000000, error = 0x20000000 };
+
+/// One message that the library can send. The id and the arguments are the contract; the text may change.
+struct MsgRow {
+    std::string_view id;     ///< as it is sent, for instance "@74-60@%s"
+    std::string_view kinds;  ///< of its arguments, 's' text and 'd' integer. A few ids tell fewer in their own format.
+    MsgMask mask;
+    std::string_view text;  ///< for people; "{0}", "{1}" stand for the arguments
+};
+
+/// All messages. An id that is not here, or arguments that do not fit it, do not compile (`ComMsgMgr::sendMsg`). An id
+/// that is sent with different arguments has a row for each.
+inline constexpr std::array kMsgCatalogue{
+    MsgRow{"@1-1874@%s", "s", MsgMask::warning, "temporary directory '{0}' could not be removed"},
+    MsgRow{"@74-9@%s", "sd", MsgMask::error, "{0}:{1}: the platform descriptor is not valid"},
+    MsgRow{"@74-10@%s", "s", MsgMask::error, "file '{0}' could not be written"},
+    MsgRow{"@74-12@", "s", MsgMask::error, "{0}"},
+    MsgRow{"@74-12@", "sd", MsgMask::error, "{0} (line {1})"},
+    MsgRow{"@74-15@%s%s%s%s", "sss", MsgMask::error, "file '{0}' could not be written: {1}"},
+    MsgRow{"@74-31@", "", MsgMask::error, "the hpfm text of the archive is not valid"},
+    MsgRow{"@74-34@%s%s", "ss", MsgMask::error, "archive '{0}': member '{1}' could not be opened"},
+    MsgRow{"@74-51@%s%d", "sd", MsgMask::error, "{0}:{1}: the software platform file is not valid"},
+    MsgRow{"@74-60@%s", "s", MsgMask::critical, "the platform could not be loaded: {0}"},
+    MsgRow{"@74-63@%s%s", "ss", MsgMask::critical, "{1}!{0}: reading the metadata failed for an unknown reason"},
+    MsgRow{"@74-64@%s%s%s", "sss", MsgMask::critical, "{1}!{0}: {2}"},
+    MsgRow{"@74-66@%s", "s", MsgMask::critical, "hardware platform file '{0}' does not exist"},
+    MsgRow{"@74-67@%s%s", "ss", MsgMask::critical, "{1}: member '{0}' could not be opened"},
+    MsgRow{"@74-260@%s%s%s", "sds", MsgMask::error, "{0}:{1}: {2}"},
+    MsgRow{"@74-261@", "", MsgMask::error, "more than one HBM instance: only the first one is tracked"},
+};

@@ -1,0 +1,37 @@
+#pragma once
+#include <boost/optional/optional_fwd.hpp>
+#include <boost/property_tree/ptree_fwd.hpp>
+#include <string>
+
+#include "text/ZrApi.h"
+
+/// Reads from a property tree. A key is a path with "." between levels. None of the operations fails: what is not there,
+/// or an empty optional, gives the result for a missing key.
+class ZR_API HTEQJSONUtils {
+public:
+    using Tree = boost::property_tree::ptree;
+    using OptTree = boost::optional<const Tree&>;
+
+    static bool findKey(const Tree& tree, const std::string& key);
+    static bool findKey(const OptTree& tree, const std::string& key);
+    static bool hasKey(const Tree& tree, const std::string& key);
+    static bool hasKey(const OptTree& tree, const std::string& key);
+    /// The text at `key`, empty when it is not there.
+    static std::string getValue(const Tree& tree, const std::string& key);
+    static std::string getValue(const OptTree& tree, const std::string& key);
+    static std::string getStringValue(const Tree& tree, const std::string& key);
+    static std::string getStringValue(const OptTree& tree, const std::string& key);
+    /// Whether the text is "true" without regard to case.
+    static bool getBoolValue(const Tree& tree, const std::string& key);
+    static bool getBoolValue(const OptTree& tree, const std::string& key);
+    /// The leading signed decimal number of the text, cut to the type; a text that begins with no number gives 0, an
+    /// empty text the fallback.
+    static int getIntValue(const Tree& tree, const std::string& key, int fallback);
+    static int getIntValue(const OptTree& tree, const std::string& key, int fallback);
+    static unsigned int getUnsignedIntValue(const Tree& tree, const std::string& key, unsigned int fallback);
+    static unsigned int getUnsignedIntValue(const OptTree& tree, const std::string& key, unsigned int fallback);
+    static long getLongValue(const Tree& tree, const std::string& key, long fallback);
+    static long getLongValue(const OptTree& tree, const std::string& key, long fallback);
+    static unsigned long getUnsignedLongValue(const Tree& tree, const std::string& key, unsigned long fallback);
+    static unsigned long getUnsignedLongValue(const OptTree& tree, const std::string& key, unsigned long fallback);
+};

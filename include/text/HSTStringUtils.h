@@ -1,0 +1,24 @@
+#pragma once
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "text/ZrApi.h"
+
+/// Text operations by ASCII rules: the process's locale never matters, bytes above 127 are left alone.
+class ZR_API HSTStringUtils {
+public:
+    /// Equality without regard to the case of the 26 letters.
+    static bool iequals(std::string_view a, std::string_view b);
+    static std::string toLower(std::string_view text);
+    static std::string toUpper(std::string_view text);
+    /// `text` without blanks, tabs and line ends at both ends.
+    static std::string_view trim(std::string_view text);
+    /// The pieces between the separators, empty ones too: n separators give n + 1 pieces.
+    static std::vector<std::string> split(std::string_view text, char separator);
+    static std::string join(const std::vector<std::string>& pieces, std::string_view separator);
+
+    /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed, what
+    /// follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the type.
+    static long long toNumber(std::string_view text);
+};

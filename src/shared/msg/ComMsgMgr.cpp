@@ -1,0 +1,52 @@
+#include "msg/ComMsgMgr.h"
+
+#include <fmt/args.h>
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <functional>
+#include <utility>
+
+namespace {
+
+const char* severityName(MsgMask mask) {
+    switch (mask) {
+        case MsgMask::info: return "INFO";
+        case MsgMask::warning: return "WARNING";
+        case MsgMask::critical: return "CRITICAL WARNING";
+        case MsgMask::error: return "ERROR";
+    }
+    return "ERROR";
+}
+
+/// "74-60" of "@74-60@%s".
+std::string_view number(std::string_view id) { return id.substr(1, id.rfind('@') - 1); }
+
+void toStandardError(const ComMsgMgrInstance& message) {
+    const std::string_view id = message.id.empty() ? "0-0" : number(message.id);
+    std::fprintf(stderr, "%s: [%s %.*s] %s\n", severityName(message.mask), message.module.c_str(),
+                 static_cast<int>(id.size()), id.data(), message.text.c_str());
+}
+
+ComMsgMgr::Sink& currentSink() {
+    static ComMsgMgr::Sink* const sink = new ComMsgMgr::Sink(toStandardError);  // outlives every static of the host
+    return *sink;
+}
+
+/// The row's text with "{n}" replaced by argument n. Arguments come from files and are not looked at again.
+std::string compose(std::string_view text, const std::vector<std::string>& args) {
+    fmt::dynamic_format_arg_store<fmt::format_context> store;
+    for (const std::string& arg : args) store.push_back(std::cref(arg));
+    return fmt::vformat(text, store);
+}
+
+}  // namespace
+
+void ComMsgMgr::setSink(Sink sink) { currentSink() = sink ? std::move(sink) : Sink(toStandardError); }
+
+void ComMsgMgr::send(const ComMsgMgrInstance& message) { currentSink()(message); }
+
+ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {
+    std::string text = compose(row.text, args);
+    return {"platform", std::string(row.id), row.mask, std::move(args), std::move(text), where};
+}
