@@ -9,21 +9,21 @@ namespace json {
 using ptree = boost::property_tree::ptree;
 
 struct Limits {
-    std::size_t depth = 192;         ///< levels of brackets; trees are copied and destroyed by recursion
-    std::size_t nodes = 1'000'000;   ///< values of the whole document
-    std::size_t keyLevels = 64;      ///< levels that the dots of one key can make when it is used as a path
+    std::size_t depth = 192;        ///< levels of brackets; trees are copied and destroyed by recursion
+    std::size_t nodes = 1'000'000;  ///< values of the whole document
+    std::size_t keyLevels = 64;     ///< levels that the dots of one key make when it is used as a path
 };
-inline constexpr Limits kStrangers{};                ///< for members of archives and files of others
-inline constexpr Limits kOwn{.depth = 256};          ///< for documents that this library wrote
+inline constexpr Limits kStrangers{};        ///< for members of archives and files of others
+inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this library wrote
 
 /// Fills `tree` with the document `text`: numbers, true, false and null as they stand in the text, duplicate keys one
 /// behind the other, a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and what is
-/// wrong when the text is no JSON, is not valid UTF-8, holds something behind the document, or exceeds the limits;
-/// `tree` is then as it was.
+/// wrong when the text is no JSON, is not valid UTF-8, has a NUL in a text, holds something behind the document, or
+/// exceeds the limits; `tree` is then as it was.
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kStrangers);
 
-/// The bytes that the property tree's own pretty writer gives. Throws `json_parser_error` when the tree has a node with
-/// a value and children.
+/// The bytes that the property tree's own pretty writer gives. Throws `json_parser_error`, with the key in its text,
+/// when a node has both a value and children, or the root a value.
 std::string write(const ptree& tree);
 
 }  // namespace json

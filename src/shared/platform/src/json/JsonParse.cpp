@@ -1,0 +1,151 @@
+#include <algorithm>
+#include <boost/json/basic_parser_impl.hpp>
+#include <boost/property_tree/json_parser/error.hpp>
+#include <unordered_map>
+#include <vector>
+
+#include "json/JsonText.h"
+
+namespace json {
+
+namespace {
+
+using boost::property_tree::json_parser::json_parser_error;
+
+/// Makes nodes by copying an empty one that already has its key: the tree type cannot be moved, and building a pair
+/// beside the tree would make each node twice.
+class Prototypes {
+public:
+    const ptree::value_type& of(std::string_view key) {
+        if (key.empty()) return item_;
+        const auto at = known_.find(key);
+        if (at != known_.end()) return at->second;
+        return known_.emplace(std::string(key), ptree::value_type(std::string(key), ptree())).first->second;
+    }
+
+private:
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+    std::unordered_map<std::string, ptree::value_type, Hash, std::equal_to<>> known_;
+    const ptree::value_type item_{std::string(), ptree()};
+};
+
+/// The events of Boost.JSON's parser as a tree. `problem` says why an event was refused.
+class TreeBuilder {
+public:
+    using error_code = boost::json::error_code;
+    using view = boost::json::string_view;
+    static constexpr std::size_t max_object_size = -1, max_array_size = -1, max_key_size = -1, max_string_size = -1;
+
+    explicit TreeBuilder(const Limits& limits) : limits_(limits) {}
+
+    ptree root;
+    const char* problem = nullptr;
+
+    bool on_document_begin(error_code&) { return true; }
+    bool on_document_end(error_code&) { return true; }
+    bool on_object_begin(error_code& ec) { return open(ec); }
+    bool on_object_end(std::size_t, error_code&) { return close(); }
+    bool on_array_begin(error_code& ec) { return open(ec); }
+    bool on_array_end(std::size_t, error_code&) { return close(); }
+    bool on_key_part(view part, std::size_t, error_code&) {
+        key_.append(part.data(), part.size());
+        return true;
+    }
+    bool on_key(view part, std::size_t, error_code& ec) {
+        key_.append(part.data(), part.size());
+        if (key_.find('\0') != std::string::npos) return refuse(ec, "a key holds a NUL");
+        const auto dots = static_cast<std::size_t>(std::count(key_.begin(), key_.end(), '.'));
+        return dots < limits_.keyLevels || refuse(ec, "a key has too many levels between its dots");
+    }
+    bool on_string_part(view part, std::size_t, error_code&) { return keep(part); }
+    bool on_string(view part, std::size_t, error_code& ec) {
+        if (text_.empty()) return put({part.data(), part.size()}, ec);
+        keep(part);
+        return putText(ec);
+    }
+    bool on_number_part(view part, error_code&) { return keep(part); }
+    bool on_int64(std::int64_t, view part, error_code& ec) { return keep(part) && putText(ec); }
+    bool on_uint64(std::uint64_t, view part, error_code& ec) { return keep(part) && putText(ec); }
+    bool on_double(double, view part, error_code& ec) { return keep(part) && putText(ec); }
+    bool on_bool(bool value, error_code& ec) { return put(value ? "true" : "false", ec); }
+    bool on_null(error_code& ec) { return put("null", ec); }
+    bool on_comment_part(view, error_code&) { return true; }
+    bool on_comment(view, error_code&) { return true; }
+
+private:
+    bool refuse(error_code& ec, const char* why) {
+        problem = why;
+        ec = make_error_code(boost::json::error::syntax);
+        return false;
+    }
+    bool keep(view part) {
+        text_.append(part.data(), part.size());
+        return true;
+    }
+    ptree* node(error_code& ec) {
+        if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values"), nullptr;
+        if (open_.empty()) return &root;
+        ptree& made = open_.back()->push_back(prototypes_.of(key_))->second;
+        key_.clear();
+        return &made;
+    }
+    bool put(std::string_view value, error_code& ec) {
+        if (value.find('\0') != std::string_view::npos) return refuse(ec, "a text holds a NUL");
+        ptree* const made = node(ec);
+        if (made) made->data().assign(value);
+        return made != nullptr;
+    }
+    bool putText(error_code& ec) {
+        const bool done = put(text_, ec);
+        text_.clear();
+        return done;
+    }
+    bool open(error_code& ec) {
+        ptree* const made = node(ec);
+        if (made) open_.push_back(made);
+        return made != nullptr;
+    }
+    bool close() {
+        open_.pop_back();
+        return true;
+    }
+
+    const Limits limits_;
+    std::vector<ptree*> open_;
+    std::string key_, text_;
+    std::size_t nodes_ = 0;
+    Prototypes prototypes_;
+};
+
+[[noreturn]] void fail(const std::string& what, const std::string& name, std::string_view text, std::size_t offset) {
+    const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
+    const auto line = 1 + std::count(text.begin(), end, '\n');
+    BOOST_PROPERTY_TREE_THROW(json_parser_error(what, name, static_cast<unsigned long>(line)));
+}
+
+std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {
+    if (builder.problem) return builder.problem;
+    if (ec == boost::json::error::too_deep)
+        return "the document nests deeper than " + std::to_string(limits.depth) + " levels";
+    return "no valid JSON: " + ec.message();
+}
+
+}  // namespace
+
+void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    const std::size_t start = text.starts_with(kMark) ? kMark.size() : 0;
+    boost::json::parse_options options;
+    options.max_depth = limits.depth;
+    boost::json::basic_parser<TreeBuilder> parser(options, limits);
+    boost::json::error_code ec;
+    const std::size_t end = start + parser.write_some(false, text.data() + start, text.size() - start, ec);
+    if (ec) fail(reason(parser.handler(), ec, limits), name, text, end);
+    const auto rest = text.find_first_not_of(" \t\r\n", end);
+    if (rest != std::string_view::npos) fail("something stands behind the document", name, text, rest);
+    tree.swap(parser.handler().root);
+}
+
+}  // namespace json
