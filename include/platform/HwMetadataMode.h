@@ -1,0 +1,12 @@
+#pragma once
+
+namespace teq_platform {
+
+/// From which member of an archive the hardware metadata is read.
+enum class HwMetadataMode {
+    Default = 0,          ///< the JSON member "alt_<ext>.json", else "<ext>.json", else the XML member
+    PrimaryJsonOnly = 1,  ///< the JSON member "<ext>.json", else the XML member
+    XmlOnly = 2,          ///< the XML member
+};
+
+}  // namespace teq_platform
