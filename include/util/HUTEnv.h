@@ -1,0 +1,39 @@
+#pragma once
+#include <optional>
+#include <string>
+
+#include "text/HSTVector.h"
+#include "text/ZrApi.h"
+
+/// What the host gives to the library. Each getter has a default, so that the library also works in a process that
+/// gives nothing. Setters are for the host's start, before its other threads use the library.
+class ZR_API HUTEnv {
+public:
+    /// The environment variable; nothing when it is not set.
+    static std::optional<std::string> get(const std::string& name);
+
+    /// Where the tools are installed, the most important first. Default: `<prefix>/share/zr_platform`, with the
+    /// prefix that this library is installed in.
+    static HSTVector<std::string> getKELAppRootList();
+    static void setKELAppRootList(HSTVector<std::string> roots);
+    /// The first application root; empty when the host has set an empty list.
+    static std::string getJUNAppRoot();
+
+    /// A directory for temporary files of the calling thread alone, without a separator at its end. Default: below a
+    /// private directory (0700) that the process makes in `TMPDIR`, or in /tmp, on the first call; all of it is
+    /// removed when the process ends. A forked child has a directory of its own and leaves its parent's alone. Throws
+    /// `HEXUserException` when none can be made.
+    static std::string getJUNTmpDir();
+    /// A directory that the host owns, for all threads; empty restores the default.
+    static void setJUNTmpDir(std::string directory);
+
+    /// The tool's version: 2026 and 2 of "2026.2.0". Default: the version of this library.
+    static int getMajor();
+    static int getMinor();
+    static std::string getFullBuildStr();
+    static void setVersion(int major, int minor, std::string fullBuild);
+
+    /// The product's name as the host set it; empty before.
+    static std::string getProductName();
+    static void setProductName(std::string name);
+};

@@ -1,0 +1,90 @@
+#include "util/HUTFile.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <system_error>
+
+#include "msg/HEXAll.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The system would take the text before the NUL for the whole path.
+bool hasNul(const std::string& path) { return path.find('\0') != std::string::npos; }
+
+fs::file_status statusOf(const std::string& path) {
+    if (hasNul(path)) return fs::file_status(fs::file_type::not_found);
+    std::error_code error;
+    return fs::status(path, error);
+}
+
+/// Nothing there, not even a link to nowhere.
+bool isGone(const std::string& path) {
+    std::error_code error;
+    return fs::symlink_status(path, error).type() == fs::file_type::not_found;
+}
+
+std::string withoutEndSeparator(const fs::path& path) {
+    std::string text = path.native();
+    while (text.size() > 1 && text.back() == '/') text.pop_back();
+    return text;
+}
+
+}  // namespace
+
+bool HUTFile::exists(const std::string& path) { return fs::exists(statusOf(path)); }
+bool HUTFile::isFile(const std::string& path) { return fs::is_regular_file(statusOf(path)); }
+bool HUTFile::isDir(const std::string& path) { return fs::is_directory(statusOf(path)); }
+
+std::string HUTFile::getExt(const std::string& path) {
+    const std::string extension = fs::path(path).extension().native();
+    return extension.empty() ? extension : extension.substr(1);
+}
+
+std::string HUTFile::getParent(const std::string& path) {
+    if (path.empty()) return {};
+    const auto separator = path.find_last_of('/');
+    if (separator == std::string::npos) return ".";
+    return withoutEndSeparator(path.substr(0, separator + 1));
+}
+
+std::string HUTFile::getCanonicalName(const std::string& path) {
+    if (path.empty()) return {};
+    std::error_code error;
+    const fs::path absolute = fs::absolute(path, error);
+    if (error) return path;  // the working directory has been removed
+    const fs::path canonical = fs::weakly_canonical(absolute, error);
+    return withoutEndSeparator(error || canonical.empty() ? absolute.lexically_normal() : canonical);
+}
+
+void HUTFile::mkDirRecursive(const std::string& path) {
+    std::error_code error;
+    if (hasNul(path))
+        error = std::make_error_code(std::errc::invalid_argument);
+    else
+        fs::create_directories(path, error);
+    if (error || !isDir(path))
+        throw HEXUserException("directory '" + path +
+                               "' could not be made: " + (error ? error.message() : "something else has this name"));
+}
+
+void HUTFile::ensureWritableDirectory(const std::string& path) {
+    mkDirRecursive(path);
+    if (::access(path.c_str(), W_OK | X_OK) != 0) throw HEXUserException("directory '" + path + "' is not writable");
+}
+
+bool HUTFile::rm(const std::string& path) {
+    if (hasNul(path)) return false;
+    std::error_code error;
+    fs::remove(path, error);
+    return isGone(path);
+}
+
+bool HUTFile::rmRecursive(const std::string& path) {
+    if (hasNul(path)) return false;
+    std::error_code error;
+    fs::remove_all(path, error);
+    return isGone(path);
+}
