@@ -4,6 +4,7 @@
 
 #include "platform/JSONSerializable.h"
 #include "text/HSTVector.h"
+#include "text/Owned.h"
 #include "text/ZrApi.h"
 
 class HTEQHardwarePlatform;
@@ -97,7 +98,7 @@ public:
     /// @{
     /// Takes ownership.
     void addReconfigurablePartition(HTEQReconfigurablePartition* partition);
-    const HSTVector<HTEQReconfigurablePartition*>& getReconfigurablePartitions() const { return partitions_; }
+    const HSTVector<HTEQReconfigurablePartition*>& getReconfigurablePartitions() const { return partitions_.items(); }
     bool hasReconfigurablePartitions() const { return !partitions_.empty(); }
     bool hasRPHardwareEmulationPlatform() const;
     /// Of several partitions with one id the last in the file; null when there is none.
@@ -114,7 +115,7 @@ public:
     /// @{
     /// Takes ownership.
     void addSoftwarePlatform(HTEQSoftwarePlatform* platform);
-    const HSTVector<HTEQSoftwarePlatform*>& getSoftwarePlatforms() const { return software_; }
+    const HSTVector<HTEQSoftwarePlatform*>& getSoftwarePlatforms() const { return software_.items(); }
     /// The first one, or null.
     HTEQSoftwarePlatform* getSoftwarePlatform() const;
     /// @}
@@ -153,17 +154,16 @@ public:
 
 private:
     void writePlatforms(teq_platform::JSONObjectWriter& writer) const;
+    /// What the direct hardware platform, else the default partition's, answers; false without one.
     bool ask(bool (HTEQHardwarePlatform::*question)() const) const;
     bool askDirect(bool (HTEQHardwarePlatform::*question)() const) const;
-    /// The direct hardware platform, else the one stored as the default partition's.
-    HTEQHardwarePlatform* asked() const;
 
     std::string vendor_, library_, name_, version_, description_;
     std::string platformFile_, hardwareFile_, softwareFile_, hardwareEmuFile_;
     HTEQHardwarePlatform* hardware_ = nullptr;
     HTEQHardwarePlatform* hardwareEmu_ = nullptr;
-    HSTVector<HTEQReconfigurablePartition*> partitions_;
-    HSTVector<HTEQSoftwarePlatform*> software_;
+    Owned<HTEQReconfigurablePartition> partitions_;
+    Owned<HTEQSoftwarePlatform> software_;
     HTEQHardwarePlatform* defaultHardware_ = nullptr;
     HTEQHardwarePlatform* defaultHardwareEmu_ = nullptr;
     bool zdf_ = false;

@@ -50,8 +50,6 @@ HTEQPlatform::HTEQPlatform() = default;
 
 HTEQPlatform::~HTEQPlatform() {
     delete hardware_;
-    for (HTEQReconfigurablePartition* partition : partitions_) delete partition;
-    for (HTEQSoftwarePlatform* platform : software_) delete platform;
     delete hardwareEmu_;
 }
 
@@ -78,16 +76,14 @@ std::string HTEQPlatform::getDeviceName() const {
     return partial_ && hardware_ ? hardware_->getDeviceName() : getPlatformBaseName();
 }
 
-HTEQHardwarePlatform* HTEQPlatform::asked() const { return hardware_ ? hardware_ : defaultHardware_; }
-
-HTEQHardwarePlatform* HTEQPlatform::getHardwarePlatform() const { return asked(); }
+HTEQHardwarePlatform* HTEQPlatform::getHardwarePlatform() const { return hardware_ ? hardware_ : defaultHardware_; }
 
 HTEQHardwarePlatform* HTEQPlatform::getHardwareEmulationPlatform() const {
     return hardwareEmu_ ? hardwareEmu_ : defaultHardwareEmu_;
 }
 
 void HTEQPlatform::addReconfigurablePartition(HTEQReconfigurablePartition* partition) {
-    partitions_.push_back(partition);
+    partitions_.take(std::unique_ptr<HTEQReconfigurablePartition>(partition));
 }
 
 bool HTEQPlatform::hasRPHardwareEmulationPlatform() const {
@@ -96,9 +92,7 @@ bool HTEQPlatform::hasRPHardwareEmulationPlatform() const {
 }
 
 HTEQReconfigurablePartition* HTEQPlatform::getReconfigurablePartition(unsigned int id) const {
-    const auto last = std::find_if(partitions_.rbegin(), partitions_.rend(),
-                                   [id](const auto* partition) { return partition->getID() == id; });
-    return last == partitions_.rend() ? nullptr : *last;
+    return partitions_.last([id](const auto& partition) { return partition.getID() == id; });
 }
 
 HTEQHardwarePlatform* HTEQPlatform::getRPHardwarePlatform(unsigned int id) const {
@@ -111,14 +105,16 @@ HTEQHardwarePlatform* HTEQPlatform::getRPHardwareEmulationPlatform(unsigned int 
     return partition ? partition->getHardwareEmulationPlatform() : nullptr;
 }
 
-void HTEQPlatform::addSoftwarePlatform(HTEQSoftwarePlatform* platform) { software_.push_back(platform); }
+void HTEQPlatform::addSoftwarePlatform(HTEQSoftwarePlatform* platform) {
+    software_.take(std::unique_ptr<HTEQSoftwarePlatform>(platform));
+}
 
 HTEQSoftwarePlatform* HTEQPlatform::getSoftwarePlatform() const {
-    return software_.empty() ? nullptr : software_.front();
+    return software_.empty() ? nullptr : software_.items().front();
 }
 
 bool HTEQPlatform::ask(bool (HTEQHardwarePlatform::*question)() const) const {
-    const HTEQHardwarePlatform* platform = asked();
+    const HTEQHardwarePlatform* platform = getHardwarePlatform();
     return platform && (platform->*question)();
 }
 
@@ -161,7 +157,7 @@ void HTEQPlatform::getTargetCategories(HSTVector<std::string>& out) const {
 bool HTEQPlatform::isHidden() const { return getUniqueName() == "torvane:rq118:linux-uart:1.0"; }
 
 std::string HTEQPlatform::getTypeString() const {
-    const auto* platform = dynamic_cast<const HPLPlatform*>(asked());
+    const auto* platform = dynamic_cast<const HPLPlatform*>(getHardwarePlatform());
     if (!platform) return "";
     const bool embedded = platform->getDesignIntentEmbedded();
     if (platform->getDesignIntentDataCenter() || platform->getDesignIntentExternalHost() ||
