@@ -7,6 +7,7 @@
 #include "text/Owned.h"
 #include "text/ZrApi.h"
 
+class HTEQDesignIntentStorage;
 class HTEQHardwarePlatform;
 class HTEQReconfigurablePartition;
 class HTEQSoftwarePlatform;
@@ -156,6 +157,7 @@ private:
     void writePlatforms(teq_platform::JSONObjectWriter& writer) const;
     /// What the direct hardware platform, else the default partition's, answers; false without one.
     bool ask(bool (HTEQHardwarePlatform::*question)() const) const;
+    bool intends(bool (HTEQDesignIntentStorage::*intent)() const) const;
     bool askDirect(bool (HTEQHardwarePlatform::*question)() const) const;
 
     std::string vendor_, library_, name_, version_, description_;

@@ -53,6 +53,27 @@ std::string HSTStringUtils::join(const std::vector<std::string>& pieces, std::st
     return result;
 }
 
+std::size_t HSTStringUtils::utf8Length(std::string_view text) {
+    struct Form {
+        unsigned char first, last;    // range of the leading byte
+        unsigned char second, until;  // range of the byte behind it
+        std::size_t length;
+    };
+    static constexpr Form kForms[] = {
+        {0x00, 0x7F, 0, 0, 1},       {0xC2, 0xDF, 0x80, 0xBF, 2}, {0xE0, 0xE0, 0xA0, 0xBF, 3},
+        {0xE1, 0xEC, 0x80, 0xBF, 3}, {0xED, 0xED, 0x80, 0x9F, 3}, {0xEE, 0xEF, 0x80, 0xBF, 3},
+        {0xF0, 0xF0, 0x90, 0xBF, 4}, {0xF1, 0xF3, 0x80, 0xBF, 4}, {0xF4, 0xF4, 0x80, 0x8F, 4},
+    };
+    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+    for (const Form& form : kForms) {
+        if (text.size() < form.length || byte(0) < form.first || byte(0) > form.last) continue;
+        bool valid = form.length < 2 || (byte(1) >= form.second && byte(1) <= form.until);
+        for (std::size_t i = 2; i < form.length; ++i) valid = valid && (byte(i) & 0xC0) == 0x80;
+        return valid ? form.length : 0;
+    }
+    return 0;
+}
+
 long long HSTStringUtils::toNumber(std::string_view text) {
     using Limits = std::numeric_limits<long long>;
     const auto first = text.find_first_not_of(kBlanks);

@@ -122,19 +122,20 @@ bool HTEQPlatform::askDirect(bool (HTEQHardwarePlatform::*question)() const) con
     return hardware_ && (hardware_->*question)();
 }
 
+bool HTEQPlatform::intends(bool (HTEQDesignIntentStorage::*intent)() const) const {
+    const HTEQHardwarePlatform* platform = getHardwarePlatform();
+    return platform && (platform->getDesignIntent().*intent)();
+}
+
 bool HTEQPlatform::supportsHardware() const { return ask(&HTEQHardwarePlatform::supportsHardware); }
 bool HTEQPlatform::supportsSWEmulation() const { return ask(&HTEQHardwarePlatform::supportsSWEmulation); }
 bool HTEQPlatform::hasSimContent() const { return ask(&HTEQHardwarePlatform::hasSimContent); }
 bool HTEQPlatform::isExpandable() const { return ask(&HTEQHardwarePlatform::isExpandable); }
 bool HTEQPlatform::isUnified() const { return ask(&HTEQHardwarePlatform::isUnifiedPlatform); }
-bool HTEQPlatform::getDesignIntentDataCenter() const { return ask(&HTEQHardwarePlatform::getDesignIntentDataCenter); }
-bool HTEQPlatform::getDesignIntentEmbedded() const { return ask(&HTEQHardwarePlatform::getDesignIntentEmbedded); }
-bool HTEQPlatform::getDesignIntentExternalHost() const {
-    return ask(&HTEQHardwarePlatform::getDesignIntentExternalHost);
-}
-bool HTEQPlatform::getDesignIntentServerManaged() const {
-    return ask(&HTEQHardwarePlatform::getDesignIntentServerManaged);
-}
+bool HTEQPlatform::getDesignIntentDataCenter() const { return intends(&HTEQDesignIntentStorage::getDataCenter); }
+bool HTEQPlatform::getDesignIntentEmbedded() const { return intends(&HTEQDesignIntentStorage::getEmbedded); }
+bool HTEQPlatform::getDesignIntentExternalHost() const { return intends(&HTEQDesignIntentStorage::getExternalHost); }
+bool HTEQPlatform::getDesignIntentServerManaged() const { return intends(&HTEQDesignIntentStorage::getServerManaged); }
 bool HTEQPlatform::supportsTwoHwEmuBd() const { return askDirect(&HTEQHardwarePlatform::supportsTwoHwEmuBd); }
 bool HTEQPlatform::hasDimmConnectors() const { return askDirect(&HTEQHardwarePlatform::hasDimmConnectors); }
 bool HTEQPlatform::isHWEmuPlatform() const { return askDirect(&HTEQHardwarePlatform::isHWEmuPlatform); }
@@ -157,11 +158,9 @@ void HTEQPlatform::getTargetCategories(HSTVector<std::string>& out) const {
 bool HTEQPlatform::isHidden() const { return getUniqueName() == "torvane:rq118:linux-uart:1.0"; }
 
 std::string HTEQPlatform::getTypeString() const {
-    const auto* platform = dynamic_cast<const HPLPlatform*>(getHardwarePlatform());
-    if (!platform) return "";
-    const bool embedded = platform->getDesignIntentEmbedded();
-    if (platform->getDesignIntentDataCenter() || platform->getDesignIntentExternalHost() ||
-        platform->getDesignIntentServerManaged())
+    if (!dynamic_cast<const HPLPlatform*>(getHardwarePlatform())) return "";
+    const bool embedded = getDesignIntentEmbedded();
+    if (getDesignIntentDataCenter() || getDesignIntentExternalHost() || getDesignIntentServerManaged())
         return embedded ? "acceleration" : "fennick";
     return embedded ? "lorimar" : "undefined";
 }

@@ -1,0 +1,44 @@
+#include "platform/HTEQPlatformCAPI.h"
+
+#include <cstring>
+
+#include "archive/Request.h"
+#include "json/JsonText.h"
+#include "platform/JSONWriter.h"
+#include "platform/PlatformLoader.h"
+
+namespace {
+
+using teq_platform::JSONObjectWriter;
+
+char* copyOf(const std::string& text) {
+    char* const copy = new char[text.size() + 1];
+    std::memcpy(copy, text.c_str(), text.size() + 1);
+    return copy;
+}
+
+/// The document that `fill` writes of the loaded platform; null when it could not be loaded.
+char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HTEQPlatform&)) {
+    const archive::Request request;
+    const auto platform = teq_platform::PlatformLoader(file, teq_platform::HwMetadataMode::Default).load();
+    if (!platform) return nullptr;
+    JSONObjectWriter writer;
+    fill(writer, *platform);
+    return copyOf(json::write(writer.getTree()));
+}
+
+}  // namespace
+
+char* hteq_get_platform_json(const char* file) {
+    return document(file, [](JSONObjectWriter& writer, const HTEQPlatform& platform) { writer.writeObject(platform); });
+}
+
+char* hteq_get_short_platform_json(const char* file) {
+    return document(file, [](JSONObjectWriter& writer, const HTEQPlatform& platform) {
+        writer.addKey("uniqueName", platform.getUniqueName());
+        writer.addKey("file", platform.getPlatformFile());
+        writer.addKey("description", platform.getDescription());
+    });
+}
+
+void hteq_free_json_string(char* text) { delete[] text; }

@@ -1,0 +1,248 @@
+#include "Console.h"
+
+#include <fcntl.h>
+#include <libsmartcols.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <boost/json/serialize.hpp>
+#include <cerrno>
+#include <cstring>
+#include <iostream>
+#include <memory>
+#include <regex>
+#include <sstream>
+
+#include <msg/ComMsgMgr.h>
+#include <text/HSTStringUtils.h>
+
+Exit worse(Exit a, Exit b) {
+    constexpr Exit kOrder[] = {Exit::fault, Exit::environment, Exit::input, Exit::usage, Exit::no};
+    for (const Exit exit : kOrder)
+        if (a == exit || b == exit) return exit;
+    return Exit::done;
+}
+
+std::string Problem::line_() const {
+    std::string place = escaped(file);
+    if (!member.empty()) place += "!" + escaped(member);
+    if (line > 0) place += ":" + std::to_string(line);
+    if (line > 0 && column > 0) place += ":" + std::to_string(column);
+    if (!place.empty()) place += ": ";
+    return place + "error: " + escaped(text) + (id.empty() ? "" : " [" + id + "]");
+}
+
+struct Console::State {
+    std::ostringstream library;  ///< words that the library wrote on the standard streams
+    std::vector<ComMsgMgrInstance> messages;
+    std::string out;
+    bool verbose = false, quiet = false, json = false;
+
+    void onMessage(const ComMsgMgrInstance& message);
+};
+
+namespace {
+
+/// Writes all of `bytes`, or says why not.
+void writeAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t n = ::write(file, bytes.data(), bytes.size());
+        if (n < 0 && errno == EINTR) continue;
+        if (n < 0) {
+            Problem problem;
+            problem.exit = Exit::environment;
+            problem.text = std::string("cannot write the output: ") + std::strerror(errno);
+            throw problem;
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(n));
+    }
+}
+
+/// "74-60" of "@74-60@%s".
+std::string shortId(const std::string& id) { return id.empty() ? "" : id.substr(1, id.rfind('@') - 1); }
+
+unsigned long numberOf(const std::string& text) { return std::strtoul(text.c_str(), nullptr, 10); }
+
+/// Takes a " (column N)" from the end of a text.
+unsigned long takeColumn(std::string& text) {
+    static const std::regex form(R"( \(column (\d+)\)$)");
+    std::smatch match;
+    if (!std::regex_search(text, match, form)) return 0;
+    const unsigned long column = numberOf(match[1]);
+    text.erase(text.size() - static_cast<std::size_t>(match.length()));
+    return column;
+}
+
+/// The fault of a file that the XML readers tell: the line is in the message, the text was printed.
+Problem xmlProblem(const ComMsgMgrInstance& message, const std::string& printed) {
+    Problem problem;
+    problem.file = message.args.at(0);
+    problem.line = numberOf(message.args.at(1));
+    problem.text = message.text;
+    static const std::regex form(R"(Line number:\d+\. (.*))");
+    std::smatch match;
+    if (std::regex_search(printed, match, form)) problem.text = match[1];
+    problem.column = takeColumn(problem.text);
+    return problem;
+}
+
+/// The fault of an archive's member: member, archive and "member(line): what is wrong".
+Problem memberProblem(const ComMsgMgrInstance& message) {
+    Problem problem;
+    problem.member = message.args.at(0);
+    problem.file = message.args.at(1);
+    problem.text = message.args.at(2);
+    static const std::regex form(R"(^.*\((\d+)\): (.*)$)");
+    std::smatch match;
+    const std::string text = problem.text;
+    if (std::regex_match(text, match, form)) {
+        problem.line = numberOf(match[1]);
+        problem.text = match[2];
+    }
+    problem.column = takeColumn(problem.text);
+    return problem;
+}
+
+Problem problemOf(const ComMsgMgrInstance& message, const std::string& file, const std::string& printed) {
+    const std::string id = shortId(message.id);
+    Problem problem;
+    if (id == "74-9" || id == "74-51") {
+        problem = xmlProblem(message, printed);
+    } else if (id == "74-64") {
+        problem = memberProblem(message);
+    } else {
+        problem.file = file;
+        problem.text = message.args.empty() ? message.text : message.args.back();
+        if (id != "74-60") problem.text = message.text;
+    }
+    problem.id = id;
+    return problem;
+}
+
+}  // namespace
+
+void Console::State::onMessage(const ComMsgMgrInstance& message) {
+    messages.push_back(message);
+    if (quiet || !(verbose || json)) return;
+    if (json) {
+        boost::json::array args(message.args.begin(), message.args.end());
+        const boost::json::object record{{"id", message.id},
+                                         {"severity", static_cast<unsigned>(message.mask)},
+                                         {"args", std::move(args)},
+                                         {"text", message.text}};
+        writeAll(2, boost::json::serialize(record) + "\n");
+    } else {
+        writeAll(2, escaped(message.text) + " [" + shortId(message.id) + "]\n");
+    }
+}
+
+Console::Console() : state_(new State) {
+    std::cout.rdbuf(state_->library.rdbuf());
+    std::cerr.rdbuf(state_->library.rdbuf());
+    ComMsgMgr::setSink([state = state_](const ComMsgMgrInstance& message) { state->onMessage(message); });
+}
+
+Console& Console::take() {
+    static Console* const console = new Console;  // outlives every static that still writes
+    return *console;
+}
+
+void Console::configure(const Call& call) {
+    state_->verbose = call.has("verbose");
+    state_->quiet = call.has("quiet");
+    state_->json = call.get("messages") == "json";
+}
+
+void Console::data(std::string_view bytes) {
+    state_->out += bytes;
+    if (state_->out.size() > 1 << 16) flush();
+}
+
+void Console::flush() {
+    const std::string out = std::exchange(state_->out, {});
+    writeAll(1, out);
+}
+
+void Console::words(const std::string& line) {
+    if (!state_->quiet) writeAll(2, line + "\n");
+}
+
+void Console::problem(const Problem& problem) { words(problem.line_()); }
+
+std::vector<Problem> Console::takeProblems(const std::string& file) {
+    const std::string printed = state_->library.str();
+    state_->library.str("");
+    if (state_->verbose && !printed.empty()) words(escaped(printed));
+    std::vector<Problem> problems;
+    for (const ComMsgMgrInstance& message : std::exchange(state_->messages, {}))
+        problems.push_back(problemOf(message, file, printed));
+    // The loader's own message only repeats that something failed, unless it is the only one.
+    std::stable_partition(problems.begin(), problems.end(), [](const Problem& p) { return p.id != "74-60"; });
+    return problems;
+}
+
+bool Console::wide() const { return isatty(1) == 1; }
+
+std::string escaped(std::string_view text) {
+    std::string result;
+    while (!text.empty()) {
+        const std::size_t length = HSTStringUtils::utf8Length(text);
+        const auto first = static_cast<unsigned char>(text[0]);
+        // Control characters are one byte, or C2 80 to C2 9F.
+        const bool control = first < 0x20 || first == 0x7F || (length == 2 && first == 0xC2 && (text[1] & 0x20) == 0);
+        if (length > 0 && !control) {
+            result += text.substr(0, length);
+            text.remove_prefix(length);
+            continue;
+        }
+        char form[8];
+        std::snprintf(form, sizeof form, "\\x%02x", first);
+        result += form;
+        text.remove_prefix(1);
+    }
+    return result;
+}
+
+std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows) {
+    const std::unique_ptr<libscols_table, void (*)(libscols_table*)> table(scols_new_table(), scols_unref_table);
+    for (const std::string& column : columns) {
+        const bool right = column.starts_with(">");
+        scols_table_new_column(table.get(), column.substr(right ? 1 : 0).c_str(), 0, right ? SCOLS_FL_RIGHT : 0);
+    }
+    for (const auto& row : rows) {
+        libscols_line* const line = scols_table_new_line(table.get(), nullptr);
+        for (std::size_t i = 0; i < row.size(); ++i) scols_line_set_data(line, i, escaped(row[i]).c_str());
+    }
+    scols_table_enable_nowrap(table.get(), 1);
+    char* text = nullptr;
+    scols_print_table_to_string(table.get(), &text);
+    std::string result(text ? text : "");
+    std::free(text);
+    // A table's lines are padded to the width of the longest one.
+    return std::regex_replace(result, std::regex(" +(\n|$)"), "$1");
+}
+
+void Records::print(const Call& call, const std::vector<std::string>& columns) const {
+    Console& console = Console::take();
+    if (call.has("ndjson")) {
+        for (const auto& record : records_) console.data(boost::json::serialize(record) + "\n");
+        return;
+    }
+    if (call.has("json")) {
+        const boost::json::object document{{"schema", std::string("urn:torvane:zr-platform:") + noun_ + ":1"},
+                                           {"tool", "zr-platform " ZR_VERSION},
+                                           {"records", records_},
+                                           {"problems", boost::json::array()}};
+        console.data(boost::json::serialize(document) + "\n");
+        return;
+    }
+    std::vector<std::vector<std::string>> rows;
+    for (const auto& record : records_) {
+        rows.emplace_back();
+        for (const std::string& column : columns) {
+            const auto& value = record.at(column.substr(column.starts_with(">") ? 1 : 0));
+            rows.back().push_back(value.is_string() ? std::string(value.as_string()) : boost::json::serialize(value));
+        }
+    }
+    console.data(table(columns, rows));
+}

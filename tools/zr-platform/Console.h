@@ -1,0 +1,69 @@
+#pragma once
+#include <boost/json/value.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Verbs.h"
+
+/// Exit codes, and how bad they are: of several files the worst counts.
+enum class Exit { done = 0, no = 1, usage = 2, input = 3, environment = 4, fault = 70 };
+Exit worse(Exit a, Exit b);
+
+/// One thing that went wrong, with its place as far as it is known.
+struct Problem {
+    Exit exit = Exit::input;
+    std::string file;
+    std::string member;  ///< of an archive; empty for the file itself
+    unsigned long line = 0;
+    unsigned long column = 0;
+    std::string text;
+    std::string id;  ///< of the library's message; may be empty
+
+    /// "file:line:column: error: text [id]", for a member "archive!member:line:column: ...".
+    std::string line_() const;
+};
+
+/// Standard output and standard error of the tool. The library writes words on the standard streams in places and sends
+/// messages: both are taken in here, so that standard output holds data only.
+class Console {
+public:
+    /// Takes the streams and the message sink over, for the process.
+    static Console& take();
+    void configure(const Call& call);
+
+    /// Data, as it stands. Throws `Problem` when it cannot be written.
+    void data(std::string_view bytes);
+    /// A line of words on standard error, unless --quiet.
+    void words(const std::string& line);
+    void problem(const Problem& problem);
+    void flush();
+
+    /// What the library has said since the last call, as problems; the most telling one first.
+    std::vector<Problem> takeProblems(const std::string& file);
+    bool wide() const;  ///< standard output is a terminal
+
+private:
+    Console();
+    struct State;
+    State* state_;
+};
+
+/// Bytes from files as a terminal may see them: control characters and invalid UTF-8 escaped.
+std::string escaped(std::string_view text);
+
+/// The tool's own records in the forms that all verbs share.
+class Records {
+public:
+    explicit Records(const char* noun) : noun_(noun) {}
+    void add(boost::json::object record) { records_.push_back(std::move(record)); }
+    /// Prints the records as a table of the given columns, as one document or as lines.
+    void print(const Call& call, const std::vector<std::string>& columns) const;
+
+private:
+    const char* noun_;
+    boost::json::array records_;
+};
+
+/// A table of texts; columns whose name begins with ">" are aligned to the right.
+std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows);

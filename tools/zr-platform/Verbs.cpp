@@ -1,0 +1,67 @@
+#include "Verbs.h"
+
+namespace {
+
+constexpr const char* kModes = "default|primary|xml";
+constexpr Option kMetadata = {"metadata", kModes, "where an archive's metadata is read: alternative or primary JSON "
+                                                  "member (default), the primary one only, the XML member"};
+constexpr Option kJson = {"json", nullptr, "print records as one JSON document"};
+constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record on each line"};
+constexpr Option kForce = {"force", nullptr, "overwrite what is there"};
+
+const std::vector<Verb> kVerbs = {
+    {"json",
+     {{"FILE", "a descriptor (.zdf), a hardware archive (.cfa, .lfa) or a software file (.spfm)"}},
+     {{"short", nullptr, "only unique name, file and description"}, kMetadata},
+     "Print a platform's JSON document",
+     "The bytes are those of the C functions hteq_get_platform_json and hteq_get_short_platform_json.",
+     "u77/u77_gen3x16_base_1.zdf --short",
+     runJson},
+    {"show",
+     {{"FILE", "a descriptor (.zdf), a hardware archive (.cfa, .lfa) or a software file (.spfm)"}},
+     {kMetadata},
+     "Describe a platform for people",
+     "Identity and type, device and resources, memories and banks, clocks, interfaces that a linker can attach to, "
+     "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it says "
+     "what can be read and why not the rest.",
+     "u77/u77_gen3x16_base_1.zdf",
+     runShow},
+    {"pack",
+     {{"DIR", "a folder with a platform's members"}, {"ARCHIVE", "the .cfa or .lfa to write"}},
+     {{"force", nullptr, "overwrite ARCHIVE, and pack although listed files are missing"}},
+     "Make an archive of a folder",
+     "The same folder gives the same bytes each time and on each machine. A folder in it whose name ends in .lfa, .cfa, "
+     ".zip or .tilprj becomes an archive member of that name. A file that the metadata lists and the folder lacks is "
+     "named, and nothing is written.",
+     "src/u77.lfa packed.lfa --force",
+     runPack},
+    {"members",
+     {{"ARCHIVE", "any zip archive"}},
+     {kJson, kNdjson},
+     "List the members of an archive",
+     "Names, sizes in bytes and packed sizes, in the order of their names.",
+     "u77/hw/u77.lfa",
+     runMembers},
+    {"extract",
+     {{"ARCHIVE", "a .cfa or .lfa"},
+      {"MEMBER", "a member's name, a file type such as HPFM, or OUTER!INNER for a member of a nested archive"},
+      {"DEST", "the file to write, - for standard output"}},
+     {{"type", nullptr, "MEMBER is a file type, although a member has that name"},
+      {"repair-hpfm", nullptr, "mark all HBM banks of an hpfm as default when only some of them are"},
+      kForce},
+     "Copy one file out of an archive",
+     "A member of exactly that name is taken first, then the file that the metadata lists under that type.",
+     "u77/hw/u77.lfa HPFM - --repair-hpfm",
+     runExtract},
+};
+
+constexpr Option kCommon[] = {
+    {"verbose", nullptr, "print all that the library says"},
+    {"quiet", nullptr, "print nothing but the answer"},
+    {"messages", "text|json", "form of what the library says: lines, or one JSON object with id and arguments each"},
+};
+
+}  // namespace
+
+std::span<const Verb> verbs() { return kVerbs; }
+std::span<const Option> commonOptions() { return kCommon; }
