@@ -1,0 +1,27 @@
+#pragma once
+#include <string>
+
+#include "text/ZrApi.h"
+
+class HTEQHardwarePlatform;
+
+/// Copies members of a platform's archive to files, and on wish repairs a copied hpfm file.
+class ZR_API PlatformFileExtractor {
+public:
+    /// `platform` must outlive the extractor.
+    PlatformFileExtractor(const HTEQHardwarePlatform& platform, bool repairHpfm)
+        : platform_(platform), repairHpfm_(repairHpfm) {}
+
+    /// Copies `member` of the platform's archive to the file `destination`, whose directory is made. For a platform
+    /// read from the emulation directory the member is looked for there. False when the archive or the member cannot
+    /// be read or the file cannot be written; nothing is then left at the destination. With the wish to repair, an
+    /// extension "hpfm" of the destination leads to HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded, which may throw
+    /// HXMLException.
+    bool extract(const std::string& member, const std::string& destination) const;
+    /// The same from another archive.
+    bool extract(const std::string& member, const std::string& archive, const std::string& destination) const;
+
+private:
+    const HTEQHardwarePlatform& platform_;
+    bool repairHpfm_;
+};
