@@ -83,6 +83,7 @@ public:
     /// Replaces `out` by the names of `pblock`, which is compared without regard to case; leaves it when there are
     /// none.
     void getSLRNames(const std::string& pblock, std::set<std::string>& out) const;
+    const std::map<std::string, std::set<std::string>>& getReadOnlySLRMap() const { return slrNames_; }
     /// Appends the names of all pblocks that have resources, each once.
     void getValidSLRNames(HSTVector<std::string>& out) const;
 

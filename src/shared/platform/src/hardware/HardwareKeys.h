@@ -22,30 +22,50 @@ class HTEQSystemClock;
 class HTEQTilHardware;
 class HTEQTilPartition;
 
-/// The keys of the hardware records, each table defined beside its class's `toJSON`; those of the two platform classes
-/// stand in PlatformKeys.cpp.
+/// The keys of the hardware records, each table defined beside its class's `toJSON`; those of the two platform
+/// classes stand in PlatformKeys.cpp.
 namespace json {
 
-template <> std::span<const Key<HPLBoard>> keysOf<HPLBoard>();
-template <> std::span<const Key<HPLCore>> keysOf<HPLCore>();
-template <> std::span<const Key<HPLDevice>> keysOf<HPLDevice>();
-template <> std::span<const Key<HPLFile>> keysOf<HPLFile>();
-template <> std::span<const Key<HPLInterface>> keysOf<HPLInterface>();
-template <> std::span<const Key<HPLMemory>> keysOf<HPLMemory>();
-template <> std::span<const Key<HPLPCIeId>> keysOf<HPLPCIeId>();
-template <> std::span<const Key<HPLPlatform>> keysOf<HPLPlatform>();
-template <> std::span<const Key<HPLPort>> keysOf<HPLPort>();
-template <> std::span<const Key<HTEQDesignIPInstance>> keysOf<HTEQDesignIPInstance>();
-template <> std::span<const Key<HTEQHardwareAddressSegment>> keysOf<HTEQHardwareAddressSegment>();
-template <> std::span<const Key<HTEQHardwareBusInterface>> keysOf<HTEQHardwareBusInterface>();
-template <> std::span<const Key<HTEQHardwareFeatureRom>> keysOf<HTEQHardwareFeatureRom>();
-template <> std::span<const Key<HTEQHardwareIPParam>> keysOf<HTEQHardwareIPParam>();
-template <> std::span<const Key<HTEQHardwareNocConnectivity>> keysOf<HTEQHardwareNocConnectivity>();
-template <> std::span<const Key<HTEQHardwarePlatform>> keysOf<HTEQHardwarePlatform>();
-template <> std::span<const Key<HTEQReconfigPartition>> keysOf<HTEQReconfigPartition>();
-template <> std::span<const Key<HTEQSystemClock>> keysOf<HTEQSystemClock>();
-template <> std::span<const Key<HTEQTilHardware>> keysOf<HTEQTilHardware>();
-template <> std::span<const Key<HTEQTilPartition>> keysOf<HTEQTilPartition>();
+template <>
+std::span<const Key<HPLBoard>> keysOf<HPLBoard>();
+template <>
+std::span<const Key<HPLCore>> keysOf<HPLCore>();
+template <>
+std::span<const Key<HPLDevice>> keysOf<HPLDevice>();
+template <>
+std::span<const Key<HPLFile>> keysOf<HPLFile>();
+template <>
+std::span<const Key<HPLInterface>> keysOf<HPLInterface>();
+template <>
+std::span<const Key<HPLMemory>> keysOf<HPLMemory>();
+template <>
+std::span<const Key<HPLPCIeId>> keysOf<HPLPCIeId>();
+template <>
+std::span<const Key<HPLPlatform>> keysOf<HPLPlatform>();
+template <>
+std::span<const Key<HPLPort>> keysOf<HPLPort>();
+template <>
+std::span<const Key<HTEQDesignIPInstance>> keysOf<HTEQDesignIPInstance>();
+template <>
+std::span<const Key<HTEQHardwareAddressSegment>> keysOf<HTEQHardwareAddressSegment>();
+template <>
+std::span<const Key<HTEQHardwareBusInterface>> keysOf<HTEQHardwareBusInterface>();
+template <>
+std::span<const Key<HTEQHardwareFeatureRom>> keysOf<HTEQHardwareFeatureRom>();
+template <>
+std::span<const Key<HTEQHardwareIPParam>> keysOf<HTEQHardwareIPParam>();
+template <>
+std::span<const Key<HTEQHardwareNocConnectivity>> keysOf<HTEQHardwareNocConnectivity>();
+template <>
+std::span<const Key<HTEQHardwarePlatform>> keysOf<HTEQHardwarePlatform>();
+template <>
+std::span<const Key<HTEQReconfigPartition>> keysOf<HTEQReconfigPartition>();
+template <>
+std::span<const Key<HTEQSystemClock>> keysOf<HTEQSystemClock>();
+template <>
+std::span<const Key<HTEQTilHardware>> keysOf<HTEQTilHardware>();
+template <>
+std::span<const Key<HTEQTilPartition>> keysOf<HTEQTilPartition>();
 
 }  // namespace json
 
@@ -56,7 +76,8 @@ namespace hardware {
 /// "systemClocks"; unknown keys are ignored. Throws the property tree's exceptions for a device without a core, and
 /// HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a configuration key twice).
 void readDocument(const json::ptree& document, HPLPlatform& platform);
-/// The list "busInterfaces" or "nocConnectivity" of the document, which an archive with an hpfm does not take from it.
+/// The list "busInterfaces" or "nocConnectivity" of the document, which an archive with an hpfm does not take from
+/// it.
 void readBusInterfaces(const json::ptree& list, HTEQHardwarePlatform& platform);
 void readNocConnectivity(const json::ptree& list, HTEQHardwarePlatform& platform);
 /// The list "ipParameters", which is read last.

@@ -1,14 +1,16 @@
 #pragma once
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <type_traits>
 
 #include "platform/JSONWriter.h"
+#include "text/HSTFwdIter.h"
 #include "text/HSTStringUtils.h"
 
-/// The keys of a record as a table: listed once, in output order, each with its member and its form. `toJSON` walks the
-/// table, and so does the reader, for the keys that it reads.
+/// The keys of a record as a table: listed once, in output order, each with its member and its form. `toJSON` walks
+/// the table, and so does the reader, for the keys that it reads.
 ///
 ///     using K = json::Keys<HTEQSystemClock>;
 ///     constexpr json::Key<HTEQSystemClock> kKeys[] = {
@@ -31,6 +33,7 @@ struct Key {
     /// Takes the node at the key, and is called only when it is there. Null for a key that is not read so.
     void (*readNode)(T& record, const ptree& node) = nullptr;
     bool ifPresent = false;
+    bool required = false;  ///< reading throws the property tree's ptree_bad_path when the document lacks the key
 };
 
 /// The same row, read only when the document has the key.
@@ -40,8 +43,32 @@ constexpr Key<T> ifPresent(Key<T> key) {
     return key;
 }
 
+template <class T>
+constexpr Key<T> required(Key<T> key) {
+    key.required = true;
+    return key;
+}
+
 template <class R, class C, class A>
 std::remove_cvref_t<A> argumentOf(R (C::*)(A));
+
+template <class T>
+void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Key<T>>> keys, const T& record);
+template <class T>
+void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record);
+template <class T>
+std::span<const Key<T>> keysOf();
+template <class Source>
+void addRecords(JSONObjectWriter& writer, const char* name, Source source);
+
+/// The text at `key`, empty when it is not there.
+inline const std::string& textAt(const ptree& node, const char* key) {
+    static const std::string none;
+    const auto at = node.find(key);
+    return at != node.not_found() ? at->second.data() : none;
+}
+
+inline constexpr char kValueKey[] = "value";
 
 /// Makers of rows. `Get` and `Set` are member function pointers; without `Set` the key is written only.
 template <class T>
@@ -55,7 +82,8 @@ struct Keys {
     /// Decimal, always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> number(const char* name) {
-        return {name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
+        return {name,
+                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
                 numberReader<Set>()};
     }
     /// Decimal, written when not 0.
@@ -82,27 +110,107 @@ struct Keys {
                 },
                 flagReader<Set>()};
     }
+    /// An object of further keys of the same record; absent when they write nothing.
+    template <const auto& Rows>
+    static constexpr Key<T> group(const char* name) {
+        return {name,
+                [](JSONObjectWriter& w, const char* n, const T& r) {
+                    JSONObjectWriter object;
+                    writeKeys<T>(object, Rows, r);
+                    w.addKey(n, std::move(object));
+                },
+                nullptr, [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); }};
+    }
+    /// Another record as an object. `Get` gives it for writing, `GetWritable` for reading by its own table.
+    template <auto Get, auto GetWritable = nullptr>
+    static constexpr Key<T> object(const char* name) {
+        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
+                       w.addKey(n, static_cast<const teq_platform::JSONSerializable*>(&std::invoke(Get, r)));
+                   }};
+        if constexpr (!isNull<GetWritable>)
+            key.readNode = [](T& r, const ptree& node) {
+                auto& record = std::invoke(GetWritable, r);
+                readKeys(node, keysOf<std::remove_cvref_t<decltype(record)>>(), record);
+            };
+        return key;
+    }
+    /// A list of records; absent when empty. `Items` gives a range of pointers, or an iterator that is to be deleted;
+    /// `Add` makes the record that an item of the document is read into, by its own table.
+    template <auto Items, auto Add = nullptr>
+    static constexpr Key<T> objects(const char* name) {
+        Key<T> key{name,
+                   [](JSONObjectWriter& w, const char* n, const T& r) { addRecords(w, n, std::invoke(Items, r)); }};
+        if constexpr (!isNull<Add>)
+            key.readNode = [](T& r, const ptree& node) {
+                for (const auto& [none, item] : node) {
+                    auto* record = std::invoke(Add, r);
+                    readKeys(item, keysOf<std::remove_cvref_t<decltype(*record)>>(), *record);
+                }
+            };
+        return key;
+    }
+    /// A list of texts; empty ones are left out.
+    template <auto Get, auto Add = nullptr>
+    static constexpr Key<T> texts(const char* name) {
+        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); }};
+        if constexpr (!isNull<Add>)
+            key.readNode = [](T& r, const ptree& node) {
+                for (const auto& [none, item] : node) std::invoke(Add, r, item.data());
+            };
+        return key;
+    }
+    /// A map as a list of objects with "name" and "value" (or another key in its place).
+    template <auto Get, auto Add = nullptr, const auto& ValueKey = kValueKey>
+    static constexpr Key<T> pairs(const char* name) {
+        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
+                       JSONListWriter list;
+                       for (const auto& [first, second] : std::invoke(Get, r)) {
+                           JSONObjectWriter item;
+                           item.addKey("name", first);
+                           item.addKey(ValueKey, second);
+                           list.addItem(std::move(item));
+                       }
+                       w.addKey(n, std::move(list));
+                   }};
+        if constexpr (!isNull<Add>)
+            key.readNode = [](T& r, const ptree& node) {
+                for (const auto& [none, item] : node)
+                    std::invoke(Add, r, textAt(item, "name"), textAt(item, ValueKey));
+            };
+        return key;
+    }
 
 private:
+    template <auto F>
+    static constexpr bool isNull = std::is_same_v<decltype(F), std::nullptr_t>;
+
     template <class N>
-    static std::string decimal(N value) { return std::to_string(+value); }  // + : a char type is a number here
+    static std::string decimal(N value) {
+        return std::to_string(+value);
+    }  // + : a char type is a number here
 
     template <auto Set>
     static constexpr auto textReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>) return nullptr;
-        else return [](T& r, const std::string& text) { std::invoke(Set, r, text); };
+        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+            return nullptr;
+        else
+            return [](T& r, const std::string& text) { std::invoke(Set, r, text); };
     }
     template <auto Set>
     static constexpr auto numberReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>) return nullptr;
-        else return [](T& r, const std::string& text) {
-            std::invoke(Set, r, static_cast<decltype(argumentOf(Set))>(HSTStringUtils::toNumber(text)));
-        };
+        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+            return nullptr;
+        else
+            return [](T& r, const std::string& text) {
+                std::invoke(Set, r, static_cast<decltype(argumentOf(Set))>(HSTStringUtils::toNumber(text)));
+            };
     }
     template <auto Set>
     static constexpr auto flagReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>) return nullptr;
-        else return [](T& r, const std::string& text) { std::invoke(Set, r, HSTStringUtils::iequals(text, "true")); };
+        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+            return nullptr;
+        else
+            return [](T& r, const std::string& text) { std::invoke(Set, r, HSTStringUtils::iequals(text, "true")); };
     }
 };
 
@@ -112,17 +220,22 @@ void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Ke
         if (key.write) key.write(writer, key.name, record);
 }
 
-/// Reads the keys of the table that are read at all; unknown keys of `node` are ignored. Of duplicates the first counts.
+/// Reads one key of `node`, if it is read at all. Of duplicates the first counts.
+template <class T>
+void readKey(const ptree& node, const Key<T>& key, std::type_identity_t<T>& record) {
+    static const std::string none;
+    if (!key.readText && !key.readNode) return;
+    const auto at = node.find(key.name);
+    const bool found = at != node.not_found();
+    if (!found && key.required) node.get_child(key.name);  // throws
+    if (found && key.readNode) key.readNode(record, at->second);
+    if (key.readText && (found || !key.ifPresent)) key.readText(record, found ? at->second.data() : none);
+}
+
+/// Reads the keys of the table; unknown keys of `node` are ignored.
 template <class T>
 void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
-    static const std::string none;
-    for (const Key<T>& key : keys) {
-        if (!key.readText && !key.readNode) continue;
-        const auto at = node.find(key.name);
-        const bool found = at != node.not_found();
-        if (found && key.readNode) key.readNode(record, at->second);
-        if (key.readText && (found || !key.ifPresent)) key.readText(record, found ? at->second.data() : none);
-    }
+    for (const Key<T>& key : keys) readKey(node, key, record);
 }
 
 /// The table of a record's class, for its reader; each class specialises it beside its `toJSON`.
@@ -135,6 +248,19 @@ void addList(JSONObjectWriter& writer, const char* name, const Range& range) {
     JSONListWriter list;
     for (const auto* item : range) list.addItem(static_cast<const teq_platform::JSONSerializable*>(item));
     writer.addKey(name, std::move(list));
+}
+
+/// The same for a range of pointers or an iterator of the model, which is deleted.
+template <class Source>
+void addRecords(JSONObjectWriter& writer, const char* name, Source source) {
+    if constexpr (std::is_pointer_v<Source>) {
+        const std::unique_ptr<std::remove_pointer_t<Source>> it(source);
+        JSONListWriter list;
+        while (it->hasNext()) list.addItem(static_cast<const teq_platform::JSONSerializable*>(it->next()));
+        writer.addKey(name, std::move(list));
+    } else {
+        addList(writer, name, source);
+    }
 }
 
 }  // namespace json

@@ -1,0 +1,19 @@
+#pragma once
+#include <string>
+
+#include "platform/HTEQSystemClock.h"
+#include "text/HSTVector.h"
+#include "text/Owned.h"
+
+/// Which clock answers: of several with one name or id it is always the last.
+namespace hardware {
+
+using Clocks = Owned<HTEQSystemClock>;
+
+/// Null when there is none.
+HTEQSystemClock* clockById(const Clocks& clocks, int id);
+HTEQSystemClock* clockByName(const Clocks& clocks, const std::string& name);
+bool hasScalableClock(const Clocks& clocks);
+bool hasFixedClock(const Clocks& clocks);
+
+}  // namespace hardware

@@ -1,0 +1,204 @@
+#include "platform/HPLCore.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "hardware/HardwareKeys.h"
+#include "platform/HPLPort.h"
+#include "text/HSTStringUtils.h"
+
+namespace {
+
+using Core = HPLCore;
+using K = json::Keys<Core>;
+using teq_platform::JSONListWriter;
+using teq_platform::JSONObjectWriter;
+using SlrMap = std::map<std::string, std::set<std::string>>;
+
+/// The SLR names of each pblock, found by the pblock's name in lower case. Of several names that differ in case only
+/// the last one in key order answers.
+class SlrIndex {
+public:
+    explicit SlrIndex(const SlrMap& names) {
+        for (const auto& [pblock, slrs] : names) byLowerName_[HSTStringUtils::toLower(pblock)] = &slrs;
+    }
+    const std::set<std::string>* find(const std::string& pblock) const {
+        const auto at = byLowerName_.find(HSTStringUtils::toLower(pblock));
+        return at != byLowerName_.end() ? at->second : nullptr;
+    }
+
+private:
+    std::unordered_map<std::string, const std::set<std::string>*> byLowerName_;
+};
+
+void writePblocks(JSONObjectWriter& writer, const char* name, const Core& core) {
+    const SlrIndex slrs(core.getReadOnlySLRMap());
+    JSONListWriter pblocks;
+    for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
+        JSONObjectWriter object;
+        object.addKey("name", pblock);
+        JSONListWriter names;
+        if (const auto* found = slrs.find(pblock))
+            for (const std::string& slr : *found) names.addItem(slr);
+        object.addKey("validSlrs", std::move(names));
+        JSONListWriter items;
+        for (const auto& [resource, value] : resources) {
+            JSONObjectWriter item;
+            item.addKey("name", resource);
+            item.addKey("value", value);
+            items.addItem(std::move(item));
+        }
+        object.addKey("resources", std::move(items));
+        pblocks.addItem(std::move(object));
+    }
+    writer.addKey(name, std::move(pblocks));
+}
+
+void readPblock(Core& core, const json::ptree& node) {
+    const std::string& name = json::textAt(node, "name");
+    if (const auto slrs = node.find("validSlrs"); slrs != node.not_found()) {
+        std::set<std::string> names;
+        for (const auto& [none, item] : slrs->second) names.insert(item.data());
+        core.addSLRInfo(name, names);
+    }
+    if (const auto resources = node.find("resources"); resources != node.not_found())
+        for (const auto& [none, item] : resources->second)
+            core.addResourceInfo(name, json::textAt(item, "name"), json::textAt(item, "value"));
+}
+
+constexpr json::Key<Core> kResourceKeys[] = {
+    K::text<&Core::getBRAMCount, &Core::setBRAMCount>("bramCount"),
+    K::text<&Core::getDSPCount, &Core::setDSPCount>("dspCount"),
+    K::text<&Core::getLUTCount, &Core::setLUTCount>("lutCount"),
+    K::text<&Core::getRegisterCount, &Core::setRegisterCount>("registerCount"),
+    {"pBlocks", &writePblocks, nullptr,
+     [](Core& core, const json::ptree& list) {
+         for (const auto& [none, item] : list) readPblock(core, item);
+     }},
+};
+
+constexpr json::Key<Core> kKeys[] = {
+    K::text<&Core::getName, &Core::setName>("name"),
+    K::text<&Core::getType, &Core::setType>("type"),
+    K::text<&Core::getInstPath, &Core::setInstPath>("instPath"),
+    K::text<&Core::getSourceViewInstPath, &Core::setSourceViewInstPath>("sourceViewInstPath"),
+    K::text<&Core::getParentRMInstPath>("parentRMInstPath"),
+    K::text<&Core::getReconfigModuleName, &Core::setReconfigModuleName>("reconfigModuleName"),
+    K::text<&Core::getDRBDName, &Core::setDRBDName>("drBDName"),
+    K::text<&Core::getVlnv>("vlnv"),
+    K::text<&Core::getClockFreq>("clockFreq"),
+    K::number<&Core::getNumComputeUnits, &Core::setNumComputeUnits>("numComputeUnits"),
+    K::group<kResourceKeys>("availableResources"),
+    K::pairs<&Core::getReadOnlyConfigParamMap>("configParams"),
+    K::objects<&Core::createPortIter>("ports"),
+};
+
+/// The largest number among the ports' texts.
+template <auto Get>
+int largest(const Owned<HPLPort>& ports) {
+    int result = 0;
+    for (const HPLPort* port : ports)
+        result = std::max(result, static_cast<int>(HSTStringUtils::toNumber(std::invoke(Get, *port))));
+    return result;
+}
+
+}  // namespace
+
+template <>
+std::span<const json::Key<Core>> json::keysOf<Core>() {
+    return kKeys;
+}
+
+HPLCore::HPLCore() = default;
+HPLCore::~HPLCore() = default;
+
+void HPLCore::toJSON(JSONObjectWriter& writer) const { json::writeKeys(writer, kKeys, *this); }
+
+std::string HPLCore::getClockFreq() const {
+    if (!clockFreq_.empty()) return clockFreq_;
+    const HPLPort* clock = ports_.first([](const HPLPort& port) {
+        const std::string& name = port.getName();
+        return HSTStringUtils::iequals(port.getType(), "clk") &&
+               (HSTStringUtils::iequals(name, "ACLK") || HSTStringUtils::iequals(name, "KERNEL_CLK") ||
+                HSTStringUtils::iequals(name, "DATA_CLK"));
+    });
+    return clock ? clock->getFrequency() : std::string();
+}
+
+HPLPort* HPLCore::addPort() { return ports_.add(); }
+void HPLCore::removePort(HPLPort* port) { ports_.remove(port); }
+HSTFwdIter<HPLPort*>* HPLCore::createPortIter() const { return ports_.makeIter(); }
+int HPLCore::getMaxAddrWidth() const { return largest<&HPLPort::getAddrWidth>(ports_); }
+int HPLCore::getMaxDataWidth() const { return largest<&HPLPort::getDataWidth>(ports_); }
+
+void HPLCore::addResourceInfo(const std::string& pblock, const std::string& name, const std::string& value) {
+    ResourceMap& resources = resources_[pblock];
+    if (!name.empty() || !value.empty()) resources[name] = value;
+}
+
+bool HPLCore::hasResourceInfo() const {
+    return !bramCount_.empty() || !lutCount_.empty() || !registerCount_.empty() || !dspCount_.empty() ||
+           !resources_.empty();
+}
+
+void HPLCore::addSLRInfo(const std::string& pblock, const std::string& commaSeparated) {
+    addSLRInfo(pblock, HSTStringUtils::split(commaSeparated, ','));
+}
+
+void HPLCore::addSLRInfo(const std::string& pblock, const HSTVector<std::string>& names) {
+    if (!names.empty()) slrNames_.try_emplace(pblock, names.begin(), names.end());
+}
+
+void HPLCore::addSLRInfo(const std::string& pblock, const std::set<std::string>& names) {
+    slrNames_.try_emplace(pblock, names);
+}
+
+void HPLCore::getSLRNames(const std::string& pblock, std::set<std::string>& out) const {
+    const std::set<std::string>* found = nullptr;
+    for (const auto& [name, slrs] : slrNames_)
+        if (HSTStringUtils::iequals(name, pblock)) found = &slrs;
+    if (found) out = *found;
+}
+
+void HPLCore::getValidSLRNames(HSTVector<std::string>& out) const {
+    const SlrIndex slrs(slrNames_);
+    std::unordered_set<std::string> known(out.begin(), out.end());
+    for (const auto& [pblock, resources] : resources_) {
+        const auto* names = slrs.find(pblock);
+        if (!names) continue;
+        for (const std::string& name : *names)
+            if (known.insert(name).second) out.push_back(name);
+    }
+}
+
+std::string HPLCore::getDynamicPblockName_() const {
+    return resources_.size() == 1 ? resources_.begin()->first : "pblock_dynamic_region";
+}
+
+int HPLCore::getResCount(const std::string& type, const std::string& pblock, const std::string& variant) const {
+    const bool dsp = HSTStringUtils::iequals(type, "DSP");
+    const std::string key = variant.empty() ? type : type + (dsp ? "s_" : "_") + variant;
+    for (const auto& [name, resources] : resources_) {
+        if (!HSTStringUtils::iequals(name, pblock)) continue;
+        auto at = resources.find(key);
+        if (at == resources.end() && dsp) at = resources.find(key + "s");
+        if (at != resources.end()) return static_cast<int>(HSTStringUtils::toNumber(at->second));
+    }
+    return 0;
+}
+
+int HPLCore::getResCount(const std::string& type, const std::string& variant) const {
+    return getResCount(type, getDynamicPblockName_(), variant);
+}
+
+std::string HPLCore::countOr_(const std::string& fixed, const char* type) const {
+    if (!fixed.empty()) return fixed;
+    const int count = getResCount(type, "");
+    return count != 0 ? std::to_string(count) : std::string();
+}
+
+std::string HPLCore::getBRAMCount() const { return countOr_(bramCount_, "BRAM"); }
+std::string HPLCore::getLUTCount() const { return countOr_(lutCount_, "LUT"); }
+std::string HPLCore::getDSPCount() const { return countOr_(dspCount_, "DSP"); }
+std::string HPLCore::getRegisterCount() const { return countOr_(registerCount_, "REG"); }

@@ -1,0 +1,42 @@
+#include "platform/HTEQDesignIPInstance.h"
+
+#include "hardware/HardwareKeys.h"
+#include "msg/HEXAll.h"
+
+namespace {
+
+using IP = HTEQDesignIPInstance;
+using K = json::Keys<IP>;
+using teq_platform::JSONObjectWriter;
+
+/// One key for each parameter; as every key it is a path, so a name with a dot becomes an object in an object.
+void writeConfiguration(JSONObjectWriter& writer, const char* name, const IP& ip) {
+    std::map<std::string, std::string> params;
+    ip.getConfigParamMap(params);
+    JSONObjectWriter object;
+    for (const auto& [key, value] : params) object.addKey(key, value);
+    writer.addKey(name, std::move(object));
+}
+
+constexpr json::Key<IP> kKeys[] = {
+    K::text<&IP::getVLNV, &IP::setVLNV>("vlnv"),
+    K::text<&IP::getInstanceName, &IP::setInstanceName>("instance"),
+    {"configuration", &writeConfiguration, nullptr,
+     [](IP& ip, const json::ptree& node) {
+         for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
+     }},
+};
+
+}  // namespace
+
+template <>
+std::span<const json::Key<IP>> json::keysOf<IP>() {
+    return kKeys;
+}
+
+void HTEQDesignIPInstance::toJSON(JSONObjectWriter& writer) const { json::writeKeys(writer, kKeys, *this); }
+
+void HTEQDesignIPInstance::addConfigParam(const std::string& key, const std::string& value) {
+    if (!configParams_.try_emplace(key, value).second)
+        throw HEXAlgException("Attempt to readd Design IP Instance Config Param key: '" + key + "' is not allowed!");
+}

@@ -1,0 +1,84 @@
+#include "hardware/MemoryBanks.h"
+
+#include "text/HSTStringUtils.h"
+
+namespace hardware {
+
+bool isIndexedMemory(const HTEQHardwareBusInterface& bus) {
+    return HSTStringUtils::iequals(bus.getMemPort(), "memss");
+}
+
+bool isNonIndexedMemory(const HTEQHardwareBusInterface& bus) {
+    const std::string& port = bus.getMemPort();
+    return !port.empty() && !isIndexedMemory(bus) && !HSTStringUtils::iequals(port, "m_axi_gp") &&
+           !HSTStringUtils::iequals(port, "s_axi_gp") && !HSTStringUtils::iequals(bus.getSPTag(), "default");
+}
+
+MemoryIndex memoryIndexOf(const BusInterfaces& buses) {
+    for (const HTEQHardwareBusInterface* bus : buses) {
+        if (isIndexedMemory(*bus)) return MemoryIndex::indexed;
+        if (isNonIndexedMemory(*bus)) return MemoryIndex::notIndexed;
+    }
+    return MemoryIndex::unknown;
+}
+
+bool MemoryBanks::counts(const HTEQHardwareBusInterface& bus) const {
+    return indexed_ ? isIndexedMemory(bus) : isNonIndexedMemory(bus);
+}
+
+std::set<std::string> MemoryBanks::types() const {
+    std::set<std::string> types;
+    for (const HTEQHardwareBusInterface* bus : buses_)
+        if (counts(*bus)) types.insert(indexed_ ? HSTStringUtils::toUpper(bus->getSPTag()) : bus->getSPTag());
+    return types;
+}
+
+bool MemoryBanks::knows(const std::string& type) const {
+    return buses_.first([&](const HTEQHardwareBusInterface& bus) {
+        return counts(bus) && (indexed_ ? HSTStringUtils::toUpper(bus.getSPTag()) : bus.getSPTag()) == type;
+    });
+}
+
+const HTEQHardwareBusInterface* MemoryBanks::last(const std::string& type, unsigned n) const {
+    if (!knows(type)) return nullptr;
+    return buses_.last([&](const HTEQHardwareBusInterface& bus) {
+        return counts(bus) && HSTStringUtils::iequals(bus.getSPTag(), type) &&
+               (!indexed_ || n < bus.getNumAddressSegments());
+    });
+}
+
+unsigned MemoryBanks::count(const std::string& type) const {
+    if (!knows(type)) return 0;
+    if (!indexed_) return 1;
+    const auto* first = buses_.first([&](const HTEQHardwareBusInterface& bus) {
+        return counts(bus) && HSTStringUtils::iequals(bus.getSPTag(), type);
+    });
+    return first->getNumAddressSegments();
+}
+
+unsigned MemoryBanks::index(const std::string& type, unsigned n) const {
+    const auto* bus = indexed_ ? last(type, n) : nullptr;
+    return bus ? bus->getMemoryIndex(n) : 0;
+}
+
+std::string MemoryBanks::size(const std::string& type, unsigned n) const {
+    const auto* bus = last(type, n);
+    if (!bus) return {};
+    // Banks of an indexed platform have one size, which no file tells.
+    return indexed_ ? "16GB" : bus->getSize();
+}
+
+std::string MemoryBanks::slr(const std::string& type, unsigned n) const {
+    const auto* bus = last(type, n);
+    if (!bus) return {};
+    return indexed_ ? bus->getMemorySLR(n) : bus->getSLR();
+}
+
+std::string partlyDefaultHbmText(const std::string& instance) {
+    return "\n\nThe HBM instance '" + instance +
+           "' has only a subset of its auto-assignable memory banks tagged as 'default'. "
+           "To attain better HBM bandwidth, use mirac parameter "
+           "'--advanced.param compiler.normalizeDefaultMemoryBanks=true' to change all HBM memory banks to 'default'.";
+}
+
+}  // namespace hardware

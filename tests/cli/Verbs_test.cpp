@@ -1,0 +1,258 @@
+// The tool as a user runs it: arguments in; exit code, data and words out.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <regex>
+
+#include <platform/HTEQPlatformCAPI.h>
+
+#include "support/Run.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+
+constexpr const char* kSample = "u77/u77_gen3x16_base_1.zdf";
+
+Result tool(std::vector<std::string> arguments, const std::string& directory = ZR_SAMPLES) {
+    arguments.insert(arguments.begin(), ZR_TOOL);
+    return run(arguments, directory);
+}
+
+/// A directory of its own for a test, gone with it.
+class Scratch {
+public:
+    Scratch() {
+        char base[] = "/tmp/zr_cli_XXXXXX";
+        path_ = mkdtemp(base);
+    }
+    ~Scratch() { fs::remove_all(path_); }
+    std::string operator/(const std::string& name) const { return (path_ / name).string(); }
+    void put(const std::string& name, const std::string& content) const {
+        fs::create_directories((path_ / name).parent_path());
+        std::ofstream(path_ / name, std::ios::binary) << content;
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(path_)) names.push_back(entry.path().filename());
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+    std::string str() const { return path_.string(); }
+
+private:
+    fs::path path_;
+};
+
+TEST(Json, GivesTheBytesOfTheCFunctions) {
+    const std::string file = std::string(ZR_SAMPLES) + "/" + kSample;
+    for (const auto& [function, arguments] :
+         {std::pair(&hteq_get_platform_json, std::vector<std::string>{"json", file}),
+          std::pair(&hteq_get_short_platform_json, std::vector<std::string>{"json", file, "--short"})}) {
+        char* const document = function(file.c_str());
+        const Result result = tool(arguments);
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_EQ(result.out, document);
+        EXPECT_EQ(result.err, "");
+        hteq_free_json_string(document);
+    }
+}
+
+TEST(Json, TakesABareNameInTheFilesOwnDirectory) {
+    const std::string directory = std::string(ZR_SAMPLES) + "/u77";
+    const Result result = tool({"json", "u77_gen3x16_base_1.zdf"}, directory);
+    EXPECT_EQ(result.exit, 0);
+    EXPECT_THAT(result.out, HasSubstr("\"directory\": \".\""));
+    EXPECT_EQ(tool({"json", "u77.lfa"}, directory + "/hw").exit, 0);
+    EXPECT_EQ(tool({"show", "u77.spfm"}, directory + "/sw").exit, 0);
+    EXPECT_EQ(tool({"members", "u77.lfa"}, directory + "/hw").exit, 0);
+}
+
+TEST(Help, EachVerbHasAnExampleThatRuns) {
+    const Scratch scratch;
+    const std::string page = tool({"--reference", "markdown"}).out;
+    const std::regex form("Example: `zr-platform (.*)`");
+    std::size_t count = 0;
+    for (std::sregex_iterator it(page.begin(), page.end(), form), end; it != end; ++it, ++count) {
+        const std::string command = std::string(ZR_TOOL) + " " + (*it)[1].str();
+        const Result result = run({"sh", "-c", command}, ZR_SAMPLES);
+        EXPECT_EQ(result.exit, 0) << command << "\n" << result.err;
+        const std::string verb = (*it)[1].str().substr(0, (*it)[1].str().find(' '));
+        EXPECT_THAT(tool({verb, "--help"}).out, HasSubstr("zr-platform " + (*it)[1].str()));
+        EXPECT_THAT(tool({"--help"}).out, HasSubstr(verb));
+    }
+    EXPECT_GE(count, 5U);
+}
+
+TEST(Help, PagesAreMadeFromTheVerbs) {
+    EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
+        << "./dev docs writes it anew";
+    const Scratch scratch;
+    scratch.put("zr.1", tool({"--reference", "man"}).out);
+    const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
+    EXPECT_EQ(man.err, "");
+    EXPECT_THAT(man.out, HasSubstr("--repair-hpfm"));
+    scratch.put("zr.bash", tool({"--reference", "bash"}).out);
+    const Result completion = run({"bash", "-c",
+                                   "source " + scratch / "zr.bash" + "; COMP_WORDS=(zr-platform extract --re); "
+                                   "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
+    EXPECT_EQ(completion.out, "--repair-hpfm\n");
+}
+
+TEST(Show, TellsWhatAPlatformHolds) {
+    const Result result = tool({"show", kSample});
+    EXPECT_EQ(result.exit, 0) << result.err;
+    for (const char* expected :
+         {"Platform u77_gen3x16_base_1", "Fennick", "tzu77-", "clocks", "scalable", "reserved", "DDR", "HBM",
+          "warning: The HBM instance", "interfaces that a linker can attach to", "processor groups", "linux",
+          "boot images", "files in the archive", "HPFM"})
+        EXPECT_THAT(result.out, HasSubstr(expected));
+}
+
+TEST(Show, SaysWhatCanBeReadWhenAFileIsMissing) {
+    const Scratch scratch;
+    fs::copy(std::string(ZR_SAMPLES) + "/u77", scratch / "u77", fs::copy_options::recursive);
+    fs::remove(scratch / "u77/sw/u77.spfm");
+    const Result result = tool({"show", scratch / "u77/u77_gen3x16_base_1.zdf"});
+    EXPECT_EQ(result.exit, 3);
+    EXPECT_THAT(result.out, HasSubstr("clocks"));
+    EXPECT_THAT(result.out, HasSubstr("no such file"));
+    EXPECT_THAT(result.err, HasSubstr("u77.spfm: error: no such file"));
+}
+
+TEST(Members, AreListedInEachForm) {
+    const std::string archive = "u77/hw/u77.lfa";
+    EXPECT_THAT(tool({"members", archive}).out, HasSubstr("lfa.json\n"));
+    EXPECT_THAT(tool({"members", archive, "--ndjson"}).out, HasSubstr("\"name\":\"lfa.json\""));
+    const Result json = tool({"members", archive, "--json"});
+    EXPECT_THAT(json.out, testing::StartsWith("{\"schema\":\"urn:torvane:zr-platform:member:1\""));
+    EXPECT_THAT(json.out, MatchesRegex(".*\"size\":[0-9]+,.*\n"));
+}
+
+TEST(Pack, GivesTheSameBytesEachTime) {
+    const Scratch scratch;
+    const std::string source = std::string(ZR_SAMPLES) + "/src/u77.lfa";
+    ASSERT_EQ(tool({"pack", source, scratch / "a.lfa"}).exit, 0);
+    fs::copy(source, scratch / "moved", fs::copy_options::recursive);
+    const Result second = run({"sh", "-c",
+                               "umask 077; touch -d 2001-01-01 moved/lfa.json; chmod 600 moved/lfa.json; TZ=Asia/Tokyo " ZR_TOOL
+                               " pack moved b.lfa"},
+                              scratch.str());
+    ASSERT_EQ(second.exit, 0) << second.err;
+    EXPECT_EQ(contentOf(scratch / "a.lfa"), contentOf(scratch / "b.lfa"));
+    EXPECT_FALSE(contentOf(scratch / "a.lfa").empty());
+}
+
+TEST(Pack, NestsFoldersThatAreArchives) {
+    const Scratch scratch;
+    scratch.put("in/project.tilprj/deep/inner.txt", "inner\n");
+    ASSERT_EQ(tool({"pack", scratch / "in", scratch / "out.zip"}).exit, 0);
+    const Result inner = tool({"extract", scratch / "out.zip", "project.tilprj!deep/inner.txt", "-"});
+    EXPECT_EQ(inner.out, "inner\n") << inner.err;
+}
+
+TEST(Pack, RefusesWhatIsIncompleteAndWritesNothing) {
+    const Scratch scratch;
+    scratch.put("in/lfa.json", R"({"vendor": "v", "files": [{"name": "gone.tcl", "type": "PRE_OPT_TCL"}]})");
+    const Result refused = tool({"pack", scratch / "in", scratch / "x.lfa"});
+    EXPECT_EQ(refused.exit, 3);
+    EXPECT_THAT(refused.err, HasSubstr("gone.tcl"));
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in"}));
+    EXPECT_EQ(tool({"pack", scratch / "in", scratch / "x.lfa", "--force"}).exit, 0);
+    fs::create_symlink("/etc/passwd", scratch / "in/link");
+    EXPECT_NE(tool({"pack", scratch / "in", scratch / "y.lfa", "--force"}).exit, 0);
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "x.lfa"}));
+}
+
+TEST(Extract, TakesMembersTypesAndNestedMembers) {
+    const Scratch scratch;
+    const std::string archive = "u77/hw/u77.lfa";
+    const std::string source = std::string(ZR_SAMPLES) + "/src/u77.lfa/";
+    EXPECT_EQ(tool({"extract", archive, "lfa.json", "-"}).out, contentOf(source + "lfa.json"));
+    ASSERT_EQ(tool({"extract", archive, "HPFM", scratch / "plain.hpfm"}).exit, 0);
+    ASSERT_EQ(tool({"extract", archive, "HPFM", scratch / "mended.hpfm", "--repair-hpfm"}).exit, 0);
+    EXPECT_THAT(contentOf(scratch / "plain.hpfm"), HasSubstr("auto=\"true\""));
+    EXPECT_THAT(contentOf(scratch / "mended.hpfm"), testing::Not(HasSubstr("auto=\"true\"")));
+    EXPECT_EQ(tool({"extract", archive, "lfa.json", scratch / "plain.hpfm"}).exit, 1) << "is there already";
+    EXPECT_EQ(tool({"extract", archive, "lfa.json", scratch / "plain.hpfm", "--force"}).exit, 0);
+    EXPECT_EQ(contentOf(scratch / "plain.hpfm"), contentOf(source + "lfa.json"));
+    const Result unknown = tool({"extract", archive, "lfa.jsn", scratch / "x"});
+    EXPECT_EQ(unknown.exit, 1);
+    EXPECT_THAT(unknown.err, HasSubstr("lfa.json")) << "the nearest names";
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"mended.hpfm", "plain.hpfm"}));
+}
+
+struct Bad {
+    const char* name;
+    const char* content;
+    int exit;
+    const char* error;  ///< behind the file's name, as a regular expression
+};
+
+const Bad kBad[] = {
+    {"gone.zdf", nullptr, 3, ": error: no such file"},
+    {"gone.lfa", nullptr, 3, ": error: hardware platform file '.*gone.lfa' does not exist.*"},
+    {"gone.spfm", nullptr, 3, ": error: the software platform file does not exist.*"},
+    {"empty.zdf", "", 3, ":[0-9]+:[0-9]+: error: .*"},
+    {"text.zdf", "no XML\n", 3, ":1:[0-9]+: error: .*"},
+    {"doctype.zdf", "<!DOCTYPE a [<!ENTITY b 'c'>]>\n<a/>", 3, ":1:[0-9]+: error: .*"},
+    {"root.zdf", "<?xml version='1.0'?>\n\n<platform/>\n", 3, ":3:1: error: .*platform.*"},
+    {"attribute.zdf", "<t:platform xmlns:t='urn:torvane:teq:platform:1.0' t:vendor='v'\n t:bad=''/>", 3,
+     ":[12]:[0-9]+: error: .*"},
+    {"empty.spfm", "", 3, ":[0-9]+:[0-9]+: error: .*"},
+    {"empty.lfa", "", 3, ".*error: .*"},
+    {"text.lfa", "no archive, but long enough to have an end record", 3, ".*error: .*"},
+    {"CAPITAL.CFA", "PK", 3, ":1:[0-9]+: error: .*"},
+    {"noextension", "", 3, ":[0-9]+:[0-9]+: error: .*"},
+};
+
+TEST(BadInput, IsOneLineThatTellsFileAndPlace) {
+    const Scratch scratch;
+    for (const Bad& bad : kBad) {
+        SCOPED_TRACE(bad.name);
+        if (bad.content) scratch.put(bad.name, bad.content);
+        const Result result = tool({"json", scratch / bad.name});
+        EXPECT_EQ(result.exit, bad.exit);
+        EXPECT_EQ(result.out, "");
+        EXPECT_TRUE(std::regex_match(result.err, std::regex(".*" + std::string(bad.name) + bad.error + "\n")))
+            << result.err;
+        EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 1);
+    }
+}
+
+TEST(BadInput, OfAMemberTellsItsLine) {
+    const Scratch scratch;
+    const std::string deep(200'000, '[');
+    const std::pair<std::string, const char*> cases[] = {
+        {"{\n\"a\": ,\n}", "!lfa\\.json:2:6: error: .*"},
+        {"{\"devices\": [{\"name\": \"fpga0\"}]}", "!lfa\\.json: error: .*core.*"},
+        {"{\"tilHardware\": {}}", "!lfa\\.json: error: .*architecture.*"},
+        {deep, "!lfa\\.json:1:[0-9]+: error: .*192.*"},
+        {"", ".*error: .*"},
+    };
+    for (const auto& [content, error] : cases) {
+        SCOPED_TRACE(content.substr(0, 40));
+        scratch.put("in/lfa.json", content);
+        ASSERT_EQ(tool({"pack", scratch / "in", scratch / "x.lfa", "--force"}).exit, 0);
+        const Result result = tool({"json", scratch / "x.lfa"});
+        EXPECT_EQ(result.exit, 3);
+        EXPECT_TRUE(std::regex_match(result.err, std::regex(".*x\\.lfa" + std::string(error) + "\n"))) << result.err;
+    }
+}
+
+TEST(WrongUse, ExitsWithTwo) {
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {}, {"jsn"}, {"json"}, {"json", "a", "b"}, {"json", "a", "--metadata=yaml"}, {"show", "--nonsense", "a"}}) {
+        const Result result = tool(arguments);
+        EXPECT_EQ(result.exit, 2);
+        EXPECT_EQ(result.out, "");
+        EXPECT_NE(result.err, "");
+    }
+    EXPECT_THAT(tool({"--version"}).out, MatchesRegex("zr-platform [0-9.]+\n"));
+}
+
+}  // namespace

@@ -1,0 +1,81 @@
+#include "Load.h"
+
+#include <msg/HEXAll.h>
+#include <platform/PlatformLoader.h>
+#include <util/HUTFile.h>
+#include <zip/HUTZip.h>
+
+using teq_platform::PlatformLoader;
+using teq_platform::PlatformParseException;
+
+namespace {
+
+PlatformLoader::HwMetadataMode modeOf(const Call& call) {
+    const std::string mode = call.get("metadata");
+    if (mode == "primary") return PlatformLoader::HwMetadataMode::PrimaryJsonOnly;
+    if (mode == "xml") return PlatformLoader::HwMetadataMode::XmlOnly;
+    return PlatformLoader::HwMetadataMode::Default;
+}
+
+Problem problemOf(const std::string& file, const std::string& text) {
+    Problem problem;
+    problem.file = file;
+    problem.text = text;
+    return problem;
+}
+
+bool isArchive(const std::string& file) { return file.ends_with(".lfa") || file.ends_with(".cfa"); }
+
+/// Why an archive that exists gave no platform although no reader complained: it is none, or lacks metadata.
+Problem whyNoMetadata(const std::string& archive, const Call& call) {
+    try {
+        HSTVector<std::string> members;
+        HUTZip::getFiles(archive, members);
+    } catch (const HEXAll& e) {
+        return problemOf("", e.what());
+    }
+    const std::string ext = HUTFile::getExt(archive);
+    const std::string json = ext + ".json";
+    if (modeOf(call) == PlatformLoader::HwMetadataMode::XmlOnly)
+        return problemOf(archive, "the XML member " + ext + ".xml cannot be read by this version");
+    return problemOf(archive, "the archive has no metadata member " + json + " or alt_" + json);
+}
+
+/// The archive whose metadata the loader was reading when it gave up.
+std::string archiveOf(const std::string& file, const std::string& hardwareFile) {
+    return isArchive(file) ? file : hardwareFile;
+}
+
+/// The reason of a null result, from what the library said.
+Problem whyNull(const std::string& file, const std::string& hardwareFile, const Call& call) {
+    const std::vector<Problem> said = Console::take().takeProblems(file);
+    const Problem first = said.empty() ? problemOf(file, "the platform could not be loaded") : said.front();
+    const std::string archive = archiveOf(file, hardwareFile);
+    const bool nothingSaid = first.id == "74-60" && first.text.starts_with("Failed to parse Hardware");
+    return nothingSaid && isArchive(archive) && HUTFile::exists(archive) ? whyNoMetadata(archive, call) : first;
+}
+
+}  // namespace
+
+std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, Problem& problem) {
+    try {
+        if (file.empty()) throw HEXFileNotFoundException(file);
+        PlatformLoader loader(file, modeOf(call));
+        const std::string hardwareFile = loader.getHardwarePlatformFile();
+        if (auto platform = loader.load()) return platform;
+        problem = whyNull(file, hardwareFile, call);
+    } catch (const HEXFileNotFoundException&) {
+        problem = problemOf(file, "no such file");
+    } catch (const PlatformParseException& e) {
+        const std::vector<Problem> said = Console::take().takeProblems(file);
+        problem = said.empty() ? problemOf(file, e.what()) : said.front();
+    }
+    return nullptr;
+}
+
+std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call) {
+    Problem problem;
+    auto platform = tryLoad(file, call, problem);
+    if (!platform) throw problem;
+    return platform;
+}

@@ -1,0 +1,13 @@
+#pragma once
+#include <memory>
+#include <string>
+
+#include <platform/HTEQPlatform.h>
+
+#include "Console.h"
+
+/// The platform of `file`, by the metadata that --metadata asks for. Throws a `Problem` that tells why there is none.
+std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call);
+
+/// The same without an exception: null, and the reason in `problem`.
+std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, Problem& problem);

@@ -1,0 +1,63 @@
+#include "Output.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <fstream>
+
+#include <util/HUTEnv.h>
+#include <util/HUTFile.h>
+#include <util/HUTFileUtils.h>
+
+#include "Console.h"
+
+namespace {
+
+Problem problemOf(Exit exit, const std::string& file, const std::string& text) {
+    Problem problem;
+    problem.exit = exit;
+    problem.file = file;
+    problem.text = text;
+    return problem;
+}
+
+std::string besideOf(const std::string& destination) {
+    const std::string ext = HUTFile::getExt(destination);
+    const std::string name = destination == "-" ? HUTEnv::getJUNTmpDir() + "/output" : destination;
+    return HUTFileUtils::uniquifyFilenameInDir(name + "." + std::to_string(getpid()) + ".part" +
+                                               (ext.empty() ? "" : "." + ext));
+}
+
+void toStandardOutput(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::string block(1 << 18, '\0');
+    while (file.read(block.data(), static_cast<std::streamsize>(block.size())), file.gcount() > 0)
+        Console::take().data({block.data(), static_cast<std::size_t>(file.gcount())});
+}
+
+}  // namespace
+
+OutputFile::OutputFile(const std::string& destination, bool overwrite)
+    : destination_(destination), overwrite_(overwrite) {
+    if (destination != "-" && !overwrite && HUTFile::exists(destination))
+        throw problemOf(Exit::no, destination, "is there already; --force overwrites it");
+    if (destination != "-" && !HUTFile::isDir(HUTFile::getParent(destination)))
+        throw problemOf(Exit::environment, HUTFile::getParent(destination), "no such directory");
+    path_ = besideOf(destination);
+}
+
+OutputFile::~OutputFile() { HUTFile::rm(path_); }
+
+void OutputFile::commit() {
+    if (destination_ == "-") {
+        toStandardOutput(path_);
+        return;
+    }
+    const unsigned flags = overwrite_ ? 0 : RENAME_NOREPLACE;
+    if (renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, destination_.c_str(), flags) == 0) return;
+    if (errno == EEXIST) throw problemOf(Exit::no, destination_, "is there already; --force overwrites it");
+    throw problemOf(Exit::environment, destination_, std::strerror(errno));
+}

@@ -1,0 +1,21 @@
+#pragma once
+#include <string>
+
+/// A result that is written beside its destination and renamed over it when it is whole; "-" is standard output.
+class OutputFile {
+public:
+    /// Throws a `Problem` when `destination` is there and may not be overwritten.
+    OutputFile(const std::string& destination, bool overwrite);
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile();
+
+    /// Where to write: a name that nothing stands at, with the destination's extension.
+    const std::string& path() const { return path_; }
+    /// Puts what was written at `path` into its place.
+    void commit();
+
+private:
+    std::string destination_, path_;
+    bool overwrite_;
+};

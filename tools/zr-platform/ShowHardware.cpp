@@ -1,0 +1,158 @@
+#include "ShowHardware.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <sstream>
+
+#include <msg/HEXAll.h>
+#include <platform/HPLCore.h>
+#include <platform/HPLDevice.h>
+#include <platform/HPLFile.h>
+#include <platform/HPLMemory.h>
+#include <platform/HPLPlatform.h>
+#include <platform/HTEQHardwareBusInterface.h>
+#include <platform/HTEQSystemClock.h>
+#include <platform/HTEQTilPartition.h>
+#include <zip/HUTZip.h>
+
+#include "Text.h"
+
+namespace {
+
+using Rows = std::vector<std::vector<std::string>>;
+
+/// The elements of one of the model's iterators.
+template <class T>
+std::vector<T*> all(HSTFwdIter<T*>* made) {
+    const std::unique_ptr<HSTFwdIter<T*>> it(made);
+    std::vector<T*> items;
+    while (it->hasNext()) items.push_back(it->next());
+    return items;
+}
+
+std::string hexadecimal(unsigned long long value) {
+    std::ostringstream text;
+    text << "0x" << std::hex << value;
+    return text.str();
+}
+
+void showIdentity(Text& text, const HPLPlatform& platform) {
+    text.line("VBNV", platform.getVBNV());
+    text.line("description", platform.getDescription());
+    text.line("archive", platform.getPlatformFile());
+    text.line("kind", std::string(platform.isUnifiedPlatform() ? "unified, " : "") +
+                          (platform.isExpandable() ? "expandable" : "fixed"));
+    text.line("state", platform.getPlatformState());
+    text.line("made by", platform.getGeneratedName() + " " + platform.getGeneratedVersion());
+    text.line("runs on hardware", yesNo(platform.supportsHardware()));
+    text.line("software emulation", yesNo(platform.supportsSWEmulation()));
+    text.line("hardware emulation", yesNo(platform.supportsHWEmulation()));
+    text.line("board", platform.getBoardPart());
+    if (platform.usesPR()) text.line("host", platform.getHostArch() + " by " + platform.getHostInterface());
+}
+
+void showDevices(Text& text, const HPLPlatform& platform) {
+    for (const HPLDevice* device : all(platform.createDeviceIter())) {
+        text.line("device " + device->getName(), device->getPartName());
+        if (device->getNumSLRs() > 0) text.line("SLRs", std::to_string(device->getNumSLRs()));
+        const HPLCore& core = device->getReadOnlyCore();
+        text.line("core", core.getName());
+        text.line("compute units", std::to_string(core.getNumComputeUnits()));
+        Rows rows;
+        for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
+            std::set<std::string> slrs;
+            core.getSLRNames(pblock, slrs);
+            const std::string names = HSTStringUtils::join({slrs.begin(), slrs.end()}, " ");
+            for (const auto& [name, count] : resources) rows.push_back({pblock, names, name, count});
+        }
+        text.rows("free in the core", {"pblock", "SLRs", "resource", ">count"}, rows);
+    }
+    HSTVector<std::string> types, counts;
+    platform.getAllResources(types, counts);
+    Rows rows;
+    for (std::size_t i = 0; i < types.size(); ++i) rows.push_back({types[i], counts[i]});
+    text.rows("resources", {"type", ">count"}, rows);
+}
+
+void showMemories(Text& text, const HPLPlatform& platform) {
+    Rows rows;
+    for (const HPLMemory* memory : all(platform.createMemoryIter()))
+        rows.push_back({memory->getName(), memory->getType(), memory->getSize(),
+                        hexadecimal(memory->getLowestAddress()), hexadecimal(memory->getHighestAddress())});
+    text.rows("memories", {"name", "type", ">size", ">from", ">to"}, rows);
+
+    HSTVector<std::string> types;
+    platform.getUniqueMemoryTypeStrings(types);
+    rows.clear();
+    for (const std::string& type : types)
+        for (unsigned n = 0; n < platform.getMemoryTypeCount(type); ++n)
+            rows.push_back({type, std::to_string(n), platform.getMemorySize(type, n), platform.getMemorySLR(type, n)});
+    text.rows("memory banks that a linker can name", {"type", ">bank", ">size", "SLR"}, rows);
+
+    std::ostringstream warning;
+    platform.issueNormalizeMemoryBanksMessage(warning);
+    if (!warning.str().empty()) text.note("warning: " + escaped(HSTStringUtils::trim(warning.str())));
+}
+
+void showClocks(Text& text, const HPLPlatform& platform) {
+    const HTEQSystemClock* byDefault = platform.getDefaultClock();
+    Rows rows;
+    for (const HTEQSystemClock* clock : all(platform.createSystemClockIter()))
+        rows.push_back({clock->getName(), std::to_string(clock->getId()), clock->getFrequency(), clock->getStatus(),
+                        clock == byDefault ? "default" : ""});
+    text.rows("clocks", {"name", ">id", ">frequency", "status", ""}, rows);
+}
+
+void showInterfaces(Text& text, const HPLPlatform& platform) {
+    Rows rows;
+    for (const HTEQHardwareBusInterface* bus : all(platform.createBusInterfaceIter()))
+        rows.push_back({bus->getName(), bus->getBusTypeRef(), bus->getMode(), bus->getMemPort(), bus->getSPTag(),
+                        std::to_string(bus->getNumAddressSegments())});
+    text.rows("interfaces that a linker can attach to", {"name", "type", "mode", "memory port", "tag", ">segments"},
+              rows);
+}
+
+void addTilRows(Rows& rows, const HTEQTilPartition& partition, const std::string& indent) {
+    rows.push_back({indent + partition.tilInst(), std::to_string(partition.startColumn()),
+                    std::to_string(partition.numColumns()), partition.uuid(), partition.plIntefaceID()});
+    for (const HTEQTilPartition& child : partition.partitions()) addTilRows(rows, child, indent + "  ");
+}
+
+void showTilPartitions(Text& text, const HPLPlatform& platform) {
+    Rows rows;
+    try {
+        for (const HTEQTilPartition& partition : platform.getTilPartitions()) addTilRows(rows, partition, "");
+    } catch (const HEXAll& e) {
+        text.note("tile partitions are not to be read: " + escaped(e.what()));
+    }
+    text.rows("tile partitions", {"name", ">first column", ">columns", "UUID", "interface"}, rows);
+}
+
+void showFiles(Text& text, const HPLPlatform& platform) {
+    std::map<std::string, std::string> sizes;
+    for (const HUTZip::Member& member : HUTZip::members(platform.getPlatformFile()))
+        sizes[member.name] = std::to_string(member.size);
+    const std::string directory = platform.isChildHardwareEmuPlatform() ? platform.getHwEmuDir() + "/" : "";
+    Rows rows;
+    for (const HPLFile* file : all(platform.createFileVecIter())) {
+        const auto size = sizes.find(directory + file->getName());
+        rows.push_back({file->getType(), size == sizes.end() ? "missing" : size->second, directory + file->getName()});
+    }
+    text.rows("files in the archive", {"type", ">bytes", "member"}, rows);
+}
+
+}  // namespace
+
+void showHardware(Text& text, const HTEQHardwarePlatform& hardware, const std::string& what) {
+    const auto* platform = dynamic_cast<const HPLPlatform*>(&hardware);
+    if (!platform) return;
+    text.heading(what == "hardware" ? "Hardware" : HSTStringUtils::toUpper(what.substr(0, 1)) + what.substr(1));
+    showIdentity(text, *platform);
+    showDevices(text, *platform);
+    showMemories(text, *platform);
+    showClocks(text, *platform);
+    showInterfaces(text, *platform);
+    showTilPartitions(text, *platform);
+    showFiles(text, *platform);
+}
