@@ -119,14 +119,14 @@ TEST(HTEQSoftwarePlatform, NamesByLibraryType) {
 
 TEST(HTEQSoftwarePlatform, Document) {
     HTEQSoftwarePlatform p;
-    p.setLinuxRootFileSystemPath("/root");
+    p.setLinuxRootFileSystemPath("root");
     add(p, "a", "");
     teq_platform::JSONObjectWriter writer;
     p.toJSON(writer);
     std::ostringstream out;
     writer.write(out);
     EXPECT_EQ(out.str(), R"({
-    "linuxRootFileSystemPath": "/root",
+    "linuxRootFileSystemPath": "root",
     "defaultConfig": "a",
     "systemConfigurations": [
         {
