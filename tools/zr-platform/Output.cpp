@@ -51,6 +51,13 @@ OutputFile::OutputFile(const std::string& destination, bool overwrite)
 
 OutputFile::~OutputFile() { HUTFile::rm(path_); }
 
+void OutputFile::take(const std::string& file) {
+    std::ifstream from(file, std::ios::binary);
+    std::ofstream to(path_, std::ios::binary);
+    to << from.rdbuf();
+    if (!from || !to.flush()) throw problemOf(Exit::environment, path_, "cannot be written");
+}
+
 void OutputFile::commit() {
     if (destination_ == "-") {
         toStandardOutput(path_);

@@ -12,6 +12,8 @@ public:
 
     /// Where to write: a name that nothing stands at, with the destination's extension.
     const std::string& path() const { return path_; }
+    /// Moves a finished file from elsewhere to `path`.
+    void take(const std::string& file);
     /// Puts what was written at `path` into its place.
     void commit();
 
