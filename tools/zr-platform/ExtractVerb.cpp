@@ -88,11 +88,9 @@ int runExtract(const Call& call) {
     }
     const std::string member = memberFor(name, archive, call);
     const bool repair = call.has("repair-hpfm");
-    OutputFile output(call["DEST"], call.has("force"));
     // Only a file that is called .hpfm is repaired.
-    const std::string path = repair ? scratch.get() + "/output.hpfm" : output.path();
-    copyOut(archive, member, path, repair);
-    if (repair) output.take(path);
+    OutputFile output(call["DEST"], call.has("force"), repair ? "hpfm" : "");
+    copyOut(archive, member, output.path(), repair);
     output.commit();
     return 0;
 }
