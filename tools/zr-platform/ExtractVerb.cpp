@@ -5,6 +5,7 @@
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQTmpDirObject.h>
 #include <platform/PlatformFileExtractor.h>
+#include <text/HSTStringUtils.h>
 #include <util/HUTFile.h>
 #include <zip/HUTZip.h>
 

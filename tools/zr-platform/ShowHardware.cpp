@@ -14,6 +14,7 @@
 #include <platform/HTEQHardwareBusInterface.h>
 #include <platform/HTEQSystemClock.h>
 #include <platform/HTEQTilPartition.h>
+#include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
 #include "Text.h"
