@@ -4,6 +4,7 @@
 #include <iosfwd>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -424,7 +425,7 @@ private:
     bool supportsTwoHwEmuBd_ = false;
     bool usesNIFD_ = false;
     HTEQDesignIntentStorage designIntent_;
-    mutable int memoryIndexState_ = 2;
+    mutable std::optional<bool> memoryIndexed_;  ///< not known before the first memory interface is seen
     bool usesPR_ = true;
     std::string platformState_, vendor_, boardId_, name_, description_, detailedDescription_, platformFile_,
         hpfmString_;

@@ -14,12 +14,12 @@ bool isNonIndexedMemory(const HTEQHardwareBusInterface& bus) {
            !HSTStringUtils::iequals(port, "s_axi_gp") && !HSTStringUtils::iequals(bus.getSPTag(), "default");
 }
 
-MemoryIndex memoryIndexOf(const BusInterfaces& buses) {
+std::optional<bool> isMemoryIndexed(const BusInterfaces& buses) {
     for (const HTEQHardwareBusInterface* bus : buses) {
-        if (isIndexedMemory(*bus)) return MemoryIndex::indexed;
-        if (isNonIndexedMemory(*bus)) return MemoryIndex::notIndexed;
+        if (isIndexedMemory(*bus)) return true;
+        if (isNonIndexedMemory(*bus)) return false;
     }
-    return MemoryIndex::unknown;
+    return std::nullopt;
 }
 
 bool MemoryBanks::counts(const HTEQHardwareBusInterface& bus) const {
@@ -78,7 +78,8 @@ std::string partlyDefaultHbmText(const std::string& instance) {
     return "\n\nThe HBM instance '" + instance +
            "' has only a subset of its auto-assignable memory banks tagged as 'default'. "
            "To attain better HBM bandwidth, use mirac parameter "
-           "'--advanced.param compiler.normalizeDefaultMemoryBanks=true' to change all HBM memory banks to 'default'.";
+           "'--advanced.param compiler.normalizeDefaultMemoryBanks=true' to change all HBM memory banks to "
+           "'default'.";
 }
 
 }  // namespace hardware

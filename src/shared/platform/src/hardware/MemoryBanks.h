@@ -1,23 +1,22 @@
 #pragma once
-#include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 
 #include "platform/HTEQHardwareBusInterface.h"
 #include "text/Owned.h"
 
-/// The memory banks as the bus interfaces tell them. On an indexed platform the interfaces with the memory port "memss"
-/// are the memory types and their address segments the banks; on any other, each memory interface is one bank.
+/// The memory banks as the bus interfaces tell them. On an indexed platform the interfaces with the memory port
+/// "memss" are the memory types and their address segments the banks; on any other, each memory interface is one
+/// bank.
 namespace hardware {
 
 using BusInterfaces = Owned<HTEQHardwareBusInterface>;
 
-enum class MemoryIndex { notIndexed, indexed, unknown };
-
 bool isIndexedMemory(const HTEQHardwareBusInterface& bus);
 bool isNonIndexedMemory(const HTEQHardwareBusInterface& bus);
-/// What the first memory interface says; unknown when there is none.
-MemoryIndex memoryIndexOf(const BusInterfaces& buses);
+/// What the first memory interface says; nothing when there is none.
+std::optional<bool> isMemoryIndexed(const BusInterfaces& buses);
 
 /// Queries over the banks of a platform whose memory index is decided.
 class MemoryBanks {

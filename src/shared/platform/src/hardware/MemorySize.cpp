@@ -8,7 +8,8 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-/// Appends `line` with the part from its first number to its last "GB" replaced by that number, if there is such a part.
+/// Appends `line` with the part from its first number to its last "GB" replaced by that number, if there is such a
+/// part.
 void appendReplaced(std::string& out, std::string_view line) {
     const auto number = line.find_first_of(kDigits);
     const auto unit = line.rfind("GB");

@@ -1,0 +1,29 @@
+#pragma once
+#include <string>
+
+#include "text/HSTVector.h"
+#include "text/ZrApi.h"
+
+/// Archives by their paths. An archive that cannot be read raises `HEXDataException`, the disk `HEXUserException`,
+/// each with words that name the file, and the member if it is one member's fault.
+class ZR_API HUTZip {
+public:
+    /// Whether the archive has this member. False, too, for a file that is missing or no archive. Never throws.
+    static bool containsFile(const std::string& archive, const std::string& member);
+
+    /// Puts the names of all members into `files`, in the order of the archive, those of directories with their "/".
+    static void getFiles(const std::string& archive, HSTVector<std::string>& files);
+
+    /// Writes the members below the archive's directory `directory` (all members when it is empty) below
+    /// `destination`, which must exist, under their full names. False when there is no such member. A file that is
+    /// already there is replaced when `overwrite` is true, else an error. Names that lead out of `destination` and
+    /// links are errors.
+    static bool uncompressDir(const std::string& archive, const std::string& directory,
+                              const std::string& destination, bool overwrite);
+
+    /// Makes an archive of all that is in `folder`: the same bytes each time and on each machine. A folder in it
+    /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name. Links and
+    /// devices are errors. Without `overwrite` it is an error when `archive` exists. The archive appears whole or not
+    /// at all.
+    static void compressDir(const std::string& folder, const std::string& archive, bool overwrite = true);
+};

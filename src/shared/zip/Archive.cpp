@@ -1,0 +1,98 @@
+#include "zip/Archive.h"
+
+#include <fmt/format.h>
+#include <libdeflate.h>
+
+#include <utility>
+
+#include "zip/ArchiveError.h"
+#include "zip/FileBytes.h"
+#include "zip/Inflater.h"
+#include "zip/PackedData.h"
+
+namespace zip {
+namespace {
+
+constexpr std::uint64_t kBlock = 256 * 1024;
+
+/// Unpacks all of `packed` into `data`, and nothing more: neither may be left over. Empty, or what went wrong.
+std::string_view inflateWhole(std::string_view packed, std::string& data) {
+    const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> decompressor(
+        libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
+    if (!decompressor) throw std::bad_alloc();
+    std::size_t taken = 0, made = 0;
+    switch (libdeflate_deflate_decompress_ex(decompressor.get(), packed.data(), packed.size(), data.data(),
+                                             data.size(), &taken, &made)) {
+        case LIBDEFLATE_SUCCESS: break;
+        case LIBDEFLATE_INSUFFICIENT_SPACE: return "it unpacks to more bytes than the directory says";
+        default: return "its packed data are damaged";
+    }
+    if (made != data.size()) return "it unpacks to fewer bytes than the directory says";
+    return taken == packed.size() ? "" : "there are bytes behind its packed data";
+}
+
+}  // namespace
+
+Archive::Archive(const std::string& path) : Archive(std::make_unique<FileBytes>(path), path) {}
+
+Archive::Archive(std::unique_ptr<ByteSource> bytes, std::string name)
+    : name_(std::move(name)), bytes_(std::move(bytes)), directory_(*bytes_, name_) {}
+
+void Archive::refuse(const Member& member, const std::string& text) const {
+    throw ArchiveError(name_, std::string(member.name), text);
+}
+
+void Archive::checkKind(const Member& member) const {
+    if (member.isDirectory()) refuse(member, "it is a directory");
+    if (!member.isPlain()) refuse(member, "it is a link or a device, not a file");
+}
+
+void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
+    if (crc != member.crc) refuse(member, fmt::format("its CRC is {:08x}, not {:08x}", crc, member.crc));
+}
+
+std::string Archive::read(const Member& member, std::uint64_t bound) const {
+    checkKind(member);
+    if (member.size > bound || member.packedSize > bound + kBlock)
+        refuse(member,
+               fmt::format("it has {} bytes, {} packed; at most {} are read", member.size, member.packedSize, bound));
+    PackedData packed(*bytes_, name_, member, member.packedSize);
+    const std::string_view bytes = packed.next();
+    std::string data;
+    if (member.method == Method::stored) {
+        data = bytes;
+    } else {
+        data.resize(member.size);
+        if (const auto fault = inflateWhole(bytes, data); !fault.empty()) refuse(member, std::string(fault));
+    }
+    checkCrc(member, libdeflate_crc32(0, data.data(), data.size()));
+    packed.checkDescriptor();
+    return data;
+}
+
+void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const {
+    checkKind(member);
+    std::uint64_t size = 0;
+    std::uint32_t crc = 0;
+    const auto take = [&](std::string_view piece) {
+        size += piece.size();
+        if (size > member.size) refuse(member, "it unpacks to more bytes than the directory says");
+        if (!budget.spend(piece.size())) refuse(member, "one call unpacks too much: more than its budget is left");
+        crc = libdeflate_crc32(crc, piece.data(), piece.size());
+        sink(piece);
+    };
+    PackedData packed(*bytes_, name_, member, kBlock);
+    if (member.method == Method::stored) {
+        for (auto piece = packed.next(); !piece.empty(); piece = packed.next()) take(piece);
+    } else {
+        Inflater inflater(kBlock);
+        for (auto piece = packed.next(); !piece.empty(); piece = packed.next())
+            if (const auto fault = inflater.unpack(piece, take); !fault.empty()) refuse(member, std::string(fault));
+        if (!inflater.isDone()) refuse(member, "its packed data are cut short");
+    }
+    if (size != member.size) refuse(member, "it unpacks to fewer bytes than the directory says");
+    checkCrc(member, crc);
+    packed.checkDescriptor();
+}
+
+}  // namespace zip

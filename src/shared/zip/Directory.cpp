@@ -1,0 +1,158 @@
+#include "zip/Directory.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+
+#include "zip/ArchiveError.h"
+#include "zip/EndRecord.h"
+#include "zip/ExtraFields.h"
+#include "zip/LittleEndian.h"
+
+namespace zip {
+namespace {
+
+constexpr std::size_t kRowSize = 46, kLocalSize = 30;
+constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13;
+/// Deflate cannot make more of one byte.
+constexpr std::uint64_t kLargestRatio = 1032;
+
+/// Type and permissions, when the row was made on a system that has them.
+std::uint32_t modeOf(const char* row) {
+    const auto system = static_cast<unsigned char>(row[5]);
+    return system == 3 || system == 19 ? u32(row + 38) >> 16 : 0;
+}
+
+}  // namespace
+
+Directory::Directory(const ByteSource& bytes, const std::string& archive) : archive_(archive) {
+    EndRecord end = readEndRecord(bytes, archive);
+    load(bytes, end);
+    comment_ = std::move(end.comment);
+    readRows(end.members);
+    setLimits(end.directoryOffset);
+    index_.emplace(members_);
+    if (const Member* const twice = index_->duplicate()) refuse(twice->name, "two members have this name");
+}
+
+void Directory::refuse(std::string_view member, const std::string& text) const {
+    throw ArchiveError(archive_, std::string(member), text);
+}
+
+void Directory::load(const ByteSource& bytes, const EndRecord& end) {
+    size_ = end.directorySize;
+    bytes_ = std::make_unique_for_overwrite<char[]>(size_ + 1);
+    if (end.directoryOffset >= end.tailOffset)
+        std::memcpy(bytes_.get(), end.tail.data() + (end.directoryOffset - end.tailOffset), size_);
+    else if (!bytes.read(end.directoryOffset, bytes_.get(), size_))
+        refuse("", "its central directory cannot be read");
+    const std::size_t near = std::min<std::uint64_t>(size_, kEndRecordReach);
+    if (std::string_view(bytes_.get() + size_ - near, near).find("PK\5\6") != std::string_view::npos)
+        refuse("", "its central directory holds a second end record");
+}
+
+void Directory::readRows(std::uint64_t count) {
+    members_.reserve(std::min<std::uint64_t>(count, size_ / kRowSize));
+    for (std::size_t at = 0; at < size_;) {
+        if (members_.size() == count)
+            refuse("", fmt::format("the end record counts {} members, but the central directory goes on", count));
+        at += readRow({bytes_.get() + at, size_ - at});
+    }
+    if (members_.size() != count)
+        refuse("", fmt::format("the end record counts {} members, but the central directory has {}", count,
+                               members_.size()));
+}
+
+std::size_t Directory::readRow(std::string_view rest) {
+    const char* const row = rest.data();
+    const auto misplaced = [&] {
+        return fmt::format("row {} of the central directory does not begin as one, or is cut short",
+                           members_.size() + 1);
+    };
+    if (rest.size() < kRowSize || !rest.starts_with("PK\1\2")) refuse("", misplaced());
+    const std::size_t nameSize = u16(row + 28), extraSize = u16(row + 30);
+    const std::size_t size = kRowSize + nameSize + extraSize + u16(row + 32);
+    if (size > rest.size()) refuse("", misplaced());
+
+    Member& member = members_.emplace_back();
+    member.name = rest.substr(kRowSize, nameSize);
+    member.flags = u16(row + 8);
+    member.method = Method(u16(row + 10));
+    member.crc = u32(row + 16);
+    member.packedSize = u32(row + 20);
+    member.size = u32(row + 24);
+    member.mode = modeOf(row);
+    member.headerOffset = u32(row + 42);
+    readZip64(member, rest.substr(kRowSize + nameSize, extraSize), row);
+    checkRow(member, row);
+    return size;
+}
+
+/// The zip64 field holds the values that do not fit their place in the row, or all of them, in this order.
+void Directory::readZip64(Member& member, std::string_view extraFields, const char* row) const {
+    const Zip64Field field = findZip64(extraFields);
+    if (!field.isSound) refuse(member.name, "the extra fields of its row are not sound");
+    std::uint64_t* const values[] = {&member.size, &member.packedSize, &member.headerOffset};
+    const auto missing = std::ranges::count_if(values, [](auto* value) { return *value == kIn64As32; });
+    const bool diskMissing = u16(row + 34) == kIn64As16;
+    if (!field.bytes) {
+        if (missing > 0 || diskMissing) refuse(member.name, "the zip64 field of its row is missing");
+        return;
+    }
+    const std::size_t size = field.bytes->size(), diskSize = diskMissing ? 4 : 0;
+    const bool hasAll = size == 24 + diskSize;
+    if (!hasAll && size != 8 * static_cast<std::size_t>(missing) + diskSize)
+        refuse(member.name, fmt::format("the zip64 field of its row has {} bytes", size));
+    const char* at = field.bytes->data();
+    for (std::uint64_t* const value : values) {
+        if (*value != kIn64As32 && !hasAll) continue;
+        if (*value != kIn64As32 && *value != u64(at))
+            refuse(member.name, "the zip64 field of its row disagrees with the row");
+        *value = u64(at);
+        at += 8;
+    }
+    if (diskMissing && u32(at) != 0) refuse(member.name, "it lies in another part of a split archive");
+}
+
+void Directory::checkRow(const Member& member, const char* row) const {
+    if (member.name.empty()) refuse("", fmt::format("member {} has no name", members_.size()));
+    if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name has a NUL in it");
+    if (u16(row + 34) != 0 && u16(row + 34) != kIn64As16)
+        refuse(member.name, "it lies in another part of a split archive");
+    if (member.flags & (kEncrypted | kStrongEncryption | kMasked)) refuse(member.name, "it is encrypted");
+    if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not read");
+    if (member.method != Method::stored && member.method != Method::deflated)
+        refuse(member.name, fmt::format("it is packed by method {}; only 0 (stored) and 8 (deflated) are read",
+                                        static_cast<unsigned>(member.method)));
+    if (member.method == Method::stored && member.size != member.packedSize)
+        refuse(member.name, fmt::format("it is stored, but has {} bytes in the archive and {} outside of it",
+                                        member.packedSize, member.size));
+    if (member.size / kLargestRatio > member.packedSize)
+        refuse(member.name, fmt::format("{} packed bytes cannot hold {} bytes", member.packedSize, member.size));
+}
+
+/// The members by their place in the archive: the first at its first byte, each behind the one before.
+void Directory::setLimits(std::uint64_t directoryOffset) {
+    std::vector<std::uint32_t> order(members_.size());
+    std::iota(order.begin(), order.end(), 0U);
+    const auto before = [this](auto x, auto y) { return members_[x].headerOffset < members_[y].headerOffset; };
+    if (!std::ranges::is_sorted(order, before)) std::ranges::sort(order, before);
+
+    const std::uint64_t first = order.empty() ? directoryOffset : members_[order.front()].headerOffset;
+    if (first != 0) refuse("", fmt::format("{} bytes stand before its first member", first));
+    for (std::size_t i = 0; i < order.size(); ++i) {
+        Member& member = members_[order[i]];
+        member.limit = i + 1 < order.size() ? members_[order[i + 1]].headerOffset : directoryOffset;
+        const std::uint64_t least = kLocalSize + member.name.size();
+        if (member.headerOffset <= member.limit && member.limit - member.headerOffset >= least &&
+            member.limit - member.headerOffset - least >= member.packedSize)
+            continue;
+        refuse(member.name, fmt::format("its {} packed bytes from byte {} on reach beyond byte {}, where {} begins",
+                                        member.packedSize, member.headerOffset, member.limit,
+                                        i + 1 < order.size() ? "the next member" : "the central directory"));
+    }
+}
+
+}  // namespace zip

@@ -1,0 +1,147 @@
+#include "zip/EndRecord.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "zip/ArchiveError.h"
+#include "zip/LittleEndian.h"
+
+namespace zip {
+namespace {
+
+constexpr std::string_view kSignature = "PK\5\6";
+constexpr std::string_view kLocatorSignature = "PK\6\7";
+constexpr std::string_view kRecord64Signature = "PK\6\6";
+constexpr std::uint64_t kSize = 22, kLocatorSize = 20, kRecord64Size = 56;
+constexpr std::uint64_t kTail = 16 * 1024;
+constexpr std::uint64_t kMostMembers = 1'000'000;
+constexpr std::uint64_t kLargestDirectory = 256 * 1024 * 1024;
+
+class EndReader {
+public:
+    EndReader(const ByteSource& bytes, const std::string& archive) : bytes_(bytes), archive_(archive) {}
+
+    EndRecord read() {
+        if (bytes_.size() < kSize)
+            refuse(fmt::format("{} bytes are no zip archive: the smallest has {}", bytes_.size(), kSize));
+        loadTail(kTail);
+        if (!find()) {
+            loadTail(kEndRecordReach);
+            if (!find()) refuseWithoutEnd();
+        }
+        readRecord();
+        return std::move(end_);
+    }
+
+private:
+    [[noreturn]] void refuse(const std::string& text) const { throw ArchiveError(archive_, "", text); }
+
+    void loadTail(std::uint64_t size) {
+        end_.tail.resize(std::min(size, bytes_.size()));
+        end_.tailOffset = bytes_.size() - end_.tail.size();
+        if (!bytes_.read(end_.tailOffset, end_.tail.data(), end_.tail.size())) refuse("its end cannot be read");
+    }
+
+    /// The one record whose comment reaches the end of the archive. What a reader that looks from the other side
+    /// would find first must not differ.
+    bool find() {
+        bool found = false;
+        const std::string_view tail = end_.tail;
+        for (auto at = tail.find(kSignature); at != tail.npos; at = tail.find(kSignature, at + 1)) {
+            if (at + kSize > tail.size() || at + kSize + u16(&tail[at + 20]) != tail.size()) continue;
+            if (found) refuse("it has two end records");
+            found = true;
+            at_ = at;
+        }
+        return found;
+    }
+
+    [[noreturn]] void refuseWithoutEnd() const {
+        const auto at = std::string_view(end_.tail).rfind(kSignature);
+        if (at == std::string::npos || at + kSize > end_.tail.size())
+            refuse("no end record: this is no zip archive, or its end is missing");
+        refuse(fmt::format("the end record promises a comment of {} bytes, but {} bytes follow it",
+                           u16(&end_.tail[at + 20]), end_.tail.size() - at - kSize));
+    }
+
+    void readRecord() {
+        const char* const record = &end_.tail[at_];
+        end_.comment = end_.tail.substr(at_ + kSize);
+        if (end_.comment.find(kSignature) != std::string::npos) refuse("its comment holds a second end record");
+        if (u16(record + 4) != 0 || u16(record + 6) != 0 || u16(record + 8) != u16(record + 10))
+            refuse("it is one part of a split archive, which is not read");
+        end_.members = u16(record + 10);
+        end_.directorySize = u32(record + 12);
+        end_.directoryOffset = u32(record + 16);
+        std::uint64_t directoryEnd = end_.tailOffset + at_;
+        readLocator(directoryEnd);
+        checkDirectory(directoryEnd);
+    }
+
+    /// A zip64 locator stands right before the end record; with one, `directoryEnd` becomes where its record begins.
+    void readLocator(std::uint64_t& directoryEnd) {
+        std::array<char, kLocatorSize> locator;
+        if (directoryEnd < kLocatorSize + kRecord64Size ||
+            !bytes_.read(directoryEnd - kLocatorSize, locator.data(), locator.size()) ||
+            !std::string_view(locator.data(), locator.size()).starts_with(kLocatorSignature))
+            return;
+        if (u32(&locator[4]) != 0 || u32(&locator[16]) != 1)
+            refuse("it is one part of a split archive, which is not read");
+        const std::uint64_t expected = directoryEnd - kLocatorSize - kRecord64Size;
+        if (u64(&locator[8]) != expected)
+            refuse(fmt::format("the zip64 locator points to byte {}, but the zip64 end record must be at {}",
+                               u64(&locator[8]), expected));
+        readRecord64(expected);
+        directoryEnd = expected;
+    }
+
+    void readRecord64(std::uint64_t offset) {
+        std::array<char, kRecord64Size> record;
+        if (!bytes_.read(offset, record.data(), record.size()) ||
+            !std::string_view(record.data(), record.size()).starts_with(kRecord64Signature))
+            refuse(fmt::format("there is no zip64 end record at byte {}, where its locator points", offset));
+        if (u64(&record[4]) != kRecord64Size - 12)
+            refuse(fmt::format("the zip64 end record gives {} as its size instead of {}", u64(&record[4]),
+                               kRecord64Size - 12));
+        if (u32(&record[16]) != 0 || u32(&record[20]) != 0 || u64(&record[24]) != u64(&record[32]))
+            refuse("it is one part of a split archive, which is not read");
+        take("number of members", end_.members, kIn64As16, u64(&record[32]));
+        take("size of the central directory", end_.directorySize, kIn64As32, u64(&record[40]));
+        take("offset of the central directory", end_.directoryOffset, kIn64As32, u64(&record[48]));
+    }
+
+    void take(const char* what, std::uint64_t& value, std::uint64_t in64, std::uint64_t value64) const {
+        if (value != in64 && value != value64)
+            refuse(fmt::format("the {} is {} in the end record and {} in the zip64 one", what, value, value64));
+        value = value64;
+    }
+
+    void checkDirectory(std::uint64_t directoryEnd) const {
+        if (end_.directorySize > directoryEnd || end_.directoryOffset != directoryEnd - end_.directorySize)
+            refuse(
+                fmt::format("a central directory of {} bytes at byte {} does not end at {}, where the end records "
+                            "begin",
+                            end_.directorySize, end_.directoryOffset, directoryEnd));
+        if (end_.members > kMostMembers)
+            refuse(fmt::format("it has {} members; at most {} are read", end_.members, kMostMembers));
+        if (end_.directorySize > kLargestDirectory)
+            refuse(fmt::format("its central directory has {} bytes; at most {} are read", end_.directorySize,
+                               kLargestDirectory));
+    }
+
+    const ByteSource& bytes_;
+    const std::string& archive_;
+    EndRecord end_;
+    std::size_t at_ = 0;  ///< of the end record in the tail
+};
+
+}  // namespace
+
+EndRecord readEndRecord(const ByteSource& bytes, const std::string& archive) {
+    return EndReader(bytes, archive).read();
+}
+
+}  // namespace zip

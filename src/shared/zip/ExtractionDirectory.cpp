@@ -1,0 +1,59 @@
+#include "zip/ExtractionDirectory.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "text/HSTStringUtils.h"
+#include "zip/ArchiveError.h"
+#include "zip/MemberName.h"
+#include "zip/NewFile.h"
+
+namespace zip {
+namespace {
+
+constexpr int kDirectory = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
+[[noreturn]] void fail(const std::string& path, int error) {
+    throw HEXUserException("directory '" + path + "' cannot be used: " + std::generic_category().message(error));
+}
+
+}  // namespace
+
+ExtractionDirectory::ExtractionDirectory(std::string path)
+    : path_(std::move(path)), directory_(::open(path_.c_str(), kDirectory)) {
+    if (!directory_.isOpen()) fail(path_, errno);
+}
+
+Descriptor ExtractionDirectory::openDirectory(std::string_view relativePath) const {
+    Descriptor at(::openat(directory_.get(), ".", kDirectory));
+    if (relativePath.empty()) return at;
+    for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
+        ::mkdirat(at.get(), part.c_str(), 0755);  // what is in the way instead shows when it is opened
+        at = Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
+        if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
+    }
+    return at;
+}
+
+void ExtractionDirectory::extract(const Archive& archive, const Member& member, bool overwrite,
+                                  OutputBudget& budget) const {
+    const std::string name(member.name);
+    if (const auto fault = memberNameFault(name, member.size > 0); !fault.empty())
+        throw ArchiveError(archive.name(), name, "the name " + std::string(fault));
+    if (!member.isPlain()) throw ArchiveError(archive.name(), name, "it is a link or a device, not a file");
+
+    const auto separator = name.rfind('/');
+    const bool isNested = separator != std::string::npos;
+    const Descriptor directory = openDirectory(isNested ? std::string_view(name).substr(0, separator) : "");
+    if (member.isDirectory()) return;
+    NewFile file(directory.get(), isNested ? name.substr(separator + 1) : name, path_ + "/" + name, 0644);
+    archive.copyTo(
+        member, [&file](std::string_view piece) { file.write(piece); }, budget);
+    file.commit(overwrite);
+}
+
+}  // namespace zip

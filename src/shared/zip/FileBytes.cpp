@@ -1,0 +1,86 @@
+#include "zip/FileBytes.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+
+#include "util/HUTEnv.h"
+#include "zip/ArchiveError.h"
+
+namespace {
+
+std::string reason(int error) { return std::generic_category().message(error); }
+
+int openToRead(const std::string& path) {
+    if (path.find('\0') != std::string::npos) throw zip::ArchiveError(path, "", "the path has a NUL in it");
+    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (descriptor < 0) throw zip::ArchiveError(path, "", "cannot be opened: " + reason(errno));
+    return descriptor;
+}
+
+struct stat statusOf(int descriptor) {
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    return status;
+}
+
+}  // namespace
+
+namespace zip {
+
+FileStamp::FileStamp(const struct stat& status)
+    : device(status.st_dev), inode(status.st_ino), size(status.st_size), changed(status.st_mtim) {}
+
+bool FileStamp::operator==(const FileStamp& other) const {
+    return device == other.device && inode == other.inode && size == other.size &&
+           changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
+}
+
+FileBytes::FileBytes(int descriptor) : descriptor_(descriptor), stamp_(statusOf(descriptor)) {}
+
+FileBytes::FileBytes(const std::string& path) : descriptor_(openToRead(path)), stamp_({}) {
+    const struct stat status = statusOf(descriptor_);
+    if (!S_ISREG(status.st_mode)) {
+        ::close(descriptor_);
+        throw ArchiveError(path, "", "is not a regular file");
+    }
+    stamp_ = FileStamp(status);
+}
+
+std::unique_ptr<FileBytes> FileBytes::makeTemporary() {
+    std::string path = HUTEnv::getJUNTmpDir() + "/nested-XXXXXX";
+    const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);
+    if (descriptor < 0) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
+    ::unlink(path.c_str());
+    return std::unique_ptr<FileBytes>(new FileBytes(descriptor));
+}
+
+FileBytes::~FileBytes() { ::close(descriptor_); }
+
+bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) const {
+    if (offset > size() || count > size() - offset) return false;
+    while (count > 0) {
+        const ssize_t got = ::pread(descriptor_, target, count, static_cast<off_t>(offset));
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) return false;  // cut short since it was opened, or a fault of the disk
+        target += got;
+        offset += static_cast<std::uint64_t>(got);
+        count -= static_cast<std::size_t>(got);
+    }
+    return true;
+}
+
+void FileBytes::append(const char* bytes, std::size_t count) {
+    while (count > 0) {
+        const ssize_t put = ::pwrite(descriptor_, bytes, count, stamp_.size);
+        if (put < 0 && errno == EINTR) continue;
+        if (put < 0) throw HEXUserException("a temporary file could not be written: " + reason(errno));
+        bytes += put;
+        stamp_.size += put;
+        count -= static_cast<std::size_t>(put);
+    }
+}
+
+}  // namespace zip

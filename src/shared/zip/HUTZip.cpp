@@ -1,0 +1,43 @@
+#include "zip/HUTZip.h"
+
+#include "msg/HEXAll.h"
+#include "util/HUTFile.h"
+#include "zip/Archive.h"
+#include "zip/ArchiveError.h"
+#include "zip/ExtractionDirectory.h"
+#include "zip/FolderPacker.h"
+
+bool HUTZip::containsFile(const std::string& archive, const std::string& member) {
+    try {
+        return zip::Archive(archive).find(member) != nullptr;
+    } catch (const zip::ArchiveError&) {
+        return false;
+    }
+}
+
+void HUTZip::getFiles(const std::string& archive, HSTVector<std::string>& files) {
+    const zip::Archive opened(archive);
+    files.clear();
+    files.reserve(opened.members().size());
+    for (const zip::Member& member : opened.members()) files.emplace_back(member.name);
+}
+
+bool HUTZip::uncompressDir(const std::string& archive, const std::string& directory, const std::string& destination,
+                           bool overwrite) {
+    const zip::Archive opened(archive);
+    const zip::ExtractionDirectory target(destination);
+    const std::string below = directory.empty() || directory.ends_with('/') ? directory : directory + "/";
+    zip::OutputBudget budget;
+    bool isFound = false;
+    for (const zip::Member& member : opened.members()) {
+        if (!member.name.starts_with(below)) continue;
+        target.extract(opened, member, overwrite, budget);
+        isFound = true;
+    }
+    return isFound;
+}
+
+void HUTZip::compressDir(const std::string& folder, const std::string& archive, bool overwrite) {
+    if (!overwrite && HUTFile::exists(archive)) throw HEXUserException("'" + archive + "' exists already");
+    packFolder(folder, archive);
+}

@@ -1,0 +1,114 @@
+#include "zip/PackedData.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "zip/ArchiveError.h"
+#include "zip/ExtraFields.h"
+#include "zip/LittleEndian.h"
+
+namespace zip {
+namespace {
+
+constexpr std::size_t kHeaderSize = 30;
+/// Read in advance for the extra fields, whose size only the local header tells.
+constexpr std::size_t kSlack = 512;
+/// Bits 1 and 2 tell how hard the packer tried, which writers set as they like.
+constexpr std::uint16_t kFlagsThatCount = 0xFFFF & ~6;
+
+/// Whether `bytes` begin with CRC and sizes, in the width of `Size`.
+template <class Size>
+bool tells(std::string_view bytes, const Member& member) {
+    return bytes.size() >= 4 + 2 * sizeof(Size) && u32(&bytes[0]) == member.crc &&
+           number<Size>(&bytes[4]) == member.packedSize && number<Size>(&bytes[4 + sizeof(Size)]) == member.size;
+}
+
+}  // namespace
+
+PackedData::PackedData(const ByteSource& bytes, const std::string& archive, const Member& member, std::uint64_t block)
+    : bytes_(bytes),
+      archive_(archive),
+      member_(member),
+      block_(static_cast<std::size_t>(std::min(block, member.packedSize))) {
+    const std::uint64_t wanted = kHeaderSize + member.name.size() + kSlack + block_;
+    const auto window = static_cast<std::size_t>(std::min(wanted, member.limit - member.headerOffset));
+    buffer_ = std::make_unique_for_overwrite<char[]>(wanted);
+    if (!bytes_.read(member.headerOffset, buffer_.get(), window)) refuse("it cannot be read from the archive");
+    checkHeader({buffer_.get(), window});
+}
+
+void PackedData::refuse(const std::string& text) const {
+    throw ArchiveError(archive_, std::string(member_.name), text);
+}
+
+void PackedData::checkHeader(std::string_view window) {
+    const char* const header = window.data();
+    if (!window.starts_with("PK\3\4"))
+        refuse(fmt::format("there is no local header at byte {}, where the directory points", member_.headerOffset));
+    const std::size_t nameSize = u16(header + 26), extraSize = u16(header + 28);
+    if (window.substr(kHeaderSize, nameSize) != member_.name) refuse("its local header gives another name");
+    if ((u16(header + 6) ^ member_.flags) & kFlagsThatCount) refuse("its local header gives other flags");
+    if (Method(u16(header + 8)) != member_.method) refuse("its local header gives another method");
+
+    const std::uint64_t before = kHeaderSize + nameSize + extraSize;
+    if (before > member_.limit - member_.headerOffset ||
+        member_.limit - member_.headerOffset - before < member_.packedSize)
+        refuse(fmt::format("its {} packed bytes reach beyond byte {}", member_.packedSize, member_.limit));
+    dataAt_ = member_.headerOffset + before;
+    if (before <= window.size()) {
+        checkSizes(header, window.substr(kHeaderSize + nameSize, extraSize));
+        ready_ = window.substr(before, block_);
+        return;
+    }
+    std::string extraFields(extraSize, '\0');
+    if (!bytes_.read(dataAt_ - extraSize, extraFields.data(), extraSize))
+        refuse("it cannot be read from the archive");
+    checkSizes(header, extraFields);
+}
+
+void PackedData::checkSizes(const char* header, std::string_view extraFields) const {
+    const Zip64Field field = findZip64(extraFields);
+    if (!field.isSound) refuse("the extra fields of its local header are not sound");
+    std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
+    if (packedSize == kIn64As32 || size == kIn64As32) {
+        if (!field.bytes || field.bytes->size() < 16) refuse("the zip64 field of its local header is missing");
+        size = u64(field.bytes->data());
+        packedSize = u64(field.bytes->data() + 8);
+    }
+    const bool follows = member_.hasDescriptor();  // zeros here, the values behind the data
+    const auto agrees = [follows](auto local, auto central) { return local == central || (follows && local == 0); };
+    if (!agrees(size, member_.size) || !agrees(packedSize, member_.packedSize))
+        refuse(fmt::format("its local header gives {} packed bytes of {}, the directory {} of {}", packedSize, size,
+                           member_.packedSize, member_.size));
+    if (!agrees(u32(header + 14), member_.crc)) refuse("its local header gives another CRC");
+}
+
+std::string_view PackedData::next() {
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(block_, member_.packedSize - done_));
+    if (count > 0 && ready_.size() < count) {
+        if (!bytes_.read(dataAt_ + done_, buffer_.get(), count)) refuse("it cannot be read from the archive");
+        ready_ = {buffer_.get(), count};
+    }
+    done_ += count;
+    return std::exchange(ready_, {}).substr(0, count);
+}
+
+void PackedData::checkDescriptor() const {
+    if (!member_.hasDescriptor()) return;
+    const std::uint64_t at = dataAt_ + member_.packedSize;
+    std::array<char, 24> buffer;
+    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), member_.limit - at));
+    if (!bytes_.read(at, buffer.data(), size)) refuse("it cannot be read from the archive");
+    const std::string_view bare(buffer.data(), size);
+    const auto agrees = [this](std::string_view bytes) {
+        return tells<std::uint32_t>(bytes, member_) || tells<std::uint64_t>(bytes, member_);
+    };
+    if (agrees(bare)) return;
+    if (bare.starts_with("PK\7\10") && agrees(bare.substr(4))) return;
+    refuse("the data descriptor behind its data is missing or disagrees with the directory");
+}
+
+}  // namespace zip

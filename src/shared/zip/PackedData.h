@@ -1,0 +1,40 @@
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "zip/ByteSource.h"
+#include "zip/Member.h"
+
+namespace zip {
+
+/// The packed bytes of one member, behind its local header, which must agree with the directory. Throws
+/// `ArchiveError`.
+class PackedData {
+public:
+    /// Reads the header, and up to `block` bytes of data at once.
+    PackedData(const ByteSource& bytes, const std::string& archive, const Member& member, std::uint64_t block);
+
+    /// The next piece of at most `block` bytes; empty at the end. Valid until the next call.
+    std::string_view next();
+    /// After the last piece: the sizes and the CRC that some archives repeat there must agree too.
+    void checkDescriptor() const;
+
+private:
+    void checkHeader(std::string_view window);
+    void checkSizes(const char* header, std::string_view extraFields) const;
+    [[noreturn]] void refuse(const std::string& text) const;
+
+    const ByteSource& bytes_;
+    const std::string& archive_;
+    const Member& member_;
+    const std::size_t block_;
+    std::unique_ptr<char[]> buffer_;
+    std::string_view ready_;    ///< the data that came with the header
+    std::uint64_t dataAt_ = 0;  ///< offset of the packed data
+    std::uint64_t done_ = 0;    ///< packed bytes handed out
+};
+
+}  // namespace zip

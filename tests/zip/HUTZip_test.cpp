@@ -1,0 +1,259 @@
+#include "zip/HUTZip.h"
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <random>
+#include <sstream>
+
+#include "msg/HEXAll.h"
+#include "util/HUTEnv.h"
+#include "util/HUTFile.h"
+#include "util/HUTFileUtils.h"
+#include "zip/Archive.h"
+#include "zip/ArchiveError.h"
+#include "zip/Destination.h"
+#include "zip/NestedArchive.h"
+#include "zip/ZipBuilder.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Tree = std::map<std::string, std::string>;
+
+std::string slurp(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+void write(const std::string& path, const std::string& text) {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+class OnDisk : public testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = HUTFileUtils::uniquifyFilenameInDir(HUTEnv::getJUNTmpDir() + "/zip");
+        fs::create_directories(dir_);
+    }
+    void TearDown() override { EXPECT_TRUE(HUTFile::rmRecursive(dir_)); }
+
+    std::string at(const std::string& name) const { return dir_ + "/" + name; }
+    void writeTree(const std::string& folder, const Tree& tree) const {
+        for (const auto& [name, text] : tree) write(at(folder + "/" + name), text);
+    }
+    Tree readTree(const std::string& folder) const {
+        Tree tree;
+        for (const auto& entry : fs::recursive_directory_iterator(at(folder)))
+            if (!entry.is_directory())
+                tree[entry.path().native().substr(at(folder).size() + 1)] = slurp(entry.path().native());
+        return tree;
+    }
+    std::string dir_;
+};
+
+using PackFolder = OnDisk;
+using Uncompress = OnDisk;
+using Destination = OnDisk;
+
+std::string wordsOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const HEXAll& error) {
+        return error.what();
+    }
+    return "nothing was thrown";
+}
+
+}  // namespace
+
+TEST_F(PackFolder, ComesBackAsItWas) {
+    std::mt19937 random(7);
+    Tree tree{{"empty", ""}, {"g\xC3\xA9n/one", "1"}};
+    for (int i = 0; i < 200; ++i) {
+        std::string text(random() % 70'000, '\0');
+        for (char& c : text) c = static_cast<char>(random() % (i % 2 ? 4 : 256));
+        tree[fmt::format("d{}/f{}", random() % 9, i)] = text;
+    }
+    writeTree("folder", tree);
+    fs::create_directories(at("folder/hollow/inner"));
+    HUTZip::compressDir(at("folder") + "/", at("a.lfa"));
+
+    HSTVector<std::string> files;
+    HUTZip::getFiles(at("a.lfa"), files);
+    EXPECT_TRUE(std::ranges::is_sorted(files));
+    EXPECT_EQ(files.size(), tree.size() + 1);
+    EXPECT_TRUE(HUTZip::containsFile(at("a.lfa"), "hollow/inner/"));
+    fs::create_directory(at("out"));
+    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), false));
+    EXPECT_EQ(readTree("out"), tree);
+    EXPECT_TRUE(HUTFile::isDir(at("out/hollow/inner")));
+}
+
+TEST_F(PackFolder, TheSameBytesWhateverTheFilesLookLike) {
+    const Tree tree{{"a", "one"}, {"b/c", "two"}, {"x.zip/inner", "three"}};
+    writeTree("first", tree);
+    writeTree("second", tree);
+    fs::last_write_time(at("second/a"), fs::file_time_type::clock::now() - std::chrono::hours(1'000'000));
+    fs::permissions(at("second/b/c"), fs::perms::owner_all);
+    HUTZip::compressDir(at("first"), at("1.lfa"));
+    ::setenv("TZ", "Asia/Tokyo", 1);
+    HUTZip::compressDir(at("second"), at("2.lfa"));
+    ::unsetenv("TZ");
+    EXPECT_EQ(slurp(at("1.lfa")), slurp(at("2.lfa")));
+    for (const auto& entry : fs::directory_iterator(dir_)) EXPECT_FALSE(entry.path().native().ends_with(".new"));
+}
+
+TEST_F(PackFolder, FoldersThatAreArchives) {
+    writeTree("folder", {{"lfa.json", "{}"}, {"prj/x.tilprj/arch/til.json", "[]"}, {"a.zip/b.zip/c", "deep"}});
+    HUTZip::compressDir(at("folder"), at("a.lfa"));
+    const zip::Archive archive(at("a.lfa"));
+    ASSERT_EQ(archive.members().size(), 3U);
+    zip::OutputBudget budget;
+    const auto project = zip::openNested(archive, *archive.find("prj/x.tilprj"), budget);
+    EXPECT_EQ(project->read(*project->find("arch/til.json")), "[]");
+    const auto outer = zip::openNested(archive, *archive.find("a.zip"), budget);
+    const auto inner = zip::openNested(*outer, *outer->find("b.zip"), budget);
+    EXPECT_EQ(inner->read(*inner->find("c")), "deep");
+}
+
+TEST_F(PackFolder, RefusesAndLeavesNothing) {
+    writeTree("deep", {{"a.zip/b.zip/c.zip/d", "x"}});
+    writeTree("named", {{"back\\slash", "x"}});
+    writeTree("linked", {{"file", "x"}});
+    fs::create_symlink("file", at("linked/link"));
+    fs::create_directory(at("empty"));
+    writeTree("hollow", {{"file", "x"}});
+    fs::create_directory(at("hollow/x.zip"));
+    const struct {
+        const char *folder, *words;
+    } cases[] = {
+        {"deep", "at most two deep"},
+        {"named", "back slash"},
+        {"linked", "neither a file nor a folder"},
+        {"empty", "empty"},
+        {"hollow", "empty"},
+        {"nowhere", "not a folder"},
+        {"linked/file", "is not a folder"},
+    };
+    write(at("a.lfa"), "as it was");
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.folder);
+        const std::string words = wordsOf([&] { HUTZip::compressDir(at(c.folder), at("a.lfa")); });
+        EXPECT_NE(words.find(c.words), std::string::npos) << words;
+        EXPECT_EQ(slurp(at("a.lfa")), "as it was");
+        EXPECT_FALSE(HUTFile::exists(at("a.lfa.new")));
+    }
+    EXPECT_THROW(HUTZip::compressDir(at("hollow"), at("a.lfa"), false), HEXUserException);
+    EXPECT_THROW(HUTZip::compressDir(at("linked"), at("no/such/a.lfa")), HEXUserException);
+}
+
+TEST_F(Uncompress, OneDirectory) {
+    builder::Zip zip;
+    zip.entries = {builder::Entry("board/a", "A"), builder::Entry("board/deep/b", "B", true),
+                   builder::Entry("board2/c", "C"), builder::Entry("board/none/")};
+    zip.entries[0].mode = 0104777;
+    write(at("a.lfa"), zip.build());
+    fs::create_directory(at("out"));
+    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), true));
+    EXPECT_EQ(readTree("out"), (Tree{{"board/a", "A"}, {"board/deep/b", "B"}}));
+    EXPECT_TRUE(HUTFile::isDir(at("out/board/none")));
+    struct stat status {};
+    ASSERT_EQ(::stat(at("out/board/a").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07133, 0U) << "no set-id, nothing to execute, nothing for others to write";
+
+    write(at("out/board/a"), "changed");
+    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), false), HEXUserException);
+    EXPECT_EQ(slurp(at("out/board/a")), "changed");
+    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "board/", at("out"), true));
+    EXPECT_EQ(slurp(at("out/board/a")), "A");
+    EXPECT_FALSE(HUTZip::uncompressDir(at("a.lfa"), "boar", at("out"), true));
+    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("nowhere"), true), HEXUserException);
+}
+
+TEST_F(Uncompress, NothingLeavesTheDirectory) {
+    write(at("outside/file"), "as it was");
+    fs::create_directory(at("out"));
+    fs::create_directory_symlink("../outside", at("out/link"));
+    fs::create_symlink("../outside/file", at("out/file"));
+    const struct {
+        const char *name, *words;
+        std::uint32_t mode;
+    } cases[] = {
+        {"../outside/file", "'..'", 0100644},   {"/tmp/zr", "is absolute", 0100644},
+        {"a\\..\\b", "back slash", 0100644},    {"link/file", "cannot be used", 0100644},
+        {"new", "a link or a device", 0120777}, {"data/", "has data", 0100644},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        builder::Zip zip;
+        zip.entries = {builder::Entry(c.name, "hostile")};
+        zip.entries[0].mode = c.mode;
+        write(at("a.lfa"), zip.build());
+        const std::string words = wordsOf([&] { HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true); });
+        EXPECT_NE(words.find(c.words), std::string::npos) << words;
+    }
+    builder::Zip zip;
+    zip.entries = {builder::Entry("file", "new")};
+    write(at("a.lfa"), zip.build());
+    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true));
+    EXPECT_FALSE(fs::is_symlink(at("out/file"))) << "the link is replaced, not followed";
+    EXPECT_EQ(readTree("outside"), (Tree{{"file", "as it was"}}));
+    fs::remove(at("out/link"));
+    EXPECT_EQ(readTree("out"), (Tree{{"file", "new"}})) << "nothing half written stays";
+}
+
+TEST_F(Uncompress, ADamagedMemberLeavesNoFile) {
+    builder::Zip zip;
+    zip.entries = {builder::Entry("x", std::string(1'000'000, 'x'))};
+    zip.entries[0].packed.back() = 'y';
+    write(at("a.lfa"), zip.build());
+    fs::create_directory(at("out"));
+    write(at("out/x"), "as it was");
+    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true), HEXDataException);
+    EXPECT_EQ(readTree("out"), (Tree{{"x", "as it was"}}));
+}
+
+TEST_F(Uncompress, QuestionsToWhatIsNoArchive) {
+    write(at("text"), "no archive");
+    HSTVector<std::string> files;
+    for (const std::string& path : {at("text"), at("nowhere"), dir_}) {
+        SCOPED_TRACE(path);
+        EXPECT_FALSE(HUTZip::containsFile(path, "x"));
+        EXPECT_THROW(HUTZip::getFiles(path, files), HEXDataException);
+        EXPECT_THROW(HUTZip::uncompressDir(path, "", dir_, true), HEXDataException);
+    }
+}
+
+TEST_F(Destination, WholeOrNotAtAll) {
+    using Take = std::function<void(std::string_view)>;
+    const auto fill = [](const Take& take) { take("one "), take("two"); };
+    const auto failing = [](const Take& take) {
+        take("half");
+        throw HEXDataException("stop");
+    };
+    zip::writeDestination(at("new"), fill);
+    EXPECT_EQ(slurp(at("new")), "one two");
+    EXPECT_THROW(zip::writeDestination(at("new"), failing), HEXDataException);
+    EXPECT_EQ(slurp(at("new")), "one two");
+    EXPECT_THROW(zip::writeDestination(at("other"), failing), HEXDataException);
+
+    write(at("real"), "old");
+    fs::create_symlink("real", at("link"));
+    zip::writeDestination(at("link"), fill);
+    EXPECT_TRUE(fs::is_symlink(at("link")));
+    EXPECT_EQ(slurp(at("real")), "one two");
+    zip::writeDestination("/dev/null", fill);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    for (const std::string& path : {dir_, at("no/such"), at("real/x"), at("dir/"), std::string()})
+        EXPECT_THROW(zip::writeDestination(path, fill), HEXUserException) << path;
+    EXPECT_EQ(readTree("").size(), 3U) << "new, real, link; nothing half written";
+}
