@@ -69,7 +69,8 @@ TEST_F(HpfmReader, KeepsWhatIsThereButTheDescription) {
 
 TEST_F(HpfmReader, Clocks) {
     ASSERT_TRUE(HTEQHpfmReader(hpfm(""), &platform_).parseStream());
-    EXPECT_EQ(platform_.getDefaultClkId(), 3);
+    ASSERT_NE(platform_.getDefaultClock(), nullptr);
+    EXPECT_EQ(platform_.getDefaultClock()->getOrigName(), "clk_a");
     const auto clocks = all(platform_.createSystemClockIter());
     ASSERT_EQ(clocks.size(), 2U);
     EXPECT_EQ(clocks[0]->getName(), "PL 3");
