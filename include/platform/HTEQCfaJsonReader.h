@@ -1,4 +1,5 @@
 #pragma once
+#include <boost/property_tree/ptree_fwd.hpp>
 #include <string>
 
 #include "platform/HwMetadataMode.h"
@@ -44,6 +45,7 @@ public:
     bool readHpfmNocConnectivity(const std::string& hpfm);
 
 private:
+    void parseRoot_(const boost::property_tree::ptree& document);
     bool parseMember(const std::string& archive, const std::string& member);
 
     HPLPlatform* platform_;

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <string>
 
 #include "text/HSTVector.h"
@@ -10,6 +11,14 @@ class ZR_API HUTZip {
 public:
     /// Whether the archive has this member. False, too, for a file that is missing or no archive. Never throws.
     static bool containsFile(const std::string& archive, const std::string& member);
+
+    struct Member {
+        std::string name;              ///< as it stands in the archive: a stranger's text
+        std::uint64_t size = 0;        ///< in bytes, as the archive declares it
+        std::uint64_t packedSize = 0;  ///< in the archive
+    };
+    /// All members in the order of their names.
+    static HSTVector<Member> members(const std::string& archive);
 
     /// Puts the names of all members into `files`, in the order of the archive, those of directories with their "/".
     static void getFiles(const std::string& archive, HSTVector<std::string>& files);

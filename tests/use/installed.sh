@@ -15,6 +15,10 @@ export PKG_CONFIG_PATH=$(dirname "$(find "$scratch/prefix" -name zr_platform.pc)
 cc -std=c11 -Wall -Werror "$source/examples/c/describe.c" -o "$scratch/describe" $(pkg-config --cflags --libs zr_platform)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/describe" "$sample" | grep '"vendor": "torvane"'
 
+sed -n '/^```cpp$/,/^```$/p' "$source/docs/interface.md" | grep -v '^```' >"$scratch/page.cpp"
+c++ -std=c++20 -Wall -Wextra -Werror "$scratch/page.cpp" -o "$scratch/page" $(pkg-config --cflags --libs zr_platform)
+(cd "$scratch" && LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) ./page "$sample" && grep -q repository out.hpfm)
+
 library=$(find "$scratch/prefix" -name 'libzr_platform.so.*.*.*')
 readelf -d "$library" | grep -F 'SONAME' | grep -F 'libzr_platform.so.2026'
 # Nothing but the public names: the three C functions, and members, type information and tables of public classes.

@@ -24,8 +24,7 @@ Problem problemOf(Exit exit, const std::string& file, const std::string& text) {
     return problem;
 }
 
-std::string besideOf(const std::string& destination) {
-    const std::string ext = HUTFile::getExt(destination);
+std::string besideOf(const std::string& destination, const std::string& ext) {
     const std::string name = destination == "-" ? HUTEnv::getJUNTmpDir() + "/output" : destination;
     return HUTFileUtils::uniquifyFilenameInDir(name + "." + std::to_string(getpid()) + ".part" +
                                                (ext.empty() ? "" : "." + ext));
@@ -40,13 +39,13 @@ void toStandardOutput(const std::string& path) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& destination, bool overwrite)
+OutputFile::OutputFile(const std::string& destination, bool overwrite, const std::string& ext)
     : destination_(destination), overwrite_(overwrite) {
     if (destination != "-" && !overwrite && HUTFile::exists(destination))
         throw problemOf(Exit::no, destination, "is there already; --force overwrites it");
     if (destination != "-" && !HUTFile::isDir(HUTFile::getParent(destination)))
         throw problemOf(Exit::environment, HUTFile::getParent(destination), "no such directory");
-    path_ = besideOf(destination);
+    path_ = besideOf(destination, ext.empty() ? HUTFile::getExt(destination) : ext);
 }
 
 OutputFile::~OutputFile() { HUTFile::rm(path_); }

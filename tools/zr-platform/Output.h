@@ -4,13 +4,14 @@
 /// A result that is written beside its destination and renamed over it when it is whole; "-" is standard output.
 class OutputFile {
 public:
-    /// Throws a `Problem` when `destination` is there and may not be overwritten.
-    OutputFile(const std::string& destination, bool overwrite);
+    /// `ext`: of the name to write to; empty for the destination's. Throws a `Problem` when `destination` is there and
+    /// may not be overwritten.
+    OutputFile(const std::string& destination, bool overwrite, const std::string& ext = "");
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;
     ~OutputFile();
 
-    /// Where to write: a name that nothing stands at, with the destination's extension.
+    /// Where to write: a name that nothing stands at.
     const std::string& path() const { return path_; }
     /// Puts what was written at `path` into its place.
     void commit();

@@ -14,6 +14,7 @@
 #include <platform/HTEQHardwareBusInterface.h>
 #include <platform/HTEQSystemClock.h>
 #include <platform/HTEQTilPartition.h>
+#include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
 #include "Text.h"
@@ -129,6 +130,14 @@ void showTilPartitions(Text& text, const HPLPlatform& platform) {
     text.rows("tile partitions", {"name", ">first column", ">columns", "UUID", "interface"}, rows);
 }
 
+/// The size of a listed file; a folder of the archive has none.
+std::string sizeOf(const std::map<std::string, std::string>& sizes, const std::string& name) {
+    const auto at = sizes.find(name);
+    if (at != sizes.end()) return at->second;
+    const auto inside = sizes.lower_bound(name + "/");
+    return inside != sizes.end() && inside->first.starts_with(name + "/") ? "folder" : "missing";
+}
+
 void showFiles(Text& text, const HPLPlatform& platform) {
     std::map<std::string, std::string> sizes;
     for (const HUTZip::Member& member : HUTZip::members(platform.getPlatformFile()))
@@ -136,8 +145,8 @@ void showFiles(Text& text, const HPLPlatform& platform) {
     const std::string directory = platform.isChildHardwareEmuPlatform() ? platform.getHwEmuDir() + "/" : "";
     Rows rows;
     for (const HPLFile* file : all(platform.createFileVecIter())) {
-        const auto size = sizes.find(directory + file->getName());
-        rows.push_back({file->getType(), size == sizes.end() ? "missing" : size->second, directory + file->getName()});
+        const std::string name = directory + file->getName();
+        rows.push_back({file->getType(), sizeOf(sizes, name), name});
     }
     text.rows("files in the archive", {"type", ">bytes", "member"}, rows);
 }

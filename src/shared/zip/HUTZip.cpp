@@ -1,5 +1,7 @@
 #include "zip/HUTZip.h"
 
+#include <algorithm>
+
 #include "msg/HEXAll.h"
 #include "util/HUTFile.h"
 #include "zip/Archive.h"
@@ -13,6 +15,16 @@ bool HUTZip::containsFile(const std::string& archive, const std::string& member)
     } catch (const zip::ArchiveError&) {
         return false;
     }
+}
+
+HSTVector<HUTZip::Member> HUTZip::members(const std::string& archive) {
+    const zip::Archive opened(archive);
+    HSTVector<Member> members;
+    members.reserve(opened.members().size());
+    for (const zip::Member& member : opened.members())
+        members.push_back({std::string(member.name), member.size, member.packedSize});
+    std::sort(members.begin(), members.end(), [](const Member& a, const Member& b) { return a.name < b.name; });
+    return members;
 }
 
 void HUTZip::getFiles(const std::string& archive, HSTVector<std::string>& files) {

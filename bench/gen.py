@@ -1,0 +1,121 @@
+#!/usr/bin/env python3
+"""Seeded inputs of the benchmarks.  usage: gen.py OUTDIR"""
+import json
+import os
+import random
+import sys
+import zipfile
+
+OUT = sys.argv[1]
+RANDOM = random.Random(42)
+WORDS = "axi clk rst ddr mem bus core slr dma irq host ctrl data stream noc gth pcie hbm cfg dbg mux arb fifo".split()
+NAMESPACE = 'xmlns:teq="urn:torvane:teq:platform:1.0"'
+
+
+def name(words=3):
+    return "_".join(RANDOM.choice(WORDS) for _ in range(words)) + "_%d" % RANDOM.randrange(1000)
+
+
+def segment(k):
+    return {"baseName": "C%d_DDR" % k, "index": str(k), "memoryInstance": name(2), "auto": "false", "spTag": "bank%d" % k,
+            "slr": "SLR%d" % (k % 3), "maxMasters": "15", "name": name(), "instRef": "/" + name(),
+            "region": "0x%016x" % RANDOM.getrandbits(64), "readBwUsed": str(RANDOM.randrange(20000)),
+            "writeBwUsed": str(RANDOM.randrange(20000)), "interleave": "0"}
+
+
+def bus(i):
+    return {"name": "M%03d_%s" % (i, name(2)), "mode": RANDOM.choice(["master", "slave"]),
+            "instRef": "/static_region/%s/%s" % (name(), name(2)), "compRef": name(2),
+            "typeRef": "torvane.com:interface:aximm:1.0", "interfaceRef": "aximm_rtl", "clockRef": name(2),
+            "memPort": "MC_%d" % (i % 4), "spTag": "DDR[%d]" % (i % 4), "category": "noc",
+            "dataWidth": str(RANDOM.choice([32, 64, 128, 512])),
+            "addressSegments": [segment(k) for k in range(RANDOM.randrange(1, 4))]}
+
+
+def parameter():
+    return {"name": "CONFIG." + name(), "value": str(RANDOM.randrange(1 << 30)), "valid": "true", "compRef": name(2),
+            "instRef": "/" + name()}
+
+
+def metadata(size):
+    """A hardware document of about `size` bytes."""
+    document = {
+        "generatedChangeList": "3526262", "generatedName": "Torvane", "generatedVersion": "2026.1",
+        "vendor": "torvane.com", "boardId": "u77", "name": "gen3x16_sample_1", "versionMajor": "2026",
+        "versionMinor": "1", "hostArchitecture": "x86_64", "hostInterface": "pcie", "platformState": "impl",
+        "unifiedPlatform": "true", "usesPR": "true", "expandablePlatform": "true", "hardware": "true",
+        "designIntent": {key: {"value": "true", "explicit": "true"}
+                         for key in ("dataCenter", "embedded", "externalHost", "serverManaged")},
+        "resources": [{"type": kind, "count": str(RANDOM.randrange(100000))} for kind in ("BRAM", "DSP", "LUT", "FF")],
+        "devices": [{"name": "fpga0", "type": "fpga", "fpgaPart": "tzvirtu:tzu77:fsvh2104:-2:e", "numSLRs": "3",
+                     "core": {"name": "OCL_REGION_0", "numComputeUnits": "60"}}],
+        "memories": [{"name": "bank%d" % i, "type": "ddr4", "size": "16GB"} for i in range(4)],
+        "files": [{"name": "prj/%s.tcl" % name(), "type": "T%02d" % i, "usedIn": "synthesis"} for i in range(40)],
+        "systemClocks": [{"name": name(2), "frequency": "%d.000000" % RANDOM.randrange(50, 600), "id": str(i),
+                          "status": "scalable"} for i in range(6)],
+        "busInterfaces": [], "ipParameters": [],
+    }
+    length, i = len(json.dumps(document, indent=4)), 0
+    while length < size:
+        key, item = ("ipParameters", parameter()) if i % 2 else ("busInterfaces", bus(i))
+        document[key].append(item)
+        text = json.dumps(item, indent=4)
+        length += len(text) + 8 * (text.count("\n") + 1)
+        i += 1
+    return json.dumps(document, indent=4).encode() + b"\n"
+
+
+def descriptor(archive):
+    return ('<?xml version="1.0" encoding="UTF-8"?>\n<teq:platform %s teq:vendor="torvane" teq:library="u77" '
+            'teq:name="sample" teq:version="1.0">\n  <teq:description>sample</teq:description>\n'
+            '  <teq:hardwarePlatforms>\n    <teq:hardwarePlatform teq:path="." teq:name="%s"/>\n'
+            '  </teq:hardwarePlatforms>\n  <teq:softwarePlatforms>\n'
+            '    <teq:softwarePlatform teq:path="." teq:name="sample.spfm"/>\n  </teq:softwarePlatforms>\n'
+            '</teq:platform>\n' % (NAMESPACE, archive)).encode()
+
+
+SOFTWARE = ('<?xml version="1.0" encoding="UTF-8"?>\n<teq:platform %s teq:vendor="torvane" teq:library="u77" '
+            'teq:name="sample" teq:version="1.0">\n  <teq:description>sample</teq:description>\n'
+            '  <teq:systemConfigurations>\n    <teq:configuration teq:name="linux" teq:displayName="Linux">\n'
+            '      <teq:description>Linux</teq:description>\n    </teq:configuration>\n'
+            '  </teq:systemConfigurations>\n</teq:platform>\n' % NAMESPACE).encode()
+
+
+def script(size):
+    lines = []
+    while size > 0:
+        lines.append("set_property -dict {%s %d} [get_bd_cells /%s]\n" % (name(), RANDOM.randrange(1 << 20), name()))
+        size -= len(lines[-1])
+    return "".join(lines).encode()
+
+
+def bitstream(size):
+    """Half random, a quarter runs of zeros, in pieces of 4 KiB."""
+    return b"".join(RANDOM.randbytes(4096) if RANDOM.random() < 0.75 else bytes(4096) for _ in range(size // 4096))
+
+
+def archive(path, document, members, big):
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=6) as made:
+        text = script(200_000)
+        for i in range(members - 2):
+            made.writestr("prj/src/%04d_%s.tcl" % (i, name()), text[i * 20:i * 20 + RANDOM.randrange(2000, 20_000)])
+            if i == members // 2:
+                made.writestr("lfa.json", document)
+        made.writestr("bit/full.bit", bitstream(big), zipfile.ZIP_DEFLATED, 1)
+
+
+def put(file, content):
+    with open(os.path.join(OUT, file), "wb") as made:
+        made.write(content)
+
+
+os.makedirs(OUT, exist_ok=True)
+put("sample.spfm", SOFTWARE)
+documents = {"40k": metadata(40_000), "400k": metadata(400_000), "4m": metadata(4_000_000)}
+for size, document in documents.items():
+    put("m%s.json" % size, document)
+for base, size, members, big in (("a400k", "400k", 60, 3_000_000), ("a40k", "40k", 60, 3_000_000),
+                                 ("a4m", "4m", 60, 3_000_000), ("a5000", "400k", 5000, 3_000_000),
+                                 ("abig", "40k", 60, 66_000_000)):
+    archive(os.path.join(OUT, base + ".lfa"), documents[size], members, big)
+    put(base + ".zdf", descriptor(base + ".lfa"))

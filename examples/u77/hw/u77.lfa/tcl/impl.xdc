@@ -1,0 +1,2 @@
+create_pblock pblock_dynamic_SLR0
+resize_pblock pblock_dynamic_SLR0 -add {CLOCKREGION_X0Y0:CLOCKREGION_X6Y3}

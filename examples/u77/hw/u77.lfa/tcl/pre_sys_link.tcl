@@ -1,0 +1,2 @@
+# Runs before the system link.
+set_param compiler.lockFlowCriticalPath true

@@ -1,0 +1,61 @@
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "text/ZrApi.h"
+
+class HTEQHardwareBusInterface;
+class HTEQHardwarePlatform;
+namespace WELHardwarePlatform {
+struct BusInterface;
+struct BusInterfaceAddressSegment;
+struct Component;
+struct NocConnectivity;
+struct Parameter;
+struct Repository;
+struct SystemClocks;
+}  // namespace WELHardwarePlatform
+namespace xml {
+class Exception;
+}
+
+/// Fills a hardware platform from hpfm, given as a text or as a file. Nothing reaches the platform from hpfm that is
+/// not valid as a whole. Of each failure the words are printed on standard output and kept.
+class ZR_API HTEQHpfmReader {
+public:
+    /// An empty text prints a warning on standard output; the reader can still parse a file. `platform` stays the
+    /// caller's.
+    HTEQHpfmReader(std::string hpfm, HTEQHardwarePlatform* platform);
+
+    void setPlatformFile(const std::string& file) { file_ = file; }
+    /// Parses the file and makes it the platform's file. False when it is not there or not valid; of the latter
+    /// message
+    /// "@74-12@" is sent.
+    bool parseFile();
+    /// Parses the text. False when it is not valid; message "@74-31@" is then sent.
+    bool parseStream();
+    /// Parse the text, and add only the component's bus interfaces, or only its NoC connectivity. They fail as
+    /// `parseStream` does.
+    bool parseBusInterfaces();
+    bool parseNocConnectivity();
+
+    /// Fills the platform. Vendor, board id and name are set only where they are empty; the description always.
+    void parseRepository(const WELHardwarePlatform::Repository& record);
+
+    const std::string& getErrorMsg() const { return errorMsg_; }
+
+private:
+    std::optional<WELHardwarePlatform::Repository> readStream_();
+    void parseComponent_(const WELHardwarePlatform::Component& record);
+    void parseSystemClocks_(const WELHardwarePlatform::SystemClocks& record);
+    void parseParam_(const WELHardwarePlatform::Parameter& record);
+    void parseNocConnectivity_(const WELHardwarePlatform::NocConnectivity& record);
+    void parseBusInterface_(const WELHardwarePlatform::BusInterface& record, HTEQHardwareBusInterface& to);
+    void parseAddressSegment_(const WELHardwarePlatform::BusInterfaceAddressSegment& record,
+                              HTEQHardwareBusInterface& to);
+
+    std::string hpfm_;
+    HTEQHardwarePlatform* platform_;
+    std::string file_, errorMsg_;
+};

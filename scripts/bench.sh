@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# The figures of docs/performance.md, on inputs made by bench/gen.py. usage: bench.sh [ROUNDS]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+rounds=${1:-60}
+bin=$PWD/build/bench/bench
+data=$PWD/build/bench-data
+[ -f "$data/abig.zdf" ] || python3 bench/gen.py "$data"
+cd "$data"
+
+documents() { # TITLE BASE
+    echo "== $1"
+    "$bin/interleave" "$rounds" floor "$bin/floor $2.zdf $2.lfa" -- ours "$bin/document $2.zdf" -- \
+        "ours, short" "$bin/document $2.zdf short" -- plain "$bin/plain $2.zdf $2.lfa" -- \
+        "unzip | jq" "unzip -p $2.lfa lfa.json | jq ."
+}
+documents "document, 400 KB of metadata" a400k
+documents "document, 40 KB of metadata" a40k
+documents "document, 4 MB of metadata" a4m
+echo "== start of a process"
+"$bin/interleave" $((rounds * 4)) "plain C++" "$bin/empty" -- "linked with the library" "$bin/linked"
+if command -v strace >/dev/null; then
+    echo "== system calls on the archive, one request"
+    strace -y -o trace "$bin/document" a400k.zdf >/dev/null
+    echo "openat of the archive: $(grep -c 'openat(.*a400k\.lfa' trace)"
+    echo "all calls that name it: $(grep -c 'a400k\.lfa' trace)"
+fi
+echo "== parts of the library"
+"$bin/bench_library" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \
+    2>/dev/null | grep -E 'median|^Bench'

@@ -1,0 +1,5 @@
+#!/usr/bin/env bash
+# Rewrites what is made from the tables: the tool's reference page.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+build/release/tools/zr-platform/zr-platform --reference markdown >docs/zr-platform.md

@@ -1,0 +1,12 @@
+#pragma once
+#include <string>
+
+#include "json/JsonText.h"
+
+namespace json {
+
+/// Fills `tree` with the document in a regular file of at most 32 MiB. Throws `json_parser_error` with the file's
+/// name when it cannot be read or is no JSON within the limits; `tree` is then as it was.
+void parseFile(const std::string& file, ptree& tree, const Limits& limits = kStrangers);
+
+}  // namespace json

@@ -1,0 +1,153 @@
+#include "platform/HTEQCfaJsonReader.h"
+
+#include <exception>
+#include <memory>
+
+#include "archive/MemberSource.h"
+#include "hardware/HardwareKeys.h"
+#include "json/JsonFile.h"
+#include "msg/ComMsgMgr.h"
+#include "platform/HPLFile.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQEmulationJsonReader.h"
+#include "platform/HTEQEmulationXMLReader.h"
+#include "platform/HTEQEmulations.h"
+#include "platform/HTEQHpfmReader.h"
+#include "util/HUTFile.h"
+#include "zip/ArchiveError.h"
+
+namespace {
+
+using json::ptree;
+using Mode = HTEQCfaJsonReader::HwMetadataMode;
+
+/// The JSON member of the two that the mode allows; empty when the archive has none.
+std::string chosen(const std::string& archive, Mode mode, const std::string& primary, const std::string& alternative) {
+    if (mode == Mode::XmlOnly) return "";
+    try {
+        const auto source = archive::openArchive(archive);
+        if (mode == Mode::Default && source->contains(alternative)) return alternative;
+        return source->contains(primary) ? primary : "";
+    } catch (const zip::ArchiveError&) {
+        return "";
+    }
+}
+
+const ptree* listAt(const ptree& document, const char* key) {
+    const auto at = document.find(key);
+    return at == document.not_found() ? nullptr : &at->second;
+}
+
+/// What the emulation targets of a listed file say of the platform.
+void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
+    for (const HTEQEmulation* emulation : emulations.getEmulations())
+        for (const HTEQEmulationFile* file : emulation->getFiles()) {
+            if (file->getType() == "EMU_HPFM") platform.setSupportsHWEmulation(true);
+            if (file->getType() == "TOP_BD") platform.setSupportsTwoHwEmuBd(true);
+        }
+}
+
+void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
+    const auto [begin, end] = platform.getFileVecRange();
+    for (auto it = begin; it != end; ++it) {
+        HTEQEmulations emulations;
+        if ((*it)->getType() == "EMU_XML")
+            HTEQEmulationXMLReader::parseFromCfa(archive, (*it)->getName(), &emulations);
+        else if ((*it)->getType() == "EMU_JSON")
+            HTEQEmulationJsonReader::parseFromCfa(archive, (*it)->getName(), &emulations);
+        takeEmulations(emulations, platform);
+    }
+}
+
+}  // namespace
+
+bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
+    if (archive.empty() || !HUTFile::exists(archive)) {
+        ComMsgMgr::sendMsg("@74-66@%s", archive);
+        return false;
+    }
+    archive_ = archive;
+    platform_->setPlatformFile(HUTFile::getCanonicalName(archive));
+    member = chosen(archive, mode, platform_->getJsonFileName(), platform_->getAltJsonFileName());
+    return !member.empty();
+}
+
+bool HTEQCfaJsonReader::canParseHwEmu(const std::string& archive, Mode mode, std::string& member) {
+    if (!canParse(archive, mode, member)) return false;
+    const auto contains = [&](const std::string& name) { return archive::openArchive(archive)->contains(name); };
+    member = platform_->getHwEmuJsonFileName();
+    if (contains(member)) return true;
+    member = platform_->getAltHwEmuJsonFileName();
+    return mode == Mode::Default && contains(member);
+}
+
+bool HTEQCfaJsonReader::parseCFA(const std::string& archive, Mode mode) {
+    std::string member;
+    return canParse(archive, mode, member) && parseMember(archive, member);
+}
+
+bool HTEQCfaJsonReader::parseHwEmuLFA(const std::string& archive, Mode mode) {
+    std::string member;
+    if (!canParseHwEmu(archive, mode, member) || !parseMember(archive, member)) return false;
+    platform_->setIsChildHardwareEmuPlatform(true);
+    return true;
+}
+
+bool HTEQCfaJsonReader::parseMember(const std::string& archive, const std::string& member) {
+    member_ = member;
+    try {
+        const std::optional<std::string> text = archive::openArchive(archive)->read(member);
+        return text && parseJsonString(*text);
+    } catch (const std::exception& e) {
+        ComMsgMgr::sendMsg("@74-64@%s%s%s", member, archive, e.what());
+    } catch (...) {
+        ComMsgMgr::sendMsg("@74-63@%s%s", member, archive);
+    }
+    return false;
+}
+
+bool HTEQCfaJsonReader::parseFile(const std::string& file) {
+    if (!HUTFile::isFile(file)) return false;
+    ptree document;
+    json::parseFile(file, document);
+    parseRoot_(document);
+    return true;
+}
+
+bool HTEQCfaJsonReader::parseJsonString(const std::string& text) {
+    if (text.empty()) return false;
+    ptree document;
+    json::parse(text, member_, document);
+    parseRoot_(document);
+    return true;
+}
+
+void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
+    hardware::readDocument(document, *platform_);
+    readEmulationFiles(archive_, *platform_);
+    const std::string hpfm = getHpfmStr();
+    if (const ptree* list = listAt(document, "busInterfaces"); !readHpfmBusInterfaces(hpfm) && list)
+        hardware::readBusInterfaces(*list, *platform_);
+    if (const ptree* list = listAt(document, "nocConnectivity"); !readHpfmNocConnectivity(hpfm) && list)
+        hardware::readNocConnectivity(*list, *platform_);
+    if (const ptree* list = listAt(document, "ipParameters")) hardware::readIPParams(*list, *platform_);
+}
+
+std::string HTEQCfaJsonReader::getHpfmFile() const {
+    const HPLFile* file = platform_->findFile("HPFM");
+    if (!file || archive_.empty()) return "";
+    return archive::openArchive(archive_)->contains(file->getName()) ? file->getName() : "";
+}
+
+std::string HTEQCfaJsonReader::getHpfmStr() const {
+    const std::string member = getHpfmFile();
+    return member.empty() ? "" : archive::openArchive(archive_)->read(member).value_or("");
+}
+
+bool HTEQCfaJsonReader::readHpfmBusInterfaces(const std::string& hpfm) {
+    return !hpfm.empty() && HTEQHpfmReader(hpfm, platform_).parseBusInterfaces();
+}
+
+bool HTEQCfaJsonReader::readHpfmNocConnectivity(const std::string& hpfm) {
+    return !hpfm.empty() && HTEQHpfmReader(hpfm, platform_).parseNocConnectivity();
+}

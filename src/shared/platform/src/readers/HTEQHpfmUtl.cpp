@@ -1,0 +1,88 @@
+#include "platform/HTEQHpfmUtl.h"
+
+#include <optional>
+
+#include "msg/HEXAll.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQHpfmReader.h"
+#include "records/TEQHpfmLMX.h"
+#include "util/HUTPathUtils.h"
+#include "util/WholeFile.h"
+#include "xml/XmlReader.h"
+#include "xml/XmlWriter.h"
+
+namespace {
+
+using WELHardwarePlatform::BusInterface;
+using WELHardwarePlatform::Repository;
+
+constexpr const char* kPreferred = "preferred";
+
+/// Whether a linker may assign the bank by itself.
+bool isAutomatic(const WELHardwarePlatform::BusInterfaceAddressSegment& segment) {
+    return segment.auto_.isSet() && segment.auto_.get() != "false";
+}
+
+std::optional<Repository> readHpfm(const std::string& file) {
+    try {
+        return xml::readFile(WELHardwarePlatform::kDocument, file);
+    } catch (const xml::Exception& e) {
+        ComMsgMgr::sendMsg("@74-260@%s%s%s", file, e.line(), e.what());
+        return std::nullopt;
+    }
+}
+
+/// Whether the record was changed and is to be written. False as well when it is not clear which memory is meant.
+bool repair(Repository& repository) {
+    bool changed = false;
+    for (BusInterface& interface : repository.component.busInterfaces) {
+        if (interface.componentRef.get() != HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM) continue;
+        if (changed) {
+            ComMsgMgr::sendMsg("@74-261@");
+            return false;
+        }
+        changed = HTEQHpfmUtl::areSomeButNotAllAddressSegmentsPreferred(interface);
+        if (changed) HTEQHpfmUtl::markAllTrueAddressSegmentsPreferred(interface);
+    }
+    return changed;
+}
+
+void writeHpfm(const std::string& file, const Repository& repository) {
+    try {
+        wholefile::replace(file, xml::write(WELHardwarePlatform::kDocument, repository));
+    } catch (const HEXUserException&) {
+        throw HXMLException(ComMsgMgr::make("@74-10@%s", file));
+    } catch (const xml::Exception& e) {
+        throw HXMLException(ComMsgMgr::make("@74-15@%s%s%s%s", file, e.what(), "platform"));
+    }
+}
+
+}  // namespace
+
+void HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(const std::string& file) {
+    HPLPlatform scratch;
+    HTEQHpfmReader reader("NormalizeMemoryBanks", &scratch);
+    if (!HUTPathUtils::exists(file)) {
+        ComMsgMgr::sendMsg("@74-12@", "File: " + file + " doesn't exist.\n");
+        return;
+    }
+    std::optional<Repository> repository = readHpfm(file);
+    if (!repository) return;
+    reader.parseRepository(*repository);  // warns of banks of several memories
+    if (repair(*repository)) writeHpfm(file, *repository);
+}
+
+bool HTEQHpfmUtl::areSomeButNotAllAddressSegmentsPreferred(const BusInterface& interface) {
+    std::size_t automatic = 0, preferred = 0;
+    for (const auto& segment : interface.addressSegments) {
+        if (!isAutomatic(segment)) continue;
+        ++automatic;
+        if (segment.auto_.get() == kPreferred) ++preferred;
+    }
+    return preferred > 0 && preferred < automatic;
+}
+
+void HTEQHpfmUtl::markAllTrueAddressSegmentsPreferred(BusInterface& interface) {
+    for (auto& segment : interface.addressSegments)
+        if (isAutomatic(segment)) segment.auto_.set(kPreferred);
+}

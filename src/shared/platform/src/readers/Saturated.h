@@ -1,0 +1,12 @@
+#pragma once
+#include <limits>
+#include <utility>
+
+/// `value`, or the nearest one that `T` can hold.
+template <class T, class V>
+T saturated(V value) {
+    using Limits = std::numeric_limits<T>;
+    if (std::cmp_less(value, Limits::min())) return Limits::min();
+    if (std::cmp_greater(value, Limits::max())) return Limits::max();
+    return static_cast<T>(value);
+}

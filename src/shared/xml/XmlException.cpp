@@ -1,0 +1,35 @@
+#include "xml/XmlException.h"
+
+#include <fmt/format.h>
+
+namespace xml {
+
+Exception::~Exception() = default;
+
+std::string Exception::describe() const {
+    const Place& at = place();
+    if (at.line == 0) return fmt::format("{}: {}", at.file, what());
+    return fmt::format("{}:{}:{}: {}", at.file, at.line, at.column, what());
+}
+
+std::string shown(std::string_view text) {
+    constexpr std::size_t kLongest = 60;
+    const bool cut = text.size() > kLongest;
+    if (cut) {
+        std::size_t end = kLongest;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not inside a character
+        text = text.substr(0, end);
+    }
+    std::string result;
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte < 0x20 || byte == 0x7F)
+            result += fmt::format("\\x{:02x}", byte);
+        else
+            result += c;
+    }
+    if (cut) result += "...";
+    return result;
+}
+
+}  // namespace xml

@@ -1,0 +1,48 @@
+#pragma once
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <vector>
+
+namespace xml {
+
+/// Where something stands in a document. Line and column count from 1, columns in characters; both are 0 when a fault
+/// has no place in the text, as of a file that cannot be read or a record that cannot be written.
+struct Place {
+    std::string file;
+    std::uint64_t offset = 0;  ///< in bytes
+    std::uint64_t line = 0;
+    std::uint64_t column = 0;
+};
+
+/// One fault of a document.
+struct Violation {
+    Place place;
+    std::string element;  ///< local name of the element at fault; may be empty
+    std::string text;     ///< what stands there and what is expected, in one line that a terminal can show
+};
+using Violations = std::vector<Violation>;
+
+/// A document that cannot be read, or a record that cannot be written.
+class Exception : public std::exception {
+public:
+    explicit Exception(Violation violation) : violation_(std::move(violation)) {}
+    ~Exception() override;
+
+    /// The text alone, without its place.
+    const char* what() const noexcept override { return violation_.text.c_str(); }
+    std::uint64_t line() const { return violation_.place.line; }
+    std::uint64_t column() const { return violation_.place.column; }
+    const std::string& element() const { return violation_.element; }
+    const Place& place() const { return violation_.place; }
+    /// "file:line:column: text"
+    std::string describe() const;
+
+private:
+    Violation violation_;
+};
+
+/// `text` of a document for a message: control characters escaped, and cut when it is long.
+std::string shown(std::string_view text);
+
+}  // namespace xml

@@ -1,0 +1,437 @@
+#include "xml/XmlReader.h"
+
+#include <expat.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "msg/HEXAll.h"
+#include "util/WholeFile.h"
+#include "xml/XmlScopes.h"
+
+namespace xml {
+
+namespace {
+
+using ParserHandle = std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)>;
+
+/// An element that is open.
+struct Frame {
+    const char* name;
+    const Element* element;
+    void* record;
+    std::size_t scopes;  ///< declarations in force around it
+
+    std::span<const Child> rows;  ///< empty until the alternative is chosen
+    void* rowsRecord = nullptr;   ///< the record of `rows`
+    std::size_t row = 0;          ///< of the last child
+    std::size_t count = 0;        ///< children of that row
+    bool strayTextReported = false;
+
+    std::size_t countOf(std::size_t index) const { return index == row ? count : 0; }
+    bool undecided() const { return !element->alternatives.empty() && !rowsRecord; }
+};
+
+/// "<a>, <b> or the end of <parent>" from "<a>" and "<b>".
+std::string listed(const std::vector<std::string>& items) {
+    std::string result;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i > 0) result += i + 1 == items.size() ? " or " : ", ";
+        result += items[i];
+    }
+    return result;
+}
+
+/// Adds the children that may come next according to `rows` from `frame.row` on. True when the element may end
+/// instead.
+bool addExpected(std::span<const Child> rows, const Frame& frame, std::vector<std::string>& names) {
+    for (std::size_t i = frame.row; i < rows.size(); ++i) {
+        const std::size_t have = frame.countOf(i);
+        if (have == 0 || rows[i].repeats()) names.push_back(fmt::format("<{}>", rows[i].name));
+        if (have == 0 && rows[i].neededToRead()) return false;
+    }
+    return true;
+}
+
+std::string expectedIn(const Frame& frame) {
+    std::vector<std::string> names;
+    bool mayEnd = true;
+    if (frame.undecided()) {
+        mayEnd = false;
+        for (const Alternative& alternative : frame.element->alternatives)
+            addExpected(alternative.children, frame, names);
+    } else {
+        mayEnd = addExpected(frame.rows, frame, names);
+    }
+    if (mayEnd) names.push_back(fmt::format("the end of <{}>", frame.name));
+    return listed(names);
+}
+
+/// Whether a sequence of these rows can begin with the element.
+bool canBegin(std::span<const Child> rows, std::string_view name) {
+    for (const Child& row : rows) {
+        if (name == row.name) return true;
+        if (row.neededToRead()) return false;
+    }
+    return false;
+}
+
+bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\n\r") == std::string_view::npos; }
+
+std::string complaint(const Attribute& row, const char* element, std::string_view text, Fault fault) {
+    const ValueType& type = *row.type;
+    const std::string what = fmt::format("{}=\"{}\" of <{}> is ", row.name, shown(text), element);
+    switch (fault) {
+        case Fault::belowMinimum: return what + fmt::format("below the minimum, {}", type.lowest);
+        case Fault::aboveMaximum: return what + fmt::format("above the maximum, {}", type.highest);
+        default: return what + fmt::format("not {}", type.form);
+    }
+}
+
+class Reader {
+public:
+    Reader(const Format& format, const std::string& file, void* record, Violations* violations, std::size_t most)
+        : format_(format), file_(file), record_(record), violations_(violations), most_(most), scopes_(format.uri) {}
+
+    void run(std::string_view text);
+
+private:
+    template <class Handler>
+    static void guarded(void* self, Handler handler);
+    static void onStart(void* self, const char* name, const char** attributes);
+    static void onEnd(void* self, const char* name);
+    static void onText(void* self, const char* text, int size);
+    static void onDoctype(void* self, const char*, const char*, const char*, int);
+
+    void start_(std::string_view qualified, const char** attributes);
+    void end_();
+    void text_(std::string_view text);
+
+    bool withinLimits_(const char** attributes);
+    bool declareNamespaces_(const char** attributes);
+    bool open_(std::string_view qualified, std::size_t scopes);
+    bool openRoot_(const Name& name, std::size_t scopes);
+    const Child* place_(Frame& frame, const Name& name);
+    void decide_(Frame& frame, const Name& name);
+    std::string misplaced_(const Frame& frame, const Name& name) const;
+    void push_(const char* name, const Element& element, void* record, std::size_t scopes);
+    void readAttributes_(const char** attributes);
+    void readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next);
+    std::string unknownAttribute_(const Frame& frame, const Name& name) const;
+    bool ours_(const Name& name) const;
+
+    void fail_(std::string_view element, std::string text);
+    void stopWith_(std::string_view element, std::string text);
+    void stop_();
+    Violation violation_(std::string_view element, std::string text) const;
+    std::string malformed_() const;
+    const char* openName_() const { return frames_.empty() ? "" : frames_.back().name; }
+
+    const Format& format_;
+    const std::string& file_;
+    void* const record_;
+    Violations* const violations_;  ///< null: the first fault ends the reading
+    const std::size_t most_;
+    Violations first_;  ///< at most one, when `violations_` is null
+
+    ParserHandle parser_{nullptr, XML_ParserFree};
+    Scopes scopes_;
+    std::vector<Frame> frames_;
+    std::size_t skipping_ = 0;  ///< open elements that are passed over, below the last frame
+    std::size_t nodes_ = 0;
+    bool stopped_ = false;
+    std::exception_ptr thrown_;  ///< out of a handler; carried past the parser, which is C
+};
+
+template <class Handler>
+void Reader::guarded(void* self, Handler handler) {
+    Reader& reader = *static_cast<Reader*>(self);
+    if (reader.stopped_) return;
+    try {
+        handler(reader);
+    } catch (...) {
+        reader.thrown_ = std::current_exception();
+        reader.stop_();
+    }
+}
+
+void Reader::onStart(void* self, const char* name, const char** attributes) {
+    guarded(self, [&](Reader& reader) { reader.start_(name, attributes); });
+}
+void Reader::onEnd(void* self, const char*) {
+    guarded(self, [](Reader& reader) { reader.end_(); });
+}
+void Reader::onText(void* self, const char* text, int size) {
+    guarded(self, [&](Reader& reader) { reader.text_({text, static_cast<std::size_t>(size)}); });
+}
+void Reader::onDoctype(void* self, const char*, const char*, const char*, int) {
+    guarded(self,
+            [](Reader& reader) { reader.stopWith_("", "a document type declaration stands where none is allowed"); });
+}
+
+void Reader::run(std::string_view text) {
+    parser_.reset(XML_ParserCreate(nullptr));
+    if (!parser_) throw std::bad_alloc();
+    XML_SetUserData(parser_.get(), this);
+    XML_SetElementHandler(parser_.get(), onStart, onEnd);
+    XML_SetCharacterDataHandler(parser_.get(), onText);
+    XML_SetStartDoctypeDeclHandler(parser_.get(), onDoctype);
+
+    if (text.size() > kMaxDocument)
+        stopWith_("", fmt::format("the document has {} bytes; at most {} are read", text.size(), kMaxDocument));
+    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR && !stopped_)
+        stopWith_(openName_(), malformed_());
+    if (thrown_) std::rethrow_exception(thrown_);
+    if (!first_.empty()) throw Exception(std::move(first_.front()));
+}
+
+void Reader::start_(std::string_view qualified, const char** attributes) {
+    if (!withinLimits_(attributes)) return;
+    if (skipping_ > 0) {
+        ++skipping_;
+        return;
+    }
+    const std::size_t scopes = scopes_.size();
+    if (declareNamespaces_(attributes) && open_(qualified, scopes)) {
+        readAttributes_(attributes);
+        return;
+    }
+    scopes_.shrink(scopes);
+    skipping_ = 1;
+}
+
+bool Reader::withinLimits_(const char** attributes) {
+    std::size_t count = 0;
+    while (attributes[2 * count]) ++count;
+    nodes_ += 1 + count;
+    const auto size = static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+    if (frames_.size() + skipping_ >= kMaxDepth)
+        stopWith_(openName_(), fmt::format("elements nest deeper than {} levels", kMaxDepth));
+    else if (count > kMaxAttributes)
+        stopWith_(openName_(), fmt::format("a tag has {} attributes; at most {} are read", count, kMaxAttributes));
+    else if (size > kMaxToken)
+        stopWith_(openName_(), fmt::format("a tag has {} bytes; at most {} are read", size, kMaxToken));
+    else if (nodes_ > kMaxNodes)
+        stopWith_(openName_(), fmt::format("the document has more than {} elements and attributes", kMaxNodes));
+    return !stopped_;
+}
+
+bool Reader::declareNamespaces_(const char** attributes) {
+    for (; *attributes; attributes += 2) {
+        if (!Scopes::isDeclaration(attributes[0])) continue;
+        std::string wrong = scopes_.declare(attributes[0], attributes[1]);
+        if (scopes_.size() > Scopes::kMost)
+            wrong = fmt::format("more than {} namespace declarations are in force", Scopes::kMost);
+        if (wrong.empty()) continue;
+        fail_(openName_(), std::move(wrong));
+        return false;
+    }
+    return true;
+}
+
+/// False when the element cannot stand here; what is in it is not looked at then.
+bool Reader::open_(std::string_view qualified, std::size_t scopes) {
+    Name name;
+    if (std::string wrong = scopes_.resolveElement(qualified, name); !wrong.empty()) {
+        fail_(openName_(), std::move(wrong));
+        return false;
+    }
+    if (frames_.empty()) return openRoot_(name, scopes);
+    Frame& frame = frames_.back();
+    const Child* child = place_(frame, name);
+    if (!child) return false;
+    push_(child->name, *child->element, child->add(frame.rowsRecord), scopes);
+    return true;
+}
+
+bool Reader::openRoot_(const Name& name, std::size_t scopes) {
+    if (!ours_(name) || name.local != format_.root) {
+        const std::string space =
+            *format_.uri ? fmt::format("in the namespace \"{}\"", format_.uri) : "in no namespace";
+        fail_(name.local, fmt::format("the document element is <{}>; expected <{}> {}", shown(name.qualified),
+                                      format_.root, space));
+        return false;
+    }
+    push_(format_.root, *format_.element, record_, scopes);
+    return true;
+}
+
+void Reader::push_(const char* name, const Element& element, void* record, std::size_t scopes) {
+    Frame frame{name, &element, record, scopes, {}};
+    if (element.alternatives.empty()) {
+        frame.rows = element.children;
+        frame.rowsRecord = record;
+    }
+    frames_.push_back(frame);
+}
+
+/// The row for the next child, or null after a fault. A child that leaves out one before it is reported once and
+/// taken.
+const Child* Reader::place_(Frame& frame, const Name& name) {
+    if (frame.undecided()) decide_(frame, name);
+    bool missing = false;
+    for (std::size_t i = frame.row; ours_(name) && i < frame.rows.size(); ++i) {
+        const Child& row = frame.rows[i];
+        const std::size_t have = frame.countOf(i);
+        if (name.local == row.name && (have == 0 || row.repeats())) {
+            if (missing) fail_(name.local, misplaced_(frame, name));
+            if (stopped_) return nullptr;
+            frame.row = i;
+            frame.count = have + 1;
+            return &row;
+        }
+        missing |= have == 0 && row.neededToRead();
+    }
+    fail_(name.local, misplaced_(frame, name));
+    return nullptr;
+}
+
+std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
+    return fmt::format("<{}> stands in <{}> where {} is expected", shown(name.qualified), frame.name,
+                       expectedIn(frame));
+}
+
+void Reader::decide_(Frame& frame, const Name& name) {
+    for (const Alternative& alternative : frame.element->alternatives) {
+        if (!ours_(name) || !canBegin(alternative.children, name.local)) continue;
+        frame.rows = alternative.children;
+        frame.rowsRecord = alternative.choose(frame.record);
+        return;
+    }
+}
+
+void Reader::end_() {
+    if (skipping_ > 0) {
+        --skipping_;
+        return;
+    }
+    const Frame& frame = frames_.back();
+    std::vector<std::string> names;
+    if (frame.undecided() || !addExpected(frame.rows, frame, names))
+        fail_(frame.name, fmt::format("<{}> ends where {} is expected", frame.name, expectedIn(frame)));
+    scopes_.shrink(frame.scopes);
+    frames_.pop_back();
+}
+
+void Reader::text_(std::string_view text) {
+    if (skipping_ > 0 || frames_.empty()) return;
+    Frame& frame = frames_.back();
+    if (frame.element->text) {
+        std::string& held = *frame.element->text(frame.record);
+        if (held.size() + text.size() > kMaxToken)
+            stopWith_(frame.name, fmt::format("the text of <{}> has more than {} bytes", frame.name, kMaxToken));
+        else
+            held += text;
+    } else if (!frame.strayTextReported && !isBlank(text)) {
+        frame.strayTextReported = true;
+        fail_(frame.name, fmt::format("the text \"{}\" stands in <{}> where {} is expected", shown(text), frame.name,
+                                      expectedIn(frame)));
+    }
+}
+
+void Reader::readAttributes_(const char** attributes) {
+    const Frame& frame = frames_.back();
+    std::size_t next = 0;
+    for (; *attributes && !stopped_; attributes += 2) {
+        if (Scopes::isDeclaration(attributes[0])) continue;
+        Name name;
+        std::string wrong = scopes_.resolveAttribute(attributes[0], name);
+        if (!wrong.empty())
+            fail_(frame.name, std::move(wrong));
+        else if (name.space != Space::xml && name.space != Space::schemaInstance)
+            readAttribute_(frame, name, attributes[1], next);
+    }
+    for (const Attribute& row : frame.element->attributes) {
+        if (stopped_) return;
+        if (row.required && !row.type->isSet(row.member(frame.record)))
+            fail_(frame.name, fmt::format("<{}> needs the attribute {}", frame.name, row.name));
+    }
+}
+
+/// The search begins at `next`, the row behind the last found: documents have their attributes in the order of the
+/// rows.
+void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next) {
+    const std::span<const Attribute> rows = frame.element->attributes;
+    for (std::size_t i = 0; ours_(name) && i < rows.size(); ++i) {
+        const Attribute& row = rows[(next + i) % rows.size()];
+        if (name.local != row.name) continue;
+        next = (next + i + 1) % rows.size();
+        void* attr = row.member(frame.record);
+        if (row.type->isSet(attr)) {
+            fail_(frame.name, fmt::format("<{}> has the attribute {} twice", frame.name, row.name));
+            return;
+        }
+        const Fault fault = row.type->assign(attr, value);
+        if (fault != Fault::none) fail_(frame.name, complaint(row, frame.name, value, fault));
+        return;
+    }
+    fail_(frame.name, unknownAttribute_(frame, name));
+}
+
+std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) const {
+    std::vector<std::string> names;
+    for (const Attribute& row : frame.element->attributes) {
+        if (name.local == row.name)
+            return *format_.uri ? fmt::format("the attribute {} of <{}> must be in the namespace \"{}\"",
+                                              shown(name.qualified), frame.name, format_.uri)
+                                : fmt::format("the attribute {} of <{}> must be in no namespace",
+                                              shown(name.qualified), frame.name);
+        names.emplace_back(row.name);
+    }
+    return fmt::format("<{}> has no attribute {}; it has {}", frame.name, shown(name.qualified),
+                       names.empty() ? "none" : listed(names));
+}
+
+bool Reader::ours_(const Name& name) const { return name.space == (*format_.uri ? Space::format : Space::none); }
+
+void Reader::fail_(std::string_view element, std::string text) {
+    if (!violations_) {
+        stopWith_(element, std::move(text));
+        return;
+    }
+    violations_->push_back(violation_(element, std::move(text)));
+    if (violations_->size() >= most_) stop_();
+}
+
+/// For faults behind which nothing can be read.
+void Reader::stopWith_(std::string_view element, std::string text) {
+    (violations_ ? *violations_ : first_).push_back(violation_(element, std::move(text)));
+    stop_();
+}
+
+void Reader::stop_() {
+    stopped_ = true;
+    XML_StopParser(parser_.get(), XML_FALSE);
+}
+
+Violation Reader::violation_(std::string_view element, std::string text) const {
+    const auto offset = XML_GetCurrentByteIndex(parser_.get());
+    return {{file_, offset < 0 ? 0 : static_cast<std::uint64_t>(offset), XML_GetCurrentLineNumber(parser_.get()),
+             XML_GetCurrentColumnNumber(parser_.get()) + 1},
+            std::string(element),
+            std::move(text)};
+}
+
+std::string Reader::malformed_() const {
+    std::string text = fmt::format("not well-formed XML: {}", XML_ErrorString(XML_GetErrorCode(parser_.get())));
+    if (!frames_.empty() && skipping_ == 0) text += fmt::format("; the open element is <{}>", frames_.back().name);
+    return text;
+}
+
+}  // namespace
+
+void read(const Format& format, std::string_view text, const std::string& file, void* record, Violations* violations,
+          std::size_t most) {
+    Reader(format, file, record, violations, most).run(text);
+}
+
+std::string textOf(const std::string& file) {
+    try {
+        return wholefile::read(file, kMaxDocument);
+    } catch (const HEXUserException& e) {
+        throw Exception(Violation{{.file = file}, "", e.what()});
+    }
+}
+
+}  // namespace xml

@@ -1,0 +1,320 @@
+#pragma once
+#include <array>
+#include <optional>
+#include <span>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "xml/XmlValue.h"
+
+/// XML formats as tables. A record is a plain struct: an attribute is an `Attr<T>`, a child a value, a
+/// `std::optional` or a `std::vector` by its cardinality, an element that holds text a `std::string`. Beside it stand
+/// its rows, in document order, children's records first. Reading and writing are ordinary functions over the rows
+/// (XmlReader.h, XmlWriter.h); equality is the compiler's; a fresh record is the reset one; records copy and swap as
+/// values.
+///
+///     struct Clock {
+///         Attr<std::string> name;
+///         Attr<std::uint16_t> id;
+///         bool operator==(const Clock&) const = default;
+///     };
+///     struct Clocks {
+///         std::vector<Clock> clocks;
+///         bool operator==(const Clocks&) const = default;
+///     };
+///     constexpr auto kClockAttributes = attributes<Clock>(required<&Clock::name>("name"),
+///     optional<&Clock::id>("id")); constexpr auto kClock = element(kClockAttributes); constexpr auto kClocksChildren
+///     = children<Clocks>(many<&Clocks::clocks>("clock", kClock)); constexpr auto kClocks = element(kClocksChildren);
+///     constexpr auto kDocument = document("", "", "clocks", kClocks);
+namespace xml {
+
+/// The value of an attribute, and whether the document gives one.
+template <class T>
+class Attr {
+public:
+    Attr() = default;
+    /// A value to read while none is set.
+    explicit Attr(T initial) : value_(std::move(initial)) {}
+
+    bool isSet() const { return set_; }
+    const T& get() const { return value_; }
+    void set(T value) {
+        value_ = std::move(value);
+        set_ = true;
+    }
+    bool operator==(const Attr&) const = default;
+
+private:
+    T value_{};
+    bool set_ = false;
+};
+
+/// The operations of one value type, over an `Attr` of it.
+struct ValueType {
+    const char* form;  ///< for messages: "an integer"
+    long long lowest;  ///< both 0 for a type without bounds
+    unsigned long long highest;
+    Fault (*assign)(void* attr, std::string_view text);
+    bool (*isSet)(const void* attr);
+    std::string (*print)(const void* attr);
+};
+
+struct Attribute {
+    const char* name;  ///< local name
+    bool required;
+    const ValueType* type;
+    void* (*member)(void* record);  ///< its `Attr`
+};
+
+enum class Occurs {
+    once,
+    atMostOnce,
+    anyNumber,
+    atLeastOnce,
+    onceWhenWritten,  ///< the reader takes a document without it, the writer does not
+};
+
+struct Element;
+
+struct Child {
+    const char* name;  ///< local name
+    Occurs occurs;
+    const Element* element;
+    void* (*add)(void* record);  ///< makes the next one
+    std::size_t (*count)(const void* record);
+    void* (*at)(void* record, std::size_t index);
+
+    bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
+    bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
+    bool neededToWrite() const { return neededToRead() || occurs == Occurs::onceWhenWritten; }
+};
+
+/// One content of several that exclude each other; the first child of the document decides which it is.
+struct Alternative {
+    std::span<const Child> children;  ///< of the alternative's own record
+    void* (*choose)(void* record);    ///< makes this one the chosen one
+    void* (*chosen)(void* record);    ///< its record, null when another is chosen
+};
+
+struct Element {
+    std::span<const Attribute> attributes;
+    std::span<const Child> children;               ///< a strict sequence
+    std::span<const Alternative> alternatives;     ///< when not empty, in the place of `children`
+    std::string* (*text)(void* record) = nullptr;  ///< for an element that holds text and no children
+};
+
+/// A whole format. Its elements and attributes are all in the namespace `uri`, or all in none when that is empty.
+struct Format {
+    const char* uri;
+    const char* prefix;  ///< for writing
+    const char* root;
+    const Element* element;
+};
+
+/// The format whose root element fills an `R`.
+template <class R>
+struct Document : Format {};
+
+// What follows makes rows. The templates tie each row to the struct that it is for, so that a row in the table of
+// another does not compile.
+
+template <class R>
+struct AttributeOf : Attribute {};
+template <class R>
+struct ChildOf : Child {};
+template <class R>
+struct ElementOf : Element {};
+template <class R, std::size_t N>
+struct AttributeRows : std::array<Attribute, N> {};
+template <class R, std::size_t N>
+struct ChildRows : std::array<Child, N> {};
+
+namespace detail {
+
+template <class T>
+struct Member;
+template <class R, class V>
+struct Member<V R::*> {
+    using Record = R;
+    using Value = V;
+};
+template <auto M>
+using RecordOf = typename Member<decltype(M)>::Record;
+template <auto M>
+using ValueOf = typename Member<decltype(M)>::Value;
+
+template <auto M>
+ValueOf<M>& member(void* record) {
+    return static_cast<RecordOf<M>*>(record)->*M;
+}
+template <auto M>
+const ValueOf<M>& member(const void* record) {
+    return static_cast<const RecordOf<M>*>(record)->*M;
+}
+
+template <class T>
+constexpr const char* formOf() {
+    if constexpr (std::is_same_v<T, bool>)
+        return "a Boolean (true, false, 1 or 0)";
+    else if constexpr (std::is_same_v<T, Decimal>)
+        return "a decimal number";
+    else if constexpr (std::is_same_v<T, std::string>)
+        return "a text";
+    else
+        return "an integer";
+}
+
+template <class T>
+struct Bounds {
+    static constexpr int lowest = 0, highest = 0;
+};
+template <std::integral T>
+struct Bounds<T> {
+    static constexpr T lowest = std::numeric_limits<T>::min(), highest = std::numeric_limits<T>::max();
+};
+
+template <class T>
+inline constexpr ValueType kValueType{
+    formOf<T>(),
+    static_cast<long long>(Bounds<T>::lowest),
+    static_cast<unsigned long long>(Bounds<T>::highest),
+    [](void* attr, std::string_view text) {
+        T value{};
+        const Fault fault = parse(text, value);
+        if (fault == Fault::none) static_cast<Attr<T>*>(attr)->set(std::move(value));
+        return fault;
+    },
+    [](const void* attr) { return static_cast<const Attr<T>*>(attr)->isSet(); },
+    [](const void* attr) { return std::string(print(static_cast<const Attr<T>*>(attr)->get())); },
+};
+
+template <class T>
+struct Unattr;
+template <class T>
+struct Unattr<Attr<T>> {
+    using Type = T;
+};
+
+template <auto M>
+constexpr AttributeOf<RecordOf<M>> attribute(const char* name, bool required) {
+    using T = typename Unattr<ValueOf<M>>::Type;
+    return {{name, required, &kValueType<T>, [](void* record) -> void* { return &member<M>(record); }}};
+}
+
+template <class V>
+struct Held {  // a value
+    using Record = V;
+    static void* add(V& held) { return &held; }
+    static std::size_t count(const V&) { return 1; }
+    static void* at(V& held, std::size_t) { return &held; }
+};
+template <class V>
+struct Held<std::optional<V>> {
+    using Record = V;
+    static void* add(std::optional<V>& held) { return &held.emplace(); }
+    static std::size_t count(const std::optional<V>& held) { return held ? 1 : 0; }
+    static void* at(std::optional<V>& held, std::size_t) { return &*held; }
+};
+template <class V>
+struct Held<std::vector<V>> {
+    using Record = V;
+    static void* add(std::vector<V>& held) { return &held.emplace_back(); }
+    static std::size_t count(const std::vector<V>& held) { return held.size(); }
+    static void* at(std::vector<V>& held, std::size_t index) { return &held[index]; }
+};
+
+template <auto M>
+using ChildRecord = typename Held<ValueOf<M>>::Record;
+
+template <auto M>
+constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element) {
+    using H = Held<ValueOf<M>>;
+    return {{name, occurs, &element, [](void* record) { return H::add(member<M>(record)); },
+             [](const void* record) { return H::count(member<M>(record)); },
+             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }}};
+}
+
+}  // namespace detail
+
+template <auto M>
+constexpr auto required(const char* name) {
+    return detail::attribute<M>(name, true);
+}
+template <auto M>
+constexpr auto optional(const char* name) {
+    return detail::attribute<M>(name, false);
+}
+
+template <class R, std::same_as<AttributeOf<R>>... Rows>
+constexpr AttributeRows<R, sizeof...(Rows)> attributes(const Rows&... rows) {
+    return {{rows...}};
+}
+template <class R, std::same_as<ChildOf<R>>... Rows>
+constexpr ChildRows<R, sizeof...(Rows)> children(const Rows&... rows) {
+    return {{rows...}};
+}
+
+/// The content of each element that holds text; its record is a `std::string`.
+inline constexpr ElementOf<std::string> kText{
+    {{}, {}, {}, [](void* record) { return static_cast<std::string*>(record); }}};
+
+/// The member is a value.
+template <auto M>
+constexpr auto one(const char* name, const ElementOf<detail::ValueOf<M>>& element) {
+    return detail::child<M>(name, Occurs::once, element);
+}
+/// The member is a `std::optional`.
+template <auto M>
+constexpr auto atMostOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
+    return detail::child<M>(name, Occurs::atMostOnce, element);
+}
+/// The member is a `std::optional`, which the writer demands and the reader does not.
+template <auto M>
+constexpr auto oneWhenWritten(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
+    return detail::child<M>(name, Occurs::onceWhenWritten, element);
+}
+/// The member is a `std::vector`.
+template <auto M>
+constexpr auto many(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
+    return detail::child<M>(name, Occurs::anyNumber, element);
+}
+/// The member is a `std::vector` that must not be empty.
+template <auto M>
+constexpr auto atLeastOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
+    return detail::child<M>(name, Occurs::atLeastOnce, element);
+}
+
+/// Alternative `I` of the `std::variant` member `M`.
+template <auto M, std::size_t I, std::size_t N>
+constexpr Alternative alternative(const ChildRows<std::variant_alternative_t<I, detail::ValueOf<M>>, N>& children) {
+    return {children, [](void* record) -> void* { return &detail::member<M>(record).template emplace<I>(); },
+            [](void* record) -> void* { return std::get_if<I>(&detail::member<M>(record)); }};
+}
+
+// The rows must be constants with a place in memory: an element keeps only where they stand.
+template <class R, std::size_t N>
+constexpr ElementOf<R> element(const AttributeRows<R, N>& attributes) {
+    return {{attributes, {}, {}}};
+}
+template <class R, std::size_t N>
+constexpr ElementOf<R> element(const ChildRows<R, N>& children) {
+    return {{{}, children, {}}};
+}
+template <class R, std::size_t N, std::size_t M>
+constexpr ElementOf<R> element(const AttributeRows<R, N>& attributes, const ChildRows<R, M>& children) {
+    return {{attributes, children, {}}};
+}
+/// An element whose content is one of the alternatives.
+template <class R, std::size_t N, std::size_t M>
+constexpr ElementOf<R> choice(const AttributeRows<R, N>& attributes, const Alternative (&alternatives)[M]) {
+    return {{attributes, {}, alternatives}};
+}
+
+template <class R>
+constexpr Document<R> document(const char* uri, const char* prefix, const char* root, const ElementOf<R>& element) {
+    return {{uri, prefix, root, &element}};
+}
+
+}  // namespace xml

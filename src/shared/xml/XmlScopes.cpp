@@ -1,0 +1,69 @@
+#include "xml/XmlScopes.h"
+
+#include <algorithm>
+
+#include "xml/XmlException.h"
+
+namespace xml {
+
+namespace {
+
+constexpr std::string_view kXmlUri = "http://www.w3.org/XML/1998/namespace";
+constexpr std::string_view kSchemaInstanceUri = "http://www.w3.org/2001/XMLSchema-instance";
+constexpr std::string_view kDeclaration = "xmlns";
+
+}  // namespace
+
+bool Scopes::isDeclaration(std::string_view attribute) {
+    return attribute.starts_with(kDeclaration) &&
+           (attribute.size() == kDeclaration.size() || attribute[kDeclaration.size()] == ':');
+}
+
+std::string Scopes::declare(std::string_view attribute, std::string_view uri) {
+    const bool isDefault = attribute == kDeclaration;
+    const std::string_view prefix = isDefault ? std::string_view() : attribute.substr(kDeclaration.size() + 1);
+    const bool isXml = uri == kXmlUri;
+    if (!isDefault && (uri.empty() || prefix.empty() || prefix == kDeclaration || isXml != (prefix == "xml")))
+        return shown(attribute) + "=\"" + shown(uri) + "\" is no valid namespace declaration";
+    const Space space = uri.empty()                 ? Space::none
+                        : uri == formatUri_         ? Space::format
+                        : uri == kSchemaInstanceUri ? Space::schemaInstance
+                        : isXml                     ? Space::xml
+                                                    : Space::other;
+    bindings_.push_back({std::string(prefix), space});
+    return {};
+}
+
+std::string Scopes::resolveElement(std::string_view qualified, Name& name) const {
+    return resolve_(qualified, false, name);
+}
+std::string Scopes::resolveAttribute(std::string_view qualified, Name& name) const {
+    return resolve_(qualified, true, name);
+}
+
+std::string Scopes::resolve_(std::string_view qualified, bool attribute, Name& name) const {
+    const auto colon = qualified.find(':');
+    const bool bare = colon == std::string_view::npos;
+    const std::string_view prefix = bare ? std::string_view() : qualified.substr(0, colon);
+    const std::string_view local = bare ? qualified : qualified.substr(colon + 1);
+    name = {qualified, local, Space::none};
+    if (bare && attribute) return {};
+    if (!bare && (prefix.empty() || local.empty() || local.find(':') != std::string_view::npos))
+        return shown(qualified) + " is no valid name: it has a colon where none can stand";
+    if (prefix == "xml") {
+        name.space = Space::xml;
+        return {};
+    }
+    const Binding* binding = find_(prefix);
+    if (!bare && !binding) return "the prefix of " + shown(qualified) + " is not declared";
+    if (binding) name.space = binding->space;
+    return {};
+}
+
+const Scopes::Binding* Scopes::find_(std::string_view prefix) const {
+    const auto at =
+        std::find_if(bindings_.rbegin(), bindings_.rend(), [&](const Binding& b) { return b.prefix == prefix; });
+    return at != bindings_.rend() ? &*at : nullptr;
+}
+
+}  // namespace xml

@@ -1,0 +1,74 @@
+#include <algorithm>
+#include <memory>
+#include <set>
+
+#include <platform/HPLFile.h>
+#include <platform/HPLPlatform.h>
+#include <platform/HTEQCfaJsonReader.h>
+#include <util/HUTFile.h>
+#include <zip/HUTZip.h>
+
+#include "Console.h"
+#include "Output.h"
+
+namespace {
+
+/// The files that a packed archive's metadata lists and the archive lacks. A folder counts when something is in it.
+/// Throws a `Problem` when the metadata cannot be read; an archive without metadata lists nothing.
+std::vector<std::string> missingFiles(const std::string& archive) {
+    HPLPlatform platform;
+    HTEQCfaJsonReader reader(&platform);
+    std::string member;
+    if (!reader.canParse(archive, HTEQCfaJsonReader::HwMetadataMode::Default, member)) return {};
+    if (!reader.parseCFA(archive, HTEQCfaJsonReader::HwMetadataMode::Default)) {
+        const std::vector<Problem> said = Console::take().takeProblems(archive);
+        Problem problem = said.empty() ? Problem() : said.front();
+        if (said.empty()) problem.text = "the metadata is empty";
+        problem.member = member;
+        throw problem;
+    }
+    std::set<std::string> names;
+    for (const HUTZip::Member& packed : HUTZip::members(archive)) names.insert(packed.name);
+    std::vector<std::string> missing;
+    const std::unique_ptr<HSTFwdIter<HPLFile*>> files(platform.createFileVecIter());
+    while (files->hasNext()) {
+        const std::string& name = files->next()->getName();
+        const auto inside = names.lower_bound(name + "/");
+        const bool isFolder = inside != names.end() && inside->starts_with(name + "/");
+        if (names.count(name) == 0 && !isFolder) missing.push_back(name);
+    }
+    return missing;
+}
+
+void check(const std::string& archive, const std::string& directory) {
+    std::vector<std::string> missing;
+    try {
+        missing = missingFiles(archive);
+    } catch (Problem& problem) {
+        problem.file = directory;
+        throw;
+    }
+    if (missing.empty()) return;
+    Problem problem;
+    problem.file = directory;
+    problem.text = "the metadata lists files that are not there: ";
+    for (std::size_t i = 0; i < missing.size(); ++i) problem.text += (i > 0 ? ", " : "") + missing[i];
+    throw problem;
+}
+
+}  // namespace
+
+int runPack(const Call& call) {
+    const std::string& directory = call["DIR"];
+    if (!HUTFile::isDir(directory)) {
+        Problem problem;
+        problem.file = directory;
+        problem.text = "no such folder";
+        throw problem;
+    }
+    OutputFile output(call["ARCHIVE"], call.has("force"));
+    HUTZip::compressDir(directory, output.path(), false);
+    if (!call.has("force")) check(output.path(), directory);
+    output.commit();
+    return 0;
+}
