@@ -27,10 +27,6 @@ namespace {
 constexpr std::array<std::string_view, 4> kArchiveEndings{".lfa", ".cfa", ".zip", ".tilprj"};
 constexpr int kDeepestArchive = 2;
 
-bool isArchiveFolder(const std::string& name) {
-    return std::ranges::any_of(kArchiveEndings, [&name](auto ending) { return name.ends_with(ending); });
-}
-
 /// Where an archive is put together before it takes its name; removed with all in it.
 class WorkDirectory {
 public:
@@ -97,7 +93,7 @@ private:
             entries_.push_back({std::move(member), path.native()});
         } else if (!fs::is_directory(status)) {
             refuse(path, "it is neither a file nor a folder");
-        } else if (isArchiveFolder(member)) {
+        } else if (becomesArchive(member)) {
             at.disable_recursion_pending();
             entries_.push_back({std::move(member), packNested(path)});
         } else if (fs::is_empty(path, error)) {
@@ -134,6 +130,10 @@ void renameDurably(const std::string& from, const std::string& to) {
 }
 
 }  // namespace
+
+bool becomesArchive(std::string_view folder) {
+    return std::ranges::any_of(kArchiveEndings, [folder](auto ending) { return folder.ends_with(ending); });
+}
 
 void packFolder(const std::string& folder, const std::string& archive) {
     if (!HUTFile::isDir(folder)) throw HEXUserException("'" + folder + "' is not a folder");

@@ -1,5 +1,6 @@
 #pragma once
 #include <string>
+#include <string_view>
 
 /// Makes an archive of a folder: the same bytes each time and on each machine. Members are sorted by their bytes;
 /// empty folders become directory members. A folder whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes a
@@ -7,3 +8,6 @@
 /// link, a device or a name in it that could not be extracted again, or a fault of the disk. The archive appears
 /// whole or not at all; what `archive` names before that is replaced.
 void packFolder(const std::string& folder, const std::string& archive);
+
+/// Whether a folder of this name inside of a packed one becomes an archive.
+bool becomesArchive(std::string_view folder);

@@ -1,0 +1,18 @@
+#pragma once
+#include <string>
+
+#include "text/ZrApi.h"
+
+/// A hardware definition file.
+class ZR_API HHDFHwDef {
+public:
+    HHDFHwDef(std::string file, std::string topModule) : file_(std::move(file)), topModule_(std::move(topModule)) {}
+
+    /// The file that it was read from.
+    const std::string& getFile() const { return file_; }
+    /// The attribute "top" of the root element of the member "sysdef.xml", or else of "hwdef.xml".
+    const std::string& getHierTopModuleName() const { return topModule_; }
+
+private:
+    std::string file_, topModule_;
+};

@@ -1,0 +1,36 @@
+#pragma once
+#include <memory>
+#include <string>
+
+#include "archive/MemberSource.h"
+#include "zip/Archive.h"
+
+namespace archive {
+
+/// The members of an opened zip archive.
+class ArchiveSource final : public MemberSource {
+public:
+    /// `budget`: how many bytes each call may unpack, and all calls on nested archives together.
+    explicit ArchiveSource(std::unique_ptr<const zip::Archive> archive,
+                           std::uint64_t budget = zip::OutputBudget::kOfCall);
+
+    const std::string& name() const override { return archive_->name(); }
+    std::vector<MemberInfo> files() const override;
+    bool contains(std::string_view member) const override { return archive_->find(member) != nullptr; }
+    std::optional<std::string> read(std::string_view member, std::uint64_t bound) const override;
+    bool copyOut(std::string_view member, const std::string& destination) const override;
+    std::shared_ptr<const MemberSource> openNested(std::string_view member) const override;
+
+private:
+    std::shared_ptr<zip::OutputBudget> budgetOfCall() const;
+
+    std::unique_ptr<const zip::Archive> archive_;
+    std::uint64_t callBudget_;
+    int depth_ = 0;                                   ///< 0 for a file of its own
+    std::shared_ptr<zip::OutputBudget> chainBudget_;  ///< of nested archives; none at depth 0
+};
+
+/// Opens the archive at `path`. Throws `zip::ArchiveError`.
+std::shared_ptr<const MemberSource> openArchive(const std::string& path);
+
+}  // namespace archive

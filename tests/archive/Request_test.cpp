@@ -1,0 +1,166 @@
+#include "archive/Request.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "archive/ArchiveSource.h"
+#include "archive/PlatformMembers.h"
+#include "archive/TreeSource.h"
+#include "msg/HEXAll.h"
+#include "util/HUTEnv.h"
+#include "util/HUTFile.h"
+#include "util/HUTFileUtils.h"
+#include "zip/ArchiveError.h"
+#include "zip/HUTZip.h"
+
+namespace fs = std::filesystem;
+using archive::MemberSource;
+using archive::PlatformMember;
+
+namespace {
+
+void write(const std::string& path, const std::string& text) {
+    fs::create_directories(fs::path(path).parent_path());
+    std::ofstream(path, std::ios::binary) << text;
+}
+
+std::string slurp(const std::string& path) {
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
+}
+
+class Sources : public testing::Test {
+protected:
+    void SetUp() override {
+        dir_ = HUTFileUtils::uniquifyFilenameInDir(HUTEnv::getJUNTmpDir() + "/archive");
+        write(at("tree/lfa.json"), "{}");
+        write(at("tree/hpfm/x.hpfm"), "<x/>");
+        write(at("tree/prj/x.tilprj/arch/a.zip/deep"), "two deep");
+        HUTZip::compressDir(at("tree"), at("a.lfa"));
+    }
+    void TearDown() override { HUTFile::rmRecursive(dir_); }
+    std::string at(const std::string& name) const { return dir_ + "/" + name; }
+    std::string dir_;
+};
+
+using Requests = Sources;
+
+/// Files that the process has open on a path.
+int openOn(const std::string& path) {
+    int count = 0;
+    std::error_code error;
+    for (const auto& entry : fs::directory_iterator("/proc/self/fd"))
+        if (fs::read_symlink(entry.path(), error) == path) ++count;
+    return count;
+}
+
+}  // namespace
+
+TEST(PlatformMembers, Names) {
+    static const struct {
+        PlatformMember member;
+        const char* name;
+    } cases[] = {
+        {PlatformMember::json, "lfa.json"},
+        {PlatformMember::altJson, "alt_lfa.json"},
+        {PlatformMember::hwEmuJson, "hw_emu/lfa.json"},
+        {PlatformMember::altHwEmuJson, "hw_emu/alt_lfa.json"},
+        {PlatformMember::xml, "lfa.xml"},
+        {PlatformMember::hwEmuXml, "hw_emu/lfa.xml"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(archive::platformMember(c.member, "lfa"), c.name);
+        EXPECT_EQ(archive::platformMember(c.member, ""), "");
+    }
+}
+
+/// The same answers from an archive and from the tree that it was packed from.
+TEST_F(Sources, ArchiveAndTreeAgree) {
+    for (const auto& source : {archive::openArchive(at("a.lfa")), archive::openTree(at("tree"))}) {
+        SCOPED_TRACE(source->name());
+        std::string names;
+        for (const auto& file : source->files()) names += file.name + " ";
+        EXPECT_EQ(names, "hpfm/x.hpfm lfa.json prj/x.tilprj ");
+        EXPECT_TRUE(source->contains("prj/x.tilprj"));
+        EXPECT_FALSE(source->contains("hpfm"));
+        EXPECT_EQ(source->read("lfa.json"), "{}");
+        for (const char* const absent : {"LFA.json", "hpfm", "../a.lfa", "hpfm/../lfa.json", "/lfa.json", ""})
+            EXPECT_EQ(source->read(absent), std::nullopt) << absent;
+        EXPECT_THROW(source->read("hpfm/x.hpfm", 3), zip::ArchiveError);
+
+        EXPECT_TRUE(source->copyOut("hpfm/x.hpfm", at("out.hpfm")));
+        EXPECT_EQ(slurp(at("out.hpfm")), "<x/>");
+        fs::remove(at("out.hpfm"));
+        EXPECT_FALSE(source->copyOut("absent", at("out.hpfm")));
+        EXPECT_FALSE(HUTFile::exists(at("out.hpfm")));
+        EXPECT_THROW(source->copyOut("lfa.json", at("no/such/file")), HEXUserException);
+
+        EXPECT_EQ(source->openNested("absent"), nullptr);
+        const auto project = source->openNested("prj/x.tilprj");
+        ASSERT_NE(project, nullptr);
+        const auto inner = project->openNested("arch/a.zip");
+        ASSERT_NE(inner, nullptr);
+        EXPECT_EQ(inner->read("deep"), "two deep");
+        EXPECT_TRUE(source->copyOut("prj/x.tilprj", at("x.zip")));
+        EXPECT_TRUE(HUTZip::containsFile(at("x.zip"), "arch/a.zip"));
+    }
+    EXPECT_THROW(archive::openTree(at("nowhere")), zip::ArchiveError);
+    EXPECT_THROW(archive::openArchive(at("nowhere")), zip::ArchiveError);
+}
+
+TEST_F(Sources, NestedTwoDeepAndNoDeeper) {
+    fs::create_directory(at("wrap"));
+    fs::rename(at("a.lfa"), at("wrap/b.lfa"));
+    HUTZip::compressDir(at("wrap"), at("c.lfa"));
+    const auto project = archive::openArchive(at("c.lfa"))->openNested("b.lfa")->openNested("prj/x.tilprj");
+    EXPECT_EQ(project->name(), at("c.lfa") + "!b.lfa!prj/x.tilprj");
+    EXPECT_THROW(project->openNested("arch/a.zip"), zip::ArchiveError);
+    EXPECT_EQ(project->openNested("absent"), nullptr);
+}
+
+TEST_F(Sources, OneBudgetForAChain) {
+    write(at("big/x.zip/zeros"), std::string(600'000, '\0'));
+    HUTZip::compressDir(at("big"), at("big.lfa"));
+    const archive::ArchiveSource source(std::make_unique<zip::Archive>(at("big.lfa")), 1'000'000);
+    for (int i = 0; i < 3; ++i) {
+        const auto nested = source.openNested("x.zip");
+        EXPECT_TRUE(nested->copyOut("zeros", "/dev/null"));
+        EXPECT_THROW(nested->copyOut("zeros", "/dev/null"), zip::ArchiveError);
+        EXPECT_THROW(nested->read("zeros"), zip::ArchiveError);
+    }
+}
+
+TEST_F(Requests, ShareOneOpening) {
+    const std::string path = at("a.lfa");
+    {
+        const archive::Request request;
+        const auto first = archive::open(path);
+        {
+            const archive::Request inner;
+            EXPECT_EQ(archive::open(path), first);
+        }
+        EXPECT_EQ(archive::open(path), first) << "the outermost request keeps it";
+        EXPECT_EQ(openOn(path), 1);
+        std::thread([&] { EXPECT_NE(archive::open(path), first); }).join();
+    }
+    EXPECT_EQ(openOn(path), 0);
+    const auto alone = archive::open(path);
+    EXPECT_NE(archive::open(path), alone);
+    EXPECT_EQ(alone->read("lfa.json"), "{}");
+}
+
+TEST_F(Requests, SeeAChangedFile) {
+    const archive::Request request;
+    const auto old = archive::open(at("a.lfa"));
+    write(at("tree/lfa.json"), "{1}");
+    HUTZip::compressDir(at("tree"), at("a.lfa"));
+    EXPECT_EQ(archive::open(at("a.lfa"))->read("lfa.json"), "{1}");
+    EXPECT_EQ(old->read("lfa.json"), "{}") << "who holds the old one goes on with it";
+    fs::remove(at("a.lfa"));
+    EXPECT_THROW(archive::open(at("a.lfa")), zip::ArchiveError);
+}
