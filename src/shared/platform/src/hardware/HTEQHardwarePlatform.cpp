@@ -20,7 +20,9 @@
 #include "platform/HTEQHardwareNocConnectivity.h"
 #include "platform/HTEQSystemClock.h"
 #include "platform/HTEQTilPartitionsJsonReader.h"
+#include "platform/PlatformTilprjFileExtractor.h"
 #include "text/HSTStringUtils.h"
+#include "util/HUTFile.h"
 
 namespace {
 
@@ -399,4 +401,73 @@ std::string HTEQHardwarePlatform::getAltHwEmuJsonFileName() const {
 }
 std::string HTEQHardwarePlatform::getHwEmuXmlFileName() const {
     return hardware::belowHwEmu(hardware::xmlName(getPlatformExt()));
+}
+std::string HTEQHardwarePlatform::getXmlFileName() const {
+    return isChildHardwareEmuPlatform_ ? getHwEmuXmlFileName() : hardware::xmlName(getPlatformExt());
+}
+bool HTEQHardwarePlatform::containsChildHardwareEmuPlatform() const {
+    return !isChildHardwareEmuPlatform_ && !platformFile_.empty() &&
+           hardware::hasMember(platformFile_, getHwEmuJsonFileName());
+}
+const HSTVector<std::string>& HTEQHardwarePlatform::getValidPlatformExts() {
+    static const HSTVector<std::string> validPlatformExts{".cfa", ".lfa"};
+    return validPlatformExts;
+}
+bool HTEQHardwarePlatform::isValidPlatformExt(const std::string& ext) {
+    const auto& exts = getValidPlatformExts();
+    return std::find(exts.begin(), exts.end(), ext) != exts.end();
+}
+
+// Files
+
+bool HTEQHardwarePlatform::extract(const std::string& member, const std::string& archive,
+                                   const std::string& destination) const {
+    return hardware::copyMember(archive, member, destination);
+}
+bool HTEQHardwarePlatform::extractFile(const std::string& type, const std::string& destination) const {
+    const std::string member = getFile(type);
+    return !member.empty() && extract(member, platformFile_, destination);
+}
+bool HTEQHardwarePlatform::extractFile(FileType type, const std::string& destination) const {
+    return extractFile(HTEQPfmFileTypes::toString(type), destination);
+}
+bool HTEQHardwarePlatform::extractFileFromPlatform(const std::string& member, const std::string& destination) const {
+    return !member.empty() && !destination.empty() &&
+           extract(hardware::memberOf(*this, member), platformFile_, destination);
+}
+
+bool HTEQHardwarePlatform::extractDrBdFile(const std::string& destination) const {
+    return hardware::copyFileOfType(*this, "DR_BD", destination);
+}
+bool HTEQHardwarePlatform::extractEmuXmlFile(const std::string& destination) const {
+    return hardware::copyFileOfType(*this, "EMU_XML", destination);
+}
+bool HTEQHardwarePlatform::extractEmuJsonFile(const std::string& destination) const {
+    return hardware::copyFileOfType(*this, "EMU_JSON", destination);
+}
+bool HTEQHardwarePlatform::extractNTSFile(const std::string& destination) const {
+    return hardware::copyFileOfType(*this, "NOC_TRAFFIC", destination);
+}
+bool HTEQHardwarePlatform::extractNCRFile(const std::string& destination) const {
+    return hardware::copyFileOfType(*this, "NOC_SOLUTION", destination);
+}
+bool HTEQHardwarePlatform::extractTILPRJFile(const std::string& destination) const {
+    return PlatformTilprjFileExtractor(*this).extractTILPRJFile(destination);
+}
+bool HTEQHardwarePlatform::extractLARCHFile(const std::string& destination) const {
+    return hardware::copyProjectFile(*this, "tilarchive/morwen/logical_arch_til.larch", "ME_LOGICAL_ARCH",
+                                     destination);
+}
+bool HTEQHardwarePlatform::extractINTFCSTFile(const std::string& destination) const {
+    return hardware::copyProjectFile(*this, "tilarchive/morwen/til_interface.tilintfcst", "ME_CONSTRAINT",
+                                     destination);
+}
+bool HTEQHardwarePlatform::extractINTFSOLFile(const std::string& destination) const {
+    return hardware::copyProjectFile(*this, "tilarchive/morwen/til_interface.tilintfsol", nullptr, destination);
+}
+bool HTEQHardwarePlatform::extractTILCSTFile(const std::string& destination) const {
+    return hardware::copyProjectFile(*this, "tilarchive/morwen/til_constraints.tilcst", nullptr, destination);
+}
+bool HTEQHardwarePlatform::extractTILMetadataFile(const std::string& destination) const {
+    return hardware::copyProjectFile(*this, "tilarchive/morwen/tilprj_meta_data.json", nullptr, destination);
 }

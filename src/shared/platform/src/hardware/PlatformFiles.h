@@ -12,12 +12,11 @@ bool hasMember(const std::string& archive, const std::string& member);
 std::string memberText(const std::string& archive, const std::string& member);
 /// Copies a member to a path of the caller's choice, and makes its directory. A failure leaves no file.
 bool copyMember(const std::string& archive, const std::string& member, const std::string& destination);
-/// Copies a member below `directory` under its own name, which must not lead elsewhere.
-bool copyMemberBelow(const std::string& archive, const std::string& member, const std::string& directory);
 /// Unpacks an archive's directory below the temporary directory; its path there, "" when it is not there afterwards.
 std::string unpackDirectory(const std::string& archive, const std::string& directory);
 
-/// The member of that name as a platform has it: a child emulation platform keeps its files in the emulation directory.
+/// The member of that name as a platform has it: a child emulation platform keeps its files in the emulation
+/// directory.
 std::string memberOf(const HTEQHardwarePlatform& platform, const std::string& member);
 /// Copies the platform's file of a type; false when it lists none.
 bool copyFileOfType(const HTEQHardwarePlatform& platform, const std::string& type, const std::string& destination);

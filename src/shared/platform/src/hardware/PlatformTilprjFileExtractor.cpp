@@ -8,6 +8,7 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
+#include "zip/MemberName.h"
 
 namespace {
 
@@ -38,4 +39,29 @@ bool PlatformTilprjFileExtractor::extractTILPRJFile(const std::string& destinati
         if (!member.empty() && extract_(member, platform_.getPlatformFile(), destination)) return true;
     }
     return false;
+}
+
+bool PlatformTilprjFileExtractor::provideProject_() {
+    const std::string member = platform_.getFile("TILPRJ");
+    if (member.empty() || !zip::memberNameFault(member, true).empty()) return false;
+    const std::string path = HUTEnv::getJUNTmpDir() + "/" + member;
+    struct stat status;
+    if (lstat(path.c_str(), &status) == 0) {
+        project_ = path;
+        return isOwnFile(status);
+    }
+    if (!extractTILPRJFile(path)) return false;
+    project_ = path;
+    ours_ = true;
+    return true;
+}
+
+bool PlatformTilprjFileExtractor::extractFile(const std::string& path, const std::string& destination) {
+    try {
+        const bool done = provideProject_() && extract_(path, project_, destination);
+        removeProject_();
+        return done;
+    } catch (const HEXAll&) {  // no temporary directory
+        return false;
+    }
 }

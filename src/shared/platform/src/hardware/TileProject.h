@@ -10,12 +10,12 @@ class HTEQHardwarePlatform;
 /// The tile-array project, an archive inside the platform's archive.
 namespace hardware {
 
-/// Copies a file of the project; when that fails, and `oldType` is not null, the file of that type, which older archives
-/// hold themselves.
+/// Copies a file of the project; when that fails, and `oldType` is not null, the file of that type, which older
+/// archives hold themselves.
 bool copyProjectFile(const HTEQHardwarePlatform& platform, const std::string& path, const char* oldType,
                      const std::string& destination);
-/// The partitions that the project's partitions file tells; none when there is no such file. Throws HEXAlgException when
-/// it is no JSON.
+/// The partitions that the project's partitions file tells; none when there is no such file. Throws HEXAlgException
+/// when it is no JSON.
 HSTVector<HTEQTilPartition> readProjectPartitions(const HTEQHardwarePlatform& platform);
 /// The interface id that the project's metadata tells; "" when it cannot be had.
 std::string projectInterfaceId(const HTEQHardwarePlatform& platform);

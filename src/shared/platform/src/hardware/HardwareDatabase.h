@@ -1,0 +1,17 @@
+#pragma once
+#include <string>
+
+class HHSMHardwareDb;
+
+/// Hardware databases, which the hardware manager owns for the life of the process. Failures answer "" or null.
+namespace hardware {
+
+/// Whether the archive holds a hardware definition.
+bool hasDefinition(const std::string& archive);
+/// Makes the database of the archive's definition; its name.
+std::string makeDatabaseOf(const std::string& archive);
+/// Makes a database of that name from the archive's definition file; an empty name leaves the choice to the manager.
+HHSMHardwareDb* makeDatabaseFromHdf(const std::string& archive, const std::string& name);
+HHSMHardwareDb* databaseOfName(const std::string& name);
+
+}  // namespace hardware

@@ -1,0 +1,214 @@
+#include "platform/HTEQHardwarePlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "hardware/Documents.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLDevice.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQDesignIPInstance.h"
+#include "platform/HTEQHardwareBusInterface.h"
+#include "platform/HTEQHardwareNocConnectivity.h"
+#include "platform/HTEQReconfigurablePartition.h"
+#include "platform/HTEQSystemClock.h"
+
+using State = HTEQHardwarePlatform::PlatformState;
+using Key = HTEQDesignIntentStorage::Key;
+
+namespace {
+
+void addClock(HPLPlatform& platform, const char* name, int id, const char* frequency, const char* status = "") {
+    HTEQSystemClock* clock = platform.addSystemClock();
+    clock->setName(name);
+    clock->setId(id);
+    clock->setFrequency(frequency);
+    clock->setStatus(status);
+}
+
+void addBus(HPLPlatform& platform, const char* name, const char* type, const char* mode, int width) {
+    HTEQHardwareBusInterface* bus = platform.addBusInterface();
+    bus->setName(name);
+    bus->setBusTypeRef(type);
+    bus->setMode(mode);
+    bus->setDataWidth(width);
+}
+
+}  // namespace
+
+TEST(Clocks, OfEqualNamesAndIdsTheLastAnswers) {
+    HPLPlatform platform;
+    EXPECT_EQ(platform.getDefaultClock(), nullptr);
+    EXPECT_EQ(platform.getDefaultClockId(), "0");
+    EXPECT_EQ(platform.getDefaultClockName(), "");
+    addClock(platform, "a", 0, "100");
+    addClock(platform, "b", 1, "200");
+    addClock(platform, "a", 2, "300");
+    addClock(platform, "c", 0, "400");
+    EXPECT_EQ(platform.getDefaultClockName(), "c");
+    EXPECT_EQ(platform.getDefaultClockFrequency(), "400");
+    EXPECT_EQ(platform.getClockFrequency("a"), "300");
+    EXPECT_EQ(platform.getClockId("a"), "2");
+    EXPECT_EQ(platform.getClockId("A"), "");
+    EXPECT_EQ(platform.getPlatformFrequency(0), "400");
+    EXPECT_EQ(platform.getPlatformFrequency(9), "");
+    platform.setDefaultClkId(7);
+    EXPECT_EQ(platform.getDefaultClock(), nullptr);
+    EXPECT_EQ(platform.getDefaultClockId(), "7");
+    HSTVector<std::string> names, frequencies;
+    platform.getAllClockFrequencies(names, frequencies);
+    EXPECT_EQ(names, (HSTVector<std::string>{"a", "b", "a", "c"}));
+    EXPECT_EQ(frequencies, (HSTVector<std::string>{"100", "200", "300", "400"}));
+}
+
+TEST(Clocks, WithoutAnIdNoneIsTheDefault) {
+    HPLPlatform platform;
+    platform.addSystemClock()->setName("a");
+    EXPECT_EQ(platform.getDefaultClock(), nullptr);
+}
+
+TEST(Clocks, StatusDecides) {
+    const struct {
+        const char* status;
+        bool scalable, fixed, reserved;
+    } kCases[] = {{"SCALABLE", true, false, false}, {"changeable", true, false, false}, {"Fixed", false, true, false},
+                  {"reserved", false, false, true}, {"", false, false, false}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.status);
+        HPLPlatform platform;
+        addClock(platform, "a", 0, "1", c.status);
+        EXPECT_EQ(platform.hasScalableClocks(), c.scalable);
+        EXPECT_EQ(platform.hasFixedClocks(), c.fixed);
+        HSTVector<HTEQSystemClock*> clocks;
+        platform.getSystemClocks(clocks);
+        EXPECT_EQ(clocks.at(0)->isReserved(), c.reserved);
+    }
+    HPLPlatform user;
+    HPLDevice* device = user.addDevice();
+    device->addSystemClock("mine", "250");
+    EXPECT_FALSE(user.hasScalableClocks());  // of another device than fpga0
+    device->setName("fpga0");
+    EXPECT_TRUE(user.hasScalableClocks());
+}
+
+TEST(BusInterfaces, CountsByTypeAndMode) {
+    HPLPlatform platform;
+    EXPECT_EQ(platform.getBusInterfaceMaxDataWidth(), 0);
+    addBus(platform, "a", "AXIMM", "Master", -8);
+    EXPECT_EQ(platform.getBusInterfaceMaxDataWidth(), 0);
+    addBus(platform, "b", "aximm", "slave", 64);
+    addBus(platform, "b", "aximm", "master", 512);
+    addBus(platform, "c", "Interrupt", "any", 1);
+    addBus(platform, "d", "aximm", "", 32);
+    platform.addNocConnectivity()->addBusInterface()->setName("noc");
+    EXPECT_EQ(platform.getMaxAXIMMManagers(), 2u);
+    EXPECT_EQ(platform.getMaxAXIMMSubordinates(), 1u);
+    EXPECT_EQ(platform.getMaxInterrupts(), 1u);
+    EXPECT_EQ(platform.getBusInterfaceMaxDataWidth(), 512);
+    ASSERT_NE(platform.getBusInterfaceByName("b"), nullptr);
+    EXPECT_EQ(platform.getBusInterfaceByName("b")->getMode(), "slave");  // the first of two
+    EXPECT_EQ(platform.getBusInterfaceByName("noc"), nullptr);
+}
+
+TEST(PlatformState, TextsAndShells) {
+    const struct {
+        const char* text;
+        State state;
+        bool preSynthShell, synthShell;
+    } kCases[] = {{"synth", State::synth, false, true},
+                  {"impl", State::impl, false, false},
+                  {"pre_synth", State::pre_synth, true, false},
+                  {"PRE_SYNTH", State::other, false, false},
+                  {"", State::other, false, false}};
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.text);
+        HPLPlatform platform;
+        platform.setPlatformState(c.text);
+        EXPECT_EQ(platform.getState(), c.state);
+        platform.setComputedDesignIntent(Key::dataCenter, true);
+        EXPECT_FALSE(platform.isFlatShell());  // partial reconfiguration
+        platform.setUsesPR(false);
+        EXPECT_EQ(platform.isPreSynthFlatShell(), c.preSynthShell);
+        EXPECT_EQ(platform.isSynthFlatShell(), c.synthShell);
+        EXPECT_EQ(platform.isFlatShell(), c.preSynthShell || c.synthShell);
+        platform.setExpandable(false);
+        EXPECT_FALSE(platform.isFlatShell());
+        platform.setState(c.state);
+        EXPECT_EQ(platform.getPlatformState(), c.state == State::other ? "" : c.text);
+    }
+}
+
+TEST(HardwareEmulation, TheKindTurnsTheSupportOnAndNeverOff) {
+    HPLPlatform platform;
+    platform.setIsHWEmuPlatform(true);
+    EXPECT_TRUE(platform.supportsHWEmulation());
+    platform.setIsHWEmuPlatform(false);
+    EXPECT_TRUE(platform.supportsHWEmulation());
+}
+
+TEST(MemberNames, FollowTheExtension) {
+    const struct {
+        const char *file, *json, *altJson, *xml, *emuJson, *altEmuJson, *emuXml;
+    } kCases[] = {
+        {"/a.b/x.lfa", "lfa.json", "alt_lfa.json", "lfa.xml", "hw_emu/lfa.json", "hw_emu/alt_lfa.json", "hw_emu/lfa.xml"},
+        {"", "", "alt_", "", "", "", ""},
+        {"/a.b/x", "", "alt_", "", "", "", ""},
+    };
+    for (const auto& c : kCases) {
+        SCOPED_TRACE(c.file);
+        HPLPlatform platform;
+        platform.setPlatformFile(c.file);
+        EXPECT_EQ(platform.getJsonFileName(), c.json);
+        EXPECT_EQ(platform.getAltJsonFileName(), c.altJson);
+        EXPECT_EQ(platform.getXmlFileName(), c.xml);
+        EXPECT_EQ(platform.getHwEmuJsonFileName(), c.emuJson);
+        EXPECT_EQ(platform.getAltHwEmuJsonFileName(), c.altEmuJson);
+        platform.setIsChildHardwareEmuPlatform(true);
+        EXPECT_EQ(platform.getXmlFileName(), c.emuXml);
+    }
+    EXPECT_TRUE(HTEQHardwarePlatform::isValidPlatformExt(".lfa"));
+    EXPECT_FALSE(HTEQHardwarePlatform::isValidPlatformExt("lfa"));
+    EXPECT_FALSE(HTEQHardwarePlatform::isValidPlatformExt(".LFA"));
+}
+
+TEST(ReconfigPartitions, FoundByNodeId) {
+    HPLPlatform platform;
+    HTEQReconfigPartition* first = platform.addReconfigPartition();
+    first->setNodeID(5);
+    platform.addReconfigPartition()->setNodeID(5);
+    EXPECT_EQ(platform.findReconfigPartition(5), first);
+    EXPECT_EQ(platform.findReconfigPartition(6), nullptr);
+    EXPECT_EQ(platform.getReconfigModuleName(), "");
+    HPLDevice* device = platform.addDevice();
+    device->setName("fpga0");
+    device->getCore().setReconfigModuleName("rm");
+    EXPECT_EQ(platform.getReconfigModuleName(), "rm");
+}
+
+TEST(ReconfigurablePartition, TheEmulationPlatformNeedsAFileOfItsOwn) {
+    HTEQReconfigurablePartition partition(3);
+    EXPECT_EQ(documentOf(partition), R"({"id": "3"})");
+    HPLPlatform emulation;
+    partition.setHardwareEmulationPlatform(&emulation);
+    EXPECT_TRUE(partition.hasHardwareEmulationPlatform());
+    EXPECT_EQ(documentOf(partition), R"({"id": "3"})");
+    partition.setHardwareEmuPlatformFile("emu.lfa");
+    EXPECT_EQ(documentOf(partition), R"({"id": "3","hwEmuPlatform": )" + documentOf(emulation) + "}");
+}
+
+TEST(DesignIPInstance, AKeyIsTakenOnce) {
+    HTEQDesignIPInstance ip;
+    ip.addConfigParam("b", "2");
+    ip.addConfigParam("a.x", "1");
+    try {
+        ip.addConfigParam("b", "2");
+        FAIL() << "not refused";
+    } catch (const HEXAlgException& e) {
+        EXPECT_STREQ(e.what(), "Attempt to readd Design IP Instance Config Param key: 'b' is not allowed!");
+    }
+    ip.setVLNV("v:l:n:1");
+    ip.setInstanceName("i");
+    EXPECT_EQ(documentOf(ip), R"({"vlnv": "v:l:n:1","instance": "i","configuration": {"a": {"x": "1"},"b": "2"}})");
+}

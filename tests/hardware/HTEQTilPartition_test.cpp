@@ -1,0 +1,92 @@
+#include "platform/HTEQTilPartition.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "hardware/Documents.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQTilPartitionsJsonReader.h"
+#include "util/HUTEnv.h"
+
+namespace {
+
+std::string fileOf(const std::string& text) {
+    const std::string path = HUTEnv::getJUNTmpDir() + "/partitions_test.json";
+    std::ofstream(path) << text;
+    return path;
+}
+
+}  // namespace
+
+TEST(TilPartition, ChildrenAreFoundByBothNumbers) {
+    HTEQTilPartition root(0, 50);
+    EXPECT_FALSE(root.findPartition(0, 10).isPartition());
+    root.addPartition(0, 10).tilInst("first");
+    root.addPartition(0, 10).tilInst("second");
+    EXPECT_EQ(root.findPartition(0, 10).tilInst(), "first");
+    EXPECT_EQ(&root.findPartition(10, 10), &root.findPartition(0, 50));  // none has both
+    EXPECT_TRUE(root.hasPartition("second"));
+    EXPECT_FALSE(root.hasPartition("Second"));
+    HTEQTilPartition copy = root;
+    EXPECT_EQ(copy, root);
+    copy.partitions()[1].uuid("other");
+    EXPECT_FALSE(copy == root);
+    copy.clear();
+    EXPECT_EQ(copy, HTEQTilPartition());
+}
+
+TEST(TilPartition, DocumentReadAndWritten) {
+    HTEQTilPartition partition;
+    EXPECT_EQ(documentOf(partition), R"({"startColumn": "0","numColumns": "0"})");
+    partition.fromJSON(parsed(R"({"tilInst": "til_0", "startColumn": "2", "numColumns": "-3", "uuid": "u",
+                                  "til_pl_intf_id": "i", "partitions": [{"numColumns": "1"}]})"));
+    EXPECT_TRUE(partition.isRoot());
+    EXPECT_FALSE(partition.hasPartitions());
+    EXPECT_EQ(documentOf(partition),
+              R"({"tilInst": "til_0","startColumn": "2","numColumns": "-3","uuid": "u","til_pl_intf_id": "i"})");
+}
+
+TEST(TilPartitionsJsonReader, RootsWithTheirChildren) {
+    HPLPlatform platform;
+    platform.parseTILPartitions(fileOf(R"({"TIL": {
+        "til_0": {"startColumn": "0", "numColumns": "50", "uuid": "u", "til_pl_intf_id": "i", "tilInst": "ignored",
+                  "partitions": {"x": {"startColumn": "5", "numColumns": "10", "partitions": {"y": {"numColumns": "1"}}},
+                                 "no columns": {"startColumn": "1"}, "empty": {"numColumns": "0"}}},
+        "skipped": {"startColumn": "0"},
+        "til.1": {"numColumns": "0", "partitions": {"x": {"numColumns": "10"}}}}})"));
+    HTEQTilPartition first(0, 50), second(0, 0);
+    first.isRoot(true);
+    first.tilInst("til_0");
+    first.uuid("u");
+    first.plIntefaceID("i");
+    first.addPartition(5, 10).tilInst("til_0");
+    first.addPartition(0, 0).tilInst("til_0");
+    second.isRoot(true);
+    second.tilInst("til.1");
+    EXPECT_EQ(platform.getTilPartitions(), (HSTVector<HTEQTilPartition>{first, second}));
+    EXPECT_TRUE(platform.hasTilPartition("til_0"));
+    EXPECT_FALSE(platform.hasTilPartition("til.1"));  // a name of a root only
+    EXPECT_EQ(platform.findTilPartition("til.1"), second);
+    EXPECT_FALSE(platform.findTilPartition("skipped").isPartition());
+}
+
+TEST(TilPartitionsJsonReader, WhatIsNotThereAndWhatIsNoJson) {
+    HPLPlatform platform;
+    platform.parseTILPartitions(HUTEnv::getJUNTmpDir() + "/missing.json");
+    platform.parseTILPartitions(HUTEnv::getJUNTmpDir());
+    platform.parseTILPartitions(fileOf(R"({"til": {"a": {"numColumns": "1"}}})"));
+    EXPECT_FALSE(platform.hasTilPartitions());
+    for (const std::string& text : {std::string(R"({"TIL": {"a": {"numColumns": "1"}})"), std::string(),
+                                    std::string(200'000, '[')}) {
+        const std::string path = fileOf(text);
+        try {
+            platform.parseTILPartitions(path);
+            FAIL() << "not refused";
+        } catch (const HEXAlgException& e) {
+            EXPECT_EQ(e.what(), "An error occurred while parsing the til partitions json file: " + path);
+        }
+    }
+    EXPECT_FALSE(platform.hasTilPartitions());
+}
