@@ -1,0 +1,53 @@
+#include "platform/HTEQPlatformCAPI.h"
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "msg/HEXAll.h"
+#include "platform/PlatformParseException.h"
+#include "support/Platforms.h"
+
+namespace {
+
+TEST(CApi, GivesDocumentsAndNullAndLetsExceptionsPass) {
+    const Scratch scratch;
+    const Messages messages;
+    std::ostringstream printed;
+    std::streambuf* const before = std::cout.rdbuf(printed.rdbuf());
+    const std::string archive = packed(scratch, "h.lfa", {{"lfa.json", "{\"name\": \"n\"}"}});
+
+    char* text = hteq_get_short_platform_json(archive.c_str());
+    std::string escaped = archive;
+    for (std::size_t at = 0; (at = escaped.find('/', at)) != std::string::npos; at += 2) escaped.insert(at, "\\");
+    EXPECT_EQ(std::string(text), "{\n    \"uniqueName\": \"" + escaped + "\",\n    \"file\": \"" + escaped + "\"\n}\n");
+    hteq_free_json_string(text);
+    hteq_free_json_string(nullptr);
+
+    EXPECT_EQ(hteq_get_platform_json((scratch / "gone.lfa").c_str()), nullptr);
+    EXPECT_EQ(hteq_get_short_platform_json(""), nullptr);
+    EXPECT_THROW(hteq_get_platform_json((scratch / "gone.zdf").c_str()), HEXFileNotFoundException);
+    EXPECT_THROW(hteq_get_platform_json(scratch.put("bad.zdf", "<a/>").c_str()), teq_platform::PlatformParseException);
+    EXPECT_THROW(hteq_get_platform_json(nullptr), std::logic_error);
+    std::cout.rdbuf(before);
+    EXPECT_EQ(printed.str(), "Error parsing platform file: " + (scratch / "bad.zdf") +
+                                 "\nLine number:1. the document element is <a>, <teq:platform> is expected (column 1)\n");
+}
+
+TEST(CApi, InvalidExtensionMetadataLeavesAsTheParsersException) {
+    const Scratch scratch;
+    const std::string archive = packed(
+        scratch, "h.lfa",
+        {{"lfa.json", R"({"files": [{"name": "e.json", "type": "EXT_META_JSON"}]})"}, {"e.json", "{\"a\": }"}});
+    try {
+        hteq_get_platform_json(archive.c_str());
+        FAIL() << "no exception";
+    } catch (const std::exception& e) {
+        EXPECT_NE(std::string(typeid(e).name()).find("json_parser_error"), std::string::npos) << typeid(e).name();
+        EXPECT_NE(std::string(e.what()).find("e.json"), std::string::npos) << e.what();
+    }
+}
+
+}  // namespace

@@ -1,0 +1,219 @@
+#include "platform/PlatformLoader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "json/JsonText.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQReconfigurablePartition.h"
+#include "platform/JSONWriter.h"
+#include "support/Platforms.h"
+
+namespace {
+
+using teq_platform::HwMetadataMode;
+using teq_platform::PlatformLoader;
+using teq_platform::PlatformParseException;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode = HwMetadataMode::Default) {
+    return PlatformLoader(file, mode).load();
+}
+
+teq_platform::ptree documentOf(const HTEQPlatform& platform) {
+    teq_platform::JSONObjectWriter writer;
+    writer.writeObject(platform);
+    return writer.getTree();
+}
+
+/// Words that the XML readers print are not this test's business.
+class PlatformLoaderTest : public testing::Test {
+protected:
+    PlatformLoaderTest() : before_(std::cout.rdbuf(printed.rdbuf())) { scratch.put("sw.spfm", kSoftware); }
+    ~PlatformLoaderTest() override { std::cout.rdbuf(before_); }
+
+    std::string zdf(const std::string& hardware, const std::string& software = "sw.spfm") {
+        return scratch.put("p.zdf", descriptor("<teq:hardwarePlatforms>" + hardware + "</teq:hardwarePlatforms>", software));
+    }
+    std::string partitions(const std::string& attributes, const std::vector<std::string>& ids) {
+        std::string text = "<teq:hardwarePlatforms" + attributes + ">";
+        for (const std::string& id : ids)
+            text += "<teq:reconfigurablePartition teq:id='" + id.substr(0, 1) + "'>" +
+                    fileElement("hardwarePlatform", "rp" + id + ".lfa") + "</teq:reconfigurablePartition>";
+        for (const std::string& id : ids)
+            packed(scratch, "rp" + id + ".lfa", {{"lfa.json", "{\"name\": \"rp" + id + "\", \"expandablePlatform\": \"false\"}"}});
+        return scratch.put("rp.zdf", descriptor(text + "</teq:hardwarePlatforms>"));
+    }
+
+    Scratch scratch;
+    Messages messages;
+    std::ostringstream printed;
+
+private:
+    std::streambuf* before_;
+};
+
+TEST_F(PlatformLoaderTest, ChoosesByTheExtensionWithItsCase) {
+    packed(scratch, "h.lfa", {{"lfa.json", "{\"vendor\": \"hv\"}"}});
+    packed(scratch, "h.cfa", {{"cfa.json", "{\"vendor\": \"cv\"}"}});
+    std::filesystem::copy(scratch / "h.cfa", scratch / "h.CFA");
+    std::filesystem::copy(scratch / "h.cfa", scratch / "plain");
+    EXPECT_EQ(load(scratch / "h.lfa")->getHardwarePlatform()->getVendor(), "hv");
+    EXPECT_EQ(load(scratch / "h.cfa")->getHardwarePlatform()->getVendor(), "cv");
+    const auto software = load(scratch / "sw.spfm");
+    EXPECT_NE(software->getSoftwarePlatform(), nullptr);
+    EXPECT_EQ(software->getHardwarePlatform(), nullptr);
+    for (const char* name : {"h.CFA", "plain"}) EXPECT_THROW(load(scratch / name), PlatformParseException) << name;
+    EXPECT_THROW(load(scratch / "gone.zdf"), HEXFileNotFoundException);
+}
+
+TEST_F(PlatformLoaderTest, ALonePartWritesOnlyWhatItHas) {
+    packed(scratch, "h.lfa", {{"lfa.json", "{}"}});
+    const auto hardware = documentOf(*load(scratch / "h.lfa"));
+    EXPECT_EQ(hardware.get<std::string>("zdf"), "false");
+    EXPECT_EQ(hardware.get<std::string>("uniqueName"), scratch / "h.lfa");
+    EXPECT_EQ(hardware.get<std::string>("file"), scratch / "h.lfa");
+    EXPECT_EQ(hardware.count("swFile") + hardware.count("softwarePlatform") + hardware.count("hwFile"), 0U);
+    const auto software = documentOf(*load(scratch / "sw.spfm"));
+    EXPECT_EQ(software.get<std::string>("hardware"), "false");
+    EXPECT_EQ(software.get<std::string>("type"), "Undefined");
+    EXPECT_EQ(software.count("file") + software.count("uniqueName") + software.count("directory"), 0U);
+    EXPECT_EQ(software.count("hardwarePlatforms"), 0U);
+    EXPECT_EQ(software.count("softwarePlatform"), 1U);
+}
+
+TEST_F(PlatformLoaderTest, TellsWhyThereIsNoPlatform) {
+    const std::string good = packed(scratch, "h.lfa", {{"lfa.json", "{}"}});
+    packed(scratch, "xml.lfa", {{"lfa.xml", "<Root/>"}});
+    packed(scratch, "bad.lfa", {{"lfa.json", "{\"devices\": [{}]}"}});
+    scratch.put("text.lfa", "no archive");
+    scratch.put("bad.spfm", "<a/>");
+    scratch.put("h.zip", "");
+    const struct {
+        std::string file;
+        const char* message;
+    } cases[] = {
+        {"", "hardware platform file '' does not exist"},
+        {scratch / "gone.lfa", "does not exist"},
+        {zdf(fileElement("hardwarePlatform", "h.zip")), "incorrect file extension - only CFA and LFA files are supported"},
+        {scratch / "text.lfa", "Failed to parse Hardware Platform metadata file"},
+        {scratch / "xml.lfa", "Failed to parse Hardware Platform metadata file"},
+        {scratch / "bad.lfa", "Failed to parse Hardware Platform metadata file"},
+        {scratch / "gone.spfm", "the software platform file does not exist"},
+        {scratch / "bad.spfm", "software platform file does not exist"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.file);
+        messages.taken.clear();
+        EXPECT_EQ(load(c.file), nullptr);
+        ASSERT_FALSE(messages.taken.empty());
+        EXPECT_EQ(messages.taken.back().id, "@74-60@%s");
+        EXPECT_THAT(messages.taken.back().args.at(0), HasSubstr(c.message));
+        EXPECT_NE(load(good), nullptr) << "the next one loads as if nothing had been";
+    }
+}
+
+TEST_F(PlatformLoaderTest, ASecondLoadReadsNothing) {
+    packed(scratch, "h.lfa", {{"lfa.json", "{}"}});
+    PlatformLoader loader(zdf(fileElement("hardwarePlatform", "h.lfa")), HwMetadataMode::Default);
+    EXPECT_EQ(loader.getName(), "n");
+    EXPECT_EQ(loader.getBaseName(), "p");
+    const auto platform = loader.load();
+    ASSERT_NE(platform, nullptr);
+    std::filesystem::remove(scratch / "h.lfa");
+    EXPECT_EQ(loader.load(), platform);
+}
+
+TEST_F(PlatformLoaderTest, ReadsTheMemberThatTheModeAllows) {
+    const std::string both = packed(scratch, "both.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"alt_lfa.json", "{\"name\": \"alt\"}"}});
+    const std::string alt = packed(scratch, "alt.lfa", {{"alt_lfa.json", "{\"name\": \"alt\"}"}});
+    const auto nameOf = [](const std::string& file, HwMetadataMode mode) {
+        const auto platform = load(file, mode);
+        return platform ? platform->getHardwarePlatform()->getName() : "none";
+    };
+    EXPECT_EQ(nameOf(both, HwMetadataMode::Default), "alt");
+    EXPECT_EQ(nameOf(both, HwMetadataMode::PrimaryJsonOnly), "main");
+    EXPECT_EQ(nameOf(both, HwMetadataMode::XmlOnly), "none");
+    EXPECT_EQ(nameOf(alt, HwMetadataMode::Default), "alt");
+    EXPECT_EQ(nameOf(alt, HwMetadataMode::PrimaryJsonOnly), "none");
+}
+
+TEST_F(PlatformLoaderTest, AnEmulationChildComesOutOfTheArchive) {
+    const auto platform =
+        load(packed(scratch, "h.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"hw_emu/lfa.json", "{\"name\": \"emu\"}"}}));
+    ASSERT_NE(platform, nullptr);
+    EXPECT_TRUE(platform->supportsHWEmulation());
+    EXPECT_FALSE(platform->getHardwarePlatform()->supportsHWEmulation());
+    EXPECT_EQ(platform->getHardwareEmulationPlatform()->getName(), "emu");
+    EXPECT_EQ(platform->getHardwareEmulationPlatform()->getXmlFileName(), "hw_emu/lfa.xml");
+    const auto document = documentOf(*platform);
+    EXPECT_EQ(document.get<std::string>("hardwareEmulation"), "true");
+    EXPECT_EQ(document.get_child("hardwarePlatforms").size(), 1U) << "it has no file of its own";
+}
+
+TEST_F(PlatformLoaderTest, AnEmulationFileOfItsOwnIsWrittenAndABadOneIgnored) {
+    packed(scratch, "h.lfa", {{"lfa.json", "{}"}});
+    packed(scratch, "e.lfa", {{"lfa.json", "{\"name\": \"emu\"}"}});
+    scratch.put("bad.lfa", "no archive");
+    const auto good = load(zdf(fileElement("hardwarePlatform", "h.lfa") + fileElement("hwEmuPlatform", "e.lfa")));
+    EXPECT_EQ(documentOf(*good).get<std::string>("hardwarePlatforms.hwEmuPlatform.name"), "emu");
+    const auto bad = load(zdf(fileElement("hardwarePlatform", "h.lfa") + fileElement("hwEmuPlatform", "bad.lfa")));
+    ASSERT_NE(bad, nullptr);
+    EXPECT_FALSE(bad->hasHWEmulationPlatform());
+    const auto only = load(zdf(fileElement("hwEmuPlatform", "e.lfa")));
+    EXPECT_EQ(only->getHardwarePlatformFile(), only->getHardwareEmuPlatformFile());
+    EXPECT_TRUE(only->hasDistinctHardwareEmulationPlatform());
+}
+
+TEST_F(PlatformLoaderTest, PartitionsAnswerByTheirIds) {
+    const auto platform = load(partitions(" teq:defaultRP='2'", {"1", "2", "2b"}));
+    ASSERT_NE(platform, nullptr);
+    EXPECT_EQ(platform->getHardwarePlatform()->getName(), "rp2b") << "of two with one id the last";
+    EXPECT_EQ(platform->getRPHardwarePlatform(1)->getName(), "rp1");
+    EXPECT_EQ(platform->getRPHardwarePlatform(3), nullptr);
+    EXPECT_TRUE(platform->isFixed());
+    const auto document = documentOf(*platform);
+    EXPECT_EQ(document.get<std::string>("defaultRPId"), "2");
+    EXPECT_EQ(document.get_child("hardwarePlatforms.reconfigurablePartitions").size(), 3U);
+    EXPECT_EQ(document.get_child("hardwarePlatforms").count("hardwarePlatform"), 0U);
+}
+
+TEST_F(PlatformLoaderTest, ADefaultPartitionThatIsNotThereAnswersFalse) {
+    const auto platform = load(partitions(" teq:defaultRP='7'", {"1"}));
+    ASSERT_NE(platform, nullptr);
+    EXPECT_EQ(platform->getHardwarePlatform(), nullptr);
+    EXPECT_FALSE(platform->supportsHardware());
+    EXPECT_EQ(documentOf(*platform).get<std::string>("hardware"), "false");
+}
+
+TEST_F(PlatformLoaderTest, APartitionsFileMustBeReadable) {
+    const std::string file = partitions("", {"1"});
+    std::filesystem::remove(scratch / "rp1.lfa");
+    EXPECT_EQ(load(file), nullptr);
+    EXPECT_THAT(messages.lines(), ElementsAre("@74-66@%s: " + (scratch / "rp1.lfa"),
+                                              "@74-60@%s: Failed to parse Hardware Platform metadata file"));
+}
+
+TEST_F(PlatformLoaderTest, ModulesFitThePartitionsOfAStaticPlatform) {
+    const auto platform = load(packed(scratch, "s.lfa", {{"lfa.json", R"({"reconfigPartitionIDs": [{"nodeID": 5}, {"nodeID": 6}]})"}}));
+    const std::string five = packed(scratch, "m5.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
+    const std::string again = packed(scratch, "m5b.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
+    const std::string six = packed(scratch, "m6.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 6}})"}});
+    const std::string other = packed(scratch, "m9.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 9}})"}});
+    const HTEQHardwarePlatform& hardware = *platform->getHardwarePlatform();
+    EXPECT_EQ(hardware.getNodeIDFromLfa(six), 6U);
+    EXPECT_TRUE(hardware.isValidRmLfa(five));
+    EXPECT_FALSE(hardware.isValidRmLfa(other));
+    EXPECT_FALSE(hardware.isValidRmLfa(scratch / "gone.lfa"));
+    EXPECT_TRUE(hardware.validateRmLfaFiles({}));
+    EXPECT_TRUE(hardware.validateRmLfaFiles({five, six}));
+    EXPECT_FALSE(hardware.validateRmLfaFiles({five, again}));
+    EXPECT_FALSE(hardware.validateRmLfaFiles({five, other}));
+    EXPECT_EQ(hardware.createHwDb({five}), nullptr) << "it has no hardware definition";
+}
+
+}  // namespace
