@@ -26,11 +26,12 @@ using Violations = std::vector<Violation>;
 /// A document that cannot be read, or a record that cannot be written.
 class Exception : public std::exception {
 public:
-    explicit Exception(Violation violation) : violation_(std::move(violation)) {}
+    explicit Exception(Violation violation);
     ~Exception() override;
 
-    /// The text alone, without its place.
-    const char* what() const noexcept override { return violation_.text.c_str(); }
+    /// The text with " (column N)" behind it, as those who print it know the file and the line only.
+    const char* what() const noexcept override { return what_.c_str(); }
+    const std::string& text() const { return violation_.text; }
     std::uint64_t line() const { return violation_.place.line; }
     std::uint64_t column() const { return violation_.place.column; }
     const std::string& element() const { return violation_.element; }
@@ -40,6 +41,7 @@ public:
 
 private:
     Violation violation_;
+    std::string what_;
 };
 
 /// `text` of a document for a message: control characters escaped, and cut when it is long.

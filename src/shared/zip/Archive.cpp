@@ -53,7 +53,7 @@ void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
 
 std::string Archive::read(const Member& member, std::uint64_t bound) const {
     checkKind(member);
-    if (member.size > bound || member.packedSize > bound + kBlock)
+    if (member.size > bound || (member.packedSize > kBlock && member.packedSize - kBlock > bound))
         refuse(member,
                fmt::format("it has {} bytes, {} packed; at most {} are read", member.size, member.packedSize, bound));
     PackedData packed(*bytes_, name_, member, member.packedSize);

@@ -45,6 +45,13 @@ private:
         if (!bytes_.read(end_.tailOffset, end_.tail.data(), end_.tail.size())) refuse("its end cannot be read");
     }
 
+    /// From the tail when it has the bytes, which is nearly always.
+    bool fetch(std::uint64_t offset, char* target, std::size_t count) const {
+        if (offset < end_.tailOffset) return bytes_.read(offset, target, count);
+        std::copy_n(end_.tail.data() + (offset - end_.tailOffset), count, target);
+        return true;
+    }
+
     /// The one record whose comment reaches the end of the archive. What a reader that looks from the other side
     /// would find first must not differ.
     bool find() {
@@ -85,7 +92,7 @@ private:
     void readLocator(std::uint64_t& directoryEnd) {
         std::array<char, kLocatorSize> locator;
         if (directoryEnd < kLocatorSize + kRecord64Size ||
-            !bytes_.read(directoryEnd - kLocatorSize, locator.data(), locator.size()) ||
+            !fetch(directoryEnd - kLocatorSize, locator.data(), locator.size()) ||
             !std::string_view(locator.data(), locator.size()).starts_with(kLocatorSignature))
             return;
         if (u32(&locator[4]) != 0 || u32(&locator[16]) != 1)
@@ -100,7 +107,7 @@ private:
 
     void readRecord64(std::uint64_t offset) {
         std::array<char, kRecord64Size> record;
-        if (!bytes_.read(offset, record.data(), record.size()) ||
+        if (!fetch(offset, record.data(), record.size()) ||
             !std::string_view(record.data(), record.size()).starts_with(kRecord64Signature))
             refuse(fmt::format("there is no zip64 end record at byte {}, where its locator points", offset));
         if (u64(&record[4]) != kRecord64Size - 12)

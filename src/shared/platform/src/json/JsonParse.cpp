@@ -120,9 +120,11 @@ private:
 };
 
 [[noreturn]] void fail(const std::string& what, const std::string& name, std::string_view text, std::size_t offset) {
-    const auto end = text.begin() + static_cast<std::ptrdiff_t>(std::min(offset, text.size()));
-    const auto line = 1 + std::count(text.begin(), end, '\n');
-    BOOST_PROPERTY_TREE_THROW(json_parser_error(what, name, static_cast<unsigned long>(line)));
+    const std::string_view before = text.substr(0, offset);
+    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
+    const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;  // npos + 1 is 0
+    BOOST_PROPERTY_TREE_THROW(json_parser_error(what + " (column " + std::to_string(column) + ")", name,
+                                                static_cast<unsigned long>(line)));
 }
 
 std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {

@@ -3,7 +3,7 @@
 #include <exception>
 #include <memory>
 
-#include "archive/MemberSource.h"
+#include "archive/Request.h"
 #include "hardware/HardwareKeys.h"
 #include "json/JsonFile.h"
 #include "msg/ComMsgMgr.h"
@@ -25,7 +25,7 @@ using Mode = HTEQCfaJsonReader::HwMetadataMode;
 std::string chosen(const std::string& archive, Mode mode, const std::string& primary, const std::string& alternative) {
     if (mode == Mode::XmlOnly) return "";
     try {
-        const auto source = archive::openArchive(archive);
+        const auto source = archive::open(archive);
         if (mode == Mode::Default && source->contains(alternative)) return alternative;
         return source->contains(primary) ? primary : "";
     } catch (const zip::ArchiveError&) {
@@ -74,7 +74,7 @@ bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::str
 
 bool HTEQCfaJsonReader::canParseHwEmu(const std::string& archive, Mode mode, std::string& member) {
     if (!canParse(archive, mode, member)) return false;
-    const auto contains = [&](const std::string& name) { return archive::openArchive(archive)->contains(name); };
+    const auto contains = [&](const std::string& name) { return archive::open(archive)->contains(name); };
     member = platform_->getHwEmuJsonFileName();
     if (contains(member)) return true;
     member = platform_->getAltHwEmuJsonFileName();
@@ -96,7 +96,7 @@ bool HTEQCfaJsonReader::parseHwEmuLFA(const std::string& archive, Mode mode) {
 bool HTEQCfaJsonReader::parseMember(const std::string& archive, const std::string& member) {
     member_ = member;
     try {
-        const std::optional<std::string> text = archive::openArchive(archive)->read(member);
+        const std::optional<std::string> text = archive::open(archive)->read(member);
         return text && parseJsonString(*text);
     } catch (const std::exception& e) {
         ComMsgMgr::sendMsg("@74-64@%s%s%s", member, archive, e.what());
@@ -136,12 +136,12 @@ void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
 std::string HTEQCfaJsonReader::getHpfmFile() const {
     const HPLFile* file = platform_->findFile("HPFM");
     if (!file || archive_.empty()) return "";
-    return archive::openArchive(archive_)->contains(file->getName()) ? file->getName() : "";
+    return archive::open(archive_)->contains(file->getName()) ? file->getName() : "";
 }
 
 std::string HTEQCfaJsonReader::getHpfmStr() const {
     const std::string member = getHpfmFile();
-    return member.empty() ? "" : archive::openArchive(archive_)->read(member).value_or("");
+    return member.empty() ? "" : archive::open(archive_)->read(member).value_or("");
 }
 
 bool HTEQCfaJsonReader::readHpfmBusInterfaces(const std::string& hpfm) {

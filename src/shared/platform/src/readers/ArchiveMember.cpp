@@ -1,0 +1,36 @@
+#include "readers/ArchiveMember.h"
+
+#include <optional>
+
+#include "archive/Request.h"
+#include "msg/HEXAll.h"
+
+namespace readers {
+
+namespace {
+
+/// Nothing when the archive or the member cannot be opened.
+std::optional<std::string> read(const std::string& archive, std::string_view member) {
+    try {
+        return archive::open(archive)->read(member);
+    } catch (const HEXAll&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+std::string_view withoutLeadingDot(std::string_view member) {
+    if (member.size() < 2 || member[1] != '/') return member;
+    const auto rest = member.find_first_not_of('/', 1);
+    return rest == std::string_view::npos ? std::string_view() : member.substr(rest);
+}
+
+std::string textOfMember(const std::string& archive, const std::string& member) {
+    const std::string name(withoutLeadingDot(member));
+    std::optional<std::string> text = read(archive, name);
+    if (!text) throw HEXError(ComMsgMgr::make("@74-34@%s%s", archive, name));
+    return std::move(*text);
+}
+
+}  // namespace readers

@@ -1,0 +1,47 @@
+#include "platform/HTEQEmulationJsonReader.h"
+
+#include "json/JsonFile.h"
+#include "msg/HEXAll.h"
+#include "platform/HTEQEmulations.h"
+#include "readers/ArchiveMember.h"
+#include "util/HUTPathUtils.h"
+
+HTEQEmulationJsonReader::HTEQEmulationJsonReader(const std::string& file, HTEQEmulations* emulations)
+    : file_(file), emulations_(emulations) {
+    if (!HUTPathUtils::exists(file)) throw HEXFileNotFoundException(file);
+}
+
+HTEQEmulationJsonReader::HTEQEmulationJsonReader(HTEQEmulations* emulations) : emulations_(emulations) {}
+
+bool HTEQEmulationJsonReader::isJsonValid() const {
+    json::ptree root;
+    json::parseFile(file_, root);
+    return root.find("emulations") != root.not_found();
+}
+
+void HTEQEmulationJsonReader::parseJson() {
+    json::ptree root;
+    json::parseFile(file_, root);
+    parseRoot_(root);
+}
+
+void HTEQEmulationJsonReader::parseFromCfa(const std::string& archive, const std::string& member,
+                                           HTEQEmulations* emulations) {
+    json::ptree root;
+    json::parse(readers::textOfMember(archive, member), archive + "!" + member, root);
+    HTEQEmulationJsonReader(emulations).parseRoot_(root);
+}
+
+void HTEQEmulationJsonReader::parseRoot_(const json::ptree& root) {
+    if (const auto version = root.get_optional<std::string>("pfm_metadata_version"))
+        emulations_->setPfmMetadataVersion(*version);
+    for (const auto& [emulationKey, from] : root.get_child("emulations")) {
+        HTEQEmulation& emulation = *emulations_->createEmulation();
+        emulation.setName(from.get<std::string>("name", ""));
+        for (const auto& [fileKey, file] : from.get_child("files")) {
+            const auto type = file.get<std::string>("type");
+            HTEQEmulationFile& added = *emulation.createFile(type, file.get<std::string>("name"));
+            if (const auto path = file.get_optional<std::string>("inst_path")) added.setInstPath(path->c_str());
+        }
+    }
+}

@@ -1,0 +1,51 @@
+#include "platform/HTEQEmulationXMLReader.h"
+
+#include "msg/HEXAll.h"
+#include "platform/HTEQEmulations.h"
+#include "readers/ArchiveMember.h"
+#include "records/TEQEmulationLMX.h"
+#include "util/HUTPathUtils.h"
+#include "xml/XmlReader.h"
+
+namespace {
+
+[[noreturn]] void report(const xml::Exception& e) {
+    HXMLException error(e.describe());
+    ComMsgMgr::send(error.message());
+    throw error;
+}
+
+}  // namespace
+
+HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmulations* emulations)
+    : file_(file), emulations_(emulations) {
+    if (!HUTPathUtils::exists(file)) throw HEXFileNotFoundException(file);
+}
+
+void HTEQEmulationXMLReader::parseXml() {
+    try {
+        parseRoot_(xml::readFile(TEQEmulation::kDocument, file_));
+    } catch (const xml::Exception& e) {
+        report(e);
+    }
+}
+
+void HTEQEmulationXMLReader::parseFromCfa(const std::string& archive, const std::string& member,
+                                          HTEQEmulations* emulations) {
+    const std::string text = readers::textOfMember(archive, member);
+    try {
+        const TEQEmulation::Root root = xml::read(TEQEmulation::kDocument, text, archive + "!" + member);
+        HTEQEmulationXMLReader(emulations).parseRoot_(root);
+    } catch (const xml::Exception& e) {
+        report(e);
+    }
+}
+
+void HTEQEmulationXMLReader::parseRoot_(const TEQEmulation::Root& record) {
+    for (const TEQEmulation::Emulation& from : record.emulations.emulations) {
+        HTEQEmulation& emulation = *emulations_->createEmulation();
+        emulation.setName(from.Name.get());
+        for (const TEQEmulation::File& file : from.files.files)
+            emulation.createFile(file.Type.get(), file.Name.get());
+    }
+}

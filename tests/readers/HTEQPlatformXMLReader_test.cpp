@@ -1,0 +1,112 @@
+#include "platform/HTEQPlatformXMLReader.h"
+
+#include <gtest/gtest.h>
+
+#include "msg/HEXAll.h"
+#include "platform/HTEQPlatform.h"
+#include "platform/HTEQReconfigurablePartition.h"
+#include "readers/Capture.h"
+
+namespace {
+
+std::string zdf(const std::string& hardware, const std::string& attributes = "") {
+    return "<teq:platform xmlns:teq='urn:torvane:teq:platform:1.0' teq:vendor='v' teq:library='l' teq:name='n'"
+           " teq:version=' 1.50 '>\n<teq:description>some text</teq:description>\n<teq:hardwarePlatforms " +
+           attributes + ">" + hardware +
+           "</teq:hardwarePlatforms>\n<teq:softwarePlatforms><teq:softwarePlatform teq:path='x/../sw' "
+           "teq:name='n.spfm'/>"
+           "</teq:softwarePlatforms></teq:platform>";
+}
+
+const std::string kHardware = "<teq:hardwarePlatform teq:path='y/../hw' teq:name='n.lfa'/>";
+const std::string kEmulation = "<teq:hwEmuPlatform teq:path='emu' teq:name='n.lfa'/>";
+
+class DescriptorReader : public testing::Test {
+protected:
+    bool read(const std::string& text) {
+        file_ = scratch_.put("n.zdf", text);
+        HTEQPlatformXMLReader reader(file_, &platform_);
+        const bool done = reader.parseFile();
+        error_ = reader.getErrorMsg();
+        return done;
+    }
+    Scratch scratch_;
+    HTEQPlatform platform_;
+    std::string file_, error_;
+};
+
+}  // namespace
+
+TEST_F(DescriptorReader, DirectHardware) {
+    ASSERT_TRUE(read(zdf(kHardware)));
+    EXPECT_EQ(error_, "");
+    EXPECT_EQ(platform_.getVendor(), "v");
+    EXPECT_EQ(platform_.getLibrary(), "l");
+    EXPECT_EQ(platform_.getName(), "n");
+    EXPECT_EQ(platform_.getVersion(), "1.50");
+    EXPECT_EQ(platform_.getDescription(), "some text");
+    EXPECT_EQ(platform_.getPlatformFile(), file_);
+    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
+    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), "");
+    EXPECT_EQ(platform_.getSoftwarePlatformFile(), scratch_.path("x/../sw/n.spfm"));  // keeps its relative parts
+}
+
+TEST_F(DescriptorReader, DirectHardwareWithEmulation) {
+    ASSERT_TRUE(read(zdf(kHardware + kEmulation)));
+    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
+    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), scratch_.path("emu/n.lfa"));
+}
+
+TEST_F(DescriptorReader, EmulationAloneServesAsBoth) {
+    ASSERT_TRUE(read(zdf(kEmulation)));
+    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("emu/n.lfa"));
+    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), scratch_.path("emu/n.lfa"));
+    EXPECT_TRUE(platform_.hasDistinctHardwareEmulationPlatform());
+}
+
+TEST_F(DescriptorReader, Partitions) {
+    ASSERT_TRUE(read(zdf("<teq:reconfigurablePartition teq:id='4'>" + kHardware + kEmulation +
+                             "</teq:reconfigurablePartition><teq:reconfigurablePartition teq:id='4'>" + kEmulation +
+                             "</teq:reconfigurablePartition>",
+                         "teq:defaultRP='9'")));
+    const auto& partitions = platform_.getReconfigurablePartitions();
+    ASSERT_EQ(partitions.size(), 2U);
+    EXPECT_EQ(partitions[0]->getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
+    EXPECT_EQ(partitions[0]->getHardwareEmulationPlatformFile(), scratch_.path("emu/n.lfa"));
+    EXPECT_EQ(partitions[1]->getHardwarePlatformFile(), "");  // unlike a platform of emulation alone
+    EXPECT_EQ(partitions[1]->getHardwareEmulationPlatformFile(), scratch_.path("emu/n.lfa"));
+    EXPECT_EQ(platform_.getReconfigurablePartition(4), partitions[1]);
+    EXPECT_EQ(platform_.getDefaultRPId(), 9U);
+    EXPECT_EQ(platform_.getHardwarePlatform(), nullptr);
+    EXPECT_EQ(platform_.getHardwarePlatformFile(), "");
+}
+
+TEST_F(DescriptorReader, DefaultPartitionIsZeroWhenNotNamed) {
+    ASSERT_TRUE(read(zdf("<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>")));
+    EXPECT_EQ(platform_.getDefaultRPId(), 0U);
+}
+
+TEST_F(DescriptorReader, ReportsAFaultAndLeavesThePlatform) {
+    const Capture capture;
+    EXPECT_FALSE(read(zdf("")));
+    EXPECT_EQ(error_, "Error parsing platform file: " + file_ +
+                          "\nLine number:3. <hardwarePlatforms> ends where <hardwarePlatform>, <hwEmuPlatform> or "
+                          "<reconfigurablePartition> is expected\n");
+    EXPECT_EQ(capture.printed(), error_);
+    ASSERT_EQ(capture.messages.size(), 1U);
+    EXPECT_EQ(capture.messages[0].id, "@74-9@%s");
+    EXPECT_EQ(capture.messages[0].mask, MsgMask::error);
+    EXPECT_EQ(capture.messages[0].args, (std::vector<std::string>{file_, "3"}));
+    EXPECT_EQ(platform_.getVendor(), "");
+}
+
+TEST_F(DescriptorReader, MissingFile) {
+    for (const std::string& file : {std::string(), scratch_.path("none.zdf")}) {
+        try {
+            HTEQPlatformXMLReader reader(file, &platform_);
+            ADD_FAILURE() << file;
+        } catch (const HEXFileNotFoundException& e) {
+            EXPECT_EQ(e.what(), file);
+        }
+    }
+}
