@@ -39,6 +39,15 @@ public:
         }
         return false;
     }
+    /// Takes out and deletes every object for which `pred(const T&)` holds, in one pass.
+    template <class Pred>
+    void removeAll(Pred pred) {
+        std::erase_if(items_, [&](T* object) {
+            const bool goes = pred(std::as_const(*object));
+            if (goes) delete object;
+            return goes;
+        });
+    }
     void clear() {
         for (const T* object : std::exchange(items_, {})) delete object;
     }

@@ -13,7 +13,8 @@ inline std::string documentOf(const teq_platform::JSONSerializable& object) {
     std::string line;
     bool indent = false;
     for (const char c : json::write(writer.getTree())) {
-        if (c == '\n') indent = true;
+        if (c == '\n')
+            indent = true;
         else if (c != ' ' || !indent) {
             indent = false;
             line += c;

@@ -56,8 +56,8 @@ TEST(Board, Document) {
               R"("featureId": "0x4"}})");
 }
 
-// A list of Booleans cannot be written: the document of a board with a driver is never done, and takes nothing while it
-// is waited for.
+// A list of Booleans cannot be written: the document of a board with a driver is never done, and takes nothing while
+// it is waited for.
 TEST(Board, ADriverNeverReturns) {
     const pid_t child = fork();
     ASSERT_NE(child, -1);

@@ -57,8 +57,9 @@ TEST(Core, ResourceCounts) {
         const char *type, *pblock, *variant;
         int count;
     } kCases[] = {
-        {"DSP", "pb", "", 12},  {"dsp", "pb", "", 0},         // the key itself has its case
-        {"DSP", "pb", "used", 3}, {"LUT", "pb", "used", 5}, {"LUT", "Pb", "", 7},  // of two pblocks, the one with the key
+        {"DSP", "pb", "", 12},    {"dsp", "pb", "", 0},  // the key itself has its case
+        {"DSP", "pb", "used", 3}, {"LUT", "pb", "used", 5},
+        {"LUT", "Pb", "", 7},  // of two pblocks, the one with the key
         {"LUT", "other", "", 0},
     };
     for (const auto& c : kCases)
@@ -84,9 +85,9 @@ TEST(Core, CountsOfTheDynamicRegion) {
 TEST(Core, SlrNames) {
     HPLCore core;
     core.addSLRInfo("pb", "SLR1,SLR0,SLR1");
-    core.addSLRInfo("pb", HSTVector<std::string>{"SLR9"});      // the first call counts
-    core.addSLRInfo("none", HSTVector<std::string>{});          // nothing
-    core.addSLRInfo("alone", std::set<std::string>{"SLR5"});    // without resources
+    core.addSLRInfo("pb", HSTVector<std::string>{"SLR9"});    // the first call counts
+    core.addSLRInfo("none", HSTVector<std::string>{});        // nothing
+    core.addSLRInfo("alone", std::set<std::string>{"SLR5"});  // without resources
     std::set<std::string> names{"before"};
     core.getSLRNames("none", names);
     EXPECT_EQ(names, (std::set<std::string>{"before"}));
@@ -117,10 +118,11 @@ TEST(Core, Document) {
     port->setDirection("out");
     port->setName("S_AXI");
     port->setMaxBurstLength("256");
-    EXPECT_EQ(documentOf(core),
-              R"({"numComputeUnits": "0","availableResources": {"pBlocks": [{"name": "bare","validSlrs": ["SLR0"]}]},)"
-              R"("configParams": [{"name": "a","value": "1"},{"name": "b","value": "2"}],)"
-              R"("ports": [{"name": "S_AXI","maxBurstLength": "256","direction": "out"}]})");
+    EXPECT_EQ(
+        documentOf(core),
+        R"({"numComputeUnits": "0","availableResources": {"pBlocks": [{"name": "bare","validSlrs": ["SLR0"]}]},)"
+        R"("configParams": [{"name": "a","value": "1"},{"name": "b","value": "2"}],)"
+        R"("ports": [{"name": "S_AXI","maxBurstLength": "256","direction": "out"}]})");
 }
 
 TEST(Core, DocumentReadAndWritten) {

@@ -9,10 +9,18 @@ TEST(Memory, PermittedParametersFollowTheType) {
         const char *type, *name;
         bool stored;
     } kCases[] = {
-        {"ddr4", "C0.DDR4_tCK", true},       {"ddr4", "C0.DDR3_tCK", false}, {"ddr3", "C0.DDR3_tCK", true},
-        {"ddr3", "C0.DDR4_tCK", false},      {"", "C0.DDR4_tZQINIT", true},  // every type but ddr3 is of the family DDR4
-        {"DDR3", "C0.DDR3_tCK", false},      {"ddr3", "DATA_WIDTH", true},   {"ddr4", "C0.ControllerType", true},
-        {"ddr4", "data_width", false},       {"ddr4", "C0.DDR4", false},     {"ddr4", "", false},
+        {"ddr4", "C0.DDR4_tCK", true},
+        {"ddr4", "C0.DDR3_tCK", false},
+        {"ddr3", "C0.DDR3_tCK", true},
+        {"ddr3", "C0.DDR4_tCK", false},
+        {"", "C0.DDR4_tZQINIT", true},  // every type but ddr3 is of the
+                                        // family DDR4
+        {"DDR3", "C0.DDR3_tCK", false},
+        {"ddr3", "DATA_WIDTH", true},
+        {"ddr4", "C0.ControllerType", true},
+        {"ddr4", "data_width", false},
+        {"ddr4", "C0.DDR4", false},
+        {"ddr4", "", false},
         {"ddr4", "C0.DDR4_ADDR_WIDTH ", false},
     };
     for (const auto& c : kCases) {
@@ -30,9 +38,11 @@ TEST(Memory, DocumentReadAndWritten) {
     HPLMemory memory;
     EXPECT_EQ(documentOf(memory), "{}");
     // The type is read before the parameters, wherever it stands.
-    readInto(memory, R"({"configParams": [{"name": "C0.DDR3_tCK", "value": "2"}, {"name": "DATA_WIDTH", "value": "1"}],
+    readInto(memory,
+             R"({"configParams": [{"name": "C0.DDR3_tCK", "value": "2"}, {"name": "DATA_WIDTH", "value": "1"}],
                          "type": "ddr3", "name": "bank0", "size": "16GB", "highAddress": "18446744073709551615"})");
-    EXPECT_EQ(documentOf(memory),
-              R"({"name": "bank0","type": "ddr3","size": "16GB","lowAddress": "0","highAddress": "9223372036854775807",)"
-              R"("configParams": [{"name": "C0.DDR3_tCK","value": "2"},{"name": "DATA_WIDTH","value": "1"}]})");
+    EXPECT_EQ(
+        documentOf(memory),
+        R"({"name": "bank0","type": "ddr3","size": "16GB","lowAddress": "0","highAddress": "9223372036854775807",)"
+        R"("configParams": [{"name": "C0.DDR3_tCK","value": "2"},{"name": "DATA_WIDTH","value": "1"}]})");
 }

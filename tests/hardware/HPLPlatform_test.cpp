@@ -45,7 +45,8 @@ TEST(HplPlatform, HostTexts) {
     platform.setHostInterface("AXI");
     EXPECT_EQ(platform.getHostInterfaceAsEnum(), HostInterfaceType::axi);
     EXPECT_EQ(platform.getHostArchAsStr(static_cast<HostArchType>(9)), "unknown");
-    EXPECT_EQ(HPLPlatform::getHostArchTypesAsStr(), (HSTVector<std::string>{"x86_64", "armv7l", "ppc64le", "aarch64"}));
+    EXPECT_EQ(HPLPlatform::getHostArchTypesAsStr(),
+              (HSTVector<std::string>{"x86_64", "armv7l", "ppc64le", "aarch64"}));
 }
 
 TEST(HplPlatform, InterfaceDescription) {

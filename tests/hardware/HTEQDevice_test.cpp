@@ -35,8 +35,9 @@ TEST(Device, ARefusedStringKeepsTheFields) {
             device.setFpgaPart(text);
             FAIL() << "not refused";
         } catch (const HEXAlgException& e) {
-            EXPECT_EQ(e.what(), "HTEQDevice::convertFpgaDeviceToPart_ - FPGA Device (string) format not as expected: '" +
-                                    std::string(text) + "'");
+            EXPECT_EQ(e.what(),
+                      "HTEQDevice::convertFpgaDeviceToPart_ - FPGA Device (string) format not as expected: '" +
+                          std::string(text) + "'");
         }
         EXPECT_EQ(device.getFpgaPart(), text);
         EXPECT_EQ(device.getPartName(), "bc-2");

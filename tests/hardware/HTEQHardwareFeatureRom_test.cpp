@@ -85,8 +85,9 @@ TEST(FeatureRom, RefusesUuidsAndIndices) {
         EXPECT_EQ(refusalOf([&] { rom.setUUID(text); }),
                   "Unable to convert string to Feature ROM UUID: '" + std::string(text) + "'");
     EXPECT_EQ(rom.getUUIDAsString(), "00112233-4455-6677-8899-aabbccddeeff");
-    const std::string words = "Attempt to set the CDMA Base Address on the CFA XML DOM object using index '4' which is "
-                              "out of bounds (max is: '3')";
+    const std::string words =
+        "Attempt to set the CDMA Base Address on the CFA XML DOM object using index '4' which is "
+        "out of bounds (max is: '3')";
     EXPECT_EQ(refusalOf([&] { rom.setCDMABaseAddress(4, 1); }), words);
     EXPECT_EQ(refusalOf([&] { rom.getCDMABaseAddress(4); }), words);
 }
@@ -95,8 +96,16 @@ TEST(FeatureRom, NumbersAsTexts) {
     const struct {
         const char* text;
         std::uint64_t value;
-    } kCases[] = {{"0x30", 0x30}, {"30", 30},   {"0X1f", 0x1f},      {"", 0},     {"0x", 0},
-                  {"x", 0},       {" 12z", 12}, {"-1", ~0ull},        {"0xZ", 0},  {"18446744073709551615", ~0ull},
+    } kCases[] = {{"0x30", 0x30},
+                  {"30", 30},
+                  {"0X1f", 0x1f},
+                  {"", 0},
+                  {"0x", 0},
+                  {"x", 0},
+                  {" 12z", 12},
+                  {"-1", ~0ull},
+                  {"0xZ", 0},
+                  {"18446744073709551615", ~0ull},
                   {"0xffffffffffffffffff", ~0ull}};
     for (const auto& c : kCases) EXPECT_EQ(hardware::romNumber(c.text), c.value) << c.text;
     EXPECT_EQ(hardware::romHex(0), "0x");

@@ -73,8 +73,11 @@ TEST(Clocks, StatusDecides) {
     const struct {
         const char* status;
         bool scalable, fixed, reserved;
-    } kCases[] = {{"SCALABLE", true, false, false}, {"changeable", true, false, false}, {"Fixed", false, true, false},
-                  {"reserved", false, false, true}, {"", false, false, false}};
+    } kCases[] = {{"SCALABLE", true, false, false},
+                  {"changeable", true, false, false},
+                  {"Fixed", false, true, false},
+                  {"reserved", false, false, true},
+                  {"", false, false, false}};
     for (const auto& c : kCases) {
         SCOPED_TRACE(c.status);
         HPLPlatform platform;
@@ -152,7 +155,8 @@ TEST(MemberNames, FollowTheExtension) {
     const struct {
         const char *file, *json, *altJson, *xml, *emuJson, *altEmuJson, *emuXml;
     } kCases[] = {
-        {"/a.b/x.lfa", "lfa.json", "alt_lfa.json", "lfa.xml", "hw_emu/lfa.json", "hw_emu/alt_lfa.json", "hw_emu/lfa.xml"},
+        {"/a.b/x.lfa", "lfa.json", "alt_lfa.json", "lfa.xml", "hw_emu/lfa.json", "hw_emu/alt_lfa.json",
+         "hw_emu/lfa.xml"},
         {"", "", "alt_", "", "", "", ""},
         {"/a.b/x", "", "alt_", "", "", "", ""},
     };

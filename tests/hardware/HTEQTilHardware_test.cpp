@@ -11,15 +11,17 @@ TEST(TilHardware, KindsByTheirNames) {
     const struct {
         const char* text;
         Arch arch;
-    } kCases[] = {{"none", Arch::NO_TIL}, {"No_Til", Arch::NO_TIL}, {"til", Arch::TIL1},     {"TIL1", Arch::TIL1},
-                  {"tilml", Arch::TILML}, {"TIL2P", Arch::TIL2P},   {"til2ps", Arch::TIL2PS}, {"TIL2PK", Arch::TIL2PK}};
+    } kCases[] = {{"none", Arch::NO_TIL},   {"No_Til", Arch::NO_TIL}, {"til", Arch::TIL1},
+                  {"TIL1", Arch::TIL1},     {"tilml", Arch::TILML},   {"TIL2P", Arch::TIL2P},
+                  {"til2ps", Arch::TIL2PS}, {"TIL2PK", Arch::TIL2PK}};
     for (const auto& c : kCases) EXPECT_EQ(HTEQTilHardware::stringToArch(c.text), c.arch) << c.text;
     for (const char* text : {"", "TIL3", "TIL1 "}) {
         try {
             HTEQTilHardware::stringToArch(text);
             FAIL() << "not refused: " << text;
         } catch (const HEXAlgException& e) {
-            EXPECT_EQ(e.what(), "HTEQTilHardware::setArch() - Invalid til architecture specified: " + std::string(text));
+            EXPECT_EQ(e.what(),
+                      "HTEQTilHardware::setArch() - Invalid til architecture specified: " + std::string(text));
         }
     }
     EXPECT_EQ(HTEQTilHardware::archToString(static_cast<Arch>(77)), "NO_TIL");
@@ -30,8 +32,9 @@ TEST(TilHardware, DocumentReadAndWritten) {
     EXPECT_EQ(documentOf(til), "{}");
     readInto(til, R"({"arch": "til", "npiBaseAddress": "4294967295", "shimRows": {"start": "0", "num": "1"},
                       "coreRows": {"start": "3", "num": "8"}, "memRows": {"start": "1"}})");
-    EXPECT_EQ(documentOf(til), R"({"arch": "TIL1","npiBaseAddress": "4294967295","shimRows": {"start": "0","num": "1"},)"
-                               R"("coreRows": {"start": "3","num": "8"}})");
+    EXPECT_EQ(documentOf(til),
+              R"({"arch": "TIL1","npiBaseAddress": "4294967295","shimRows": {"start": "0","num": "1"},)"
+              R"("coreRows": {"start": "3","num": "8"}})");
     EXPECT_EQ(til.getStartMemRow(), 1);
     EXPECT_THROW(readInto(til, "{}"), HEXAlgException);  // an object without a kind
 }

@@ -78,8 +78,8 @@ TEST(TilPartitionsJsonReader, WhatIsNotThereAndWhatIsNoJson) {
     platform.parseTILPartitions(HUTEnv::getJUNTmpDir());
     platform.parseTILPartitions(fileOf(R"({"til": {"a": {"numColumns": "1"}}})"));
     EXPECT_FALSE(platform.hasTilPartitions());
-    for (const std::string& text : {std::string(R"({"TIL": {"a": {"numColumns": "1"}})"), std::string(),
-                                    std::string(200'000, '[')}) {
+    for (const std::string& text :
+         {std::string(R"({"TIL": {"a": {"numColumns": "1"}})"), std::string(), std::string(200'000, '[')}) {
         const std::string path = fileOf(text);
         try {
             platform.parseTILPartitions(path);

@@ -36,7 +36,8 @@ void add(HPLPlatform& platform, const std::vector<Bus>& buses) {
 
 HSTVector<std::string> typesOf(const HPLPlatform& platform) {
     HSTVector<std::string> types;
-    EXPECT_EQ(platform.getUniqueMemoryTypeStrings(types), types.size());
+    const unsigned count = platform.getUniqueMemoryTypeStrings(types);
+    EXPECT_EQ(count, types.size());
     return types;
 }
 
@@ -92,7 +93,7 @@ TEST(MemoryBanks, IndexedQueries) {
         const char *size, *slr;
     } kCases[] = {
         {"HBM", 0, 2, 7, "16GB", "SLR2"},  // counted in the first interface, answered by the last that has the bank
-        {"HBM", 1, 2, 5, "16GB", "SLR1"}, {"HBM", 2, 2, 0, "", ""}, {"hbm", 0, 0, 0, "", ""},
+        {"HBM", 1, 2, 5, "16GB", "SLR1"}, {"HBM", 2, 2, 0, "", ""},   {"hbm", 0, 0, 0, "", ""},
         {"DDR", 0, 0, 0, "", ""},         {"PLRAM", 0, 0, 0, "", ""},
     };
     for (const auto& c : kCases) {
@@ -138,11 +139,12 @@ TEST(HbmBanks, TextForPartlyDefaultBanks) {
         EXPECT_EQ(platform.getHBMBankCount(), c.banks.size());
         std::ostringstream out;
         platform.issueNormalizeMemoryBanksMessage(out);
-        EXPECT_EQ(out.str(), c.written ? "\n\nThe HBM instance 'hbm_0' has only a subset of its auto-assignable memory "
-                                         "banks tagged as 'default'. To attain better HBM bandwidth, use mirac "
-                                         "parameter '--advanced.param compiler.normalizeDefaultMemoryBanks=true' to "
-                                         "change all HBM memory banks to 'default'.\n\n"
-                                       : "");
+        EXPECT_EQ(out.str(), c.written
+                                 ? "\n\nThe HBM instance 'hbm_0' has only a subset of its auto-assignable memory "
+                                   "banks tagged as 'default'. To attain better HBM bandwidth, use mirac "
+                                   "parameter '--advanced.param compiler.normalizeDefaultMemoryBanks=true' to "
+                                   "change all HBM memory banks to 'default'.\n\n"
+                                 : "");
     }
 }
 

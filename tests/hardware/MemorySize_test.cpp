@@ -9,10 +9,9 @@ TEST(MemorySize, Gigabytes) {
         const char* text;
         int gigabytes;
     } kCases[] = {
-        {"16GB", 16},       {"16 GB", 16},      {"2048MB", 0},  {"1TB", 0},     {"", 0},       {"GB", 0},
-        {"GB16", 0},        {"8GB of DDR", 8},  {"8GB4GB", 8},  // up to the last unit of the line
-        {"8 x 2GB", 8},     {"16gb", 0},        {" 4GB", 4},    {"-4GB", -4},   {"8\n4GB", 8},
-        {"4GB\n8GB", 4},    {"012GB", 12},
+        {"16GB", 16},      {"16 GB", 16}, {"2048MB", 0}, {"1TB", 0},   {"", 0},       {"GB", 0},       {"GB16", 0},
+        {"8GB of DDR", 8}, {"8GB4GB", 8},  // up to the last unit of the line
+        {"8 x 2GB", 8},    {"16gb", 0},   {" 4GB", 4},   {"-4GB", -4}, {"8\n4GB", 8}, {"4GB\n8GB", 4}, {"012GB", 12},
     };
     for (const auto& c : kCases) {
         SCOPED_TRACE(c.text);

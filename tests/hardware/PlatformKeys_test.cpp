@@ -85,7 +85,8 @@ TEST(PlatformDocument, ReadAndWritten) {
     hardware::readBusInterfaces(
         parsed(R"([{"name": "bus", "mode": "master", "typeRef": "aximm", "dataWidth": "512", "resetRef": "not read",
                     "slr": "not read", "isrId": "3", "addressSegments": [{"index": "1", "auto": "true", "slr": "SLR0",
-                    "instRef": "i", "readBwUsed": "-1", "interleave": "4294967295"}]}])"), platform);
+                    "instRef": "i", "readBwUsed": "-1", "interleave": "4294967295"}]}])"),
+        platform);
     hardware::readNocConnectivity(parsed(R"([{"instRef": "noc", "busInterfaces": [{"name": "nb"}]}, {}])"), platform);
     hardware::readIPParams(parsed(R"([{"name": "p", "value": "1", "valid": "yes", "compRef": "c"}])"), platform);
     EXPECT_EQ(documentOf(platform),
@@ -130,7 +131,8 @@ TEST(PlatformDocument, WhatASetterRefuses) {
     EXPECT_THROW(read(platform, R"({"devices": [{"name": "d"}]})"), boost::property_tree::ptree_bad_path);
     EXPECT_THROW(read(platform, R"({"devices": [{"fpgaPart": "a:b", "core": {}}]})"), HEXAlgException);
     EXPECT_THROW(read(platform, R"({"featureRoms": [{"uuid": "x"}]})"), HEXAlgException);
-    EXPECT_THROW(read(platform, R"({"designIpInstances": [{"configuration": {"a": "1", "a": "1"}}]})"), HEXAlgException);
+    EXPECT_THROW(read(platform, R"({"designIpInstances": [{"configuration": {"a": "1", "a": "1"}}]})"),
+                 HEXAlgException);
     // Of several faults the first in the order of reading is reported.
     try {
         read(platform, R"({"devices": [{}], "tilHardware": {"arch": "x"}})");

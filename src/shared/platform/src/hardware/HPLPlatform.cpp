@@ -198,7 +198,7 @@ void HPLPlatform::getBoardImgZipEntries(HSTVector<std::string>& out) const {
 HPLFile* HPLPlatform::addFile(const std::string& type, const std::string& name) { return files_.add(type, name); }
 void HPLPlatform::removeFile(HPLFile* file) { files_.remove(file); }
 void HPLPlatform::removeFileType(const std::string& type) {
-    while (HPLFile* file = findFile(type)) removeFile(file);
+    files_.removeAll([&](const HPLFile& file) { return file.getType() == type; });
 }
 HPLFile* HPLPlatform::findFile(const std::string& type) const {
     return files_.first([&](const HPLFile& file) { return file.getType() == type; });

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <ostream>
 
+#include "archive/PlatformMembers.h"
 #include "hardware/ClockSelection.h"
 #include "hardware/HardwareDatabase.h"
 #include "hardware/HardwareKeys.h"
-#include "hardware/MemberNames.h"
 #include "hardware/MemoryBanks.h"
 #include "hardware/PlatformFiles.h"
 #include "hardware/StateRules.h"
@@ -26,7 +26,12 @@
 
 namespace {
 
+using archive::PlatformMember;
 using hardware::MemoryBanks;
+
+std::string memberName(PlatformMember member, const HTEQHardwarePlatform& platform) {
+    return archive::platformMember(member, platform.getPlatformExt());
+}
 
 template <class T>
 void append(HSTVector<T*>& out, const Owned<T>& list) {
@@ -338,7 +343,7 @@ HHSMHardwareDb* HTEQHardwarePlatform::createHwDb() const { return createHwDb(std
 HHSMHardwareDb* HTEQHardwarePlatform::createHwDb(const std::string& name) const {
     if (!name.empty())
         if (HHSMHardwareDb* existing = hardware::databaseOfName(name)) return existing;
-    return hasHardwareDef_() ? hardware::makeDatabaseFromHdf(platformFile_, name) : nullptr;
+    return hasHardwareDef_() ? hardware::makeDatabaseFromHdf(platformFile_) : nullptr;
 }
 
 // Tile array
@@ -389,21 +394,18 @@ void HTEQHardwarePlatform::writeTilPartitions(teq_platform::JSONObjectWriter& wr
 // Member names
 
 std::string HTEQHardwarePlatform::getPlatformExt() const { return HUTFile::getExt(platformFile_); }
-std::string HTEQHardwarePlatform::getJsonFileName() const { return hardware::jsonName(getPlatformExt()); }
+std::string HTEQHardwarePlatform::getJsonFileName() const { return memberName(PlatformMember::json, *this); }
 std::string HTEQHardwarePlatform::getAltJsonFileName() const { return "alt_" + getJsonFileName(); }
-std::string HTEQHardwarePlatform::getHwEmuDir() const { return hardware::kHwEmuDir; }
+std::string HTEQHardwarePlatform::getHwEmuDir() const { return "hw_emu"; }
 std::string HTEQHardwarePlatform::getHwEmuJsonFileName() const {
-    return hardware::belowHwEmu(hardware::jsonName(getPlatformExt()));
+    return memberName(PlatformMember::hwEmuJson, *this);
 }
 std::string HTEQHardwarePlatform::getAltHwEmuJsonFileName() const {
-    const std::string name = hardware::jsonName(getPlatformExt());
-    return hardware::belowHwEmu(name.empty() ? name : "alt_" + name);
+    return memberName(PlatformMember::altHwEmuJson, *this);
 }
-std::string HTEQHardwarePlatform::getHwEmuXmlFileName() const {
-    return hardware::belowHwEmu(hardware::xmlName(getPlatformExt()));
-}
+std::string HTEQHardwarePlatform::getHwEmuXmlFileName() const { return memberName(PlatformMember::hwEmuXml, *this); }
 std::string HTEQHardwarePlatform::getXmlFileName() const {
-    return isChildHardwareEmuPlatform_ ? getHwEmuXmlFileName() : hardware::xmlName(getPlatformExt());
+    return memberName(isChildHardwareEmuPlatform_ ? PlatformMember::hwEmuXml : PlatformMember::xml, *this);
 }
 bool HTEQHardwarePlatform::containsChildHardwareEmuPlatform() const {
     return !isChildHardwareEmuPlatform_ && !platformFile_.empty() &&

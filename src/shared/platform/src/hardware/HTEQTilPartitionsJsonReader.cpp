@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "hardware/HardwareKeys.h"
-#include "hardware/JsonFile.h"
+#include "json/JsonFile.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTFile.h"
@@ -46,7 +46,9 @@ HSTVector<HTEQTilPartition> parseTil(const ptree& document) {
 HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::read(const std::string& path) {
     if (!HUTFile::isFile(path)) return {};
     try {
-        return parseTil(hardware::readJsonFile(path));
+        ptree document;
+        json::parseFile(path, document);
+        return parseTil(document);
     } catch (const boost::property_tree::json_parser_error&) {
         throw HEXAlgException("An error occurred while parsing the til partitions json file: " + path);
     }

@@ -10,8 +10,8 @@ namespace hardware {
 bool hasDefinition(const std::string& archive);
 /// Makes the database of the archive's definition; its name.
 std::string makeDatabaseOf(const std::string& archive);
-/// Makes a database of that name from the archive's definition file; an empty name leaves the choice to the manager.
-HHSMHardwareDb* makeDatabaseFromHdf(const std::string& archive, const std::string& name);
+/// Makes a database, named by the manager, from the archive as a definition file.
+HHSMHardwareDb* makeDatabaseFromHdf(const std::string& archive);
 HHSMHardwareDb* databaseOfName(const std::string& name);
 
 }  // namespace hardware

@@ -1,61 +1,61 @@
 #include "hardware/PlatformFiles.h"
 
-#include "hardware/MemberNames.h"
+#include "archive/MemberSource.h"
+#include "archive/Request.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
-#include "zip/Archive.h"
-#include "zip/Destination.h"
 #include "zip/HUTZip.h"
 #include "zip/MemberName.h"
 
 namespace hardware {
 
-bool hasMember(const std::string& archive, const std::string& member) {
-    return HUTZip::containsFile(archive, member);
-}
+namespace {
 
-std::string memberText(const std::string& path, const std::string& name) {
+/// What `call` answers; `failed` when the archive or the disk is at fault.
+template <class Call, class Result>
+Result orElse(Result failed, Call call) {
     try {
-        const zip::Archive archive(path);
-        const zip::Member* member = archive.find(name);
-        return member ? archive.read(*member) : std::string();
+        return call();
     } catch (const HEXAll&) {
-        return {};
+        return failed;
     }
 }
 
-bool copyMember(const std::string& path, const std::string& name, const std::string& destination) {
-    try {
-        const zip::Archive archive(path);
-        const zip::Member* member = archive.find(name);
-        if (!member) return false;
+}  // namespace
+
+bool hasMember(const std::string& archive, const std::string& member) {
+    return orElse(false, [&] { return archive::open(archive)->contains(member); });
+}
+
+std::string memberText(const std::string& archive, const std::string& member) {
+    return orElse(std::string(), [&] { return archive::open(archive)->read(member).value_or(""); });
+}
+
+bool copyMember(const std::string& archive, const std::string& member, const std::string& destination) {
+    return orElse(false, [&] {
+        const auto source = archive::open(archive);
+        if (!source->contains(member)) return false;  // no directory is made then
         if (const std::string parent = HUTFile::getParent(destination); !parent.empty())
             HUTFile::mkDirRecursive(parent);
-        zip::OutputBudget budget;
-        zip::writeDestination(destination, [&](const auto& take) { archive.copyTo(*member, take, budget); });
-        return true;
-    } catch (const HEXAll&) {
-        return false;
-    }
+        return source->copyOut(member, destination);
+    });
 }
 
 std::string unpackDirectory(const std::string& archive, const std::string& directory) {
     if (directory.empty() || !HUTFile::exists(archive) || !zip::memberNameFault(directory, false).empty()) return {};
-    try {
+    return orElse(std::string(), [&] {
         const std::string base = HUTEnv::getJUNTmpDir();
         HUTFile::ensureWritableDirectory(base);
         HUTZip::uncompressDir(archive, directory, base, true);
         const std::string result = base + HUTFile::getDirSeparator() + directory;
         return HUTFile::exists(result) ? result : std::string();
-    } catch (const HEXAll&) {
-        return {};
-    }
+    });
 }
 
 std::string memberOf(const HTEQHardwarePlatform& platform, const std::string& member) {
-    return platform.isChildHardwareEmuPlatform() ? belowHwEmu(member) : member;
+    return platform.isChildHardwareEmuPlatform() ? platform.getHwEmuDir() + "/" + member : member;
 }
 
 bool copyFileOfType(const HTEQHardwarePlatform& platform, const std::string& type, const std::string& destination) {

@@ -2,8 +2,8 @@
 
 #include <boost/property_tree/json_parser.hpp>
 
-#include "hardware/JsonFile.h"
 #include "hardware/PlatformFiles.h"
+#include "json/JsonFile.h"
 #include "json/JsonKeys.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
@@ -67,7 +67,8 @@ std::string projectInterfaceId(const HTEQHardwarePlatform& platform) {
 }
 
 void readMetaData(const std::string& file, std::map<std::string, std::string>& out) {
-    const json::ptree document = readJsonFile(file);
+    json::ptree document;
+    json::parseFile(file, document);
     const auto list = document.find("MetaData");
     if (list == document.not_found()) return;
     for (const auto& [none, item] : list->second) out[json::textAt(item, "name")] = json::textAt(item, "value");

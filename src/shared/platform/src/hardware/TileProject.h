@@ -19,7 +19,7 @@ bool copyProjectFile(const HTEQHardwarePlatform& platform, const std::string& pa
 HSTVector<HTEQTilPartition> readProjectPartitions(const HTEQHardwarePlatform& platform);
 /// The interface id that the project's metadata tells; "" when it cannot be had.
 std::string projectInterfaceId(const HTEQHardwarePlatform& platform);
-/// Puts "name" and "value" of the items of the file's list "MetaData" into `out`. Throws as `readJsonFile` does.
+/// Puts "name" and "value" of the items of the file's list "MetaData" into `out`. Throws as `json::parseFile` does.
 void readMetaData(const std::string& file, std::map<std::string, std::string>& out);
 
 }  // namespace hardware
