@@ -44,7 +44,7 @@ void expectRequired(const xml::Document<R>& format, const std::string& good, con
             xml::read(format, std::string(good).erase(at, end - at), "file");
             ADD_FAILURE() << "accepted";
         } catch (const xml::Exception& e) {
-            EXPECT_EQ(e.what(), "<" + element + "> needs the attribute " + attribute);
+            EXPECT_EQ(e.text(), "<" + element + "> needs the attribute " + attribute);
         }
     }
 }
