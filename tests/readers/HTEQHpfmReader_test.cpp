@@ -164,8 +164,8 @@ TEST_F(HpfmReader, StreamFaultContributesNothing) {
         EXPECT_EQ(
             reader.getErrorMsg(),
             "Error parsing hardware platform stream from CFA\n"
-            "Line number:4. <busInterface> stands in <component> where <nocConnectivity>, <resourceEstimates> or "
-            "the end of <component> is expected\n");
+            "Line number:4. <kp:busInterface> stands in <component> where <nocConnectivity>, <resourceEstimates> or "
+            "the end of <component> is expected (column 1)\n");
         EXPECT_EQ(capture.printed(), reader.getErrorMsg());
         ASSERT_EQ(capture.messages.size(), 1U);
         EXPECT_EQ(capture.messages[0].id, "@74-31@");
@@ -203,7 +203,7 @@ TEST_F(HpfmReader, FileFaultsAddUp) {
     EXPECT_FALSE(reader.parseFile());
     const std::string second = "Error parsing hardware platform file: " + bad +
                                "\nLine number:1. the document element is <a>; expected <repository> in the namespace "
-                               "\"urn:torvane:kp:hpfm:1.0\"\n";
+                               "\"urn:torvane:kp:hpfm:1.0\" (column 1)\n";
     EXPECT_EQ(reader.getErrorMsg(), first + second);
     EXPECT_EQ(capture.printed(), second);
     ASSERT_EQ(capture.messages.size(), 1U);

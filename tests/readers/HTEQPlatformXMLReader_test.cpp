@@ -91,7 +91,7 @@ TEST_F(DescriptorReader, ReportsAFaultAndLeavesThePlatform) {
     EXPECT_FALSE(read(zdf("")));
     EXPECT_EQ(error_, "Error parsing platform file: " + file_ +
                           "\nLine number:3. <hardwarePlatforms> ends where <hardwarePlatform>, <hwEmuPlatform> or "
-                          "<reconfigurablePartition> is expected\n");
+                          "<reconfigurablePartition> is expected (column 25)\n");
     EXPECT_EQ(capture.printed(), error_);
     ASSERT_EQ(capture.messages.size(), 1U);
     EXPECT_EQ(capture.messages[0].id, "@74-9@%s");

@@ -181,7 +181,7 @@ TEST_F(SoftwareReader, ReportsAFaultAndLeavesTheModel) {
     const Capture capture;
     EXPECT_FALSE(reader.parseFile());
     const std::string expected = "Error parsing software platform file: " + file +
-                                 "\nLine number:5. <configuration> ends where <description> is expected";
+                                 "\nLine number:5. <configuration> ends where <description> is expected (column 54)";
     EXPECT_EQ(reader.getErrorMsg(), expected);
     EXPECT_EQ(capture.printed(), expected + "\n");
     ASSERT_EQ(capture.messages.size(), 1U);
