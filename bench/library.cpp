@@ -1,16 +1,16 @@
 // The library's parts against what they stand in for. usage: bench_library (in the directory that gen.py filled)
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
-#include <libdeflate.h>
 #include <unistd.h>
-#include <zip.h>
 #include <zlib.h>
 
 #include <boost/property_tree/json_parser.hpp>
 #include <fstream>
 #include <sstream>
 
+#include "archive/ArchiveSource.h"
 #include "json/JsonText.h"
+#include "ByLibzip.h"
 #include "zip/Archive.h"
 
 namespace {
@@ -52,27 +52,61 @@ BENCHMARK(treeToText)->Unit(benchmark::kMillisecond);
 
 void openAndReadOne(benchmark::State& state) {
     for (auto _ : state) {
-        const auto archive = zip::Archive::open("a5000.lfa");
-        benchmark::DoNotOptimize(archive->read(*archive->find("lfa.json")));
+        const zip::Archive archive("a5000.lfa");
+        benchmark::DoNotOptimize(archive.read(*archive.find("lfa.json")));
     }
 }
 BENCHMARK(openAndReadOne)->Unit(benchmark::kMillisecond);
 
 void openAndReadOneByLibzip(benchmark::State& state) {
-    for (auto _ : state) {
-        int error = 0;
-        zip_t* const archive = zip_open("a5000.lfa", ZIP_RDONLY, &error);
-        zip_stat_t status;
-        zip_stat(archive, "lfa.json", 0, &status);
-        std::string text(status.size, '\0');
-        zip_file_t* const file = zip_fopen_index(archive, status.index, 0);
-        zip_fread(file, text.data(), text.size());
-        zip_fclose(file);
-        zip_discard(archive);
-        benchmark::DoNotOptimize(text);
-    }
+    for (auto _ : state) benchmark::DoNotOptimize(readByLibzip("a5000.lfa", "lfa.json"));
 }
 BENCHMARK(openAndReadOneByLibzip)->Unit(benchmark::kMillisecond);
+
+constexpr const char* kCopy = "copy.bit";
+
+void copyOut(benchmark::State& state) {
+    for (auto _ : state) {
+        archive::openArchive("abig.lfa")->copyOut("bit/full.bit", kCopy);
+        state.PauseTiming();
+        unlink(kCopy);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(copyOut)->Unit(benchmark::kMillisecond);
+
+/// The least that it can be: a zlib loop with blocks of 256 KiB that checks nothing.
+void copyOutByZlib(benchmark::State& state) {
+    const zip::Archive archive("abig.lfa");
+    const zip::Member& member = *archive.find("bit/full.bit");
+    constexpr std::size_t kBlock = 256 * 1024;
+    std::string in(kBlock, '\0'), out(kBlock, '\0');
+    for (auto _ : state) {
+        const int from = open("abig.lfa", O_RDONLY | O_CLOEXEC);
+        const int to = open(kCopy, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+        auto at = static_cast<off_t>(member.headerOffset + 30 + member.name.size());
+        z_stream stream{};
+        inflateInit2(&stream, -MAX_WBITS);
+        for (int result = Z_OK; result == Z_OK;) {
+            if (stream.avail_in == 0) {
+                stream.avail_in = static_cast<uInt>(pread(from, in.data(), kBlock, at));
+                stream.next_in = reinterpret_cast<Bytef*>(in.data());
+                at += stream.avail_in;
+            }
+            stream.next_out = reinterpret_cast<Bytef*>(out.data());
+            stream.avail_out = kBlock;
+            result = inflate(&stream, Z_NO_FLUSH);
+            if (write(to, out.data(), kBlock - stream.avail_out) < 0) std::abort();
+        }
+        inflateEnd(&stream);
+        close(from);
+        close(to);
+        state.PauseTiming();
+        unlink(kCopy);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(copyOutByZlib)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -2,7 +2,6 @@
 // each child copied into its parent, libcrypto linked.
 #include <expat.h>
 #include <openssl/evp.h>
-#include <zip.h>
 
 #include <boost/property_tree/json_parser.hpp>
 #include <cstdlib>
@@ -10,22 +9,11 @@
 #include <iostream>
 #include <sstream>
 
+#include "ByLibzip.h"
+
 namespace {
 
 using boost::property_tree::ptree;
-
-std::string member(const char* archive, const char* name) {
-    int error = 0;
-    zip_t* const zip = zip_open(archive, ZIP_RDONLY, &error);
-    zip_stat_t status;
-    zip_stat(zip, name, 0, &status);
-    std::string text(status.size, '\0');
-    zip_file_t* const file = zip_fopen_index(zip, status.index, 0);
-    if (zip_fread(file, text.data(), text.size()) != static_cast<zip_int64_t>(text.size())) std::abort();
-    zip_fclose(file);
-    zip_discard(zip);
-    return text;
-}
 
 ptree copyOf(const ptree& tree) {
     ptree copy;
@@ -44,7 +32,7 @@ int main(int, char** arguments) {
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
     if (XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK || !EVP_sha256()) std::abort();
-    std::istringstream in(member(arguments[2], "lfa.json"));
+    std::istringstream in(readByLibzip(arguments[2], "lfa.json"));
     ptree tree;
     boost::property_tree::read_json(in, tree);
     boost::property_tree::write_json(std::cout, copyOf(tree), true);

@@ -32,6 +32,19 @@ std::string Problem::line_() const {
     return place + "error: " + escaped(text) + (id.empty() ? "" : " [" + id + "]");
 }
 
+Problem archiveProblem(const std::string& archive, const std::string& words) {
+    Problem problem;
+    problem.file = archive;
+    problem.text = words;
+    if (!words.starts_with(archive)) return problem;
+    std::string rest = words.substr(archive.size());
+    const std::size_t colon = rest.find(": ");
+    if (colon == std::string::npos) return problem;
+    if (rest.starts_with("!")) problem.member = rest.substr(1, colon - 1);
+    problem.text = rest.substr(colon + 2);
+    return problem;
+}
+
 struct Console::State {
     std::ostringstream library;  ///< words that the library wrote on the standard streams
     std::vector<ComMsgMgrInstance> messages;

@@ -24,6 +24,9 @@ struct Problem {
     std::string line_() const;
 };
 
+/// A fault of an archive from the library's words "archive: text" or "archive!member: text".
+Problem archiveProblem(const std::string& archive, const std::string& words);
+
 /// Standard output and standard error of the tool. The library writes words on the standard streams in places and sends
 /// messages: both are taken in here, so that standard output holds data only.
 class Console {

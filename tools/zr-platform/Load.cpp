@@ -32,7 +32,7 @@ Problem whyNoMetadata(const std::string& archive, const Call& call) {
         HSTVector<std::string> members;
         HUTZip::getFiles(archive, members);
     } catch (const HEXAll& e) {
-        return problemOf("", e.what());
+        return archiveProblem(archive, e.what());
     }
     const std::string ext = HUTFile::getExt(archive);
     const std::string json = ext + ".json";

@@ -116,6 +116,7 @@ struct Keys {
         return {name,
                 [](JSONObjectWriter& w, const char* n, const T& r) {
                     JSONObjectWriter object;
+                    object.shareNodesOf(w);
                     writeKeys<T>(object, Rows, r);
                     w.addKey(n, std::move(object));
                 },
@@ -164,8 +165,10 @@ struct Keys {
     static constexpr Key<T> pairs(const char* name) {
         Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
                        JSONListWriter list;
+                       list.shareNodesOf(w);
                        for (const auto& [first, second] : std::invoke(Get, r)) {
                            JSONObjectWriter item;
+                           item.shareNodesOf(list);
                            item.addKey("name", first);
                            item.addKey(ValueKey, second);
                            list.addItem(std::move(item));
@@ -246,6 +249,7 @@ std::span<const Key<T>> keysOf();
 template <class Range>
 void addList(JSONObjectWriter& writer, const char* name, const Range& range) {
     JSONListWriter list;
+    list.shareNodesOf(writer);
     for (const auto* item : range) list.addItem(static_cast<const teq_platform::JSONSerializable*>(item));
     writer.addKey(name, std::move(list));
 }
@@ -256,6 +260,7 @@ void addRecords(JSONObjectWriter& writer, const char* name, Source source) {
     if constexpr (std::is_pointer_v<Source>) {
         const std::unique_ptr<std::remove_pointer_t<Source>> it(source);
         JSONListWriter list;
+        list.shareNodesOf(writer);
         while (it->hasNext()) list.addItem(static_cast<const teq_platform::JSONSerializable*>(it->next()));
         writer.addKey(name, std::move(list));
     } else {

@@ -1,35 +1,16 @@
 #include <algorithm>
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/property_tree/json_parser/error.hpp>
-#include <unordered_map>
 #include <vector>
 
 #include "json/JsonText.h"
+#include "json/NodeStore.h"
 
 namespace json {
 
 namespace {
 
 using boost::property_tree::json_parser::json_parser_error;
-
-/// Makes nodes by copying an empty one that already has its key: the tree type cannot be moved, and building a pair
-/// beside the tree would make each node twice.
-class Prototypes {
-public:
-    const ptree::value_type& of(std::string_view key) {
-        if (key.empty()) return item_;
-        const auto at = known_.find(key);
-        if (at != known_.end()) return at->second;
-        return known_.emplace(std::string(key), ptree::value_type(std::string(key), ptree())).first->second;
-    }
-
-private:
-    struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
-    };
-    std::unordered_map<std::string, ptree::value_type, Hash, std::equal_to<>> known_;
-    const ptree::value_type item_{std::string(), ptree()};
-};
 
 /// The events of Boost.JSON's parser as a tree. `problem` says why an event was refused.
 class TreeBuilder {
@@ -87,7 +68,7 @@ private:
     ptree* node(error_code& ec) {
         if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values"), nullptr;
         if (open_.empty()) return &root;
-        ptree& made = open_.back()->push_back(prototypes_.of(key_))->second;
+        ptree& made = open_.back()->push_back(store_.of(key_))->second;
         key_.clear();
         return &made;
     }
@@ -116,7 +97,7 @@ private:
     std::vector<ptree*> open_;
     std::string key_, text_;
     std::size_t nodes_ = 0;
-    Prototypes prototypes_;
+    NodeStore store_;
 };
 
 [[noreturn]] void fail(const std::string& what, const std::string& name, std::string_view text, std::size_t offset) {
