@@ -10,7 +10,7 @@ PLATFORM = ROOT / "src/shared/platform/src"
 
 # Operations that are declared with their class and defined in a later room, because they need it. No third group.
 STAIRCASES = {
-    "repairing an hpfm while it is extracted": ("readers", ["PlatformFileExtractor::repair_"]),
+    "repairing an hpfm while it is extracted": ("readers", ["HTEQHardwarePlatform::extractHPFMFile"]),
     "reconfigurable-module archives": (
         "loading",
         ["HTEQHardwarePlatform::getNodeIDFromLfa", "HTEQHardwarePlatform::isValidRmLfa",
