@@ -4,7 +4,7 @@
 # archive of that name below OUTDIR, all other files are copied. The folders themselves are copied to OUTDIR/src.
 set -euo pipefail
 tool=$(realpath "$1")
-out=$2
+out=$(realpath -m "$2")
 here=$(cd "$(dirname "$0")" && pwd)
 rm -rf "$out"
 mkdir -p "$out/src"

@@ -188,6 +188,8 @@ private:
     };
     /// The core of the device "fpga0", or null.
     const HPLCore* getFirstCore_() const;
+    /// Member name of the extension metadata, empty when none is listed.
+    std::string getExtMetaJsonFile_() const;
 
     unsigned versionMajor_ = 0, versionMinor_ = 0;
     HostArchType hostArch_ = HostArchType::unknown;

@@ -32,8 +32,9 @@ TEST(CApi, GivesDocumentsAndNullAndLetsExceptionsPass) {
     EXPECT_THROW(hteq_get_platform_json(scratch.put("bad.zdf", "<a/>").c_str()), teq_platform::PlatformParseException);
     EXPECT_THROW(hteq_get_platform_json(nullptr), std::logic_error);
     std::cout.rdbuf(before);
-    EXPECT_EQ(printed.str(), "Error parsing platform file: " + (scratch / "bad.zdf") +
-                                 "\nLine number:1. the document element is <a>, <teq:platform> is expected (column 1)\n");
+    const std::string words = "Error parsing platform file: " + (scratch / "bad.zdf") + "\nLine number:1. ";
+    EXPECT_TRUE(printed.str().starts_with(words)) << printed.str();
+    EXPECT_TRUE(printed.str().ends_with("(column 1)\n")) << printed.str();
 }
 
 TEST(CApi, InvalidExtensionMetadataLeavesAsTheParsersException) {

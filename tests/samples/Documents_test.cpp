@@ -40,6 +40,14 @@ std::string documentOf(const std::filesystem::path& file, char* (*function)(cons
 void expectDocument(const std::string& document, const std::string& expected) {
     const std::string path = std::string(ZR_SOURCE_DIR "/examples/expected/") + expected;
     if (std::getenv("ZR_UPDATE_EXPECTED")) std::ofstream(path, std::ios::binary) << document;
+    std::istringstream is(document), ought(contentOf(path));
+    std::string isLine, oughtLine;
+    for (int line = 1; is || ought; ++line) {
+        isLine = oughtLine = "(end)";
+        std::getline(is, isLine);
+        std::getline(ought, oughtLine);
+        ASSERT_EQ(isLine, oughtLine) << expected << ":" << line;
+    }
     EXPECT_EQ(document, contentOf(path)) << expected;
 }
 

@@ -221,13 +221,17 @@ std::string HPLPlatform::getBoardRepo() const {
     return hardware::unpackDirectory(getPlatformFile(), getFile("BOARD_REPO_PATH"));
 }
 
+std::string HPLPlatform::getExtMetaJsonFile_() const {
+    const std::string member = getFile("META_JSON");
+    return member.empty() ? getFile("EXT_META_JSON") : member;
+}
+
 std::string HPLPlatform::getExtMetaJsonAsString() const {
-    std::string member = getFile("META_JSON");
-    if (member.empty()) member = getFile("EXT_META_JSON");
+    const std::string member = getExtMetaJsonFile_();
     return member.empty() ? std::string() : hardware::memberText(getPlatformFile(), member);
 }
 
 void HPLPlatform::getExtMetaJsonAsPtree(ptree& tree) const {
     const std::string text = getExtMetaJsonAsString();
-    if (!text.empty()) json::parse(text, getPlatformFile(), tree);
+    if (!text.empty()) json::parse(text, getPlatformFile() + "!" + getExtMetaJsonFile_(), tree);
 }
