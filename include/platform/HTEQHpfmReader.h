@@ -1,5 +1,4 @@
 #pragma once
-#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -16,9 +15,6 @@ struct Parameter;
 struct Repository;
 struct SystemClocks;
 }  // namespace WELHardwarePlatform
-namespace xml {
-class Exception;
-}
 
 /// Fills a hardware platform from hpfm, given as a text or as a file. Nothing reaches the platform from hpfm that is
 /// not valid as a whole. Of each failure the words are printed on standard output and kept.
