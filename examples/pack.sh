@@ -2,18 +2,20 @@
 # usage: pack.sh TOOL OUTDIR
 # Makes the sample platforms as a vendor delivers them: each folder here whose name ends in .lfa or .cfa becomes the
 # archive of that name below OUTDIR, all other files are copied. The folders themselves are copied to OUTDIR/src.
+# What an earlier run made is replaced; nothing else in OUTDIR is touched.
 set -euo pipefail
-tool=$(realpath "$1")
-out=$(realpath -m "$2")
-here=$(cd "$(dirname "$0")" && pwd)
-rm -rf "$out"
-mkdir -p "$out/src"
-cd "$here"
+tool=$(realpath -e "$1")
+mkdir -p "$2/src"
+out=$(realpath -e "$2")
+cd "$(dirname "${BASH_SOURCE[0]}")"
 for sample in u77 lone; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
+        # Not packed with --force, which would also accept a listed file that the folder lacks.
+        rm -f "$out/$folder"
         "$tool" pack "$folder" "$out/$folder"
-        cp -r "$folder" "$out/src/"
+        rm -rf "$out/src/${folder##*/}"
+        cp -R "$folder" "$out/src/"
     done
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -o -type f -print | while read -r file; do
         mkdir -p "$out/$(dirname "$file")"
