@@ -31,5 +31,6 @@ configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/zr_platformConfig.cmak
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/zr_platformConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/zr_platformConfig.cmake ${PROJECT_BINARY_DIR}/zr_platformConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/zr_platform)
+file(RELATIVE_PATH zr_include_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zr_platform.pc.in ${PROJECT_BINARY_DIR}/zr_platform.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zr_platform.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
