@@ -130,6 +130,9 @@ TEST(Archive, ReadsWhatIsSound) {
              std::swap(z.entries[0], z.entries[1]);
              std::swap(z.entries[0].local, z.entries[1].local), std::swap(z.entries[0].packed, z.entries[1].packed);
          }},
+        {"marked as UTF-8",
+         [](Zip& z) { z.entries[1].both(&Header::flags, 0x800).comment = "\xC3\xBC"; }},
+        {"comment in an encoding of its own", [](Zip& z) { z.entries[1].comment = "\xBC"; }},
         {"no mode", [](Zip& z) { z.entries[0].mode = 0; }},
     };
     const Contents expected{{"lfa.json", kText}, {"hpfm/x.hpfm", "stored"}, {"bit/", ""}, {"empty", ""}};
@@ -193,6 +196,10 @@ TEST(Archive, RefusesLies) {
         {"no name", [](Zip& z) { z.entries.emplace_back(""); }, "member 5 has no name"},
         {"NUL in a name", [](Zip& z) { z.entries.emplace_back(std::string("a\0b", 3)); },
          "!a\\x00b: its name has a NUL"},
+        {"name that is not in the encoding it is marked with",
+         [](Zip& z) { z.entries.emplace_back("gr\xBC").both(&Header::flags, 0x800); }, "marked as UTF-8"},
+        {"comment that is not in the encoding it is marked with",
+         [](Zip& z) { z.entries[1].both(&Header::flags, 0x800).comment = "\xBC"; }, "marked as UTF-8"},
         {"encrypted", [](Zip& z) { z.entries[1].both(&Header::flags, 1); }, "it is encrypted"},
         {"strongly encrypted", [](Zip& z) { z.entries[1].both(&Header::flags, 0x40); }, "it is encrypted"},
         {"masked", [](Zip& z) { z.entries[1].both(&Header::flags, 0x2000); }, "it is encrypted"},

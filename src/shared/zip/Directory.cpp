@@ -10,12 +10,14 @@
 #include "zip/EndRecord.h"
 #include "zip/ExtraFields.h"
 #include "zip/LittleEndian.h"
+#include "zip/MemberName.h"
 
 namespace zip {
 namespace {
 
 constexpr std::size_t kRowSize = 46, kLocalSize = 30;
-constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13;
+constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13,
+                        kUtf8 = 1 << 11;
 /// Deflate cannot make more of one byte.
 constexpr std::uint64_t kLargestRatio = 1032;
 
@@ -73,7 +75,7 @@ std::size_t Directory::readRow(std::string_view rest) {
     };
     if (rest.size() < kRowSize || !rest.starts_with("PK\1\2")) refuse("", misplaced());
     const std::size_t nameSize = u16(row + 28), extraSize = u16(row + 30);
-    const std::size_t size = kRowSize + nameSize + extraSize + u16(row + 32);
+    const std::size_t commentSize = u16(row + 32), size = kRowSize + nameSize + extraSize + commentSize;
     if (size > rest.size()) refuse("", misplaced());
 
     Member& member = members_.emplace_back();
@@ -87,6 +89,8 @@ std::size_t Directory::readRow(std::string_view rest) {
     member.headerOffset = u32(row + 42);
     readZip64(member, rest.substr(kRowSize + nameSize, extraSize), row);
     checkRow(member, row);
+    if ((member.flags & kUtf8) && !(isUtf8(member.name) && isUtf8(rest.substr(size - commentSize, commentSize))))
+        refuse(member.name, "its name or its comment is marked as UTF-8 and is not");
     return size;
 }
 

@@ -22,15 +22,6 @@ std::size_t characterSize(std::string_view text) {
     return overlong || surrogate || tooHigh ? 0 : size;
 }
 
-bool isUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const std::size_t size = characterSize(text);
-        if (size == 0) return false;
-        text.remove_prefix(size);
-    }
-    return true;
-}
-
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
@@ -42,6 +33,15 @@ std::string_view partFault(std::string_view part) {
 }
 
 }  // namespace
+
+bool isUtf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t size = characterSize(text);
+        if (size == 0) return false;
+        text.remove_prefix(size);
+    }
+    return true;
+}
 
 std::string_view memberNameFault(std::string_view name, bool hasData) {
     if (name.empty()) return "is empty";

@@ -8,4 +8,7 @@ namespace zip {
 /// directory's, which has none.
 std::string_view memberNameFault(std::string_view name, bool hasData);
 
+/// Whether the text is valid UTF-8: shortest forms, no surrogates.
+bool isUtf8(std::string_view text);
+
 }  // namespace zip
