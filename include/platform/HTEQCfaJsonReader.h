@@ -53,10 +53,11 @@ public:
 
 private:
     void parseRoot_(const boost::property_tree::ptree& document);
+    bool open(const std::string& archive);
     bool parseMember(const std::string& member);
 
     HPLPlatform* platform_;
     std::string archive_;
-    std::shared_ptr<const archive::MemberSource> source_;  ///< the archive, since `canParse`
+    std::shared_ptr<const archive::MemberSource> source_;  ///< `archive_`, opened
     std::string member_;  ///< what is being read, for messages
 };

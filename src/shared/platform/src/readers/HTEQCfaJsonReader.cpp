@@ -69,7 +69,8 @@ void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
 HTEQCfaJsonReader::HTEQCfaJsonReader(HPLPlatform* platform) : platform_(platform) {}
 HTEQCfaJsonReader::~HTEQCfaJsonReader() = default;
 
-bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
+bool HTEQCfaJsonReader::open(const std::string& archive) {
+    if (source_ && archive == archive_) return true;  // the loader asks first and parses then
     if (archive.empty() || !HUTFile::exists(archive)) {
         ComMsgMgr::sendMsg("@74-66@%s", archive);
         return false;
@@ -77,7 +78,11 @@ bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::str
     archive_ = archive;
     platform_->setPlatformFile(HUTFile::getCanonicalName(archive));
     source_ = opened(archive);
-    if (!source_) return false;
+    return source_ != nullptr;
+}
+
+bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
+    if (!open(archive)) return false;
     member = chosen(*source_, mode, platform_->getJsonFileName(), platform_->getAltJsonFileName());
     return !member.empty();
 }
