@@ -18,6 +18,7 @@ struct Sample {
 
 constexpr Sample kSamples[] = {
     {"u77/u77_gen3x16_base_1.zdf", "u77"},
+    {"heron/heron.zdf", "heron"},
     {"lone/kestrel.lfa", "kestrel"},
     {"lone/lorica.spfm", "lorica"},
 };
