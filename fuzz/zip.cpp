@@ -1,0 +1,66 @@
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "Check.h"
+#include "zip/Archive.h"
+#include "zip/ArchiveError.h"
+#include "zip/MemoryBytes.h"
+#include "zip/NestedArchive.h"
+
+namespace {
+
+constexpr std::uint64_t kMostBytes = 1 << 20;
+constexpr int kMostDeep = 2;
+
+std::optional<std::string> readWhole(const zip::Archive& archive, const zip::Member& member) {
+    try {
+        return archive.read(member, kMostBytes);
+    } catch (const zip::ArchiveError&) {
+        return std::nullopt;
+    }
+}
+
+std::optional<std::string> readInPieces(const zip::Archive& archive, const zip::Member& member) {
+    std::string data;
+    zip::OutputBudget budget(kMostBytes);
+    try {
+        archive.copyTo(
+            member, [&data](std::string_view piece) { data += piece; }, budget);
+    } catch (const zip::ArchiveError&) {
+        return std::nullopt;
+    }
+    require(budget.left() == kMostBytes - data.size(), "the budget pays for each byte");
+    return data;
+}
+
+void readAll(const zip::Archive& archive, int depth) {
+    for (const zip::Member& member : archive.members()) {
+        require(archive.find(member.name) == &member, "each member is found by its name");
+        const auto whole = readWhole(archive, member);
+        const auto pieces = readInPieces(archive, member);
+        // Whole members are unpacked by another library than pieces, and it alone takes the two length codes that are
+        // reserved; the CRC has agreed all the same.
+        const bool isTakenWhole = whole && !pieces && member.method == zip::Method::deflated;
+        require(isTakenWhole || whole == pieces, "a member is the same whole and in pieces");
+        if (!whole) continue;
+        require(whole->size() == member.size, "a member has as many bytes as its archive says");
+        if (depth == kMostDeep) continue;
+        try {
+            zip::OutputBudget budget(kMostBytes);
+            readAll(*zip::openNested(archive, member, budget), depth + 1);
+        } catch (const zip::ArchiveError&) {  // no archive
+        }
+    }
+}
+
+}  // namespace
+
+/// Reads an archive in memory, each member whole and in pieces, and the archives in it.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    try {
+        readAll(zip::Archive(std::make_unique<zip::MemoryBytes>(std::string(data, data + size)), "input"), 0);
+    } catch (const zip::ArchiveError&) {
+    }
+    return 0;
+}
