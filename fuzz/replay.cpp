@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 /// Runs a target over each file of the directories given. A directory without files is a fault: it would test
 /// nothing.
 int main(int count, char** arguments) {
-    for (const std::string directory : std::vector<std::string>(arguments + 1, arguments + count)) {
+    for (const std::string& directory : std::vector<std::string>(arguments + 1, arguments + count)) {
         std::size_t files = 0;
         for (const auto& entry : std::filesystem::directory_iterator(directory)) {
             std::fprintf(stderr, "%s\n", entry.path().c_str());
