@@ -74,6 +74,15 @@ def descriptor(archive):
             '</teq:platform>\n' % (NAMESPACE, archive)).encode()
 
 
+def partitioned(count):
+    """A descriptor of `count` reconfigurable partitions, each with an archive of its own."""
+    rows = "".join('    <teq:reconfigurablePartition teq:id="%d">\n      <teq:hardwarePlatform teq:path="." '
+                   'teq:name="rp%d.lfa"/>\n    </teq:reconfigurablePartition>\n' % (i, i) for i in range(count))
+    text = descriptor("rp0.lfa").decode()
+    one = text[text.index("    <teq:hardwarePlatform "):text.index("  </teq:hardwarePlatforms>")]
+    return text.replace(one, rows).encode()
+
+
 SOFTWARE = ('<?xml version="1.0" encoding="UTF-8"?>\n<teq:platform %s teq:vendor="torvane" teq:library="u77" '
             'teq:name="sample" teq:version="1.0">\n  <teq:description>sample</teq:description>\n'
             '  <teq:systemConfigurations>\n    <teq:configuration teq:name="linux" teq:displayName="Linux">\n'
@@ -119,3 +128,7 @@ for base, size, members, big in (("a400k", "400k", 60, 3_000_000), ("a40k", "40k
                                  ("abig", "40k", 60, 66_000_000)):
     archive(os.path.join(OUT, base + ".lfa"), documents[size], members, big)
     put(base + ".zdf", descriptor(base + ".lfa"))
+for i in range(100):
+    archive(os.path.join(OUT, "rp%d.lfa" % i), documents["40k"], 10, 100_000)
+for count in (10, 100):
+    put("p%d.zdf" % count, partitioned(count))

@@ -8,7 +8,7 @@ tool=$(realpath -e "$1")
 mkdir -p "$2/src"
 out=$(realpath -e "$2")
 cd "$(dirname "${BASH_SOURCE[0]}")"
-for sample in u77 lone; do
+for sample in u77 heron osprey lone; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
         # Not packed with --force, which would also accept a listed file that the folder lacks.

@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 rounds=${1:-60}
 bin=$PWD/build/bench/bench
 data=$PWD/build/bench-data
-[ -f "$data/abig.zdf" ] || python3 bench/gen.py "$data"
+[ -f "$data/p100.zdf" ] || python3 bench/gen.py "$data"
 cd "$data"
 
 documents() { # TITLE BASE
@@ -17,6 +17,8 @@ documents() { # TITLE BASE
 documents "document, 400 KB of metadata" a400k
 documents "document, 40 KB of metadata" a40k
 documents "document, 4 MB of metadata" a4m
+echo "== 10 and 100 partitions (the ratio counts)"
+"$bin/interleave" "$rounds" "10 partitions" "$bin/document p10.zdf" -- "100 partitions" "$bin/document p100.zdf"
 echo "== start of a process"
 "$bin/interleave" $((rounds * 4)) "plain C++" "$bin/empty" -- "linked with the library" "$bin/linked"
 if command -v strace >/dev/null; then
@@ -24,6 +26,8 @@ if command -v strace >/dev/null; then
     strace -y -o trace "$bin/document" a400k.zdf >/dev/null
     echo "openat of the archive: $(grep -c 'openat(.*a400k\.lfa' trace)"
     echo "all calls that name it: $(grep -c 'a400k\.lfa' trace)"
+    strace -y -o trace "$bin/document" p100.zdf >/dev/null
+    echo "openat of archives, 100 partitions: $(grep -c 'openat(.*rp[0-9]*\.lfa' trace)"
 fi
 echo "== parts of the library"
 "$bin/bench_library" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \

@@ -1,11 +1,15 @@
 #pragma once
 #include <boost/property_tree/ptree_fwd.hpp>
+#include <memory>
 #include <string>
 
 #include "platform/HwMetadataMode.h"
 #include "text/ZrApi.h"
 
 class HPLPlatform;
+namespace archive {
+class MemberSource;
+}
 
 /// Fills one hardware platform from a JSON member of a `.cfa` or `.lfa` archive. A missing key gives an empty or zero
 /// value, an unknown key is passed over; only a device without "core" is a failure. Bus interfaces and NoC connectivity
@@ -15,7 +19,10 @@ public:
     using HwMetadataMode = teq_platform::HwMetadataMode;
 
     /// `platform` stays the caller's and is filled; a fresh one is expected.
-    explicit HTEQCfaJsonReader(HPLPlatform* platform) : platform_(platform) {}
+    explicit HTEQCfaJsonReader(HPLPlatform* platform);
+    ~HTEQCfaJsonReader();
+    HTEQCfaJsonReader(const HTEQCfaJsonReader&) = delete;
+    HTEQCfaJsonReader& operator=(const HTEQCfaJsonReader&) = delete;
 
     /// Whether `archive` holds a JSON member that the mode allows, and its name in `member`. Sets the platform's file to
     /// the archive's canonical name. Sends "@74-66@%s" when the path is empty or does not exist. False too for a file
@@ -46,9 +53,11 @@ public:
 
 private:
     void parseRoot_(const boost::property_tree::ptree& document);
-    bool parseMember(const std::string& archive, const std::string& member);
+    bool open(const std::string& archive);
+    bool parseMember(const std::string& member);
 
     HPLPlatform* platform_;
     std::string archive_;
+    std::shared_ptr<const archive::MemberSource> source_;  ///< `archive_`, opened
     std::string member_;  ///< what is being read, for messages
 };

@@ -23,6 +23,14 @@ Exit worse(Exit a, Exit b) {
     return Exit::done;
 }
 
+Problem Problem::of(Exit exit, std::string file, std::string text) {
+    Problem problem;
+    problem.exit = exit;
+    problem.file = std::move(file);
+    problem.text = std::move(text);
+    return problem;
+}
+
 std::string Problem::line_() const {
     std::string place = escaped(file);
     if (!member.empty()) place += "!" + escaped(member);
@@ -33,9 +41,7 @@ std::string Problem::line_() const {
 }
 
 Problem archiveProblem(const std::string& archive, const std::string& words) {
-    Problem problem;
-    problem.file = archive;
-    problem.text = words;
+    Problem problem = Problem::of(Exit::input, archive, words);
     if (!words.starts_with(archive)) return problem;
     std::string rest = words.substr(archive.size());
     const std::size_t colon = rest.find(": ");
@@ -61,12 +67,8 @@ void writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t n = ::write(file, bytes.data(), bytes.size());
         if (n < 0 && errno == EINTR) continue;
-        if (n < 0) {
-            Problem problem;
-            problem.exit = Exit::environment;
-            problem.text = std::string("cannot write the output: ") + std::strerror(errno);
-            throw problem;
-        }
+        if (n < 0)
+            throw Problem::of(Exit::environment, "", std::string("cannot write the output: ") + std::strerror(errno));
         bytes.remove_prefix(static_cast<std::size_t>(n));
     }
 }

@@ -20,6 +20,8 @@ struct Problem {
     std::string text;
     std::string id;  ///< of the library's message; may be empty
 
+    static Problem of(Exit exit, std::string file, std::string text);
+
     /// "file:line:column: error: text [id]", for a member "archive!member:line:column: ...".
     std::string line_() const;
 };

@@ -16,14 +16,6 @@
 
 namespace {
 
-Problem problemOf(Exit exit, const std::string& file, const std::string& text) {
-    Problem problem;
-    problem.exit = exit;
-    problem.file = file;
-    problem.text = text;
-    return problem;
-}
-
 /// What MEMBER can be called in this archive: its members, and the types of its listed files.
 struct Names {
     std::vector<std::string> members;
@@ -60,7 +52,7 @@ std::string memberFor(const std::string& name, const std::string& archive, const
     std::vector<std::string> known;
     for (const auto& [type, member] : names.types) known.push_back(type);
     if (!onlyType) known.insert(known.end(), names.members.begin(), names.members.end());
-    throw problemOf(Exit::no, archive,
+    throw Problem::of(Exit::no, archive,
                     std::string("no ") + (onlyType ? "" : "member or ") + "file type '" + name + "'" +
                         nearest(name, known));
 }
@@ -68,7 +60,7 @@ std::string memberFor(const std::string& name, const std::string& archive, const
 void copyOut(const std::string& archive, const std::string& member, const std::string& destination, bool repair) {
     HPLPlatform platform;
     if (PlatformFileExtractor(platform, repair).extract(member, archive, destination)) return;
-    Problem problem = problemOf(Exit::input, archive, "the member cannot be read");
+    Problem problem = Problem::of(Exit::input, archive, "the member cannot be read");
     problem.member = member;
     throw problem;
 }
@@ -77,7 +69,7 @@ void copyOut(const std::string& archive, const std::string& member, const std::s
 
 int runExtract(const Call& call) {
     std::string archive = call["ARCHIVE"], name = call["MEMBER"];
-    if (!HUTFile::isFile(archive)) throw problemOf(Exit::input, archive, "no such file");
+    if (!HUTFile::isFile(archive)) throw Problem::of(Exit::input, archive, "no such file");
     const HTEQTmpDirObject scratch("extract");
     int level = 0;
     for (std::size_t mark; (mark = name.find('!')) != std::string::npos && !HUTZip::containsFile(archive, name);) {

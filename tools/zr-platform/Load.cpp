@@ -17,13 +17,6 @@ PlatformLoader::HwMetadataMode modeOf(const Call& call) {
     return PlatformLoader::HwMetadataMode::Default;
 }
 
-Problem problemOf(const std::string& file, const std::string& text) {
-    Problem problem;
-    problem.file = file;
-    problem.text = text;
-    return problem;
-}
-
 bool isArchive(const std::string& file) { return file.ends_with(".lfa") || file.ends_with(".cfa"); }
 
 /// Why an archive that exists gave no platform although no reader complained: it is none, or lacks metadata.
@@ -37,8 +30,8 @@ Problem whyNoMetadata(const std::string& archive, const Call& call) {
     const std::string ext = HUTFile::getExt(archive);
     const std::string json = ext + ".json";
     if (modeOf(call) == PlatformLoader::HwMetadataMode::XmlOnly)
-        return problemOf(archive, "the XML member " + ext + ".xml cannot be read by this version");
-    return problemOf(archive, "the archive has no metadata member " + json + " or alt_" + json);
+        return Problem::of(Exit::input, archive, "the XML member " + ext + ".xml cannot be read by this version");
+    return Problem::of(Exit::input, archive, "the archive has no metadata member " + json + " or alt_" + json);
 }
 
 /// The archive whose metadata the loader was reading when it gave up.
@@ -49,7 +42,7 @@ std::string archiveOf(const std::string& file, const std::string& hardwareFile) 
 /// The reason of a null result, from what the library said.
 Problem whyNull(const std::string& file, const std::string& hardwareFile, const Call& call) {
     const std::vector<Problem> said = Console::take().takeProblems(file);
-    const Problem first = said.empty() ? problemOf(file, "the platform could not be loaded") : said.front();
+    const Problem first = said.empty() ? Problem::of(Exit::input, file, "the platform could not be loaded") : said.front();
     const std::string archive = archiveOf(file, hardwareFile);
     const bool nothingSaid = first.id == "74-60" && first.text.starts_with("Failed to parse Hardware");
     return nothingSaid && isArchive(archive) && HUTFile::exists(archive) ? whyNoMetadata(archive, call) : first;
@@ -65,10 +58,10 @@ std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call,
         if (auto platform = loader.load()) return platform;
         problem = whyNull(file, hardwareFile, call);
     } catch (const HEXFileNotFoundException&) {
-        problem = problemOf(file, "no such file");
+        problem = Problem::of(Exit::input, file, "no such file");
     } catch (const PlatformParseException& e) {
         const std::vector<Problem> said = Console::take().takeProblems(file);
-        problem = said.empty() ? problemOf(file, e.what()) : said.front();
+        problem = said.empty() ? Problem::of(Exit::input, file, e.what()) : said.front();
     }
     return nullptr;
 }

@@ -16,14 +16,6 @@
 
 namespace {
 
-Problem problemOf(Exit exit, const std::string& file, const std::string& text) {
-    Problem problem;
-    problem.exit = exit;
-    problem.file = file;
-    problem.text = text;
-    return problem;
-}
-
 std::string besideOf(const std::string& destination, const std::string& ext) {
     const std::string name = destination == "-" ? HUTEnv::getJUNTmpDir() + "/output" : destination;
     return HUTFileUtils::uniquifyFilenameInDir(name + "." + std::to_string(getpid()) + ".part" +
@@ -42,9 +34,9 @@ void toStandardOutput(const std::string& path) {
 OutputFile::OutputFile(const std::string& destination, bool overwrite, const std::string& ext)
     : destination_(destination), overwrite_(overwrite) {
     if (destination != "-" && !overwrite && HUTFile::exists(destination))
-        throw problemOf(Exit::no, destination, "is there already; --force overwrites it");
+        throw Problem::of(Exit::no, destination, "is there already; --force overwrites it");
     if (destination != "-" && !HUTFile::isDir(HUTFile::getParent(destination)))
-        throw problemOf(Exit::environment, HUTFile::getParent(destination), "no such directory");
+        throw Problem::of(Exit::environment, HUTFile::getParent(destination), "no such directory");
     path_ = besideOf(destination, ext.empty() ? HUTFile::getExt(destination) : ext);
 }
 
@@ -57,6 +49,6 @@ void OutputFile::commit() {
     }
     const unsigned flags = overwrite_ ? 0 : RENAME_NOREPLACE;
     if (renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, destination_.c_str(), flags) == 0) return;
-    if (errno == EEXIST) throw problemOf(Exit::no, destination_, "is there already; --force overwrites it");
-    throw problemOf(Exit::environment, destination_, std::strerror(errno));
+    if (errno == EEXIST) throw Problem::of(Exit::no, destination_, "is there already; --force overwrites it");
+    throw Problem::of(Exit::environment, destination_, std::strerror(errno));
 }

@@ -5,6 +5,7 @@
 #include <platform/HPLFile.h>
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQCfaJsonReader.h>
+#include <text/HSTStringUtils.h>
 #include <util/HUTFile.h>
 #include <zip/HUTZip.h>
 
@@ -48,24 +49,16 @@ void check(const std::string& archive, const std::string& directory) {
         problem.file = directory;
         throw;
     }
-    if (missing.empty()) return;
-    Problem problem;
-    problem.file = directory;
-    problem.text = "the metadata lists files that are not there: ";
-    for (std::size_t i = 0; i < missing.size(); ++i) problem.text += (i > 0 ? ", " : "") + missing[i];
-    throw problem;
+    if (!missing.empty())
+        throw Problem::of(Exit::input, directory,
+                          "the metadata lists files that are not there: " + HSTStringUtils::join(missing, ", "));
 }
 
 }  // namespace
 
 int runPack(const Call& call) {
     const std::string& directory = call["DIR"];
-    if (!HUTFile::isDir(directory)) {
-        Problem problem;
-        problem.file = directory;
-        problem.text = "no such folder";
-        throw problem;
-    }
+    if (!HUTFile::isDir(directory)) throw Problem::of(Exit::input, directory, "no such folder");
     OutputFile output(call["ARCHIVE"], call.has("force"));
     HUTZip::compressDir(directory, output.path(), false);
     if (!call.has("force")) check(output.path(), directory);

@@ -50,8 +50,7 @@ Exit showPart(Text& text, const std::string& what, const std::string& file, cons
     if (file.empty()) return Exit::done;
     Problem problem;
     if (!HUTFile::exists(file)) {
-        problem.file = file;
-        problem.text = "no such file";
+        problem = Problem::of(Exit::input, file, "no such file");
     } else if (const auto part = tryLoad(file, call, problem)) {
         showAll(text, *part);
         return Exit::done;

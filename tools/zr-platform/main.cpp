@@ -10,13 +10,6 @@
 
 namespace {
 
-Problem problemOf(Exit exit, const std::string& text) {
-    Problem problem;
-    problem.exit = exit;
-    problem.text = text;
-    return problem;
-}
-
 /// The exception that is being handled, as a problem.
 Problem caught() {
     try {
@@ -24,19 +17,17 @@ Problem caught() {
     } catch (const Problem& problem) {
         return problem;
     } catch (const HEXFileNotFoundException& e) {
-        Problem problem = problemOf(Exit::input, "no such file");
-        problem.file = e.what();
-        return problem;
+        return Problem::of(Exit::input, e.what(), "no such file");
     } catch (const HEXUserException& e) {
-        return problemOf(Exit::environment, e.what());
+        return Problem::of(Exit::environment, "", e.what());
     } catch (const HEXAll& e) {
-        return problemOf(Exit::input, e.what());
+        return Problem::of(Exit::input, "", e.what());
     } catch (const boost::property_tree::ptree_error& e) {
-        return problemOf(Exit::input, e.what());
+        return Problem::of(Exit::input, "", e.what());
     } catch (const std::bad_alloc&) {
-        return problemOf(Exit::environment, "out of memory");
+        return Problem::of(Exit::environment, "", "out of memory");
     } catch (const std::exception& e) {
-        return problemOf(Exit::fault, e.what());
+        return Problem::of(Exit::fault, "", e.what());
     }
 }
 

@@ -24,8 +24,6 @@ JSONObjectWriter writerOf(const JSONSerializable* object, JSONWriter& parent) {
 
 }  // namespace
 
-JSONSerializable::~JSONSerializable() = default;
-
 JSONWriter::JSONWriter() = default;
 JSONWriter::JSONWriter(const JSONWriter& other) : tree_(other.tree_) {}
 JSONWriter::JSONWriter(JSONWriter&& other) noexcept { *this = std::move(other); }

@@ -21,16 +21,21 @@ namespace {
 using json::ptree;
 using Mode = HTEQCfaJsonReader::HwMetadataMode;
 
-/// The JSON member of the two that the mode allows; empty when the archive has none.
-std::string chosen(const std::string& archive, Mode mode, const std::string& primary, const std::string& alternative) {
-    if (mode == Mode::XmlOnly) return "";
+/// The archive at `path`; null when it is none.
+std::shared_ptr<const archive::MemberSource> opened(const std::string& path) {
     try {
-        const auto source = archive::open(archive);
-        if (mode == Mode::Default && source->contains(alternative)) return alternative;
-        return source->contains(primary) ? primary : "";
+        return archive::open(path);
     } catch (const zip::ArchiveError&) {
-        return "";
+        return nullptr;
     }
+}
+
+/// The member of the two that the mode allows; empty when the archive has none.
+std::string chosen(const archive::MemberSource& source, Mode mode, const std::string& primary,
+                   const std::string& alternative) {
+    if (mode == Mode::XmlOnly) return "";
+    if (mode == Mode::Default && source.contains(alternative)) return alternative;
+    return source.contains(primary) ? primary : "";
 }
 
 const ptree* listAt(const ptree& document, const char* key) {
@@ -61,47 +66,55 @@ void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
 
 }  // namespace
 
-bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
+HTEQCfaJsonReader::HTEQCfaJsonReader(HPLPlatform* platform) : platform_(platform) {}
+HTEQCfaJsonReader::~HTEQCfaJsonReader() = default;
+
+bool HTEQCfaJsonReader::open(const std::string& archive) {
+    if (source_ && archive == archive_) return true;  // the loader asks first and parses then
     if (archive.empty() || !HUTFile::exists(archive)) {
         ComMsgMgr::sendMsg("@74-66@%s", archive);
         return false;
     }
     archive_ = archive;
     platform_->setPlatformFile(HUTFile::getCanonicalName(archive));
-    member = chosen(archive, mode, platform_->getJsonFileName(), platform_->getAltJsonFileName());
+    source_ = opened(archive);
+    return source_ != nullptr;
+}
+
+bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
+    if (!open(archive)) return false;
+    member = chosen(*source_, mode, platform_->getJsonFileName(), platform_->getAltJsonFileName());
     return !member.empty();
 }
 
 bool HTEQCfaJsonReader::canParseHwEmu(const std::string& archive, Mode mode, std::string& member) {
     if (!canParse(archive, mode, member)) return false;
-    const auto contains = [&](const std::string& name) { return archive::open(archive)->contains(name); };
+    // Here the main member comes first: the alternative one only takes its place when it is missing.
     member = platform_->getHwEmuJsonFileName();
-    if (contains(member)) return true;
-    member = platform_->getAltHwEmuJsonFileName();
-    return mode == Mode::Default && contains(member);
+    if (!source_->contains(member)) member = mode == Mode::Default ? platform_->getAltHwEmuJsonFileName() : "";
+    return source_->contains(member);
 }
 
 bool HTEQCfaJsonReader::parseCFA(const std::string& archive, Mode mode) {
     std::string member;
-    return canParse(archive, mode, member) && parseMember(archive, member);
+    return canParse(archive, mode, member) && parseMember(member);
 }
 
 bool HTEQCfaJsonReader::parseHwEmuLFA(const std::string& archive, Mode mode) {
     std::string member;
-    if (!canParseHwEmu(archive, mode, member) || !parseMember(archive, member)) return false;
+    if (!canParseHwEmu(archive, mode, member) || !parseMember(member)) return false;
     platform_->setIsChildHardwareEmuPlatform(true);
     return true;
 }
 
-bool HTEQCfaJsonReader::parseMember(const std::string& archive, const std::string& member) {
+bool HTEQCfaJsonReader::parseMember(const std::string& member) {
     member_ = member;
     try {
-        const std::optional<std::string> text = archive::open(archive)->read(member);
-        return text && parseJsonString(*text);
+        return parseJsonString(source_->read(member).value_or(""));
     } catch (const std::exception& e) {
-        ComMsgMgr::sendMsg("@74-64@%s%s%s", member, archive, e.what());
+        ComMsgMgr::sendMsg("@74-64@%s%s%s", member, archive_, e.what());
     } catch (...) {
-        ComMsgMgr::sendMsg("@74-63@%s%s", member, archive);
+        ComMsgMgr::sendMsg("@74-63@%s%s", member, archive_);
     }
     return false;
 }
@@ -135,13 +148,12 @@ void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
 
 std::string HTEQCfaJsonReader::getHpfmFile() const {
     const HPLFile* file = platform_->findFile("HPFM");
-    if (!file || archive_.empty()) return "";
-    return archive::open(archive_)->contains(file->getName()) ? file->getName() : "";
+    return file && source_ && source_->contains(file->getName()) ? file->getName() : "";
 }
 
 std::string HTEQCfaJsonReader::getHpfmStr() const {
     const std::string member = getHpfmFile();
-    return member.empty() ? "" : archive::open(archive_)->read(member).value_or("");
+    return member.empty() ? "" : source_->read(member).value_or("");
 }
 
 bool HTEQCfaJsonReader::readHpfmBusInterfaces(const std::string& hpfm) {
