@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 #include <string_view>
 
 namespace zip {
@@ -7,5 +8,8 @@ namespace zip {
 /// message behind "the name"; empty when it may. Every extraction asks here. `hasData`: a name that ends in "/" is a
 /// directory's, which has none.
 std::string_view memberNameFault(std::string_view name, bool hasData);
+
+/// A member's name for a message: what a terminal would obey is shown as a number.
+std::string printableName(std::string_view name);
 
 }  // namespace zip
