@@ -32,9 +32,10 @@ public:
     }
     ~Scratch() { fs::remove_all(path_); }
     std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-    void put(const std::string& name, const std::string& content) const {
+    std::string put(const std::string& name, const std::string& content) const {
         fs::create_directories((path_ / name).parent_path());
         std::ofstream(path_ / name, std::ios::binary) << content;
+        return (path_ / name).string();
     }
     std::vector<std::string> names() const {
         std::vector<std::string> names;
@@ -176,6 +177,32 @@ TEST(Pack, RefusesWhatIsIncompleteAndWritesNothing) {
     fs::create_symlink("/etc/passwd", scratch / "in/link");
     EXPECT_NE(tool({"pack", scratch / "in", scratch / "y.lfa", "--force"}).exit, 0);
     EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "x.lfa"}));
+}
+
+TEST(Verify, TellsWhichMemberDiffers) {
+    const Scratch scratch;
+    const std::string archive = scratch / "x.lfa";
+    scratch.put("in/lfa.json", "{\"vendor\": \"v\"}");
+    scratch.put("in/data.bin", std::string(1000, 'a') + "end");
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const Result good = tool({"verify", archive});
+    EXPECT_EQ(good.exit, 0);
+    EXPECT_EQ(good.out, archive + ": good, digest: valid\n");
+
+    run({"zip", "-q", "-j", archive, scratch.put("data.bin", "other bytes")});
+    const Result changed = tool({"verify", archive, "--ndjson"});
+    EXPECT_EQ(changed.exit, 1);
+    EXPECT_THAT(changed.out, HasSubstr("\"good\":false"));
+    EXPECT_THAT(changed.out, HasSubstr("\"member\":\"data.bin\""));
+
+    const std::string plain = scratch / "plain.zip";
+    run({"zip", "-q", "-j", plain, scratch / "data.bin"});
+    EXPECT_EQ(tool({"verify", plain}).out, plain + ": good, digest: none\n");
+    EXPECT_EQ(tool({"verify", plain, "--require-digest"}).exit, 1);
+    const Result two = tool({"verify", plain, scratch.put("text.zip", "no archive")});
+    EXPECT_EQ(two.exit, 3) << "the worst of all, and the good one is told";
+    EXPECT_THAT(two.out, HasSubstr("plain.zip: good"));
+    EXPECT_THAT(two.err, HasSubstr("text.zip: error: "));
 }
 
 TEST(Extract, TakesMembersTypesAndNestedMembers) {

@@ -1,8 +1,10 @@
 #include "CommandLine.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 
 #include "Console.h"
+#include "Nearest.h"
 #include "Reference.h"
 #include "Verbs.h"
 
@@ -32,14 +34,24 @@ void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
     CLI::App* command = app.add_subcommand(verb.name, verb.summary);
     for (const Positional& positional : verb.positionals) {
         const std::string name = positional.name;
-        command->add_option_function<std::string>(
-                   name, [&call, name](const std::string& value) { call.positionals[name] = value; }, positional.help)
-            ->required();
+        CLI::Option* made = command->add_option_function<std::vector<std::string>>(
+            name.substr(0, name.find('.')),
+            [&call, name](const std::vector<std::string>& values) { call.positionals[name] = values; }, positional.help);
+        made->required()->expected(1, name.ends_with("...") ? -1 : 1);
     }
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
     command->footer(std::string("\n") + verb.details + "\n\nExample:\n  zr-platform " + verb.name + " " + verb.example);
     command->callback([&chosen, &verb] { chosen = &verb; });
+}
+
+/// What is wrong with the arguments, in one line.
+std::string complaint(const CLI::ParseError& error, const std::string& first) {
+    std::vector<std::string> names;
+    for (const Verb& verb : verbs()) names.push_back(verb.name);
+    const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
+    if (isVerb || first.empty() || first.starts_with("-")) return error.what();
+    return "there is no verb '" + escaped(first) + "'" + nearest(first, names);
 }
 
 void write(const std::string& text) { Console::take().data(text); }
@@ -48,6 +60,9 @@ void write(const std::string& text) { Console::take().data(text); }
 
 int runCommandLine(int argc, char** argv) {
     CLI::App app("Finds out what FPGA acceleration platforms hold, and makes their archives.", "zr-platform");
+    for (const char* word : {"TEXT", "REQUIRED"}) app.get_formatter()->label(word, "");
+    app.get_formatter()->label("[SUBCOMMAND]", "VERB");
+    app.get_formatter()->label("Subcommands", "Verbs");
     Call call;
     const Verb* chosen = nullptr;
     std::string reference;
@@ -61,13 +76,13 @@ int runCommandLine(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        for (const CLI::App* command : app.get_subcommands()) return write(command->help()), 0;
+        for (const CLI::App* command : app.get_subcommands()) return write(command->help("zr-platform")), 0;
         return write(app.help()), 0;
     } catch (const CLI::CallForVersion&) {
         return write("zr-platform " ZR_VERSION "\n"), 0;
     } catch (const CLI::ParseError& e) {
-        Console::take().words(std::string("error: ") + e.what() + "\ntry: zr-platform " +
-                              (chosen ? chosen->name : "") + (chosen ? " " : "") + "--help");
+        Console::take().words("error: " + complaint(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
+                              (chosen ? std::string(chosen->name) + " " : "") + "--help");
         return static_cast<int>(Exit::usage);
     }
     if (!reference.empty()) return write(referenceAs(reference)), 0;

@@ -53,6 +53,14 @@ const std::vector<Verb> kVerbs = {
      "A member of exactly that name is taken first, then the file that the metadata lists under that type.",
      "u77/hw/u77.lfa HPFM - --repair-hpfm",
      runExtract},
+    {"verify",
+     {{"ARCHIVE...", "any zip archives"}},
+     {{"require-digest", nullptr, "an archive without a digest is a finding too"}, kJson, kNdjson},
+     "Check archives against their CRCs and their digest",
+     "All is computed from the bytes. The digest tells damage and change, not who made the archive: whoever changes it "
+     "can stamp it anew.",
+     "u77/hw/u77.lfa",
+     runVerify},
 };
 
 constexpr Option kCommon[] = {

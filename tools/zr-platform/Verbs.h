@@ -6,7 +6,7 @@
 
 /// A verb is a row: parsing, help, manual page, completion and the reference page are made from the rows.
 struct Positional {
-    const char* name;
+    const char* name;  ///< "ARCHIVE..." takes one or more
     const char* help;
 };
 
@@ -18,10 +18,11 @@ struct Option {
 
 /// What a verb was called with: the positionals by name, the options by name, "" where they have no value.
 struct Call {
-    std::map<std::string, std::string> positionals;
+    std::map<std::string, std::vector<std::string>> positionals;
     std::map<std::string, std::string> options;
 
-    const std::string& operator[](const char* positional) const { return positionals.at(positional); }
+    const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
+    const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
     std::string get(const char* option) const { return has(option) ? options.at(option) : ""; }
 };
@@ -45,3 +46,4 @@ int runShow(const Call& call);
 int runPack(const Call& call);
 int runMembers(const Call& call);
 int runExtract(const Call& call);
+int runVerify(const Call& call);

@@ -1,0 +1,54 @@
+#include <msg/HEXAll.h>
+#include <zip/HUTZip.h>
+
+#include "Console.h"
+
+namespace {
+
+const char* stateName(HUTZip::DigestState state) {
+    switch (state) {
+        case HUTZip::DigestState::none: return "none";
+        case HUTZip::DigestState::valid: return "valid";
+        case HUTZip::DigestState::broken: return "broken";
+    }
+    return "";
+}
+
+/// One archive's findings, as lines or as a record. An archive that cannot be read is in the list, with its reason.
+Exit verify(const std::string& archive, bool requireDigest, Records& records, std::string& lines) {
+    try {
+        const HUTZip::Verification found = HUTZip::verify(archive);
+        boost::json::array differences;
+        for (const HUTZip::Difference& difference : found.differences) {
+            const char* reason = HUTZip::reasonText(difference.reason);
+            differences.push_back({{"member", difference.member}, {"reason", reason}, {"text", difference.text}});
+            const std::string place = archive + (difference.member.empty() ? "" : "!" + difference.member);
+            lines += escaped(place + ": " + difference.text) + " [" + reason + "]\n";
+        }
+        const bool lacksDigest = requireDigest && found.digest == HUTZip::DigestState::none;
+        const bool good = found.isSound() && found.digest != HUTZip::DigestState::broken && !lacksDigest;
+        lines += escaped(archive) + ": " + (good ? "good" : "differs") + ", digest: " + stateName(found.digest) + "\n";
+        records.add({{"archive", archive}, {"good", good}, {"digest", stateName(found.digest)}, {"differences", differences}});
+        return good ? Exit::done : Exit::no;
+    } catch (const HEXDataException& e) {
+        const Problem problem = archiveProblem(archive, e.what());
+        Console::take().problem(problem);
+        records.add({{"archive", archive}, {"good", false}, {"digest", nullptr}, {"problem", problem.text}});
+        return Exit::input;
+    }
+}
+
+}  // namespace
+
+int runVerify(const Call& call) {
+    Records records("verification");
+    std::string lines;
+    Exit exit = Exit::done;
+    for (const std::string& archive : call.all("ARCHIVE..."))
+        exit = worse(exit, verify(archive, call.has("require-digest"), records, lines));
+    if (call.has("json") || call.has("ndjson"))
+        records.print(call, {});
+    else
+        Console::take().data(lines);
+    return static_cast<int>(exit);
+}
