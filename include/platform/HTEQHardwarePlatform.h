@@ -28,6 +28,10 @@ class HTEQHardwareIPParam;
 class HTEQHardwareNocConnectivity;
 class HTEQSystemClock;
 
+namespace hardware {
+class ArchiveChanges;
+}
+
 /// The hardware side of one platform: who made it, its part and board, its clocks, bus interfaces, memories and
 /// feature ROMs. Readers fill it through setters and `add...` factories; everyone else only asks.
 ///
@@ -410,6 +414,26 @@ public:
     bool extractTILMetadataFile(const std::string& destination) const;
     /// @}
 
+    /// @name Changing the archive
+    /// Each operation rewrites the archive once, whole or not at all, and waits up to ten seconds for others who
+    /// change it; a digest that was valid stays so. They throw HEXUserException when a file cannot be read or
+    /// written, with the reason nested in it, when `member` could not be extracted again, or when somebody else has
+    /// changed the archive since `setPlatformFile` or our last change: their work would be lost.
+    /// @{
+    /// Writes the platform's document, and a line end behind it, as the member `getJsonFileName`. Nothing happens
+    /// without a platform file. What readers do not take from a document is not in it: a member that somebody else
+    /// has written can lose keys.
+    void writeToJSON();
+    /// Makes `source` the one file of the type: member, document and digest are written at once. A member that the
+    /// type had before stays in the archive. Throws HEXAlgException without a platform file. The list of files is
+    /// changed even when the archive cannot be.
+    void archiveFile(const std::string& type, const std::string& member, const std::string& source);
+    /// Writes the member alone; nothing happens without a platform file.
+    void _archiveFile(const std::string& member, const std::string& source);
+    /// See HUTZip::attachDigestEn; nothing happens without a platform file.
+    void attachDigest();
+    /// @}
+
 protected:
     HTEQDesignIntentStorage& writableDesignIntent_() { return designIntent_; }
     void storeHpfmString_(std::string text) { hpfmString_ = std::move(text); }
@@ -454,4 +478,5 @@ private:
     bool hbmPresent_ = false;
     std::uint64_t hbmBankCount_ = 0, hbmDefaultBankCount_ = 0;
     std::string hbmInstanceName_;
+    std::unique_ptr<hardware::ArchiveChanges> archiveChanges_;
 };

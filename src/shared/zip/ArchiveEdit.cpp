@@ -70,20 +70,21 @@ bool ArchiveEdit::isKept(const Member& member) const {
     return !removed_.contains(member.name) && !changes_.contains(std::string(member.name));
 }
 
-void ArchiveEdit::commit(Digest digest) {
+FileStamp ArchiveEdit::commit(Digest digest) {
     const bool isValid = isDigestValid(*archive_);
-    if (changes_.empty() && removed_.empty() && (digest == Digest::keep || isValid)) return;
+    if (changes_.empty() && removed_.empty() && (digest == Digest::keep || isValid)) return stamp();
     if (changes_.empty() && removed_.size() == archive_->members().size()) refuse("no member would be left in it");
-    const Stamp stamp = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
+    const Stamp fields = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
 
     Successor successor(path_, 0600);
-    write(stamp, [&successor](std::uint64_t offset, std::string_view bytes) { successor.write(offset, bytes); });
+    write(fields, [&successor](std::uint64_t offset, std::string_view bytes) { successor.write(offset, bytes); });
     checkSources();
     checkResult(successor.descriptor());
     successor.takeModeAndOwner(statusOf(file_->descriptor()));
     successor.sync();
     checkArchive();
     successor.takePlace();
+    return FileStamp(statusOf(successor.descriptor()));
 }
 
 ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {

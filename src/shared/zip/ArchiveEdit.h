@@ -53,7 +53,8 @@ public:
     /// Writes the archive, unless that would change nothing. Throws `HEXUserException`: a source or the archive was
     /// changed meanwhile, no member is left, or a fault of the disk; `ArchiveError` for damage that it meets in
     /// members whose digest must be made. Each byte of the archive then is as it was. To be called once.
-    void commit(Digest digest = Digest::keep);
+    /// Gives the state in which the archive is now.
+    FileStamp commit(Digest digest = Digest::keep);
 
 private:
     struct Change {

@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "archive/PlatformMembers.h"
+#include "hardware/ArchiveChanges.h"
 #include "hardware/ClockSelection.h"
 #include "hardware/HardwareDatabase.h"
 #include "hardware/HardwareKeys.h"
@@ -54,7 +55,9 @@ unsigned countBuses(const hardware::BusInterfaces& buses, const char* type, cons
 
 }  // namespace
 
-HTEQHardwarePlatform::HTEQHardwarePlatform() : designIDs_(std::make_unique<HTEQReconfigPartition>()) {}
+HTEQHardwarePlatform::HTEQHardwarePlatform()
+    : designIDs_(std::make_unique<HTEQReconfigPartition>()),
+      archiveChanges_(std::make_unique<hardware::ArchiveChanges>()) {}
 HTEQHardwarePlatform::~HTEQHardwarePlatform() = default;
 
 void HTEQHardwarePlatform::toJSON(teq_platform::JSONObjectWriter& writer) const {
@@ -99,7 +102,10 @@ void HTEQHardwarePlatform::setDescription(const std::string& text) { description
 void HTEQHardwarePlatform::setDetailedDescription(const std::string& text) { detailedDescription_ = text; }
 void HTEQHardwarePlatform::setVendor(const std::string& vendor) { vendor_ = vendor; }
 void HTEQHardwarePlatform::setBoardId(const std::string& boardId) { boardId_ = boardId; }
-void HTEQHardwarePlatform::setPlatformFile(const std::string& path) { platformFile_ = path; }
+void HTEQHardwarePlatform::setPlatformFile(const std::string& path) {
+    platformFile_ = path;
+    archiveChanges_->follow(path);
+}
 
 void HTEQHardwarePlatform::setIsHWEmuPlatform(bool value) {
     isHWEmuPlatform_ = value;
@@ -473,3 +479,13 @@ bool HTEQHardwarePlatform::extractTILCSTFile(const std::string& destination) con
 bool HTEQHardwarePlatform::extractTILMetadataFile(const std::string& destination) const {
     return hardware::copyProjectFile(*this, "tilarchive/morwen/tilprj_meta_data.json", nullptr, destination);
 }
+
+void HTEQHardwarePlatform::writeToJSON() { archiveChanges_->writeDocument(*this); }
+void HTEQHardwarePlatform::archiveFile(const std::string& type, const std::string& member,
+                                       const std::string& source) {
+    archiveChanges_->archiveFile(*this, type, member, source);
+}
+void HTEQHardwarePlatform::_archiveFile(const std::string& member, const std::string& source) {
+    archiveChanges_->addMember(*this, member, source);
+}
+void HTEQHardwarePlatform::attachDigest() { archiveChanges_->attachDigest(*this); }

@@ -1,0 +1,124 @@
+#include "hardware/ArchiveChanges.h"
+
+#include <sys/stat.h>
+
+#include <exception>
+#include <utility>
+
+#include "json/JsonText.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLPlatform.h"
+#include "platform/JSONWriter.h"
+#include "util/HUTFile.h"
+#include "zip/ArchiveEdit.h"
+#include "zip/SourceFile.h"
+
+namespace hardware {
+
+namespace {
+
+using zip::ArchiveEdit;
+
+/// The words of an operation's exceptions; callers compare them.
+std::string wordsOf(const char* operation, const std::string& words) {
+    return std::string("HTEQHardwarePlatform::") + operation + "() - " + words;
+}
+
+/// What `open` gives. What it throws becomes the reason of an exception with our words.
+template <class Open>
+auto openOr(const std::string& words, Open open) {
+    try {
+        return open();
+    } catch (const HEXAll&) {
+        std::throw_with_nested(HEXUserException(words));
+    }
+}
+
+zip::SourceFile openSource(const std::string& source) {
+    return openOr(wordsOf("archiveFile", "Could not open file for reading: " + source),
+                  [&] { return zip::SourceFile(source); });
+}
+
+/// `shown`: what the words name.
+std::unique_ptr<ArchiveEdit> openArchive(const char* operation, const HTEQHardwarePlatform& platform,
+                                         const std::string& shown) {
+    return openOr(wordsOf(operation, "Could not open file for streaming: " + shown),
+                  [&] { return std::make_unique<ArchiveEdit>(platform.getPlatformFile()); });
+}
+
+template <class Platform>
+auto& concrete(Platform& platform, const char* operation) {
+    using Concrete = std::conditional_t<std::is_const_v<Platform>, const HPLPlatform, HPLPlatform>;
+    if (auto* const found = dynamic_cast<Concrete*>(&platform)) return *found;
+    throw HEXAlgException(wordsOf(operation, "Could not cast this to HPLPlatform"));
+}
+
+/// Ends in two line ends: the document's own, and the member's.
+std::string memberText(const HPLPlatform& platform) {
+    teq_platform::JSONObjectWriter writer;
+    platform.toJSON(writer);
+    return json::write(writer.getTree()) + "\n";
+}
+
+}  // namespace
+
+void ArchiveChanges::follow(const std::string& file) {
+    struct stat status {};
+    known_.reset();
+    if (::stat(file.c_str(), &status) == 0) known_.emplace(status);
+}
+
+void ArchiveChanges::checkKnown(const ArchiveEdit& edit) const {
+    if (known_ && !(*known_ == edit.stamp()))
+        throw HEXUserException("archive '" + edit.archive().name() +
+                               "' cannot be changed: it was changed by somebody else since the platform was read");
+}
+
+void ArchiveChanges::writeDocument(const HTEQHardwarePlatform& platform) {
+    const std::string member = platform.getJsonFileName();
+    if (platform.getPlatformFile().empty() || member.empty()) return;
+    const HPLPlatform& written = concrete(platform, "writeToJSON");
+    const auto edit = openArchive("writeToJSON", platform, member);
+    checkKnown(*edit);
+    edit->put(member, memberText(written));
+    known_ = edit->commit();
+}
+
+void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::string& type, const std::string& member,
+                                 const std::string& source) {
+    const std::string file = platform.getPlatformFile(), document = platform.getJsonFileName();
+    if (file.empty()) throw HEXAlgException(wordsOf("archiveFile", "lfaFile is not set"));
+    if (document.empty()) throw HEXAlgException(wordsOf("archiveFile", "jsonFile is not set"));
+    if (!HUTFile::isFile(file)) throw HEXAlgException(wordsOf("archiveFile", "lfaFile does not exist"));
+    HPLPlatform& written = concrete(platform, "archiveFile");
+    written.removeFileType(type);
+    written.addFile(type, member);
+
+    zip::SourceFile opened = openSource(source);
+    const auto edit = openArchive("archiveFile", platform, file);
+    checkKnown(*edit);
+    edit->put(member, std::move(opened));
+    edit->put(document, memberText(written));
+    known_ = edit->commit(ArchiveEdit::Digest::attach);
+}
+
+void ArchiveChanges::addMember(const HTEQHardwarePlatform& platform, const std::string& member,
+                               const std::string& source) {
+    const std::string file = platform.getPlatformFile();
+    if (file.empty()) return;
+    zip::SourceFile opened = openSource(source);
+    const auto edit = openArchive("archiveFile", platform, file);
+    checkKnown(*edit);
+    edit->put(member, std::move(opened));
+    known_ = edit->commit();
+}
+
+void ArchiveChanges::attachDigest(const HTEQHardwarePlatform& platform) {
+    if (platform.getPlatformFile().empty()) return;
+    ArchiveEdit edit(platform.getPlatformFile());
+    const bool isKnown = !known_ || *known_ == edit.stamp();
+    const zip::FileStamp stamp = edit.commit(ArchiveEdit::Digest::attach);
+    if (isKnown) known_ = stamp;  // a change by somebody else is still one
+}
+
+}  // namespace hardware
