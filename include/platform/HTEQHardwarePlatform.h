@@ -424,6 +424,10 @@ public:
     /// without a platform file. What readers do not take from a document is not in it: a member that somebody else
     /// has written can lose keys.
     void writeToJSON();
+    /// Whether `writeToJSON` and `archiveFile` write the key "platformFile", a path on the writer's machine that nobody
+    /// reads back. True unless set.
+    bool writesPlatformFile() const { return writesPlatformFile_; }
+    void setWritesPlatformFile(bool value) { writesPlatformFile_ = value; }
     /// Makes `source` the one file of the type: member, document and digest are written at once. A member that the
     /// type had before stays in the archive. Throws HEXAlgException without a platform file. The list of files is
     /// changed even when the archive cannot be.
@@ -474,6 +478,7 @@ private:
     HTEQTilHardware tilHardware_;
     mutable HSTVector<HTEQTilPartition> tilPartitions_;
     mutable bool tilPartitionsRead_ = false;
+    bool writesPlatformFile_ = true;
     bool normalizeMemoryBanks_ = false;
     bool hbmPresent_ = false;
     std::uint64_t hbmBankCount_ = 0, hbmDefaultBankCount_ = 0;

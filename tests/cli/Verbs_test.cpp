@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <regex>
+#include <sys/stat.h>
 
 #include <platform/HTEQPlatformCAPI.h>
 
@@ -177,6 +178,53 @@ TEST(Pack, RefusesWhatIsIncompleteAndWritesNothing) {
     fs::create_symlink("/etc/passwd", scratch / "in/link");
     EXPECT_NE(tool({"pack", scratch / "in", scratch / "y.lfa", "--force"}).exit, 0);
     EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "x.lfa"}));
+}
+
+TEST(SetFile, NamesWhatTheMetadataLosesAndRefuses) {
+    const Scratch scratch;
+    const std::string archive = scratch / "x.lfa", source = scratch.put("pre.tcl", "puts hello\n");
+    scratch.put("in/lfa.json", R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}]})");
+    scratch.put("in/a", "checkpoint");
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const std::string before = contentOf(archive);
+    const Result refused = tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source, "--strip-paths"});
+    EXPECT_EQ(refused.exit, 1);
+    EXPECT_THAT(refused.err, HasSubstr("makersOwn.key: lost"));
+    EXPECT_EQ(std::count(refused.err.begin(), refused.err.end(), '\n'), 2) << "the one key, and what to do";
+    EXPECT_EQ(tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source, "--dry-run", "--force"}).exit, 0);
+    EXPECT_EQ(contentOf(archive), before);
+
+    ASSERT_EQ(tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source, "--force", "--strip-paths"}).exit, 0);
+    EXPECT_EQ(tool({"extract", archive, "PRE_OPT_TCL", "-"}).out, "puts hello\n");
+    EXPECT_EQ(tool({"verify", archive, "--require-digest"}).exit, 0);
+    const std::string metadata = tool({"extract", archive, "lfa.json", "-"}).out;
+    EXPECT_THAT(metadata, testing::Not(HasSubstr("platformFile")));
+    EXPECT_THAT(metadata, HasSubstr("\"tcl\\/pre.tcl\""));
+    scratch.put("pre.tcl", "puts again\n");
+    const Result again = tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source, "--strip-paths"});
+    EXPECT_EQ(again.exit, 0) << "what the library wrote loses nothing: " << again.err;
+    EXPECT_EQ(tool({"extract", archive, "PRE_OPT_TCL", "-"}).out, "puts again\n");
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "pre.tcl", "x.lfa"})) << "no stray file";
+}
+
+TEST(SetFile, RefusesWhatItCannotPut) {
+    const Scratch scratch;
+    const std::string archive = scratch / "x.lfa", source = scratch.put("s", "bytes");
+    scratch.put("in/lfa.json", "{}");
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const std::string before = contentOf(archive);
+    mkfifo((scratch / "pipe").c_str(), 0600);
+    for (const auto& [member, from] : std::vector<std::pair<std::string, std::string>>{
+             {"../out", source}, {"/abs", source}, {"m", archive}, {"m", scratch / "gone"}, {"m", scratch / "pipe"},
+             {"m", scratch.str()}}) {
+        const Result result = tool({"set-file", archive, "DCP", member, from, "--force"});
+        EXPECT_NE(result.exit, 0) << member << " " << from;
+        EXPECT_NE(result.err, "");
+        EXPECT_EQ(contentOf(archive), before);
+    }
+    scratch.put("in/alt_lfa.json", "{}");
+    ASSERT_EQ(tool({"pack", scratch / "in", scratch / "alt.lfa"}).exit, 0);
+    EXPECT_THAT(tool({"set-file", scratch / "alt.lfa", "DCP", "m", source}).err, HasSubstr("alt_lfa.json"));
 }
 
 TEST(Verify, TellsWhichMemberDiffers) {

@@ -29,16 +29,21 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
     if (choices.size() > 1) made->check(CLI::IsMember(choices));
 }
 
+void addPositional(CLI::App& app, const Positional& positional, Call& call) {
+    const std::string name = positional.name;
+    auto& values = call.positionals[name];
+    if (name.ends_with("..."))
+        app.add_option(name.substr(0, name.find('.')), values, positional.help)->required();
+    else
+        app.add_option_function<std::string>(
+               name, [&values](const std::string& value) { values = {value}; }, positional.help)
+            ->required();
+}
+
 /// One subcommand for each row; the chosen row goes to `chosen`.
 void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
     CLI::App* command = app.add_subcommand(verb.name, verb.summary);
-    for (const Positional& positional : verb.positionals) {
-        const std::string name = positional.name;
-        CLI::Option* made = command->add_option_function<std::vector<std::string>>(
-            name.substr(0, name.find('.')),
-            [&call, name](const std::vector<std::string>& values) { call.positionals[name] = values; }, positional.help);
-        made->required()->expected(1, name.ends_with("...") ? -1 : 1);
-    }
+    for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
     command->footer(std::string("\n") + verb.details + "\n\nExample:\n  zr-platform " + verb.name + " " + verb.example);

@@ -46,4 +46,5 @@ int runShow(const Call& call);
 int runPack(const Call& call);
 int runMembers(const Call& call);
 int runExtract(const Call& call);
+int runSetFile(const Call& call);
 int runVerify(const Call& call);

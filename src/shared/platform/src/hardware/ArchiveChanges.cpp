@@ -57,6 +57,7 @@ auto& concrete(Platform& platform, const char* operation) {
 std::string memberText(const HPLPlatform& platform) {
     teq_platform::JSONObjectWriter writer;
     platform.toJSON(writer);
+    if (!platform.writesPlatformFile()) writer.getTree().erase("platformFile");
     return json::write(writer.getTree()) + "\n";
 }
 

@@ -1,0 +1,77 @@
+#include "Changes.h"
+
+#include <boost/json/parse.hpp>
+#include <boost/json/serialize.hpp>
+#include <charconv>
+
+#include "Console.h"
+
+namespace {
+
+using boost::json::value;
+
+/// A value as the library holds it: text.
+std::string textOf(const value& json) {
+    return json.is_string() ? std::string(json.as_string()) : boost::json::serialize(json);
+}
+
+/// Whether the library leaves it out: empty texts, lists and objects.
+bool isNothing(const value& json) {
+    if (json.is_object()) return json.as_object().empty();
+    if (json.is_array()) return json.as_array().empty();
+    return json.is_string() && json.as_string().empty();
+}
+
+/// Whether `text` is what a value of a document becomes in the library's texts.
+bool isSame(const value& before, const std::string& text) {
+    if (!before.is_double()) return textOf(before) == text;
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    return error == std::errc() && end == text.data() + text.size() && number == before.as_double();
+}
+
+class Comparison {
+public:
+    std::vector<std::string> found;
+
+    void compare(const std::string& path, const value& before, const value* after) {
+        if (isNothing(before)) return;
+        if (before.is_object()) {
+            for (const auto& [key, child] : before.as_object())
+                compare(path.empty() ? std::string(key) : path + "." + std::string(key), child, childOf(after, key));
+        } else if (before.is_array()) {
+            for (std::size_t i = 0; i < before.as_array().size(); ++i)
+                compare(path + "[" + std::to_string(i) + "]", before.as_array()[i], itemOf(after, i));
+        } else if (!after) {
+            found.push_back(path + ": lost");
+        } else if (!isSame(before, textOf(*after))) {
+            found.push_back(path + ": " + textOf(before) + " -> " + textOf(*after));
+        }
+    }
+
+private:
+    static const value* childOf(const value* json, boost::json::string_view key) {
+        return json && json->is_object() ? json->as_object().if_contains(key) : nullptr;
+    }
+    static const value* itemOf(const value* json, std::size_t i) {
+        return json && json->is_array() ? json->as_array().if_contains(i) : nullptr;
+    }
+};
+
+value parsed(const std::string& text) {
+    boost::json::parse_options options;
+    options.max_depth = 256;
+    boost::json::error_code error;
+    value json = boost::json::parse(text, error, {}, options);
+    if (error) throw Problem::of(Exit::input, "", "the metadata cannot be compared: " + error.message());
+    return json;
+}
+
+}  // namespace
+
+std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after) {
+    Comparison comparison;
+    const value now = parsed(after);
+    comparison.compare("", parsed(before), &now);
+    return comparison.found;
+}
