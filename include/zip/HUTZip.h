@@ -31,8 +31,41 @@ public:
                               const std::string& destination, bool overwrite);
 
     /// Makes an archive of all that is in `folder`: the same bytes each time and on each machine. A folder in it
-    /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name. Links and
-    /// devices are errors. Without `overwrite` it is an error when `archive` exists. The archive appears whole or not
-    /// at all.
+    /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name. The archive,
+    /// and those in it, carry a digest. Links and devices are errors. Without `overwrite` it is an error when
+    /// `archive` exists. The archive appears whole or not at all.
     static void compressDir(const std::string& folder, const std::string& archive, bool overwrite = true);
+
+    /// Gives the archive a digest: the SHA-256 of each member in its row of the directory, and one over all in the
+    /// archive's comment, in front of what stands there. An archive with a valid one is not written. Throws
+    /// `HEXUserException`, too, when somebody else changes the archive for more than ten seconds.
+    static void attachDigestEn(const std::string& archive);
+
+    enum class DigestState { none, valid, broken };
+    /// Why a member is not as it was when the digest was made, or its CRC.
+    enum class Reason {
+        crc,      ///< its bytes have another CRC than the directory says
+        size,     ///< there are more or fewer of them
+        damaged,  ///< they cannot be unpacked, or its two headers disagree
+        hash,     ///< they have another SHA-256 than its field says
+        field,    ///< its field is no SHA-256, or not the one that the digest was made of
+        extra,    ///< it has no field: it was added or replaced after the digest was made
+        missing,  ///< some member is missing, has another name, or was added with a field of its own
+        count_
+    };
+    static const char* reasonText(Reason reason);  ///< "crc", ...
+    struct Difference {
+        std::string member;  ///< a stranger's text; empty when it cannot be told which one
+        Reason reason = Reason::crc;
+        std::string text;  ///< for people
+    };
+    struct Verification {
+        DigestState digest = DigestState::none;
+        HSTVector<Difference> differences;  ///< in the order of the archive
+        bool isSound() const { return differences.empty(); }
+    };
+    /// Reads all bytes of the archive, whose memory it does not need, and compares CRCs and digest. Without a digest
+    /// it compares the CRCs. A digest finds what was changed by accident or carelessness; whoever means to deceive
+    /// can make a new one.
+    static Verification verify(const std::string& archive);
 };

@@ -124,6 +124,16 @@ TEST(Show, SaysWhatCanBeReadWhenAFileIsMissing) {
     EXPECT_THAT(result.err, HasSubstr("u77.spfm: error: no such file"));
 }
 
+TEST(Show, TellsTilePartitionsAndReconfigurableOnes) {
+    const Result heron = tool({"show", "heron/heron.zdf"});
+    EXPECT_EQ(heron.exit, 0) << heron.err;
+    EXPECT_THAT(heron.out, HasSubstr("tile partitions"));
+    const Result osprey = tool({"show", "osprey/osprey.zdf"});
+    EXPECT_EQ(osprey.exit, 0) << osprey.err;
+    EXPECT_THAT(osprey.out, HasSubstr("(default)"));
+    EXPECT_THAT(tool({"show", kSample}).out, HasSubstr("Emulation\n"));
+}
+
 TEST(Members, AreListedInEachForm) {
     const std::string archive = "u77/hw/u77.lfa";
     EXPECT_THAT(tool({"members", archive}).out, HasSubstr("lfa.json\n"));
@@ -184,6 +194,9 @@ TEST(Extract, TakesMembersTypesAndNestedMembers) {
     EXPECT_EQ(tool({"extract", archive, "lfa.json", scratch / "plain.hpfm"}).exit, 1) << "is there already";
     EXPECT_EQ(tool({"extract", archive, "lfa.json", scratch / "plain.hpfm", "--force"}).exit, 0);
     EXPECT_EQ(contentOf(scratch / "plain.hpfm"), contentOf(source + "lfa.json"));
+    const std::string inner = "tilarchive/morwen/logical_arch_til.larch";
+    EXPECT_EQ(tool({"extract", "heron/hw/heron.cfa", "TILPRJ!" + inner, "-"}).out,
+              contentOf(ZR_SOURCE_DIR "/examples/heron/hw/heron.cfa/til/heron.tilprj/" + inner));
     const Result unknown = tool({"extract", archive, "lfa.jsn", scratch / "x"});
     EXPECT_EQ(unknown.exit, 1);
     EXPECT_THAT(unknown.err, HasSubstr("lfa.json")) << "the nearest names";
@@ -207,6 +220,7 @@ const Bad kBad[] = {
     {"root.zdf", "<?xml version='1.0'?>\n\n<platform/>\n", 3, ":3:1: error: .*platform.*"},
     {"attribute.zdf", "<t:platform xmlns:t='urn:torvane:teq:platform:1.0' t:vendor='v'\n t:bad=''/>", 3,
      ":[12]:[0-9]+: error: .*"},
+    {"deep.spfm", "(100,000 open elements)", 3, ":1:1: error: .*"},
     {"empty.spfm", "", 3, ":[0-9]+:[0-9]+: error: .*"},
     {"empty.lfa", "", 3, ": error: .*"},
     {"text.lfa", "no archive, but long enough to have an end record", 3, ": error: .*"},
@@ -214,11 +228,17 @@ const Bad kBad[] = {
     {"noextension", "", 3, ":[0-9]+:[0-9]+: error: .*"},
 };
 
+std::string openElements() {
+    std::string text;
+    for (int i = 0; i < 100'000; ++i) text += "<a>";
+    return text;
+}
+
 TEST(BadInput, IsOneLineThatTellsFileAndPlace) {
     const Scratch scratch;
     for (const Bad& bad : kBad) {
         SCOPED_TRACE(bad.name);
-        if (bad.content) scratch.put(bad.name, bad.content);
+        if (bad.content) scratch.put(bad.name, bad.name == std::string("deep.spfm") ? openElements() : bad.content);
         const Result result = tool({"json", scratch / bad.name});
         EXPECT_EQ(result.exit, bad.exit);
         EXPECT_EQ(result.out, "");

@@ -9,7 +9,6 @@
 #include <fstream>
 #include <map>
 #include <random>
-#include <sstream>
 
 #include "msg/HEXAll.h"
 #include "util/HUTEnv.h"
@@ -19,6 +18,7 @@
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
 #include "zip/NestedArchive.h"
+#include "zip/OnDisk.h"
 #include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
@@ -26,12 +26,6 @@ namespace fs = std::filesystem;
 namespace {
 
 using Tree = std::map<std::string, std::string>;
-
-std::string slurp(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
-}
 
 void write(const std::string& path, const std::string& text) {
     fs::create_directories(fs::path(path).parent_path());
@@ -63,15 +57,6 @@ protected:
 using PackFolder = OnDisk;
 using Uncompress = OnDisk;
 using Destination = OnDisk;
-
-std::string wordsOf(const std::function<void()>& call) {
-    try {
-        call();
-    } catch (const HEXAll& error) {
-        return error.what();
-    }
-    return "nothing was thrown";
-}
 
 }  // namespace
 

@@ -45,7 +45,7 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     text.line("kind", std::string(platform.isUnifiedPlatform() ? "unified, " : "") +
                           (platform.isExpandable() ? "expandable" : "fixed"));
     text.line("state", platform.getPlatformState());
-    text.line("made by", platform.getGeneratedName() + " " + platform.getGeneratedVersion());
+    text.line("made by", std::string(HSTStringUtils::trim(platform.getGeneratedName() + " " + platform.getGeneratedVersion())));
     text.line("runs on hardware", yesNo(platform.supportsHardware()));
     text.line("software emulation", yesNo(platform.supportsSWEmulation()));
     text.line("hardware emulation", yesNo(platform.supportsHWEmulation()));

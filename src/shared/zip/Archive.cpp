@@ -5,7 +5,6 @@
 
 #include <utility>
 
-#include "zip/ArchiveError.h"
 #include "zip/FileBytes.h"
 #include "zip/Inflater.h"
 #include "zip/PackedData.h"
@@ -38,8 +37,8 @@ Archive::Archive(const std::string& path) : Archive(std::make_unique<FileBytes>(
 Archive::Archive(std::unique_ptr<ByteSource> bytes, std::string name)
     : name_(std::move(name)), bytes_(std::move(bytes)), directory_(*bytes_, name_) {}
 
-void Archive::refuse(const Member& member, const std::string& text) const {
-    throw ArchiveError(name_, std::string(member.name), text);
+void Archive::refuse(const Member& member, const std::string& text, Fault fault) const {
+    throw ArchiveError(name_, std::string(member.name), text, fault);
 }
 
 void Archive::checkKind(const Member& member) const {
@@ -48,7 +47,7 @@ void Archive::checkKind(const Member& member) const {
 }
 
 void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
-    if (crc != member.crc) refuse(member, fmt::format("its CRC is {:08x}, not {:08x}", crc, member.crc));
+    if (crc != member.crc) refuse(member, fmt::format("its CRC is {:08x}, not {:08x}", crc, member.crc), Fault::crc);
 }
 
 std::string Archive::read(const Member& member, std::uint64_t bound) const {
@@ -72,11 +71,17 @@ std::string Archive::read(const Member& member, std::uint64_t bound) const {
 
 void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const {
     checkKind(member);
+    unpack(member, sink, budget);
+}
+
+void Archive::checkHeader(const Member& member) const { PackedData(*bytes_, name_, member, 0); }
+
+void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budget) const {
     std::uint64_t size = 0;
     std::uint32_t crc = 0;
     const auto take = [&](std::string_view piece) {
         size += piece.size();
-        if (size > member.size) refuse(member, "it unpacks to more bytes than the directory says");
+        if (size > member.size) refuse(member, "it unpacks to more bytes than the directory says", Fault::size);
         if (!budget.spend(piece.size())) refuse(member, "one call unpacks too much: more than its budget is left");
         crc = libdeflate_crc32(crc, piece.data(), piece.size());
         sink(piece);
@@ -90,7 +95,7 @@ void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budge
             if (const auto fault = inflater.unpack(piece, take); !fault.empty()) refuse(member, std::string(fault));
         if (!inflater.isDone()) refuse(member, "its packed data are cut short");
     }
-    if (size != member.size) refuse(member, "it unpacks to fewer bytes than the directory says");
+    if (size != member.size) refuse(member, "it unpacks to fewer bytes than the directory says", Fault::size);
     checkCrc(member, crc);
     packed.checkDescriptor();
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "zip/ArchiveError.h"
 #include "zip/ByteSource.h"
 #include "zip/Directory.h"
 #include "zip/Member.h"
@@ -40,9 +41,14 @@ public:
     /// Hands the data to `sink` in pieces, in order; memory does not grow with the member. When it throws, the pieces
     /// so far were no sound member.
     void copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const;
+    /// The same for members of any kind, directories and links too: for those who only look at the bytes.
+    void unpack(const Member& member, const Sink& sink, OutputBudget& budget) const;
+    /// Whether the member's local header agrees with the directory; throws when it does not.
+    void checkHeader(const Member& member) const;
 
 private:
-    [[noreturn]] void refuse(const Member& member, const std::string& text) const;
+    using Fault = ArchiveError::Fault;
+    [[noreturn]] void refuse(const Member& member, const std::string& text, Fault fault = Fault::other) const;
     void checkKind(const Member& member) const;
     void checkCrc(const Member& member, std::uint32_t crc) const;
 

@@ -9,16 +9,20 @@ namespace zip {
 /// "ARCHIVE: TEXT" or "ARCHIVE!MEMBER: TEXT", with what was found and what was expected.
 class ArchiveError : public HEXDataException {
 public:
-    ArchiveError(std::string archive, std::string member, std::string text);
+    enum class Fault { other, crc, size };  ///< of a member whose bytes are not those that the directory tells
+
+    ArchiveError(std::string archive, std::string member, std::string text, Fault fault = Fault::other);
     ~ArchiveError() override;
 
     const std::string& archive() const { return archive_; }
     /// Empty when the fault is the archive's own.
     const std::string& member() const { return member_; }
     const std::string& text() const { return text_; }
+    Fault fault() const { return fault_; }
 
 private:
     std::string archive_, member_, text_;
+    Fault fault_;
 };
 
 }  // namespace zip

@@ -18,6 +18,8 @@ public:
 
     int get() const { return number_; }
     bool isOpen() const { return number_ >= 0; }
+    /// Gives the number up to a new owner.
+    int release() { return std::exchange(number_, -1); }
     /// False when the system could not keep what had been written.
     bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 

@@ -87,7 +87,8 @@ std::size_t Directory::readRow(std::string_view rest) {
     member.size = u32(row + 24);
     member.mode = modeOf(row);
     member.headerOffset = u32(row + 42);
-    readZip64(member, rest.substr(kRowSize + nameSize, extraSize), row);
+    member.extraFields = rest.substr(kRowSize + nameSize, extraSize);
+    readZip64(member, row);
     checkRow(member, row);
     if ((member.flags & kUtf8) && !(isUtf8(member.name) && isUtf8(rest.substr(size - commentSize, commentSize))))
         refuse(member.name, "its name or its comment is marked as UTF-8 and is not");
@@ -95,8 +96,8 @@ std::size_t Directory::readRow(std::string_view rest) {
 }
 
 /// The zip64 field holds the values that do not fit their place in the row, or all of them, in this order.
-void Directory::readZip64(Member& member, std::string_view extraFields, const char* row) const {
-    const Zip64Field field = findZip64(extraFields);
+void Directory::readZip64(Member& member, const char* row) const {
+    const ExtraField field = findExtraField(member.extraFields, kZip64Field);
     if (!field.isSound) refuse(member.name, "the extra fields of its row are not sound");
     std::uint64_t* const values[] = {&member.size, &member.packedSize, &member.headerOffset};
     const auto missing = std::ranges::count_if(values, [](auto* value) { return *value == kIn64As32; });

@@ -32,7 +32,7 @@ private:
     void load(const ByteSource& bytes, const EndRecord& end);
     void readRows(std::uint64_t count);
     std::size_t readRow(std::string_view rest);
-    void readZip64(Member& member, std::string_view extraFields, const char* row) const;
+    void readZip64(Member& member, const char* row) const;
     void checkRow(const Member& member, const char* row) const;
     void setLimits(std::uint64_t directoryOffset);
     [[noreturn]] void refuse(std::string_view member, const std::string& text) const;

@@ -2,12 +2,12 @@
 
 #include "zip/LittleEndian.h"
 
-zip::Zip64Field zip::findZip64(std::string_view extraFields) {
-    Zip64Field found;
+zip::ExtraField zip::findExtraField(std::string_view extraFields, std::uint16_t id) {
+    ExtraField found;
     while (!extraFields.empty()) {
         if (extraFields.size() < 4 || extraFields.size() - 4 < u16(&extraFields[2])) return {false, {}};
-        const std::uint16_t id = u16(&extraFields[0]), size = u16(&extraFields[2]);
-        if (id == 1) {
+        const std::uint16_t size = u16(&extraFields[2]);
+        if (u16(&extraFields[0]) == id) {
             if (found.bytes) return {false, {}};
             found.bytes = extraFields.substr(4, size);
         }

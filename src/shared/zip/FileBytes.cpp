@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include "util/HUTEnv.h"
 #include "zip/ArchiveError.h"
@@ -13,10 +14,15 @@ namespace {
 
 std::string reason(int error) { return std::generic_category().message(error); }
 
-int openToRead(const std::string& path) {
+zip::Descriptor openRegular(const std::string& path, int access) {
     if (path.find('\0') != std::string::npos) throw zip::ArchiveError(path, "", "the path has a NUL in it");
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0) throw zip::ArchiveError(path, "", "cannot be opened: " + reason(errno));
+    zip::Descriptor descriptor(::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {};
+    const bool isOpen = descriptor.isOpen() && ::fstat(descriptor.get(), &status) == 0;
+    // A directory does not even open for writing.
+    if (isOpen ? !S_ISREG(status.st_mode) : errno == EISDIR)
+        throw zip::ArchiveError(path, "", "is not a regular file");
+    if (!isOpen) throw zip::ArchiveError(path, "", "cannot be opened: " + reason(errno));
     return descriptor;
 }
 
@@ -38,31 +44,28 @@ bool FileStamp::operator==(const FileStamp& other) const {
            changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
 }
 
-FileBytes::FileBytes(int descriptor) : descriptor_(descriptor), stamp_(statusOf(descriptor)) {}
+FileBytes::FileBytes(Descriptor descriptor)
+    : descriptor_(std::move(descriptor)), stamp_(statusOf(descriptor_.get())) {}
+FileBytes::FileBytes(const std::string& path) : FileBytes(openRegular(path, O_RDONLY)) {}
 
-FileBytes::FileBytes(const std::string& path) : descriptor_(openToRead(path)), stamp_({}) {
-    const struct stat status = statusOf(descriptor_);
-    if (!S_ISREG(status.st_mode)) {
-        ::close(descriptor_);
-        throw ArchiveError(path, "", "is not a regular file");
-    }
-    stamp_ = FileStamp(status);
+std::unique_ptr<FileBytes> FileBytes::openForChange(const std::string& path) {
+    return std::make_unique<FileBytes>(openRegular(path, O_RDWR));
 }
+
+bool FileBytes::isAsOpened() const { return FileStamp(statusOf(descriptor_.get())) == stamp_; }
 
 std::unique_ptr<FileBytes> FileBytes::makeTemporary() {
     std::string path = HUTEnv::getJUNTmpDir() + "/nested-XXXXXX";
-    const int descriptor = ::mkostemp(path.data(), O_CLOEXEC);
-    if (descriptor < 0) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
+    Descriptor descriptor(::mkostemp(path.data(), O_CLOEXEC));
+    if (!descriptor.isOpen()) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
     ::unlink(path.c_str());
-    return std::unique_ptr<FileBytes>(new FileBytes(descriptor));
+    return std::make_unique<FileBytes>(std::move(descriptor));
 }
-
-FileBytes::~FileBytes() { ::close(descriptor_); }
 
 bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) const {
     if (offset > size() || count > size() - offset) return false;
     while (count > 0) {
-        const ssize_t got = ::pread(descriptor_, target, count, static_cast<off_t>(offset));
+        const ssize_t got = ::pread(descriptor_.get(), target, count, static_cast<off_t>(offset));
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) return false;  // cut short since it was opened, or a fault of the disk
         target += got;
@@ -74,7 +77,7 @@ bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) cons
 
 void FileBytes::append(const char* bytes, std::size_t count) {
     while (count > 0) {
-        const ssize_t put = ::pwrite(descriptor_, bytes, count, stamp_.size);
+        const ssize_t put = ::pwrite(descriptor_.get(), bytes, count, stamp_.size);
         if (put < 0 && errno == EINTR) continue;
         if (put < 0) throw HEXUserException("a temporary file could not be written: " + reason(errno));
         bytes += put;

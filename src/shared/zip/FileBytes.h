@@ -5,6 +5,7 @@
 #include <string>
 
 #include "zip/ByteSource.h"
+#include "zip/Descriptor.h"
 
 namespace zip {
 
@@ -25,23 +26,24 @@ class FileBytes final : public ByteSource {
 public:
     /// Throws `ArchiveError`: missing, not permitted, or not a regular file. Never waits, as on a pipe.
     explicit FileBytes(const std::string& path);
+    /// The same for a file that is going to be replaced, whose own permission to be written counts then.
+    static std::unique_ptr<FileBytes> openForChange(const std::string& path);
+    /// Of a file that is open already.
+    explicit FileBytes(Descriptor descriptor);
     /// A new file without a name, in the thread's temporary directory; `write` fills it. Throws `HEXUserException`.
     static std::unique_ptr<FileBytes> makeTemporary();
-    ~FileBytes() override;
-    FileBytes(const FileBytes&) = delete;
-    FileBytes& operator=(const FileBytes&) = delete;
-
     std::uint64_t size() const override { return static_cast<std::uint64_t>(stamp_.size); }
     bool read(std::uint64_t offset, char* target, std::size_t count) const override;
     const FileStamp& stamp() const { return stamp_; }
+    int descriptor() const { return descriptor_.get(); }
+    /// Whether the file is still in the state in which it was opened.
+    bool isAsOpened() const;
 
     /// Appends to a file that `makeTemporary` made. Throws `HEXUserException`.
     void append(const char* bytes, std::size_t count);
 
 private:
-    explicit FileBytes(int descriptor);
-
-    int descriptor_;
+    Descriptor descriptor_;
     FileStamp stamp_;
 };
 

@@ -1,12 +1,7 @@
 #include "zip/FolderPacker.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <string_view>
@@ -17,7 +12,10 @@
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
+#include "zip/Digest.h"
 #include "zip/MemberName.h"
+#include "zip/SourceFile.h"
+#include "zip/Successor.h"
 #include "zip/ZipWriter.h"
 
 namespace fs = std::filesystem;
@@ -47,6 +45,26 @@ struct Entry {
     std::string file;  ///< empty for a directory
 };
 
+/// Gives the bytes of a file that has been hashed, and opens it only for as long as they are asked for: there may be
+/// more files than can be open at once.
+class LateFile {
+public:
+    LateFile(std::string path, const zip::FileStamp& hashed) : path_(std::move(path)), hashed_(hashed) {}
+
+    void operator()(std::uint64_t offset, char* target, std::size_t count) {
+        if (!file_) file_ = std::make_shared<const zip::SourceFile>(path_);
+        if (!(file_->bytes().stamp() == hashed_)) file_->refuse("it was changed while it was read");
+        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was cut short");
+        file_->checkUnchanged();
+        if (offset + count == file_->bytes().size()) file_.reset();
+    }
+
+private:
+    std::string path_;
+    zip::FileStamp hashed_;
+    std::shared_ptr<const zip::SourceFile> file_;
+};
+
 /// One folder on its way into one archive.
 class Packer {
 public:
@@ -57,17 +75,42 @@ public:
         collect();
         if (entries_.empty()) throw HEXUserException("folder '" + folder_ + "' is empty: there is nothing to pack");
         std::ranges::sort(entries_, {}, &Entry::member);
-        ZipWriter writer(archive);
-        for (const Entry& entry : entries_) {
-            if (entry.file.empty())
-                writer.addDirectory(entry.member);
-            else
-                writer.addFile(entry.member, entry.file);
-        }
-        writer.close();
+        zip::Successor made(archive, 0666);
+        write(made);
+        made.sync();
+        made.takePlace();
     }
 
 private:
+    void write(zip::Successor& made) const {
+        ZipWriter writer(folder_, {},
+                         [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
+        std::vector<zip::DigestRow> rows;
+        rows.reserve(entries_.size());
+        for (const Entry& entry : entries_) {
+            rows.push_back({entry.member, 0, {}});
+            const std::uint64_t number =
+                entry.file.empty() ? addDirectory(writer, rows.back()) : addFile(writer, entry.file, rows.back());
+            writer.setField(number, zip::kDigestField, {rows.back().hash.data(), rows.back().hash.size()});
+        }
+        writer.setComment(zip::digestLine(rows));
+        writer.close();
+    }
+
+    static std::uint64_t addDirectory(ZipWriter& writer, zip::DigestRow& row) {
+        row.hash = zip::Sha256().finish();
+        return writer.addDirectory(std::string(row.name));
+    }
+
+    static std::uint64_t addFile(ZipWriter& writer, const std::string& path, zip::DigestRow& row) {
+        const zip::SourceFile file(path);
+        const auto checksums = zip::checksumsOf(file.bytes());
+        if (!checksums) file.refuse("it cannot be read, or was cut short");
+        row.size = file.bytes().size();
+        row.hash = checksums->hash;
+        return writer.add(std::string(row.name), {row.size, LateFile(path, file.bytes().stamp())});
+    }
+
     [[noreturn]] static void refuse(const fs::path& path, const std::string& text) {
         throw HEXUserException("'" + path.native() + "' cannot be packed: " + text);
     }
@@ -119,16 +162,6 @@ std::string withoutEndSeparator(std::string path) {
     return path;
 }
 
-void renameDurably(const std::string& from, const std::string& to) {
-    const int directory = ::open(HUTFile::getParent(to).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    const bool isDone = ::rename(from.c_str(), to.c_str()) == 0 && directory >= 0 && ::fsync(directory) == 0;
-    const int error = errno;
-    if (directory >= 0) ::close(directory);
-    if (!isDone)
-        throw HEXUserException("archive '" + to +
-                               "' could not be written: " + std::generic_category().message(error));
-}
-
 }  // namespace
 
 bool becomesArchive(std::string_view folder) {
@@ -137,9 +170,5 @@ bool becomesArchive(std::string_view folder) {
 
 void packFolder(const std::string& folder, const std::string& archive) {
     if (!HUTFile::isDir(folder)) throw HEXUserException("'" + folder + "' is not a folder");
-    const std::string beside = HUTFileUtils::uniquifyFilenameInDir(archive + ".new");
-    const std::unique_ptr<const std::string, void (*)(const std::string*)> leaveNothing(
-        &beside, [](const std::string* file) { HUTFile::rm(*file); });
-    Packer(withoutEndSeparator(folder), 0).packTo(beside);
-    renameDurably(beside, archive);
+    Packer(withoutEndSeparator(folder), 0).packTo(archive);
 }

@@ -3,10 +3,10 @@
 #include <string_view>
 
 /// Makes an archive of a folder: the same bytes each time and on each machine. Members are sorted by their bytes;
-/// empty folders become directory members. A folder whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes a
-/// member of that name that is an archive of its own, two deep at most. Throws `HEXUserException`: an empty folder, a
-/// link, a device or a name in it that could not be extracted again, or a fault of the disk. The archive appears
-/// whole or not at all; what `archive` names before that is replaced.
+/// empty folders become directory members. It carries a digest (see Digest.h). A folder whose name ends in ".lfa",
+/// ".cfa", ".zip" or ".tilprj" becomes a member of that name that is an archive of its own, two deep at most. Throws
+/// `HEXUserException`: an empty folder, a link, a device or a name in it that could not be extracted again, or a
+/// fault of the disk. The archive appears whole or not at all; what `archive` names before that is replaced.
 void packFolder(const std::string& folder, const std::string& archive);
 
 /// Whether a folder of this name inside of a packed one becomes an archive.

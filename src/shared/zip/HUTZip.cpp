@@ -1,10 +1,13 @@
 #include "zip/HUTZip.h"
 
 #include <algorithm>
+#include <array>
 
 #include "msg/HEXAll.h"
 #include "util/HUTFile.h"
 #include "zip/Archive.h"
+#include "zip/ArchiveCheck.h"
+#include "zip/ArchiveEdit.h"
 #include "zip/ArchiveError.h"
 #include "zip/ExtractionDirectory.h"
 #include "zip/FolderPacker.h"
@@ -53,3 +56,15 @@ void HUTZip::compressDir(const std::string& folder, const std::string& archive, 
     if (!overwrite && HUTFile::exists(archive)) throw HEXUserException("'" + archive + "' exists already");
     packFolder(folder, archive);
 }
+
+void HUTZip::attachDigestEn(const std::string& archive) {
+    zip::ArchiveEdit(archive).commit(zip::ArchiveEdit::Digest::attach);
+}
+
+const char* HUTZip::reasonText(Reason reason) {
+    static constexpr std::array kTexts{"crc", "size", "damaged", "hash", "field", "extra", "missing"};
+    static_assert(kTexts.size() == static_cast<std::size_t>(Reason::count_));
+    return kTexts.at(static_cast<std::size_t>(reason));
+}
+
+HUTZip::Verification HUTZip::verify(const std::string& archive) { return zip::checkArchive(zip::Archive(archive)); }

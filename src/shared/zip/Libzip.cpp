@@ -1,36 +1,34 @@
 #include "zip/Libzip.h"
 
-#include <dlfcn.h>
-
-#include "msg/HEXAll.h"
+#include "zip/LoadedLibrary.h"
 
 namespace {
 
-template <class Function>
-void find(void* library, Function& function, const char* name) {
-    function = reinterpret_cast<Function>(dlsym(library, name));
-    if (!function) throw HEXUserException(std::string(ZR_LIBZIP_SONAME " has no function ") + name);
-}
-
 Libzip load() {
-    void* const library = dlopen(ZR_LIBZIP_SONAME, RTLD_NOW | RTLD_LOCAL);
-    if (!library)
-        throw HEXUserException(std::string(ZR_LIBZIP_SONAME ", which writes archives, cannot be loaded: ") + dlerror());
+    const LoadedLibrary library(ZR_LIBZIP_SONAME, "writes archives");
     Libzip zip;
-    find(library, zip.open, "zip_open");
-    find(library, zip.close, "zip_close");
-    find(library, zip.discard, "zip_discard");
-    find(library, zip.strerror, "zip_strerror");
-    find(library, zip.errorInitWithCode, "zip_error_init_with_code");
-    find(library, zip.errorStrerror, "zip_error_strerror");
-    find(library, zip.errorFini, "zip_error_fini");
-    find(library, zip.sourceFile, "zip_source_file");
-    find(library, zip.sourceFree, "zip_source_free");
-    find(library, zip.fileAdd, "zip_file_add");
-    find(library, zip.dirAdd, "zip_dir_add");
-    find(library, zip.setFileCompression, "zip_set_file_compression");
-    find(library, zip.fileSetDostime, "zip_file_set_dostime");
-    find(library, zip.fileSetExternalAttributes, "zip_file_set_external_attributes");
+    library.find(zip.openFromSource, "zip_open_from_source");
+    library.find(zip.close, "zip_close");
+    library.find(zip.discard, "zip_discard");
+    library.find(zip.strerror, "zip_strerror");
+    library.find(zip.errorInit, "zip_error_init");
+    library.find(zip.errorStrerror, "zip_error_strerror");
+    library.find(zip.errorFini, "zip_error_fini");
+    library.find(zip.sourceFunctionCreate, "zip_source_function_create");
+    library.find(zip.sourceFree, "zip_source_free");
+    library.find(zip.sourceSeekComputeOffset, "zip_source_seek_compute_offset");
+    library.find(zip.fileAdd, "zip_file_add");
+    library.find(zip.fileReplace, "zip_file_replace");
+    library.find(zip.dirAdd, "zip_dir_add");
+    library.find(zip.remove, "zip_delete");
+    library.find(zip.setFileCompression, "zip_set_file_compression");
+    library.find(zip.fileSetDostime, "zip_file_set_dostime");
+    library.find(zip.fileSetExternalAttributes, "zip_file_set_external_attributes");
+    library.find(zip.fileSetComment, "zip_file_set_comment");
+    library.find(zip.fileExtraFieldSet, "zip_file_extra_field_set");
+    library.find(zip.fileExtraFieldDelete, "zip_file_extra_field_delete");
+    library.find(zip.fileExtraFieldDeleteById, "zip_file_extra_field_delete_by_id");
+    library.find(zip.setArchiveComment, "zip_set_archive_comment");
     return zip;
 }
 

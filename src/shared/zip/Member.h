@@ -12,6 +12,7 @@ enum class Method : std::uint16_t { stored = 0, deflated = 8 };
 /// One row of an archive's directory. What it says of the data is believed only after the data have been read.
 struct Member {
     std::string_view name;           ///< lives as long as the archive; not fit for a path before it is judged
+    std::string_view extraFields;    ///< of the row, each within its bounds; lives as long as the archive
     std::uint64_t size = 0;          ///< of the data, in bytes
     std::uint64_t packedSize = 0;    ///< of the data in the archive
     std::uint64_t headerOffset = 0;  ///< of the local header, which stands before the packed data

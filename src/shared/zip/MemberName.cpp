@@ -3,24 +3,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "text/HSTStringUtils.h"
+
 namespace zip {
 namespace {
 
 constexpr std::size_t kLongestName = 1024, kLongestPart = 255;
-
-/// Bytes of the UTF-8 character at the front of `text`; 0 when there is none.
-std::size_t characterSize(std::string_view text) {
-    const auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned first = byte(0);
-    if (first < 0x80) return 1;
-    const std::size_t size = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-    if (first < 0xC2 || first > 0xF4 || text.size() < size) return 0;
-    for (std::size_t i = 1; i < size; ++i)
-        if ((byte(i) & 0xC0) != 0x80) return 0;
-    const bool overlong = (first == 0xE0 && byte(1) < 0xA0) || (first == 0xF0 && byte(1) < 0x90);
-    const bool surrogate = first == 0xED && byte(1) >= 0xA0, tooHigh = first == 0xF4 && byte(1) >= 0x90;
-    return overlong || surrogate || tooHigh ? 0 : size;
-}
 
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -36,7 +24,7 @@ std::string_view partFault(std::string_view part) {
 
 bool isUtf8(std::string_view text) {
     while (!text.empty()) {
-        const std::size_t size = characterSize(text);
+        const std::size_t size = HSTStringUtils::utf8Length(text);
         if (size == 0) return false;
         text.remove_prefix(size);
     }
@@ -61,6 +49,19 @@ std::string_view memberNameFault(std::string_view name, bool hasData) {
         from = end + 1;
     }
     return {};
+}
+
+std::string printableName(std::string_view name) {
+    static constexpr char digits[] = "0123456789abcdef";
+    std::string text;
+    for (const char c : name) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (isControl(c))
+            text += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
+        else
+            text += c;
+    }
+    return text;
 }
 
 }  // namespace zip

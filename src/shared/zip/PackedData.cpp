@@ -70,7 +70,7 @@ void PackedData::checkHeader(std::string_view window) {
 }
 
 void PackedData::checkSizes(const char* header, std::string_view extraFields) const {
-    const Zip64Field field = findZip64(extraFields);
+    const ExtraField field = findExtraField(extraFields, kZip64Field);
     if (!field.isSound) refuse("the extra fields of its local header are not sound");
     std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
     if (packedSize == kIn64As32 || size == kIn64As32) {

@@ -1,0 +1,82 @@
+#include "zip/ArchiveCheck.h"
+
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "zip/ArchiveError.h"
+#include "zip/Digest.h"
+#include "zip/ExtraFields.h"
+
+namespace zip {
+namespace {
+
+using Reason = HUTZip::Reason;
+
+Reason reasonOf(ArchiveError::Fault fault) {
+    constexpr std::array kReasons{Reason::damaged, Reason::crc, Reason::size};
+    return kReasons.at(static_cast<std::size_t>(fault));
+}
+
+class Check {
+public:
+    explicit Check(const Archive& archive) : archive_(archive), hasDigest_(hasDigest(archive.comment())) {}
+
+    HUTZip::Verification run() {
+        for (const Member& member : archive_.members()) checkBytes(member);
+        if (hasDigest_) {
+            if (tellsComment(rowsOfBytes_)) blameFields();
+            if (report_.differences.empty() && !tellsComment(rowsOfFields_))
+                add("", Reason::missing, "the members are not those of the digest: one is missing, added or renamed");
+            report_.digest = report_.differences.empty() ? HUTZip::DigestState::valid : HUTZip::DigestState::broken;
+        }
+        return std::move(report_);
+    }
+
+private:
+    void add(std::string_view member, Reason reason, std::string text) {
+        report_.differences.push_back({std::string(member), reason, std::move(text)});
+    }
+
+    void checkBytes(const Member& member) {
+        try {
+            const Hash hash = hashOf(archive_, member);
+            rowsOfBytes_.push_back({member.name, member.size, hash});
+            if (hasDigest_) checkField(member, hash);
+        } catch (const ArchiveError& error) {
+            add(member.name, reasonOf(error.fault()), error.text());
+        }
+    }
+
+    void checkField(const Member& member, const Hash& hash) {
+        const ExtraField found = findExtraField(member.extraFields, kDigestField);
+        if (found.isSound && !found.bytes)
+            return add(member.name, Reason::extra, "it has no digest: it was added or replaced later");
+        const auto field = digestField(member);
+        if (!field) return add(member.name, Reason::field, "its digest is not one of 32 bytes");
+        rowsOfFields_.push_back({member.name, member.size, *field});
+        if (*field != hash)
+            add(member.name, Reason::hash, "its SHA-256 is " + hexOf(hash) + ", not " + hexOf(*field));
+    }
+
+    bool tellsComment(const std::vector<DigestRow>& rows) const {
+        return rows.size() == archive_.members().size() && commentTells(archive_, rows);
+    }
+
+    /// When the comment was made of the bytes as they are, it is the fields that differ.
+    void blameFields() {
+        for (HUTZip::Difference& difference : report_.differences)
+            if (difference.reason == Reason::hash) difference.reason = Reason::field;
+    }
+
+    const Archive& archive_;
+    const bool hasDigest_;
+    HUTZip::Verification report_;
+    std::vector<DigestRow> rowsOfBytes_, rowsOfFields_;
+};
+
+}  // namespace
+
+HUTZip::Verification checkArchive(const Archive& archive) { return Check(archive).run(); }
+
+}  // namespace zip

@@ -1,0 +1,175 @@
+#include "zip/ArchiveEdit.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "msg/HEXAll.h"
+#include "util/HUTFile.h"
+#include "zip/ArchiveLock.h"
+#include "zip/Digest.h"
+#include "zip/MemberName.h"
+#include "zip/MemoryBytes.h"
+#include "zip/Successor.h"
+
+namespace zip {
+namespace {
+
+std::string_view viewOf(const Hash& hash) { return {hash.data(), hash.size()}; }
+
+struct stat statusOf(int descriptor) {
+    struct stat status {};
+    ::fstat(descriptor, &status);
+    return status;
+}
+
+}  // namespace
+
+ArchiveEdit::ArchiveEdit(const std::string& path, std::chrono::milliseconds patience)
+    : path_(HUTFile::getCanonicalName(path)) {
+    auto bytes = openLocked(path_, patience);
+    file_ = bytes.get();
+    archive_ = std::make_unique<Archive>(std::move(bytes), path_);
+    if (::faccessat(AT_FDCWD, HUTFile::getParent(path_).c_str(), W_OK | X_OK, AT_EACCESS) != 0)
+        refuse("its directory: " + std::generic_category().message(errno));
+}
+
+void ArchiveEdit::refuse(const std::string& text) const {
+    throw HEXUserException("archive '" + path_ + "' cannot be changed: " + text);
+}
+
+void ArchiveEdit::put(const std::string& member, SourceFile source) {
+    const FileStamp& stamp = source.bytes().stamp();
+    if (stamp.device == file_->stamp().device && stamp.inode == file_->stamp().inode)
+        source.refuse("it is the archive itself");
+    stage(member, {nullptr, std::move(source), {}});
+}
+
+void ArchiveEdit::put(const std::string& member, std::string bytes) {
+    stage(member, {std::make_unique<MemoryBytes>(std::move(bytes)), {}, {}});
+}
+
+void ArchiveEdit::stage(const std::string& member, Change change) {
+    if (const auto fault = memberNameFault(member, true); !fault.empty())
+        refuse("the member name '" + printableName(member) + "' " + std::string(fault));
+    changes_.insert_or_assign(member, std::move(change));
+    removed_.erase(member);
+}
+
+bool ArchiveEdit::remove(const std::string& member) {
+    const bool wasStaged = changes_.erase(member) > 0;
+    if (!archive_->find(member)) return wasStaged;
+    return removed_.insert(member).second;
+}
+
+bool ArchiveEdit::isKept(const Member& member) const {
+    return !removed_.contains(member.name) && !changes_.contains(std::string(member.name));
+}
+
+void ArchiveEdit::commit(Digest digest) {
+    const bool isValid = isDigestValid(*archive_);
+    if (changes_.empty() && removed_.empty() && (digest == Digest::keep || isValid)) return;
+    if (changes_.empty() && removed_.size() == archive_->members().size()) refuse("no member would be left in it");
+    const Stamp stamp = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
+
+    Successor successor(path_, 0600);
+    write(stamp, [&successor](std::uint64_t offset, std::string_view bytes) { successor.write(offset, bytes); });
+    checkSources();
+    checkResult(successor.descriptor());
+    successor.takeModeAndOwner(statusOf(file_->descriptor()));
+    successor.sync();
+    checkArchive();
+    successor.takePlace();
+}
+
+ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {
+    Stamp stamp;
+    std::vector<DigestRow> rows;
+    for (const Member& member : archive_->members()) {
+        if (!isKept(member)) continue;
+        rows.push_back({member.name, member.size, isValid ? *digestField(member) : zip::hashOf(*archive_, member)});
+        if (!isValid) stamp.fields.emplace(member.name, rows.back().hash);
+    }
+    for (auto& [name, change] : changes_) {
+        rows.push_back({name, change.bytes().size(), hashOf(change)});
+        stamp.fields.emplace(name, rows.back().hash);
+    }
+    stamp.comment = withDigest(digestLine(rows), archive_->comment());
+    return stamp;
+}
+
+Hash ArchiveEdit::hashOf(Change& change) const {
+    const auto sums = checksumsOf(change.bytes());
+    if (!sums) change.refuseToRead();
+    change.crc = sums->crc;
+    return sums->hash;
+}
+
+void ArchiveEdit::Change::refuseToRead() const { file.value().refuse("it cannot be read, or was cut short"); }
+
+ZipWriter::Bytes ArchiveEdit::Change::toPack() const {
+    return {bytes().size(), [this](std::uint64_t offset, char* target, std::size_t count) {
+                if (!bytes().read(offset, target, count)) refuseToRead();
+            }};
+}
+
+void ArchiveEdit::write(const Stamp& stamp, const ZipWriter::Write& to) const {
+    const ByteSource& old = archive_->bytes();
+    ZipWriter writer(path_,
+                     {old.size(),
+                      [&](std::uint64_t offset, char* target, std::size_t count) {
+                          if (!old.read(offset, target, count)) refuse("it cannot be read, or was cut short");
+                      }},
+                     to);
+    const auto setField = [&](std::uint64_t number, std::string_view name) {
+        if (const auto field = stamp.fields.find(name); field != stamp.fields.end())
+            writer.setField(number, kDigestField, viewOf(field->second));
+    };
+    std::uint64_t number = 0;
+    for (const Member& member : archive_->members()) {
+        const auto change = changes_.find(std::string(member.name));
+        if (removed_.contains(member.name)) {
+            writer.remove(number);
+        } else {
+            if (change != changes_.end()) writer.replace(number, change->second.toPack());
+            setField(number, member.name);
+        }
+        ++number;
+    }
+    for (const auto& [name, change] : changes_)
+        if (!archive_->find(name)) setField(writer.add(name, change.toPack()), name);
+    if (!stamp.comment.empty()) writer.setComment(stamp.comment);
+    writer.close();
+}
+
+void ArchiveEdit::checkSources() const {
+    for (const auto& [name, change] : changes_)
+        if (change.file) change.file->checkUnchanged();
+}
+
+void ArchiveEdit::checkArchive() const {
+    struct stat status {};
+    if (::stat(path_.c_str(), &status) != 0 || !(FileStamp(status) == file_->stamp()) || !file_->isAsOpened())
+        refuse("it was changed by somebody else since it was read");
+}
+
+/// What cannot be read again, or is not what was hashed, does not take the archive's place.
+void ArchiveEdit::checkResult(int descriptor) const {
+    Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
+    if (!own.isOpen()) refuse(std::generic_category().message(errno));
+    const Archive made(std::make_unique<FileBytes>(std::move(own)), path_ + " (changed)");
+    for (const Member& member : made.members()) made.checkHeader(member);
+    for (const auto& [name, change] : changes_) {
+        const Member* const member = made.find(name);
+        if (member && member->size == change.bytes().size() && member->crc == change.crc.value_or(member->crc))
+            continue;
+        if (change.file) change.file->refuse("it was changed while it was read");
+        refuse("the member '" + printableName(name) + "' was not written as it is");
+    }
+}
+
+}  // namespace zip

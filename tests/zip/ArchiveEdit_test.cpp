@@ -1,0 +1,370 @@
+#include "zip/ArchiveEdit.h"
+
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+#include <thread>
+#include <vector>
+
+#include "util/HUTFile.h"
+#include "zip/ArchiveError.h"
+#include "zip/HUTZip.h"
+#include "zip/OnDisk.h"
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+using zip::ArchiveEdit;
+
+namespace {
+
+class Edit : public testing::Test {
+protected:
+    void SetUp() override { scratch_.put("a.lfa", mixedZip().build()); }
+
+    std::string archive() const { return scratch_ / "a.lfa"; }
+    void putAndCommit(const std::string& member, const std::string& bytes) const {
+        ArchiveEdit edit(archive());
+        edit.put(member, bytes);
+        edit.commit();
+    }
+    /// The archive is byte for byte as it was, and nothing lies beside it but `others`.
+    void expectUntouched(const std::string& before, const std::vector<std::string>& others = {}) const {
+        EXPECT_EQ(slurp(archive()), before);
+        std::vector<std::string> names{"a.lfa"};
+        names.insert(names.end(), others.begin(), others.end());
+        std::ranges::sort(names);
+        EXPECT_EQ(scratch_.names(), names);
+    }
+    Scratch scratch_;
+};
+
+/// Runs `body` in a child and gives what it returns.
+int inChild(const std::function<int()>& body) {
+    const pid_t child = fork();
+    if (child == 0) {
+        int code = 99;
+        try {
+            code = body();
+        } catch (...) {
+        }
+        _exit(code);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string packedBytes(const std::string& path, const std::string& member) {
+    const zip::Archive archive(path);
+    const zip::Member* const found = archive.find(member);
+    std::string bytes(found->packedSize, '\0');
+    EXPECT_TRUE(archive.bytes().read(found->headerOffset + 30 + found->name.size(), bytes.data(), bytes.size()));
+    return bytes;
+}
+
+}  // namespace
+
+TEST_F(Edit, AddsReplacesAndRemovesAtOnce) {
+    const std::string source = scratch_.put("source", std::string(1'000'000, 's') + "end");
+    Contents expected = contentsOf(archive());
+    const std::string packed = packedBytes(archive(), "bit/full.bit");
+    {
+        ArchiveEdit edit(archive());
+        edit.put("lfa.json", std::string("first"));
+        edit.put("lfa.json", std::string("{\"a\": 1}"));
+        edit.put("new/z", zip::SourceFile(source));
+        edit.put("new/b", std::string());
+        edit.put("gone", std::string("x"));
+        EXPECT_TRUE(edit.remove("gone"));
+        EXPECT_TRUE(edit.remove("a.tcl"));
+        EXPECT_FALSE(edit.remove("a.tcl"));
+        EXPECT_FALSE(edit.remove("nobody"));
+        EXPECT_EQ(contentsOf(archive()), expected) << "nothing is written before the commit";
+        edit.commit();
+    }
+    expected["lfa.json"] = "{\"a\": 1}";
+    expected["new/z"] = slurp(source);
+    expected["new/b"] = "";
+    expected.erase("a.tcl");
+    EXPECT_EQ(contentsOf(archive()), expected);
+    EXPECT_EQ(packedBytes(archive(), "bit/full.bit"), packed) << "what is not changed stays as it was packed";
+
+    HSTVector<std::string> order;
+    HUTZip::getFiles(archive(), order);
+    EXPECT_EQ(order, (HSTVector<std::string>{"lfa.json", "bit/full.bit", "dir/", "new/b", "new/z"}));
+    const zip::Archive made(archive());
+    for (const zip::Member& member : made.members())
+        EXPECT_EQ(member.mode, member.isDirectory() ? 040755U : 0100644U) << member.name;
+    EXPECT_EQ(scratch_.names(), (std::vector<std::string>{"a.lfa", "source"}));
+}
+
+TEST_F(Edit, TheSameChangeGivesTheSameBytes) {
+    fs::copy_file(archive(), scratch_ / "b.lfa");
+    fs::last_write_time(archive(), fs::file_time_type::clock::now() - 24h);
+    putAndCommit("x", "text");
+    ::setenv("TZ", "Asia/Tokyo", 1);
+    ArchiveEdit edit(scratch_ / "b.lfa");
+    edit.put("x", std::string("text"));
+    edit.commit();
+    ::unsetenv("TZ");
+    EXPECT_EQ(slurp(archive()), slurp(scratch_ / "b.lfa"));
+}
+
+/// Forms that other writers use, whose rows are written anew but not their packed bytes.
+TEST_F(Edit, ForeignFormsStayReadable) {
+    const std::string stamp = builder::extra(0x5455, std::string("\1\0\0\0\0", 5));
+    std::vector<builder::Zip> zips(5, mixedZip());
+    zips[0].entries[1].both(&builder::Header::flags, 1 << 11);
+    zips[1].entries[1].both(&builder::Header::extra, stamp);
+    zips[2].entries[1].both(&builder::Header::name, "n\xC3\xA4me").both(&builder::Header::flags, 1 << 11);
+    zips[2].entries[0].both(&builder::Header::name, "n\x84me");
+    zips[3].isZip64 = true;
+    builder::Entry& streamed = zips[4].entries[1];
+    streamed.both(&builder::Header::flags, 8);
+    streamed.descriptor = "PK\7\10" + builder::le(streamed.central.crc, 4) +
+                          builder::le(streamed.central.packedSize, 4) + builder::le(streamed.central.size, 4);
+    streamed.local.crc = 0, streamed.local.packedSize = streamed.local.size = 0;
+    for (std::size_t i = 0; i < zips.size(); ++i) {
+        SCOPED_TRACE(i);
+        zips[i].comment = "made by hand";
+        scratch_.put("a.lfa", zips[i].build());
+        Contents expected = contentsOf(archive());
+        putAndCommit("a.tcl", "changed");
+        expected["a.tcl"] = "changed";
+        EXPECT_EQ(contentsOf(archive()), expected);
+        EXPECT_EQ(zip::Archive(archive()).comment(), "made by hand");
+    }
+}
+
+TEST_F(Edit, KeepsModeOwnerAndLink) {
+    fs::create_directory(scratch_ / "real");
+    fs::rename(archive(), scratch_ / "real/x.lfa");
+    fs::create_symlink("real/x.lfa", archive());
+    ASSERT_EQ(::chmod((scratch_ / "real/x.lfa").c_str(), 0640), 0);
+    if (::geteuid() == 0) {
+        ASSERT_EQ(::chown((scratch_ / "real/x.lfa").c_str(), 1234, 2345), 0);
+    }
+    const struct stat before = statOf(archive());
+    putAndCommit("x", "1");
+    const struct stat after = statOf(archive());
+    EXPECT_TRUE(fs::is_symlink(archive()));
+    EXPECT_NE(after.st_ino, before.st_ino);
+    EXPECT_EQ(after.st_mode, before.st_mode);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_EQ(contentsOf(scratch_ / "real/x.lfa").at("x"), "1");
+}
+
+TEST_F(Edit, WithoutAChangeNothingIsWritten) {
+    const struct stat before = statOf(archive());
+    ArchiveEdit(archive()).commit();
+    EXPECT_EQ(statOf(archive()).st_ino, before.st_ino);
+}
+
+TEST_F(Edit, OfManyWritersNoneLosesAMember) {
+    constexpr int kWriters = 8;
+    std::vector<pid_t> children;
+    for (int i = 0; i < kWriters; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            try {
+                putAndCommit(fmt::format("w{}", i), std::string(50'000, static_cast<char>('a' + i)));
+            } catch (...) {
+                _exit(1);
+            }
+            _exit(0);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = 0;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    const Contents contents = contentsOf(archive());
+    for (int i = 0; i < kWriters; ++i)
+        EXPECT_EQ(contents.at(fmt::format("w{}", i)), std::string(50'000, static_cast<char>('a' + i)));
+    EXPECT_EQ(scratch_.names(), std::vector<std::string>{"a.lfa"});
+}
+
+TEST_F(Edit, WaitsForTheOtherUpToALimit) {
+    const auto first = std::make_unique<ArchiveEdit>(archive());
+    const std::string words = wordsOf([this] { ArchiveEdit(archive(), 30ms); });
+    EXPECT_NE(words.find("is being changed by somebody else"), std::string::npos) << words;
+    EXPECT_NE(words.find(archive()), std::string::npos) << words;
+
+    auto held = std::make_unique<ArchiveEdit>(scratch_.put("b.lfa", mixedZip().build()));
+    std::thread other([&held] {
+        std::this_thread::sleep_for(50ms);
+        held.reset();
+    });
+    EXPECT_NO_THROW(ArchiveEdit(scratch_ / "b.lfa", 5000ms));
+    other.join();
+}
+
+TEST_F(Edit, RefusalsLeaveEveryByte) {
+    ASSERT_EQ(::mkfifo((scratch_ / "pipe").c_str(), 0600), 0);
+    fs::create_directory(scratch_ / "folder");
+    fs::create_symlink("a.lfa", scratch_ / "link");
+    fs::create_hard_link(archive(), scratch_ / "hard");
+    const std::vector<std::string> others{"folder", "hard", "link", "pipe"};
+    const std::string before = slurp(archive());
+    const auto source = [this](const char* name) {
+        return [this, name](ArchiveEdit& edit) { edit.put("x", zip::SourceFile(scratch_ / name)); };
+    };
+    const auto member = [](std::string name) {
+        return [name = std::move(name)](ArchiveEdit& edit) { edit.put(name, std::string("x")); };
+    };
+    const struct {
+        std::function<void(ArchiveEdit&)> change;
+        const char* words;
+    } cases[] = {
+        {source("pipe"), "pipe' cannot be put into an archive: it is not a regular file"},
+        {source("folder"), "folder' cannot be put into an archive: it is not a regular file"},
+        {source("nobody"), "nobody' cannot be put into an archive: it cannot be opened: No such file"},
+        {[](ArchiveEdit& edit) { edit.put("x", zip::SourceFile("/dev/zero")); }, "it is not a regular file"},
+        {source("a.lfa"), "it is the archive itself"},
+        {source("link"), "it is the archive itself"},
+        {source("hard"), "it is the archive itself"},
+        {member("../x"), "the member name '../x' has a part that is '.' or '..'"},
+        {member("/x"), "is absolute"},
+        {member("x/"), "is a directory's"},
+        {member("a\\b"), "back slash"},
+        {member(""), "is empty"},
+        {member(std::string("a\0b", 3)), "control character"},
+        {member(std::string(2000, 'n')), "more than 1024 bytes"},
+        {[](ArchiveEdit& edit) {
+             for (const char* name : {"lfa.json", "bit/full.bit", "dir/", "a.tcl"}) edit.remove(name);
+         },
+         "no member would be left"},
+    };
+    for (const auto& c : cases) {
+        const std::string words = wordsOf([&] {
+            ArchiveEdit edit(archive());
+            edit.put("other", std::string("staged too"));
+            edit.remove("other");
+            c.change(edit);
+            edit.commit();
+        });
+        EXPECT_NE(words.find(c.words), std::string::npos) << words;
+        expectUntouched(before, others);
+    }
+}
+
+/// A source that changes its size or its bytes after it was opened, with a digest to be made and without.
+TEST_F(Edit, ASourceThatChangesIsRefused) {
+    const std::string before = slurp(archive());
+    const std::function<void(const std::string&)> changes[] = {
+        [](const std::string& path) { std::ofstream(path, std::ios::app) << "more"; },
+        [](const std::string& path) { fs::resize_file(path, 10); },
+        [](const std::string& path) {
+            std::this_thread::sleep_for(20ms);
+            std::fstream(path, std::ios::in | std::ios::out) << "CHANGED";
+        },
+    };
+    for (const auto& change : changes)
+        for (const auto digest : {ArchiveEdit::Digest::keep, ArchiveEdit::Digest::attach}) {
+            zip::SourceFile source(scratch_.put("source", std::string(400'000, 'x')));
+            const std::string words = wordsOf([&] {
+                ArchiveEdit edit(archive());
+                edit.put("x", std::move(source));
+                change(scratch_ / "source");
+                edit.commit(digest);
+            });
+            EXPECT_NE(words.find("source' cannot be put into an archive"), std::string::npos) << words;
+            expectUntouched(before, {"source"});
+        }
+}
+
+TEST_F(Edit, AnArchiveThatIsChangedMeanwhileIsRefused) {
+    const std::function<void()> changes[] = {
+        [this] { std::ofstream(archive(), std::ios::app) << "x"; },
+        [this] { fs::rename(scratch_.put("other", "other"), archive()); },
+        [this] { fs::remove(archive()); },
+    };
+    for (const auto& change : changes) {
+        scratch_.put("a.lfa", mixedZip().build());
+        const std::string words = wordsOf([&] {
+            ArchiveEdit edit(archive());
+            edit.put("staged", std::string("x"));
+            change();
+            edit.commit();
+        });
+        EXPECT_NE(words.find("changed by somebody else since it was read"), std::string::npos) << words;
+        EXPECT_EQ(slurp(archive()).find("staged"), std::string::npos);
+        fs::remove(archive());
+        EXPECT_TRUE(scratch_.names().empty());
+    }
+}
+
+TEST_F(Edit, AFullDiskLeavesEveryByte) {
+    const std::string before = slurp(archive());
+    const int code = inChild([this] {
+        ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{100'000, 100'000};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+        const std::string words = wordsOf([this] { putAndCommit("x", "x"); });
+        return words.find("could not be written: File too large") != std::string::npos ? 0 : 1;
+    });
+    EXPECT_EQ(code, 0);
+    expectUntouched(before);
+}
+
+TEST_F(Edit, WhatMayNotBeWrittenIsRefused) {
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can become somebody else";
+    const std::string before = slurp(archive());
+    const struct {
+        mode_t directory, file;
+        const char* words;
+    } cases[] = {
+        {0555, 0666, "its directory: Permission denied"},
+        {0777, 0444, "cannot be opened: Permission denied"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.words);
+        ASSERT_EQ(::chmod(scratch_.str().c_str(), c.directory), 0);
+        ASSERT_EQ(::chmod(archive().c_str(), c.file), 0);
+        EXPECT_EQ(inChild([&] {
+                      if (::setuid(65534) != 0) return 2;
+                      const std::string words = wordsOf([this] { putAndCommit("x", "x"); });
+                      return words.find(c.words) != std::string::npos ? 0 : 1;
+                  }),
+                  0);
+        expectUntouched(before);
+    }
+}
+
+TEST_F(Edit, WhatIsNoArchiveIsRefused) {
+    scratch_.put("text", "no archive at all, not even nearly");
+    for (const std::string& path : {scratch_ / "text", scratch_ / "nobody", scratch_.str()})
+        EXPECT_THROW(ArchiveEdit edit(path), zip::ArchiveError) << path;
+    EXPECT_EQ(slurp(scratch_ / "text"), "no archive at all, not even nearly");
+}
+
+TEST_F(Edit, WhatAKilledChangeLeftIsRemovedByTheNext) {
+    const std::string before = slurp(archive());
+    EXPECT_EQ(inChild([this]() -> int {
+                  ::signal(SIGXFSZ, SIG_DFL);
+                  const rlimit limit{100'000, 100'000};
+                  ::setrlimit(RLIMIT_FSIZE, &limit);
+                  putAndCommit("x", "x");
+                  return 0;
+              }),
+              128 + SIGXFSZ)
+        << "killed while it writes";
+    EXPECT_EQ(slurp(archive()), before);
+    EXPECT_EQ(scratch_.names().size(), 2U) << "something is left";
+    scratch_.put(".zr-edit-7-7", "of somebody who still lives");
+    scratch_.put(".zr-edit-mine", "not our name");
+    const int alive = ::open((scratch_ / ".zr-edit-7-7").c_str(), O_RDONLY | O_CLOEXEC);
+    ASSERT_EQ(::flock(alive, LOCK_EX), 0);
+    putAndCommit("x", "x");
+    ::close(alive);
+    EXPECT_EQ(scratch_.names(), (std::vector<std::string>{".zr-edit-7-7", ".zr-edit-mine", "a.lfa"}));
+}

@@ -1,0 +1,53 @@
+#pragma once
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "msg/HEXAll.h"
+#include "support/Scratch.h"
+#include "zip/Archive.h"
+#include "zip/ZipBuilder.h"
+
+inline std::string slurp(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// What the call throws, as words.
+inline std::string wordsOf(const std::function<void()>& call) {
+    try {
+        call();
+    } catch (const HEXAll& error) {
+        return error.what();
+    }
+    return "nothing was thrown";
+}
+
+inline struct stat statOf(const std::string& path) {
+    struct stat status {};
+    EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+    return status;
+}
+
+using Contents = std::map<std::string, std::string>;
+
+/// All members with their data.
+inline Contents contentsOf(const std::string& path) {
+    const zip::Archive archive(path);
+    Contents contents;
+    for (const zip::Member& member : archive.members())
+        contents[std::string(member.name)] = member.isDirectory() ? "" : archive.read(member);
+    return contents;
+}
+
+/// An archive whose members are packed in different ways.
+inline builder::Zip mixedZip() {
+    builder::Zip zip;
+    zip.entries = {builder::Entry("lfa.json", "{}", true), builder::Entry("bit/full.bit", std::string(300'000, 'b')),
+                   builder::Entry("dir/"), builder::Entry("a.tcl", std::string(5000, 'a'), true)};
+    return zip;
+}
