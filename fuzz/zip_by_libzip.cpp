@@ -34,8 +34,8 @@ bool misleadsLibzip(std::string_view bytes) {
     return bytes.find(kEnd) != bytes.rfind(kEnd);
 }
 
-/// libzip takes a control character in a text that is marked as UTF-8 for the sign of another encoding, and refuses the
-/// archive; ours reads it, and writes no such name to the disk.
+/// libzip takes a control character in a text that is marked as UTF-8 for the sign of another encoding, and refuses
+/// the archive; ours reads it, and writes no such name to the disk.
 bool mayDispleaseLibzip(const zip::Archive& archive) {
     return std::ranges::any_of(archive.members(), [](const zip::Member& member) { return member.flags & 0x800; });
 }

@@ -98,18 +98,18 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_THAT(man.out, HasSubstr("--repair-hpfm"));
     scratch.put("zr.bash", tool({"--reference", "bash"}).out);
     const Result completion = run({"bash", "-c",
-                                   "source " + scratch / "zr.bash" + "; COMP_WORDS=(zr-platform extract --re); "
-                                   "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
+                                   "source " + scratch / "zr.bash" +
+                                       "; COMP_WORDS=(zr-platform extract --re); "
+                                       "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
     EXPECT_EQ(completion.out, "--repair-hpfm\n");
 }
 
 TEST(Show, TellsWhatAPlatformHolds) {
     const Result result = tool({"show", kSample});
     EXPECT_EQ(result.exit, 0) << result.err;
-    for (const char* expected :
-         {"Platform u77_gen3x16_base_1", "Fennick", "tzu77-", "clocks", "scalable", "reserved", "DDR", "HBM",
-          "warning: The HBM instance", "interfaces that a linker can attach to", "processor groups", "linux",
-          "boot images", "files in the archive", "HPFM"})
+    for (const char* expected : {"Platform u77_gen3x16_base_1", "Fennick", "tzu77-", "clocks", "scalable", "reserved",
+                                 "DDR", "HBM", "warning: The HBM instance", "interfaces that a linker can attach to",
+                                 "processor groups", "linux", "boot images", "files in the archive", "HPFM"})
         EXPECT_THAT(result.out, HasSubstr(expected));
 }
 
@@ -148,10 +148,11 @@ TEST(Pack, GivesTheSameBytesEachTime) {
     const std::string source = std::string(ZR_SAMPLES) + "/src/u77.lfa";
     ASSERT_EQ(tool({"pack", source, scratch / "a.lfa"}).exit, 0);
     fs::copy(source, scratch / "moved", fs::copy_options::recursive);
-    const Result second = run({"sh", "-c",
-                               "umask 077; touch -d 2001-01-01 moved/lfa.json; chmod 600 moved/lfa.json; TZ=Asia/Tokyo " ZR_TOOL
-                               " pack moved b.lfa"},
-                              scratch.str());
+    const Result second =
+        run({"sh", "-c",
+             "umask 077; touch -d 2001-01-01 moved/lfa.json; chmod 600 moved/lfa.json; TZ=Asia/Tokyo " ZR_TOOL
+             " pack moved b.lfa"},
+            scratch.str());
     ASSERT_EQ(second.exit, 0) << second.err;
     EXPECT_EQ(contentOf(scratch / "a.lfa"), contentOf(scratch / "b.lfa"));
     EXPECT_FALSE(contentOf(scratch / "a.lfa").empty());
@@ -269,8 +270,12 @@ TEST(BadInput, OfAMemberTellsItsLine) {
 }
 
 TEST(WrongUse, ExitsWithTwo) {
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {}, {"jsn"}, {"json"}, {"json", "a", "b"}, {"json", "a", "--metadata=yaml"}, {"show", "--nonsense", "a"}}) {
+    for (const auto& arguments : std::vector<std::vector<std::string>>{{},
+                                                                       {"jsn"},
+                                                                       {"json"},
+                                                                       {"json", "a", "b"},
+                                                                       {"json", "a", "--metadata=yaml"},
+                                                                       {"show", "--nonsense", "a"}}) {
         const Result result = tool(arguments);
         EXPECT_EQ(result.exit, 2);
         EXPECT_EQ(result.out, "");

@@ -3,8 +3,9 @@
 namespace {
 
 constexpr const char* kModes = "default|primary|xml";
-constexpr Option kMetadata = {"metadata", kModes, "where an archive's metadata is read: alternative or primary JSON "
-                                                  "member (default), the primary one only, the XML member"};
+constexpr Option kMetadata = {"metadata", kModes,
+                              "where an archive's metadata is read: alternative or primary JSON "
+                              "member (default), the primary one only, the XML member"};
 constexpr Option kJson = {"json", nullptr, "print records as one JSON document"};
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record on each line"};
 constexpr Option kForce = {"force", nullptr, "overwrite what is there"};
@@ -22,7 +23,8 @@ const std::vector<Verb> kVerbs = {
      {kMetadata},
      "Describe a platform for people",
      "Identity and type, device and resources, memories and banks, clocks, interfaces that a linker can attach to, "
-     "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it says "
+     "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it "
+     "says "
      "what can be read and why not the rest.",
      "u77/u77_gen3x16_base_1.zdf",
      runShow},
@@ -30,7 +32,8 @@ const std::vector<Verb> kVerbs = {
      {{"DIR", "a folder with a platform's members"}, {"ARCHIVE", "the .cfa or .lfa to write"}},
      {{"force", nullptr, "overwrite ARCHIVE, and pack although listed files are missing"}},
      "Make an archive of a folder",
-     "The same folder gives the same bytes each time and on each machine. A folder in it whose name ends in .lfa, .cfa, "
+     "The same folder gives the same bytes each time and on each machine. A folder in it whose name ends in .lfa, "
+     ".cfa, "
      ".zip or .tilprj becomes an archive member of that name. A file that the metadata lists and the folder lacks is "
      "named, and nothing is written.",
      "src/u77.lfa packed.lfa --force",
