@@ -1,5 +1,5 @@
-// The least that a process from descriptor to document can do: parse the descriptor by expat and throw it away, find the
-// member in the archive's directory, inflate it, write bytes that are ready. It checks nothing.
+// The least that a process from descriptor to document can do: parse the descriptor by expat and throw it away, find
+// the member in the archive's directory, inflate it, write bytes that are ready. It checks nothing.
 #include <expat.h>
 #include <fcntl.h>
 #include <libdeflate.h>
@@ -37,7 +37,8 @@ std::string member(const char* archive, std::string_view name) {
             const std::string packed = readAt(file, 30 + length + packedSize, offset);
             std::string text(number(at + 24, 4), '\0');
             libdeflate_decompressor* const d = libdeflate_alloc_decompressor();
-            libdeflate_deflate_decompress(d, packed.data() + 30 + length, packedSize, text.data(), text.size(), nullptr);
+            libdeflate_deflate_decompress(d, packed.data() + 30 + length, packedSize, text.data(), text.size(),
+                                          nullptr);
             return text;
         }
         at += 46 + length + number(at + 30, 2) + number(at + 32, 2);

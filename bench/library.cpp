@@ -11,9 +11,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "ByLibzip.h"
 #include "archive/ArchiveSource.h"
 #include "json/JsonText.h"
-#include "ByLibzip.h"
 #include "zip/Archive.h"
 
 namespace {

@@ -1,5 +1,5 @@
-// The same road as a program would take it without this library: libzip, the property tree's own JSON parser and writer,
-// each child copied into its parent, libcrypto linked.
+// The same road as a program would take it without this library: libzip, the property tree's own JSON parser and
+// writer, each child copied into its parent, libcrypto linked.
 #include <expat.h>
 #include <openssl/evp.h>
 
@@ -31,7 +31,8 @@ int main(int, char** arguments) {
     std::ifstream file(arguments[1]);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
-    if (XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK || !EVP_sha256()) std::abort();
+    if (XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK || !EVP_sha256())
+        std::abort();
     std::istringstream in(readByLibzip(arguments[2], "lfa.json"));
     ptree tree;
     boost::property_tree::read_json(in, tree);

@@ -61,7 +61,9 @@ public:
 
 private:
     template <std::integral T>
-    static std::string asText(T value) { return std::to_string(value); }
+    static std::string asText(T value) {
+        return std::to_string(value);
+    }
     static std::string asText(std::string_view value) { return std::string(value); }
     static ComMsgMgrInstance make_(const MsgRow& row, std::vector<std::string> args, std::source_location where);
 };

@@ -7,14 +7,15 @@ enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical 
 
 /// One message that the library can send. The id and the arguments are the contract; the text may change.
 struct MsgRow {
-    std::string_view id;     ///< as it is sent, for instance "@74-60@%s"
-    std::string_view kinds;  ///< of its arguments, 's' text and 'd' integer. A few ids tell fewer in their own format.
+    std::string_view id;  ///< as it is sent, for instance "@74-60@%s"
+    std::string_view
+        kinds;  ///< of its arguments, 's' text and 'd' integer. A few ids tell fewer in their own format.
     MsgMask mask;
     std::string_view text;  ///< for people; "{0}", "{1}" stand for the arguments
 };
 
-/// All messages. An id that is not here, or arguments that do not fit it, do not compile (`ComMsgMgr::sendMsg`). An id
-/// that is sent with different arguments has a row for each.
+/// All messages. An id that is not here, or arguments that do not fit it, do not compile (`ComMsgMgr::sendMsg`). An
+/// id that is sent with different arguments has a row for each.
 inline constexpr std::array kMsgCatalogue{
     MsgRow{"@1-1874@%s", "s", MsgMask::warning, "temporary directory '{0}' could not be removed"},
     MsgRow{"@74-9@%s", "sd", MsgMask::error, "{0}:{1}: the platform descriptor is not valid"},

@@ -12,8 +12,8 @@ class MemberSource;
 }
 
 /// Fills one hardware platform from a JSON member of a `.cfa` or `.lfa` archive. A missing key gives an empty or zero
-/// value, an unknown key is passed over; only a device without "core" is a failure. Bus interfaces and NoC connectivity
-/// come from the archive's hpfm member when it has one that can be read, else from the document.
+/// value, an unknown key is passed over; only a device without "core" is a failure. Bus interfaces and NoC
+/// connectivity come from the archive's hpfm member when it has one that can be read, else from the document.
 class ZR_API HTEQCfaJsonReader {
 public:
     using HwMetadataMode = teq_platform::HwMetadataMode;
@@ -24,15 +24,15 @@ public:
     HTEQCfaJsonReader(const HTEQCfaJsonReader&) = delete;
     HTEQCfaJsonReader& operator=(const HTEQCfaJsonReader&) = delete;
 
-    /// Whether `archive` holds a JSON member that the mode allows, and its name in `member`. Sets the platform's file to
-    /// the archive's canonical name. Sends "@74-66@%s" when the path is empty or does not exist. False too for a file
-    /// that is no archive.
+    /// Whether `archive` holds a JSON member that the mode allows, and its name in `member`. Sets the platform's file
+    /// to the archive's canonical name. Sends "@74-66@%s" when the path is empty or does not exist. False too for a
+    /// file that is no archive.
     bool canParse(const std::string& archive, HwMetadataMode mode, std::string& member);
     /// The same for the member of the emulation directory "hw_emu".
     bool canParseHwEmu(const std::string& archive, HwMetadataMode mode, std::string& member);
 
-    /// Reads the archive's metadata. False when there is none, or, with message "@74-64@%s%s%s" (member, archive, what
-    /// is wrong) when it cannot be read.
+    /// Reads the archive's metadata. False when there is none, or, with message "@74-64@%s%s%s" (member, archive,
+    /// what is wrong) when it cannot be read.
     bool parseCFA(const std::string& archive, HwMetadataMode mode);
     /// The same from the emulation directory; the platform is then marked as the child of another.
     bool parseHwEmuLFA(const std::string& archive, HwMetadataMode mode);
@@ -47,7 +47,8 @@ public:
     std::string getHpfmFile() const;
     std::string getHpfmStr() const;
 
-    /// Adds the hpfm's bus interfaces, or NoC connectivity, to the platform. False when the text is empty or not valid.
+    /// Adds the hpfm's bus interfaces, or NoC connectivity, to the platform. False when the text is empty or not
+    /// valid.
     bool readHpfmBusInterfaces(const std::string& hpfm);
     bool readHpfmNocConnectivity(const std::string& hpfm);
 
@@ -59,5 +60,5 @@ private:
     HPLPlatform* platform_;
     std::string archive_;
     std::shared_ptr<const archive::MemberSource> source_;  ///< `archive_`, opened
-    std::string member_;  ///< what is being read, for messages
+    std::string member_;                                   ///< what is being read, for messages
 };

@@ -424,8 +424,8 @@ public:
     /// without a platform file. What readers do not take from a document is not in it: a member that somebody else
     /// has written can lose keys.
     void writeToJSON();
-    /// Whether `writeToJSON` and `archiveFile` write the key "platformFile", a path on the writer's machine that nobody
-    /// reads back. True unless set.
+    /// Whether `writeToJSON` and `archiveFile` write the key "platformFile", a path on the writer's machine that
+    /// nobody reads back. True unless set.
     bool writesPlatformFile() const { return writesPlatformFile_; }
     void setWritesPlatformFile(bool value) { writesPlatformFile_ = value; }
     /// Makes `source` the one file of the type: member, document and digest are written at once. A member that the

@@ -5,8 +5,8 @@
 
 #include "text/ZrApi.h"
 
-/// Reads from a property tree. A key is a path with "." between levels. None of the operations fails: what is not there,
-/// or an empty optional, gives the result for a missing key.
+/// Reads from a property tree. A key is a path with "." between levels. None of the operations fails: what is not
+/// there, or an empty optional, gives the result for a missing key.
 class ZR_API HTEQJSONUtils {
 public:
     using Tree = boost::property_tree::ptree;

@@ -12,11 +12,11 @@ class HTEQHardwarePlatform;
 class HTEQReconfigurablePartition;
 class HTEQSoftwarePlatform;
 
-/// One platform, however it was reached: through its descriptor (`.zdf`), through a lone hardware archive (`.cfa`, `.lfa`)
-/// or through a lone software file (`.spfm`). `teq_platform::PlatformLoader` makes and attaches it.
+/// One platform, however it was reached: through its descriptor (`.zdf`), through a lone hardware archive (`.cfa`,
+/// `.lfa`) or through a lone software file (`.spfm`). `teq_platform::PlatformLoader` makes and attaches it.
 ///
-/// It owns its hardware platforms, partitions and software platforms; every pointer handed out stays its own. No query
-/// fails: what is missing answers empty, false, 0 or null.
+/// It owns its hardware platforms, partitions and software platforms; every pointer handed out stays its own. No
+/// query fails: what is missing answers empty, false, 0 or null.
 class ZR_API HTEQPlatform : public teq_platform::JSONSerializable {
 public:
     HTEQPlatform();
@@ -66,7 +66,7 @@ public:
 
     /// @name State
     /// @{
-    bool isZdf() const { return zdf_; }  ///< came from a descriptor
+    bool isZdf() const { return zdf_; }          ///< came from a descriptor
     bool isPartial() const { return partial_; }  ///< a lone hardware archive or software file
     bool isComplete() const { return !partial_; }
     bool isBad() const { return bad_; }

@@ -3,9 +3,10 @@
  * `file` is a platform descriptor (.zdf), a hardware archive (.cfa, .lfa) or a software file (.spfm), as UTF-8.
  * Messages go to standard error, what the readers say of a broken file to standard output.
  *
- * Failures: the result is NULL when a hardware or software file is missing or cannot be read. C++ exceptions leave the
- * functions when the descriptor does not exist (HEXFileNotFoundException), when it is not valid
- * (teq_platform::PlatformParseException) or when `file` is NULL (std::logic_error): a C program checks its path before.
+ * Failures: the result is NULL when a hardware or software file is missing or cannot be read. C++ exceptions leave
+ * the functions when the descriptor does not exist (HEXFileNotFoundException), when it is not valid
+ * (teq_platform::PlatformParseException) or when `file` is NULL (std::logic_error): a C program checks its path
+ * before.
  */
 #ifndef ZR_PLATFORM_HTEQPLATFORMCAPI_H
 #define ZR_PLATFORM_HTEQPLATFORMCAPI_H

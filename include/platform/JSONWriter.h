@@ -95,8 +95,8 @@ public:
     void addItem(const JSONSerializable* object);
     void addItem(const std::string& value);
     void addItem(const char* value) { addItem(std::string(value)); }
-    /// Never returns, and never writes anything: a list of Booleans cannot be written. Kept because callers rely on the
-    /// set of overloads as it is.
+    /// Never returns, and never writes anything: a list of Booleans cannot be written. Kept because callers rely on
+    /// the set of overloads as it is.
     [[noreturn]] void addItem(bool value);
 };
 

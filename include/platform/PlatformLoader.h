@@ -11,8 +11,8 @@ class HTEQReconfigurablePartition;
 
 namespace teq_platform {
 
-/// The one way from a file to an `HTEQPlatform`: `.cfa` and `.lfa` are hardware archives, `.spfm` is a software file, and
-/// any other path, also one without an extension, is a descriptor. Extensions are compared with their case.
+/// The one way from a file to an `HTEQPlatform`: `.cfa` and `.lfa` are hardware archives, `.spfm` is a software file,
+/// and any other path, also one without an extension, is a descriptor. Extensions are compared with their case.
 ///
 /// A loader belongs to one thread.
 class ZR_API PlatformLoader {
@@ -20,16 +20,16 @@ public:
     using HwMetadataMode = teq_platform::HwMetadataMode;
 
     /// Reads what is cheap: nothing of an archive or a software file, and the whole of a descriptor.
-    /// Throws `HEXFileNotFoundException` when the descriptor does not exist, and `PlatformParseException` when it is not
-    /// valid (what is wrong with it has then been printed on standard output and sent as message "@74-9@%s").
+    /// Throws `HEXFileNotFoundException` when the descriptor does not exist, and `PlatformParseException` when it is
+    /// not valid (what is wrong with it has then been printed on standard output and sent as message "@74-9@%s").
     PlatformLoader(const std::string& file, HwMetadataMode mode);
     PlatformLoader(const PlatformLoader&) = delete;
     PlatformLoader& operator=(const PlatformLoader&) = delete;
     ~PlatformLoader();
 
     /// Attaches hardware, emulation and software, and gives the platform, which outlives the loader while it is held.
-    /// Null when a file is missing or cannot be read: message "@74-60@%s" tells why, and the loader has no platform any
-    /// more. A second call after success reads nothing again.
+    /// Null when a file is missing or cannot be read: message "@74-60@%s" tells why, and the loader has no platform
+    /// any more. A second call after success reads nothing again.
     std::shared_ptr<HTEQPlatform> load();
 
     /// @name What the descriptor says, before `load` too; not after a failed `load`

@@ -18,11 +18,12 @@ public:
     static std::vector<std::string> split(std::string_view text, char separator);
     static std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 
-    /// Bytes of the UTF-8 character at the front of `text`: 1 to 4, and 0 when none stands there (overlong forms, lone
-    /// surrogates and an empty text too).
+    /// Bytes of the UTF-8 character at the front of `text`: 1 to 4, and 0 when none stands there (overlong forms,
+    /// lone surrogates and an empty text too).
     static std::size_t utf8Length(std::string_view text);
 
-    /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed, what
-    /// follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the type.
+    /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed,
+    /// what follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the
+    /// type.
     static long long toNumber(std::string_view text);
 };

@@ -22,14 +22,16 @@ TEST(CApi, GivesDocumentsAndNullAndLetsExceptionsPass) {
     char* text = hteq_get_short_platform_json(archive.c_str());
     std::string escaped = archive;
     for (std::size_t at = 0; (at = escaped.find('/', at)) != std::string::npos; at += 2) escaped.insert(at, "\\");
-    EXPECT_EQ(std::string(text), "{\n    \"uniqueName\": \"" + escaped + "\",\n    \"file\": \"" + escaped + "\"\n}\n");
+    EXPECT_EQ(std::string(text),
+              "{\n    \"uniqueName\": \"" + escaped + "\",\n    \"file\": \"" + escaped + "\"\n}\n");
     hteq_free_json_string(text);
     hteq_free_json_string(nullptr);
 
     EXPECT_EQ(hteq_get_platform_json((scratch / "gone.lfa").c_str()), nullptr);
     EXPECT_EQ(hteq_get_short_platform_json(""), nullptr);
     EXPECT_THROW(hteq_get_platform_json((scratch / "gone.zdf").c_str()), HEXFileNotFoundException);
-    EXPECT_THROW(hteq_get_platform_json(scratch.put("bad.zdf", "<a/>").c_str()), teq_platform::PlatformParseException);
+    EXPECT_THROW(hteq_get_platform_json(scratch.put("bad.zdf", "<a/>").c_str()),
+                 teq_platform::PlatformParseException);
     EXPECT_THROW(hteq_get_platform_json(nullptr), std::logic_error);
     std::cout.rdbuf(before);
     const std::string words = "Error parsing platform file: " + (scratch / "bad.zdf") + "\nLine number:1. ";

@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
 #include <filesystem>
 #include <fstream>
 #include <regex>
-#include <sys/stat.h>
 
 #include <platform/HTEQPlatformCAPI.h>
 
@@ -100,18 +100,18 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_THAT(man.out, HasSubstr("--repair-hpfm"));
     scratch.put("zr.bash", tool({"--reference", "bash"}).out);
     const Result completion = run({"bash", "-c",
-                                   "source " + scratch / "zr.bash" + "; COMP_WORDS=(zr-platform extract --re); "
-                                   "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
+                                   "source " + scratch / "zr.bash" +
+                                       "; COMP_WORDS=(zr-platform extract --re); "
+                                       "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
     EXPECT_EQ(completion.out, "--repair-hpfm\n");
 }
 
 TEST(Show, TellsWhatAPlatformHolds) {
     const Result result = tool({"show", kSample});
     EXPECT_EQ(result.exit, 0) << result.err;
-    for (const char* expected :
-         {"Platform u77_gen3x16_base_1", "Fennick", "tzu77-", "clocks", "scalable", "reserved", "DDR", "HBM",
-          "warning: The HBM instance", "interfaces that a linker can attach to", "processor groups", "linux",
-          "boot images", "files in the archive", "HPFM"})
+    for (const char* expected : {"Platform u77_gen3x16_base_1", "Fennick", "tzu77-", "clocks", "scalable", "reserved",
+                                 "DDR", "HBM", "warning: The HBM instance", "interfaces that a linker can attach to",
+                                 "processor groups", "linux", "boot images", "files in the archive", "HPFM"})
         EXPECT_THAT(result.out, HasSubstr(expected));
 }
 
@@ -150,10 +150,11 @@ TEST(Pack, GivesTheSameBytesEachTime) {
     const std::string source = std::string(ZR_SAMPLES) + "/src/u77.lfa";
     ASSERT_EQ(tool({"pack", source, scratch / "a.lfa"}).exit, 0);
     fs::copy(source, scratch / "moved", fs::copy_options::recursive);
-    const Result second = run({"sh", "-c",
-                               "umask 077; touch -d 2001-01-01 moved/lfa.json; chmod 600 moved/lfa.json; TZ=Asia/Tokyo " ZR_TOOL
-                               " pack moved b.lfa"},
-                              scratch.str());
+    const Result second =
+        run({"sh", "-c",
+             "umask 077; touch -d 2001-01-01 moved/lfa.json; chmod 600 moved/lfa.json; TZ=Asia/Tokyo " ZR_TOOL
+             " pack moved b.lfa"},
+            scratch.str());
     ASSERT_EQ(second.exit, 0) << second.err;
     EXPECT_EQ(contentOf(scratch / "a.lfa"), contentOf(scratch / "b.lfa"));
     EXPECT_FALSE(contentOf(scratch / "a.lfa").empty());
@@ -183,7 +184,8 @@ TEST(Pack, RefusesWhatIsIncompleteAndWritesNothing) {
 TEST(SetFile, NamesWhatTheMetadataLosesAndRefuses) {
     const Scratch scratch;
     const std::string archive = scratch / "x.lfa", source = scratch.put("pre.tcl", "puts hello\n");
-    scratch.put("in/lfa.json", R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}]})");
+    scratch.put("in/lfa.json",
+                R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}]})");
     scratch.put("in/a", "checkpoint");
     ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
     const std::string before = contentOf(archive);
@@ -214,9 +216,12 @@ TEST(SetFile, RefusesWhatItCannotPut) {
     ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
     const std::string before = contentOf(archive);
     mkfifo((scratch / "pipe").c_str(), 0600);
-    for (const auto& [member, from] : std::vector<std::pair<std::string, std::string>>{
-             {"../out", source}, {"/abs", source}, {"m", archive}, {"m", scratch / "gone"}, {"m", scratch / "pipe"},
-             {"m", scratch.str()}}) {
+    for (const auto& [member, from] : std::vector<std::pair<std::string, std::string>>{{"../out", source},
+                                                                                       {"/abs", source},
+                                                                                       {"m", archive},
+                                                                                       {"m", scratch / "gone"},
+                                                                                       {"m", scratch / "pipe"},
+                                                                                       {"m", scratch.str()}}) {
         const Result result = tool({"set-file", archive, "DCP", member, from, "--force"});
         EXPECT_NE(result.exit, 0) << member << " " << from;
         EXPECT_NE(result.err, "");
@@ -344,8 +349,12 @@ TEST(BadInput, OfAMemberTellsItsLine) {
 }
 
 TEST(WrongUse, ExitsWithTwo) {
-    for (const auto& arguments : std::vector<std::vector<std::string>>{
-             {}, {"jsn"}, {"json"}, {"json", "a", "b"}, {"json", "a", "--metadata=yaml"}, {"show", "--nonsense", "a"}}) {
+    for (const auto& arguments : std::vector<std::vector<std::string>>{{},
+                                                                       {"jsn"},
+                                                                       {"json"},
+                                                                       {"json", "a", "b"},
+                                                                       {"json", "a", "--metadata=yaml"},
+                                                                       {"show", "--nonsense", "a"}}) {
         const Result result = tool(arguments);
         EXPECT_EQ(result.exit, 2);
         EXPECT_EQ(result.out, "");

@@ -38,8 +38,9 @@ std::string repeated(std::string_view piece, std::size_t times) {
 }
 
 TEST(JsonText, ReadsWhatStandsInTheText) {
-    const ptree tree = parsed("\xEF\xBB\xBF {\"n\": -1.50e+3, \"t\": true, \"z\": null, \"e\": {}, \"l\": [1, [\"x\"]],"
-                              " \"a.b\": \"\\u00e9\\n\", \"n\": 2} \n");
+    const ptree tree = parsed(
+        "\xEF\xBB\xBF {\"n\": -1.50e+3, \"t\": true, \"z\": null, \"e\": {}, \"l\": [1, [\"x\"]],"
+        " \"a.b\": \"\\u00e9\\n\", \"n\": 2} \n");
     EXPECT_EQ(tree.get<std::string>("n"), "-1.50e+3");
     EXPECT_EQ(tree.get<std::string>("t"), "true");
     EXPECT_EQ(tree.get<std::string>("z"), "null");

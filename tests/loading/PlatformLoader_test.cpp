@@ -37,7 +37,8 @@ protected:
     ~PlatformLoaderTest() override { std::cout.rdbuf(before_); }
 
     std::string zdf(const std::string& hardware, const std::string& software = "sw.spfm") {
-        return scratch.put("p.zdf", descriptor("<teq:hardwarePlatforms>" + hardware + "</teq:hardwarePlatforms>", software));
+        return scratch.put("p.zdf",
+                           descriptor("<teq:hardwarePlatforms>" + hardware + "</teq:hardwarePlatforms>", software));
     }
     std::string partitions(const std::string& attributes, const std::vector<std::string>& ids) {
         std::string text = "<teq:hardwarePlatforms" + attributes + ">";
@@ -45,7 +46,8 @@ protected:
             text += "<teq:reconfigurablePartition teq:id='" + id.substr(0, 1) + "'>" +
                     fileElement("hardwarePlatform", "rp" + id + ".lfa") + "</teq:reconfigurablePartition>";
         for (const std::string& id : ids)
-            packed(scratch, "rp" + id + ".lfa", {{"lfa.json", "{\"name\": \"rp" + id + "\", \"expandablePlatform\": \"false\"}"}});
+            packed(scratch, "rp" + id + ".lfa",
+                   {{"lfa.json", "{\"name\": \"rp" + id + "\", \"expandablePlatform\": \"false\"}"}});
         return scratch.put("rp.zdf", descriptor(text + "</teq:hardwarePlatforms>"));
     }
 
@@ -99,7 +101,8 @@ TEST_F(PlatformLoaderTest, TellsWhyThereIsNoPlatform) {
     } cases[] = {
         {"", "hardware platform file '' does not exist"},
         {scratch / "gone.lfa", "does not exist"},
-        {zdf(fileElement("hardwarePlatform", "h.zip")), "incorrect file extension - only CFA and LFA files are supported"},
+        {zdf(fileElement("hardwarePlatform", "h.zip")),
+         "incorrect file extension - only CFA and LFA files are supported"},
         {scratch / "text.lfa", "Failed to parse Hardware Platform metadata file"},
         {scratch / "xml.lfa", "Failed to parse Hardware Platform metadata file"},
         {scratch / "bad.lfa", "Failed to parse Hardware Platform metadata file"},
@@ -129,7 +132,8 @@ TEST_F(PlatformLoaderTest, ASecondLoadReadsNothing) {
 }
 
 TEST_F(PlatformLoaderTest, ReadsTheMemberThatTheModeAllows) {
-    const std::string both = packed(scratch, "both.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"alt_lfa.json", "{\"name\": \"alt\"}"}});
+    const std::string both =
+        packed(scratch, "both.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"alt_lfa.json", "{\"name\": \"alt\"}"}});
     const std::string alt = packed(scratch, "alt.lfa", {{"alt_lfa.json", "{\"name\": \"alt\"}"}});
     const auto nameOf = [](const std::string& file, HwMetadataMode mode) {
         const auto platform = load(file, mode);
@@ -143,8 +147,8 @@ TEST_F(PlatformLoaderTest, ReadsTheMemberThatTheModeAllows) {
 }
 
 TEST_F(PlatformLoaderTest, AnEmulationChildComesOutOfTheArchive) {
-    const auto platform =
-        load(packed(scratch, "h.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"hw_emu/lfa.json", "{\"name\": \"emu\"}"}}));
+    const auto platform = load(
+        packed(scratch, "h.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"hw_emu/lfa.json", "{\"name\": \"emu\"}"}}));
     ASSERT_NE(platform, nullptr);
     EXPECT_TRUE(platform->supportsHWEmulation());
     EXPECT_FALSE(platform->getHardwarePlatform()->supportsHWEmulation());
@@ -199,7 +203,8 @@ TEST_F(PlatformLoaderTest, APartitionsFileMustBeReadable) {
 }
 
 TEST_F(PlatformLoaderTest, ModulesFitThePartitionsOfAStaticPlatform) {
-    const auto platform = load(packed(scratch, "s.lfa", {{"lfa.json", R"({"reconfigPartitionIDs": [{"nodeID": 5}, {"nodeID": 6}]})"}}));
+    const auto platform =
+        load(packed(scratch, "s.lfa", {{"lfa.json", R"({"reconfigPartitionIDs": [{"nodeID": 5}, {"nodeID": 6}]})"}}));
     const std::string five = packed(scratch, "m5.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
     const std::string again = packed(scratch, "m5b.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
     const std::string six = packed(scratch, "m6.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 6}})"}});

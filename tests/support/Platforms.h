@@ -32,4 +32,5 @@ inline std::string fileElement(const std::string& element, const std::string& na
 inline constexpr const char* kSoftware =
     "<teq:platform xmlns:teq='urn:torvane:teq:platform:1.0' teq:vendor='v' teq:library='l' teq:name='n' "
     "teq:version='1.0'><teq:description>d</teq:description><teq:systemConfigurations><teq:configuration "
-    "teq:name='c' teq:displayName='C'><teq:description/></teq:configuration></teq:systemConfigurations></teq:platform>";
+    "teq:name='c' "
+    "teq:displayName='C'><teq:description/></teq:configuration></teq:systemConfigurations></teq:platform>";

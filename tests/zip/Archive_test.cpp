@@ -130,8 +130,7 @@ TEST(Archive, ReadsWhatIsSound) {
              std::swap(z.entries[0], z.entries[1]);
              std::swap(z.entries[0].local, z.entries[1].local), std::swap(z.entries[0].packed, z.entries[1].packed);
          }},
-        {"marked as UTF-8",
-         [](Zip& z) { z.entries[1].both(&Header::flags, 0x800).comment = "\xC3\xBC"; }},
+        {"marked as UTF-8", [](Zip& z) { z.entries[1].both(&Header::flags, 0x800).comment = "\xC3\xBC"; }},
         {"comment in an encoding of its own", [](Zip& z) { z.entries[1].comment = "\xBC"; }},
         {"no mode", [](Zip& z) { z.entries[0].mode = 0; }},
     };

@@ -19,9 +19,12 @@ std::vector<std::string> choicesOf(const Option& option) {
 
 void addOption(CLI::App& app, const Option& option, Call& call) {
     const std::string name = std::string("--") + option.name;
-    const auto keep = [&call, key = std::string(option.name)](const std::string& value) { call.options[key] = value; };
+    const auto keep = [&call, key = std::string(option.name)](const std::string& value) {
+        call.options[key] = value;
+    };
     if (!option.choices) {
-        app.add_flag_callback(name, [keep] { keep(""); }, option.help);
+        app.add_flag_callback(
+            name, [keep] { keep(""); }, option.help);
         return;
     }
     const std::vector<std::string> choices = choicesOf(option);
@@ -46,7 +49,8 @@ void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
     for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
-    command->footer(std::string("\n") + verb.details + "\n\nExample:\n  zr-platform " + verb.name + " " + verb.example);
+    command->footer(std::string("\n") + verb.details + "\n\nExample:\n  zr-platform " + verb.name + " " +
+                    verb.example);
     command->callback([&chosen, &verb] { chosen = &verb; });
 }
 
@@ -74,8 +78,9 @@ int runCommandLine(int argc, char** argv) {
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print what is made from the verbs")
         ->check(CLI::IsMember({"man", "markdown", "bash"}));
-    app.footer("\nExit codes: 0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault,\n"
-               "4 the environment is, 70 a fault of the tool.");
+    app.footer(
+        "\nExit codes: 0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault,\n"
+        "4 the environment is, 70 a fault of the tool.");
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
     try {

@@ -29,8 +29,8 @@ struct Problem {
 /// A fault of an archive from the library's words "archive: text" or "archive!member: text".
 Problem archiveProblem(const std::string& archive, const std::string& words);
 
-/// Standard output and standard error of the tool. The library writes words on the standard streams in places and sends
-/// messages: both are taken in here, so that standard output holds data only.
+/// Standard output and standard error of the tool. The library writes words on the standard streams in places and
+/// sends messages: both are taken in here, so that standard output holds data only.
 class Console {
 public:
     /// Takes the streams and the message sink over, for the process.

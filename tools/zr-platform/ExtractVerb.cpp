@@ -50,11 +50,12 @@ std::string memberFor(const std::string& name, const std::string& archive, const
     const Names names = namesOf(archive, call);
     if (const std::string* member = names.memberOfType(name)) return *member;
     std::vector<std::string> known;
+    known.reserve(names.types.size());
     for (const auto& [type, member] : names.types) known.push_back(type);
     if (!onlyType) known.insert(known.end(), names.members.begin(), names.members.end());
-    throw Problem::of(Exit::no, archive,
-                    std::string("no ") + (onlyType ? "" : "member or ") + "file type '" + name + "'" +
-                        nearest(name, known));
+    throw Problem::of(
+        Exit::no, archive,
+        std::string("no ") + (onlyType ? "" : "member or ") + "file type '" + name + "'" + nearest(name, known));
 }
 
 void copyOut(const std::string& archive, const std::string& member, const std::string& destination, bool repair) {

@@ -42,7 +42,8 @@ std::string archiveOf(const std::string& file, const std::string& hardwareFile) 
 /// The reason of a null result, from what the library said.
 Problem whyNull(const std::string& file, const std::string& hardwareFile, const Call& call) {
     const std::vector<Problem> said = Console::take().takeProblems(file);
-    const Problem first = said.empty() ? Problem::of(Exit::input, file, "the platform could not be loaded") : said.front();
+    const Problem first =
+        said.empty() ? Problem::of(Exit::input, file, "the platform could not be loaded") : said.front();
     const std::string archive = archiveOf(file, hardwareFile);
     const bool nothingSaid = first.id == "74-60" && first.text.starts_with("Failed to parse Hardware");
     return nothingSaid && isArchive(archive) && HUTFile::exists(archive) ? whyNoMetadata(archive, call) : first;

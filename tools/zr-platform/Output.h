@@ -4,8 +4,8 @@
 /// A result that is written beside its destination and renamed over it when it is whole; "-" is standard output.
 class OutputFile {
 public:
-    /// `ext`: of the name to write to; empty for the destination's. Throws a `Problem` when `destination` is there and
-    /// may not be overwritten.
+    /// `ext`: of the name to write to; empty for the destination's. Throws a `Problem` when `destination` is there
+    /// and may not be overwritten.
     OutputFile(const std::string& destination, bool overwrite, const std::string& ext = "");
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;

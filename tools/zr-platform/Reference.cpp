@@ -18,18 +18,20 @@ std::string synopsis(const Verb& verb) {
 std::string markdown() {
     std::string page =
         "# zr-platform\n\nMade from the tool's own table of verbs by `./dev docs`.\n\n"
-        "Standard output is data only; words and errors go to standard error. Exit codes: 0 done or yes, 1 the answer is\n"
+        "Standard output is data only; words and errors go to standard error. Exit codes: 0 done or yes, 1 the "
+        "answer is\n"
         "no, 2 wrong use, 3 the input is missing or at fault, 4 the environment is, 70 a fault of the tool.\n\n"
         "Options of every verb:\n\n";
     for (const Option& option : commonOptions())
-        page += std::string("- `--") + option.name + (option.choices ? std::string("=") + option.choices : "") + "`: " +
-                option.help + "\n";
+        page += std::string("- `--") + option.name + (option.choices ? std::string("=") + option.choices : "") +
+                "`: " + option.help + "\n";
     for (const Verb& verb : verbs()) {
         page += std::string("\n## ") + verb.name + "\n\n" + verb.summary + ".\n\n    " + synopsis(verb) + "\n\n" +
                 verb.details + "\n\n";
         for (const Positional& positional : verb.positionals)
             page += std::string("- `") + positional.name + "`: " + positional.help + "\n";
-        for (const Option& option : verb.options) page += std::string("- `--") + option.name + "`: " + option.help + "\n";
+        for (const Option& option : verb.options)
+            page += std::string("- `--") + option.name + "`: " + option.help + "\n";
         page += std::string("\nExample: `zr-platform ") + verb.name + " " + verb.example + "`\n";
     }
     return page;
@@ -46,7 +48,8 @@ std::string roff(std::string_view text) {
 }
 
 std::string man() {
-    std::string page = ".TH ZR\\-PLATFORM 1 \"\" \"zr_platform " ZR_VERSION "\"\n.SH NAME\nzr\\-platform \\- "
+    std::string page = ".TH ZR\\-PLATFORM 1 \"\" \"zr_platform " ZR_VERSION
+                       "\"\n.SH NAME\nzr\\-platform \\- "
                        "finds out what FPGA acceleration platforms hold, and makes their archives\n.SH SYNOPSIS\n";
     for (const Verb& verb : verbs()) page += roff(synopsis(verb)) + "\n.br\n";
     page += ".SH VERBS\n";
@@ -62,7 +65,8 @@ std::string man() {
     for (const Option& option : commonOptions())
         page += ".TP\n.B " + roff(std::string("--") + option.name) + "\n" + roff(option.help) + "\n";
     return page +
-           ".SH EXIT STATUS\n0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault, 4 the\n"
+           ".SH EXIT STATUS\n0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault, 4 "
+           "the\n"
            "environment is, 70 a fault of the tool.\n";
 }
 
@@ -72,15 +76,18 @@ std::string bash() {
     for (const Verb& verb : verbs()) {
         names += std::string(names.empty() ? "" : " ") + verb.name;
         std::string options;
-        for (const Option& option : verb.options) options += std::string("--") + option.name + " ";
+        for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
         cases += std::string("        ") + verb.name + ") words=\"" + options + "--help" + common + "\" ;;\n";
     }
-    return "_zr_platform() {\n    local words=\"" + names +
-           " --help --version\"\n    case ${COMP_WORDS[1]} in\n" + cases +
-           "    esac\n    mapfile -t COMPREPLY < <(compgen -o default -W \"$words\" -- \"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
+    return "_zr_platform() {\n    local words=\"" + names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" +
+           cases +
+           "    esac\n    mapfile -t COMPREPLY < <(compgen -o default -W \"$words\" -- "
+           "\"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
            "complete -o filenames -F _zr_platform zr-platform\n";
 }
 
 }  // namespace
 
-std::string referenceAs(const std::string& form) { return form == "man" ? man() : form == "bash" ? bash() : markdown(); }
+std::string referenceAs(const std::string& form) {
+    return form == "man" ? man() : form == "bash" ? bash() : markdown();
+}

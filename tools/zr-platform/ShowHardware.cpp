@@ -45,7 +45,8 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     text.line("kind", std::string(platform.isUnifiedPlatform() ? "unified, " : "") +
                           (platform.isExpandable() ? "expandable" : "fixed"));
     text.line("state", platform.getPlatformState());
-    text.line("made by", std::string(HSTStringUtils::trim(platform.getGeneratedName() + " " + platform.getGeneratedVersion())));
+    text.line("made by",
+              std::string(HSTStringUtils::trim(platform.getGeneratedName() + " " + platform.getGeneratedVersion())));
     text.line("runs on hardware", yesNo(platform.supportsHardware()));
     text.line("software emulation", yesNo(platform.supportsSWEmulation()));
     text.line("hardware emulation", yesNo(platform.supportsHWEmulation()));
@@ -88,7 +89,8 @@ void showMemories(Text& text, const HPLPlatform& platform) {
     rows.clear();
     for (const std::string& type : types)
         for (unsigned n = 0; n < platform.getMemoryTypeCount(type); ++n)
-            rows.push_back({type, std::to_string(n), platform.getMemorySize(type, n), platform.getMemorySLR(type, n)});
+            rows.push_back(
+                {type, std::to_string(n), platform.getMemorySize(type, n), platform.getMemorySLR(type, n)});
     text.rows("memory banks that a linker can name", {"type", ">bank", ">size", "SLR"}, rows);
 
     std::ostringstream warning;

@@ -10,7 +10,8 @@
 namespace {
 
 void showConfiguration(Text& text, const HTEQSystemConfig& config, bool isDefault) {
-    text.line("configuration", config.getName() + " (" + config.getPrettyName() + ")" + (isDefault ? ", default" : ""));
+    text.line("configuration",
+              config.getName() + " (" + config.getPrettyName() + ")" + (isDefault ? ", default" : ""));
     HSTVector<std::string> runtimes;
     config.getRuntimesByPrettyName(runtimes);
     text.line("runtimes", HSTStringUtils::join(runtimes, ", "));

@@ -3,8 +3,9 @@
 namespace {
 
 constexpr const char* kModes = "default|primary|xml";
-constexpr Option kMetadata = {"metadata", kModes, "where an archive's metadata is read: alternative or primary JSON "
-                                                  "member (default), the primary one only, the XML member"};
+constexpr Option kMetadata = {"metadata", kModes,
+                              "where an archive's metadata is read: alternative or primary JSON "
+                              "member (default), the primary one only, the XML member"};
 constexpr Option kJson = {"json", nullptr, "print records as one JSON document"};
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record on each line"};
 constexpr Option kForce = {"force", nullptr, "overwrite what is there"};
@@ -22,7 +23,8 @@ const std::vector<Verb> kVerbs = {
      {kMetadata},
      "Describe a platform for people",
      "Identity and type, device and resources, memories and banks, clocks, interfaces that a linker can attach to, "
-     "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it says "
+     "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it "
+     "says "
      "what can be read and why not the rest.",
      "u77/u77_gen3x16_base_1.zdf",
      runShow},
@@ -30,7 +32,8 @@ const std::vector<Verb> kVerbs = {
      {{"DIR", "a folder with a platform's members"}, {"ARCHIVE", "the .cfa or .lfa to write"}},
      {{"force", nullptr, "overwrite ARCHIVE, and pack although listed files are missing"}},
      "Make an archive of a folder",
-     "The same folder gives the same bytes each time and on each machine. A folder in it whose name ends in .lfa, .cfa, "
+     "The same folder gives the same bytes each time and on each machine. A folder in it whose name ends in .lfa, "
+     ".cfa, "
      ".zip or .tilprj becomes an archive member of that name. A file that the metadata lists and the folder lacks is "
      "named, and nothing is written.",
      "src/u77.lfa packed.lfa --force",
@@ -63,7 +66,8 @@ const std::vector<Verb> kVerbs = {
       {"force", nullptr, "write although keys of the metadata are lost or changed"}},
      "Put a file into an archive and list it in the metadata",
      "One rewrite for member, metadata and digest: the archive is the old one or the new one, whatever happens. The "
-     "metadata is written anew by the library, which does not hold all that other makers' documents may say: each key "
+     "metadata is written anew by the library, which does not hold all that other makers' documents may say: each "
+     "key "
      "that would be lost or changed is named, and nothing is written without --force.",
      "u77/hw/u77.lfa PRE_OPT_TCL tcl/pre_opt.tcl u77/u77_gen3x16_base_1.zdf --dry-run --force",
      runSetFile},
@@ -71,7 +75,8 @@ const std::vector<Verb> kVerbs = {
      {{"ARCHIVE...", "any zip archives"}},
      {{"require-digest", nullptr, "an archive without a digest is a finding too"}, kJson, kNdjson},
      "Check archives against their CRCs and their digest",
-     "All is computed from the bytes. The digest tells damage and change, not who made the archive: whoever changes it "
+     "All is computed from the bytes. The digest tells damage and change, not who made the archive: whoever changes "
+     "it "
      "can stamp it anew.",
      "u77/hw/u77.lfa",
      runVerify},

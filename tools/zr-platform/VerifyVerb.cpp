@@ -27,8 +27,12 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
         }
         const bool lacksDigest = requireDigest && found.digest == HUTZip::DigestState::none;
         const bool good = found.isSound() && found.digest != HUTZip::DigestState::broken && !lacksDigest;
-        lines += escaped(archive) + ": " + (good ? "good" : "differs") + ", digest: " + stateName(found.digest) + "\n";
-        records.add({{"archive", archive}, {"good", good}, {"digest", stateName(found.digest)}, {"differences", differences}});
+        lines +=
+            escaped(archive) + ": " + (good ? "good" : "differs") + ", digest: " + stateName(found.digest) + "\n";
+        records.add({{"archive", archive},
+                     {"good", good},
+                     {"digest", stateName(found.digest)},
+                     {"differences", differences}});
         return good ? Exit::done : Exit::no;
     } catch (const HEXDataException& e) {
         const Problem problem = archiveProblem(archive, e.what());

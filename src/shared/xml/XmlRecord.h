@@ -215,7 +215,7 @@ struct Held<std::optional<V>> {
     using Record = V;
     static void* add(std::optional<V>& held) { return &held.emplace(); }
     static std::size_t count(const std::optional<V>& held) { return held ? 1 : 0; }
-    static void* at(std::optional<V>& held, std::size_t) { return &*held; }
+    static void* at(std::optional<V>& held, std::size_t) { return held ? &*held : nullptr; }
 };
 template <class V>
 struct Held<std::vector<V>> {

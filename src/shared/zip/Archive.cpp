@@ -12,7 +12,7 @@
 namespace zip {
 namespace {
 
-constexpr std::uint64_t kBlock = 256 * 1024;
+constexpr std::uint64_t kBlock = 256UL * 1024;
 
 /// Unpacks all of `packed` into `data`, and nothing more: neither may be left over. Empty, or what went wrong.
 std::string_view inflateWhole(std::string_view packed, std::string& data) {

@@ -20,7 +20,7 @@ namespace zip {
 class Archive {
 public:
     /// The largest member that is read whole unless the caller says otherwise.
-    static constexpr std::uint64_t kMetadataBound = 32 * 1024 * 1024;
+    static constexpr std::uint64_t kMetadataBound = 32UL * 1024 * 1024;
     using Sink = std::function<void(std::string_view piece)>;
 
     /// Opens the file at `path`, which must be a regular one.

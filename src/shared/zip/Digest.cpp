@@ -12,7 +12,7 @@ namespace zip {
 namespace {
 
 constexpr std::string_view kAnyVersion = "zr-digest:", kThisVersion = "zr-digest:1:sha256:";
-constexpr std::uint64_t kBlock = 256 * 1024;
+constexpr std::uint64_t kBlock = 256UL * 1024;
 constexpr std::size_t kLongestComment = 0xFFFF;
 
 std::string_view firstLine(std::string_view comment) { return comment.substr(0, comment.find('\n')); }

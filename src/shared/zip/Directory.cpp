@@ -35,8 +35,8 @@ Directory::Directory(const ByteSource& bytes, const std::string& archive) : arch
     comment_ = std::move(end.comment);
     readRows(end.members);
     setLimits(end.directoryOffset);
-    index_.emplace(members_);
-    if (const Member* const twice = index_->duplicate()) refuse(twice->name, "two members have this name");
+    index_ = NameIndex(members_);
+    if (const Member* const twice = index_.duplicate()) refuse(twice->name, "two members have this name");
 }
 
 void Directory::refuse(std::string_view member, const std::string& text) const {

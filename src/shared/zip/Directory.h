@@ -1,6 +1,5 @@
 #pragma once
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -25,7 +24,7 @@ public:
 
     /// In the order of the directory.
     std::span<const Member> members() const { return members_; }
-    const Member* find(std::string_view name) const { return index_->find(name); }
+    const Member* find(std::string_view name) const { return index_.find(name); }
     const std::string& comment() const { return comment_; }
 
 private:
@@ -42,7 +41,7 @@ private:
     std::size_t size_ = 0;
     std::string comment_;
     std::vector<Member> members_;
-    std::optional<NameIndex> index_;
+    NameIndex index_;
 };
 
 }  // namespace zip

@@ -16,9 +16,9 @@ constexpr std::string_view kSignature = "PK\5\6";
 constexpr std::string_view kLocatorSignature = "PK\6\7";
 constexpr std::string_view kRecord64Signature = "PK\6\6";
 constexpr std::uint64_t kSize = 22, kLocatorSize = 20, kRecord64Size = 56;
-constexpr std::uint64_t kTail = 16 * 1024;
+constexpr std::uint64_t kTail = 16UL * 1024;
 constexpr std::uint64_t kMostMembers = 1'000'000;
-constexpr std::uint64_t kLargestDirectory = 256 * 1024 * 1024;
+constexpr std::uint64_t kLargestDirectory = 256UL * 1024 * 1024;
 
 class EndReader {
 public:

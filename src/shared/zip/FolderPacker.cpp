@@ -146,7 +146,7 @@ private:
 
     std::string packNested(const fs::path& folder) {
         if (depth_ == kDeepestArchive) refuse(folder, "archives are nested at most two deep");
-        const std::string file = work_.file(entries_.size());
+        std::string file = work_.file(entries_.size());
         Packer(folder.native(), depth_ + 1).packTo(file);
         return file;
     }

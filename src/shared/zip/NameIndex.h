@@ -12,7 +12,7 @@ namespace zip {
 /// bucket cost a sort, not a square.
 class NameIndex {
 public:
-    explicit NameIndex(std::span<const Member> members);
+    explicit NameIndex(std::span<const Member> members = {});
 
     const Member* find(std::string_view name) const;
     /// A member whose name another one has too; null when all differ.

@@ -6,7 +6,7 @@ namespace zip {
 /// How much one call may unpack, all members and nested archives together.
 class OutputBudget {
 public:
-    static constexpr std::uint64_t kOfCall = 1024 * 1024 * 1024;
+    static constexpr std::uint64_t kOfCall = 1024UL * 1024 * 1024;
 
     explicit OutputBudget(std::uint64_t bytes = kOfCall) : left_(bytes) {}
     /// False, and nothing is taken, when less is left.

@@ -14,7 +14,7 @@ namespace {
 constexpr zip_uint16_t kMidnight = 0, kFirstOfJanuary1980 = (1 << 5) | 1;
 constexpr zip_uint32_t kFileMode = 0100644, kDirectoryMode = 040755;
 constexpr zip_uint32_t kLevel = 6;
-constexpr std::size_t kBlock = 256 * 1024;
+constexpr std::size_t kBlock = 256UL * 1024;
 
 /// The bytes of one source as libzip reads them: from a position on, in small pieces.
 class Reader {

@@ -9,7 +9,7 @@
 namespace archive {
 
 /// Members larger than this are not read whole unless the caller says so.
-inline constexpr std::uint64_t kMetadataBound = 32 * 1024 * 1024;
+inline constexpr std::uint64_t kMetadataBound = 32UL * 1024 * 1024;
 
 struct MemberInfo {
     std::string name;  ///< a stranger's text

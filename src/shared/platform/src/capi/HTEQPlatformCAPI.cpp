@@ -30,7 +30,8 @@ char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HT
 }  // namespace
 
 char* hteq_get_platform_json(const char* file) {
-    return document(file, [](JSONObjectWriter& writer, const HTEQPlatform& platform) { writer.writeObject(platform); });
+    return document(file,
+                    [](JSONObjectWriter& writer, const HTEQPlatform& platform) { writer.writeObject(platform); });
 }
 
 char* hteq_get_short_platform_json(const char* file) {

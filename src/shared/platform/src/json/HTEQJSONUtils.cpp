@@ -72,6 +72,7 @@ long HTEQJSONUtils::getLongValue(const OptTree& tree, const std::string& key, lo
 unsigned long HTEQJSONUtils::getUnsignedLongValue(const Tree& tree, const std::string& key, unsigned long fallback) {
     return numberAt(tree, key, fallback);
 }
-unsigned long HTEQJSONUtils::getUnsignedLongValue(const OptTree& tree, const std::string& key, unsigned long fallback) {
+unsigned long HTEQJSONUtils::getUnsignedLongValue(const OptTree& tree, const std::string& key,
+                                                  unsigned long fallback) {
     return tree ? numberAt(*tree, key, fallback) : fallback;
 }

@@ -28,7 +28,7 @@ JSONWriter::JSONWriter() = default;
 JSONWriter::JSONWriter(const JSONWriter& other) : tree_(other.tree_) {}
 JSONWriter::JSONWriter(JSONWriter&& other) noexcept { *this = std::move(other); }
 JSONWriter& JSONWriter::operator=(const JSONWriter& other) {
-    tree_ = other.tree_;
+    if (this != &other) tree_ = other.tree_;
     return *this;
 }
 JSONWriter& JSONWriter::operator=(JSONWriter&& other) noexcept {
@@ -68,9 +68,7 @@ void JSONObjectWriter::addKey(const std::string& key, const std::string& value) 
     if (!value.empty()) put_(key, value);
 }
 
-void JSONObjectWriter::addKey(const std::string& key, bool value) {
-    put_(key, value ? "true" : "false");
-}
+void JSONObjectWriter::addKey(const std::string& key, bool value) { put_(key, value ? "true" : "false"); }
 
 void JSONObjectWriter::addKey(const std::string& key, const JSONWriter& child) { addKey(key, child.getTree()); }
 

@@ -104,8 +104,8 @@ private:
     const std::string_view before = text.substr(0, offset);
     const auto line = 1 + std::count(before.begin(), before.end(), '\n');
     const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;  // npos + 1 is 0
-    BOOST_PROPERTY_TREE_THROW(json_parser_error(what + " (column " + std::to_string(column) + ")", name,
-                                                static_cast<unsigned long>(line)));
+    BOOST_PROPERTY_TREE_THROW(
+        json_parser_error(what + " (column " + std::to_string(column) + ")", name, static_cast<unsigned long>(line)));
 }
 
 std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {

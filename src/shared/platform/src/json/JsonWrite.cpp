@@ -37,7 +37,8 @@ void appendText(std::string& out, const std::string& text) {
     auto kept = text.begin();
     for (auto at = text.begin(); at != text.end(); ++at) {
         const auto c = static_cast<unsigned char>(*at);
-        if (kPlain[c]) [[likely]] continue;
+        if (kPlain[c]) [[likely]]
+            continue;
         out.append(kept, at);
         appendEscape(out, c);
         kept = at + 1;

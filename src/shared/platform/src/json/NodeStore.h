@@ -7,8 +7,8 @@
 
 namespace json {
 
-/// Empty nodes with their keys, to be copied into trees: the tree type cannot be moved, so a pair that is built beside
-/// the tree would be made twice.
+/// Empty nodes with their keys, to be copied into trees: the tree type cannot be moved, so a pair that is built
+/// beside the tree would be made twice.
 class NodeStore {
 public:
     using ptree = boost::property_tree::ptree;

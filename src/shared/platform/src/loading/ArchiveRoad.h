@@ -16,6 +16,7 @@ enum class Route {
 
 /// The one road from an archive to the model. False when the metadata is missing or cannot be read; what is wrong has
 /// then been sent as a message, and `platform` is half filled.
-bool fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode, Route route);
+bool fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode,
+                     Route route);
 
 }  // namespace loading

@@ -52,7 +52,8 @@ HHSMHardwareDb* HTEQHardwarePlatform::createHwDb(const HSTVector<std::string>& r
     return createHwDb("", rmFiles);
 }
 
-HHSMHardwareDb* HTEQHardwarePlatform::createHwDb(const std::string& name, const HSTVector<std::string>& rmFiles) const {
+HHSMHardwareDb* HTEQHardwarePlatform::createHwDb(const std::string& name,
+                                                 const HSTVector<std::string>& rmFiles) const {
     if (!hasHardwareDef_() || !isStatic() || !validateRmLfaFiles(rmFiles)) return nullptr;
     if (!name.empty())
         if (HHSMHardwareDb* existing = getHwDb(name)) return existing;

@@ -11,7 +11,6 @@
 
 namespace {
 
-using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
 
 HSTVector<std::string> targetCategories(const HTEQPlatform& platform) {
@@ -135,7 +134,9 @@ bool HTEQPlatform::isUnified() const { return ask(&HTEQHardwarePlatform::isUnifi
 bool HTEQPlatform::getDesignIntentDataCenter() const { return intends(&HTEQDesignIntentStorage::getDataCenter); }
 bool HTEQPlatform::getDesignIntentEmbedded() const { return intends(&HTEQDesignIntentStorage::getEmbedded); }
 bool HTEQPlatform::getDesignIntentExternalHost() const { return intends(&HTEQDesignIntentStorage::getExternalHost); }
-bool HTEQPlatform::getDesignIntentServerManaged() const { return intends(&HTEQDesignIntentStorage::getServerManaged); }
+bool HTEQPlatform::getDesignIntentServerManaged() const {
+    return intends(&HTEQDesignIntentStorage::getServerManaged);
+}
 bool HTEQPlatform::supportsTwoHwEmuBd() const { return askDirect(&HTEQHardwarePlatform::supportsTwoHwEmuBd); }
 bool HTEQPlatform::hasDimmConnectors() const { return askDirect(&HTEQHardwarePlatform::hasDimmConnectors); }
 bool HTEQPlatform::isHWEmuPlatform() const { return askDirect(&HTEQHardwarePlatform::isHWEmuPlatform); }
