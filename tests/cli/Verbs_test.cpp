@@ -10,6 +10,7 @@
 #include <platform/HTEQPlatformCAPI.h>
 
 #include "support/Run.h"
+#include "support/Scratch.h"
 
 namespace {
 
@@ -23,32 +24,6 @@ Result tool(std::vector<std::string> arguments, const std::string& directory = Z
     arguments.insert(arguments.begin(), ZR_TOOL);
     return run(arguments, directory);
 }
-
-/// A directory of its own for a test, gone with it.
-class Scratch {
-public:
-    Scratch() {
-        char base[] = "/tmp/zr_cli_XXXXXX";
-        path_ = mkdtemp(base);
-    }
-    ~Scratch() { fs::remove_all(path_); }
-    std::string operator/(const std::string& name) const { return (path_ / name).string(); }
-    std::string put(const std::string& name, const std::string& content) const {
-        fs::create_directories((path_ / name).parent_path());
-        std::ofstream(path_ / name, std::ios::binary) << content;
-        return (path_ / name).string();
-    }
-    std::vector<std::string> names() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(path_)) names.push_back(entry.path().filename());
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-    std::string str() const { return path_.string(); }
-
-private:
-    fs::path path_;
-};
 
 TEST(Json, GivesTheBytesOfTheCFunctions) {
     const std::string file = std::string(ZR_SAMPLES) + "/" + kSample;
