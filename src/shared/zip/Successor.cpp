@@ -18,6 +18,7 @@
 namespace zip {
 namespace {
 
+constexpr std::uint64_t kStretch = 8 * 1024 * 1024;
 constexpr std::string_view kStem = ".zr-edit-";
 
 bool isOurName(std::string_view name) {
@@ -96,6 +97,11 @@ void Successor::write(std::uint64_t offset, std::string_view bytes) {
         if (put < 0) fail(errno);
         bytes.remove_prefix(static_cast<std::size_t>(put));
         offset += static_cast<std::uint64_t>(put);
+    }
+    if (offset >= begun_ + kStretch) {  // the disk works while the next bytes are made: sync then waits for little
+        ::sync_file_range(file_.get(), static_cast<off_t>(begun_), static_cast<off_t>(offset - begun_),
+                          SYNC_FILE_RANGE_WRITE);
+        begun_ = offset;
     }
 }
 

@@ -37,6 +37,7 @@ private:
 
     std::string target_, name_;
     Descriptor directory_, file_;
+    std::uint64_t begun_ = 0;  ///< what lies before has been handed to the disk
     bool isMade_ = false;
 };
 
