@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveLock.h"
 #include "zip/Digest.h"
@@ -55,7 +56,7 @@ void ArchiveEdit::put(const std::string& member, std::string bytes) {
 
 void ArchiveEdit::stage(const std::string& member, Change change) {
     if (const auto fault = memberNameFault(member, true); !fault.empty())
-        refuse("the member name '" + printableName(member) + "' " + std::string(fault));
+        refuse("the member name '" + HSTStringUtils::printable(member) + "' " + std::string(fault));
     changes_.insert_or_assign(member, std::move(change));
     removed_.erase(member);
 }
@@ -169,7 +170,7 @@ void ArchiveEdit::checkResult(int descriptor) const {
         if (member && member->size == change.bytes().size() && member->crc == change.crc.value_or(member->crc))
             continue;
         if (change.file) change.file->refuse("it was changed while it was read");
-        refuse("the member '" + printableName(name) + "' was not written as it is");
+        refuse("the member '" + HSTStringUtils::printable(name) + "' was not written as it is");
     }
 }
 
