@@ -160,7 +160,9 @@ TEST(SetFile, NamesWhatTheMetadataLosesAndRefuses) {
     const Scratch scratch;
     const std::string archive = scratch / "x.lfa", source = scratch.put("pre.tcl", "puts hello\n");
     scratch.put("in/lfa.json",
-                R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}]})");
+                R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}],
+                    "memories": [{"name": "m", "configParams": [{"name": "TIMEPERIOD_PS", "value": "1"},
+                                                                {"name": "CAS_LATENCY", "value": "2"}]}]})");
     scratch.put("in/a", "checkpoint");
     ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
     const std::string before = contentOf(archive);
@@ -205,6 +207,24 @@ TEST(SetFile, RefusesWhatItCannotPut) {
     scratch.put("in/alt_lfa.json", "{}");
     ASSERT_EQ(tool({"pack", scratch / "in", scratch / "alt.lfa"}).exit, 0);
     EXPECT_THAT(tool({"set-file", scratch / "alt.lfa", "DCP", "m", source}).err, HasSubstr("alt_lfa.json"));
+}
+
+TEST(SetFile, LeavesTheArchiveWhenTheDiskIsFull) {
+    const Scratch scratch;
+    const std::string archive = scratch / "x.lfa";
+    scratch.put("in/lfa.json", "{}");
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    std::string noise;
+    for (std::uint32_t n = 1; noise.size() < 100'000; n = n * 1664525 + 1013904223)
+        noise += static_cast<char>(n >> 24);
+    const std::string before = contentOf(archive), source = scratch.put("s", noise);
+    // A file that may grow to 8 KiB stands for a disk that has no more.
+    const Result full = run({"sh", "-c", "trap '' XFSZ; ulimit -f 16; exec \"$@\"", "sh", ZR_TOOL, "set-file",
+                             archive, "DCP", "m", source, "--force", "--strip-paths"});
+    EXPECT_EQ(full.exit, 4) << full.err;
+    EXPECT_THAT(full.err, HasSubstr("x.lfa"));
+    EXPECT_TRUE(contentOf(archive) == before);
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "s", "x.lfa"})) << "no stray file";
 }
 
 TEST(Verify, TellsWhichMemberDiffers) {

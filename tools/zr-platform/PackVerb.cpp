@@ -59,9 +59,19 @@ void check(const std::string& archive, const std::string& directory) {
 int runPack(const Call& call) {
     const std::string& directory = call["DIR"];
     if (!HUTFile::isDir(directory)) throw Problem::of(Exit::input, directory, "no such folder");
-    OutputFile output(call["ARCHIVE"], call.has("force"));
-    HUTZip::compressDir(directory, output.path(), false);
-    if (!call.has("force")) check(output.path(), directory);
-    output.commit();
+    const bool isForced = call.has("force");
+    const auto packTo = [&](const std::string& archive) {
+        HUTZip::compressDir(directory, archive, isForced, [&](const std::string& made) {
+            if (!isForced) check(made, directory);
+        });
+    };
+    if (call["ARCHIVE"] == "-") {
+        OutputFile output("-", false);
+        packTo(output.path());
+        output.commit();
+    } else {
+        checkDestination(call["ARCHIVE"], isForced);
+        packTo(call["ARCHIVE"]);
+    }
     return 0;
 }

@@ -306,6 +306,8 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
         const std::size_t have = frame.countOf(i);
         if (name.local == row.name && (have == 0 || row.repeats())) {
             if (missing) fail_(name.local, misplaced_(frame, name));
+            if (have == row.most)
+                stopWith_(name.local, fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
             if (stopped_) return nullptr;
             frame.row = i;
             frame.count = have + 1;

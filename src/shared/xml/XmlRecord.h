@@ -78,6 +78,8 @@ enum class Occurs {
 
 struct Element;
 
+inline constexpr std::size_t kUnbounded = std::numeric_limits<std::size_t>::max();
+
 struct Child {
     const char* name;  ///< local name
     Occurs occurs;
@@ -85,6 +87,7 @@ struct Child {
     void* (*add)(void* record);  ///< makes the next one
     std::size_t (*count)(const void* record);
     void* (*at)(void* record, std::size_t index);
+    std::size_t most;  ///< of one that repeats; reading refuses the next
 
     bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
     bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
@@ -229,11 +232,12 @@ template <auto M>
 using ChildRecord = typename Held<ValueOf<M>>::Record;
 
 template <auto M>
-constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element) {
+constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element,
+                                     std::size_t most = kUnbounded) {
     using H = Held<ValueOf<M>>;
     return {{name, occurs, &element, [](void* record) { return H::add(member<M>(record)); },
              [](const void* record) { return H::count(member<M>(record)); },
-             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }}};
+             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, most}};
 }
 
 }  // namespace detail
@@ -280,10 +284,11 @@ template <auto M>
 constexpr auto many(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
     return detail::child<M>(name, Occurs::anyNumber, element);
 }
-/// The member is a `std::vector` that must not be empty.
+/// The member is a `std::vector` that must not be empty, and of which at most `most` are read.
 template <auto M>
-constexpr auto atLeastOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
-    return detail::child<M>(name, Occurs::atLeastOnce, element);
+constexpr auto atLeastOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
+                          std::size_t most = kUnbounded) {
+    return detail::child<M>(name, Occurs::atLeastOnce, element, most);
 }
 
 /// Alternative `I` of the `std::variant` member `M`.

@@ -22,6 +22,7 @@ constexpr std::uint64_t kStretch = 8 * 1024 * 1024;
 constexpr std::string_view kStem = ".zr-edit-";
 
 bool isOurName(std::string_view name) {
+    name = name.substr(0, name.find('.', kStem.size()));
     return name.starts_with(kStem) && name.find_first_not_of("0123456789-", kStem.size()) == name.npos;
 }
 
@@ -74,8 +75,9 @@ void Successor::fail(int error) const {
 
 void Successor::make(mode_t mode) {
     const std::string stem = std::string(kStem) + std::to_string(::getpid()) + "-";
+    const std::string extension = HUTFile::getExt(target_);
     for (int n = 0; !isMade_; ++n) {
-        name_ = stem + std::to_string(n);
+        name_ = stem + std::to_string(n) + (extension.empty() ? "" : "." + extension);
         file_ = Descriptor(
             ::openat(directory_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (!file_.isOpen() && errno == EEXIST) continue;
@@ -105,6 +107,8 @@ void Successor::write(std::uint64_t offset, std::string_view bytes) {
     }
 }
 
+std::string Successor::path() const { return HUTFile::getParent(target_) + "/" + name_; }
+
 void Successor::takeModeAndOwner(const struct stat& of) {
     const bool isGiven = ::fchown(file_.get(), of.st_uid, of.st_gid) == 0 ||
                          (::fchown(file_.get(), static_cast<uid_t>(-1), of.st_gid) == 0 && of.st_uid == ::geteuid());
@@ -116,9 +120,10 @@ void Successor::sync() {
     if (::fsync(file_.get()) != 0) fail(errno);
 }
 
-void Successor::takePlace() {
+void Successor::takePlace(bool mayReplace) {
     const std::string name = target_.substr(target_.rfind('/') + 1);
-    if (::renameat(directory_.get(), name_.c_str(), directory_.get(), name.c_str()) != 0) fail(errno);
+    const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
+    if (::renameat2(directory_.get(), name_.c_str(), directory_.get(), name.c_str(), flags) != 0) fail(errno);
     isMade_ = false;
     if (::fsync(directory_.get()) != 0) fail(errno);
     removeStrays(directory_.get());

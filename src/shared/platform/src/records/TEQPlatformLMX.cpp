@@ -50,8 +50,8 @@ constexpr auto kAnonHardwarePlatformChildren = xml::children<AnonHardwarePlatfor
 constexpr auto kHwEmuOnlyChildren =
     xml::children<HwEmuOnly>(one<&HwEmuOnly::hwEmuPlatform>("hwEmuPlatform", kHwEmuPlatform));
 
-constexpr auto kPartitionedChildren = xml::children<Partitioned>(
-    atLeastOne<&Partitioned::reconfigurablePartitions>("reconfigurablePartition", kReconfigurablePartition));
+constexpr auto kPartitionedChildren = xml::children<Partitioned>(atLeastOne<&Partitioned::reconfigurablePartitions>(
+    "reconfigurablePartition", kReconfigurablePartition, kMostPartitions));
 
 constexpr auto kHardwarePlatformsAttributes =
     xml::attributes<HardwarePlatforms>(optional<&HardwarePlatforms::defaultRP>("defaultRP"));
