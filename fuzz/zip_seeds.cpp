@@ -54,6 +54,14 @@ Zip withReservedCode() {
     return of({entry.both(&Header::method, 8).both(&Header::packedSize, entry.packed.size())});
 }
 
+/// A digest in form, made of other bytes: the zeros of its rows and of its comment.
+Zip withDigest() {
+    Zip zip = of({Entry("lfa.json", "{}"), Entry("a", "data", true)});
+    for (Entry& entry : zip.entries) entry.central.extra = builder::extra(0x525A, std::string(32, '\0'));
+    zip.comment = "zr-digest:1:sha256:" + std::string(64, '0') + "\na comment";
+    return zip;
+}
+
 Entry link() {
     Entry entry("link", "target");
     entry.mode = 0120777;
@@ -79,6 +87,7 @@ int main(int count, char** arguments) {
         {"nested",
          of({Entry("inner.zip", of({Entry("innermost.zip", of({Entry("a", text, true)}).build())}).build())})},
         {"reserved", withReservedCode()},
+        {"digest", withDigest()},
         {"link", of({link()})},
         {"twice", of({Entry("a", "1"), Entry("a", "2")})},
     };
