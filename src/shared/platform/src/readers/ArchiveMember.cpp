@@ -21,7 +21,9 @@ std::optional<std::string> read(const std::string& archive, std::string_view mem
 }  // namespace
 
 std::string_view withoutLeadingDot(std::string_view member) {
-    if (member.size() < 2 || member[1] != '/') return member;
+    constexpr std::string_view kLineEnds = "\n\r";
+    if (member.size() < 2 || member[1] != '/' || member.find_first_of(kLineEnds) != std::string_view::npos)
+        return member;
     const auto rest = member.find_first_not_of('/', 1);
     return rest == std::string_view::npos ? std::string_view() : member.substr(rest);
 }
