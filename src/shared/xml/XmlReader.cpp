@@ -180,8 +180,11 @@ void Reader::run(std::string_view text) {
 
     if (text.size() > kMaxDocument)
         stopWith_("", fmt::format("the document has {} bytes; at most {} are read", text.size(), kMaxDocument));
-    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR && !stopped_)
+    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR &&
+             !stopped_) {
+        if (XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
         stopWith_(openName_(), malformed_());
+    }
     if (thrown_) std::rethrow_exception(thrown_);
     if (!first_.empty()) throw Exception(std::move(first_.front()));
 }
