@@ -18,7 +18,7 @@
 namespace zip {
 namespace {
 
-constexpr std::uint64_t kStretch = 8 * 1024 * 1024;
+constexpr std::uint64_t kStretch = 8UL * 1024 * 1024;
 constexpr std::string_view kStem = ".zr-edit-";
 
 bool isOurName(std::string_view name) {

@@ -101,7 +101,8 @@ void ArchiveChanges::writeDocument(const HTEQHardwarePlatform& platform) {
 
 void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::string& type, const std::string& member,
                                  const std::string& source) {
-    const std::string file = platform.getPlatformFile(), document = platform.getJsonFileName();
+    const std::string& file = platform.getPlatformFile();
+    const std::string document = platform.getJsonFileName();
     if (file.empty()) throw HEXAlgException(wordsOf("archiveFile", "lfaFile is not set"));
     if (document.empty()) throw HEXAlgException(wordsOf("archiveFile", "jsonFile is not set"));
     if (!HUTFile::isFile(file)) throw HEXAlgException(wordsOf("archiveFile", "lfaFile does not exist"));
@@ -119,7 +120,7 @@ void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::stri
 
 void ArchiveChanges::addMember(const HTEQHardwarePlatform& platform, const std::string& member,
                                const std::string& source) {
-    const std::string file = platform.getPlatformFile();
+    const std::string& file = platform.getPlatformFile();
     if (file.empty()) return;
     zip::SourceFile opened = openSource(source);
     const auto edit = openArchive("archiveFile", platform, file);
