@@ -8,6 +8,8 @@
 #include "Reference.h"
 #include "Verbs.h"
 
+#include <text/HSTStringUtils.h>
+
 namespace {
 
 std::vector<std::string> choicesOf(const Option& option) {
@@ -60,7 +62,7 @@ std::string complaint(const CLI::ParseError& error, const std::string& first) {
     for (const Verb& verb : verbs()) names.push_back(verb.name);
     const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
     if (isVerb || first.empty() || first.starts_with("-")) return error.what();
-    return "there is no verb '" + escaped(first) + "'" + nearest(first, names);
+    return "there is no verb '" + HSTStringUtils::printable(first) + "'" + nearest(first, names);
 }
 
 void write(const std::string& text) { Console::take().data(text); }

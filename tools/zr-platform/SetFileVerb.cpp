@@ -5,6 +5,7 @@
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQTmpDirObject.h>
 #include <platform/JSONWriter.h>
+#include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
 #include "Changes.h"
@@ -52,7 +53,8 @@ int runSetFile(const Call& call) {
     platform->setWritesPlatformFile(!call.has("strip-paths"));
     const std::vector<std::string> lost = losses(*platform, archive);
     Console& console = Console::take();
-    for (const std::string& change : lost) console.words(escaped(std::string(archive).append(": ").append(change)));
+    for (const std::string& change : lost)
+        console.words(HSTStringUtils::printable(std::string(archive).append(": ").append(change)));
     if (!lost.empty() && !call.has("force")) {
         console.words("nothing was written; --force writes all the same");
         return static_cast<int>(Exit::no);
