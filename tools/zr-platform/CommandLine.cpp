@@ -39,6 +39,10 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     auto& values = call.positionals[name];
     if (name.ends_with("..."))
         app.add_option(name.substr(0, name.find('.')), values, positional.help)->required();
+    else if (name.starts_with("["))
+        app.add_option_function<std::string>(
+            name.substr(1, name.size() - 2), [&values](const std::string& value) { values = {value}; },
+            positional.help);
     else
         app.add_option_function<std::string>(
                name, [&values](const std::string& value) { values = {value}; }, positional.help)
