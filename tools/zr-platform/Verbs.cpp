@@ -80,6 +80,14 @@ const std::vector<Verb> kVerbs = {
      "can stamp it anew.",
      "u77/hw/u77.lfa",
      runVerify},
+    {"schema",
+     {{"FORMAT", "one of zdf, spfm, hpfm, emu"}},
+     {},
+     "Print the W3C XML Schema of a format",
+     "Made from the tables that the readers use, with what each element and attribute means: an editor that knows "
+     "schemas completes and checks documents by it. docs/schemas.md tells how, and what a schema cannot say.",
+     "zdf",
+     runSchema},
 };
 
 constexpr Option kCommon[] = {

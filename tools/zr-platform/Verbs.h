@@ -48,3 +48,4 @@ int runMembers(const Call& call);
 int runExtract(const Call& call);
 int runSetFile(const Call& call);
 int runVerify(const Call& call);
+int runSchema(const Call& call);
