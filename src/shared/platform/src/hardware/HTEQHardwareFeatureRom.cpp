@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "hardware/HardwareKeys.h"
+#include "hardware/RomNames.h"
 #include "hardware/RomNumbers.h"
 #include "msg/HEXAll.h"
 
@@ -51,9 +52,6 @@ void store(unsigned char* header, std::size_t offset, Number value) {
     std::memcpy(header + offset, &value, sizeof value);
 }
 
-/// The text of a name field, which a writer of the raw header may have left without its NUL.
-std::string nameText(const unsigned char* field) { return {field, std::find(field, field + Rom::kNameSize, '\0')}; }
-
 void storeName(unsigned char* field, const unsigned char (&bytes)[Rom::kNameSize], const char* what) {
     if (std::find(bytes, std::end(bytes), '\0') == std::end(bytes))
         throw HEXDataException("The " + std::string(what) +
@@ -62,12 +60,9 @@ void storeName(unsigned char* field, const unsigned char (&bytes)[Rom::kNameSize
     std::strncpy(reinterpret_cast<char*>(field), reinterpret_cast<const char*>(bytes), Rom::kNameSize);
 }
 
-/// A name of the metadata, cut to what the field can hold.
 template <auto Set>
 void setName(Rom& rom, const std::string& text) {
-    unsigned char bytes[Rom::kNameSize] = {};
-    std::copy_n(text.begin(), std::min(text.size(), Rom::kNameSize - 1), bytes);
-    std::invoke(Set, rom, bytes);
+    std::invoke(Set, rom, hardware::romName(text).bytes);
 }
 
 struct Feature {
@@ -115,9 +110,10 @@ constexpr json::Key<Rom> kKeys[] = {
     K::number<&Rom::getMorwenBuildID, &Rom::setMorwenBuildID>("morwenBuildID"),
     K::number<&Rom::getIPBuildID, &Rom::setIPBuildID>("ipBuildID"),
     K::number<&Rom::getTimeSinceEpoch, &Rom::setTimeSinceEpoch>("timeSinceEpoch"),
-    K::text<[](const Rom& rom) { return nameText(rom.getFPGAPartName()); }, &setName<&Rom::setFPGAPartName>>(
-        "fpgaPartName"),
-    K::text<[](const Rom& rom) { return nameText(rom.getVBNVName()); }, &setName<&Rom::setVBNVName>>("vbnvName"),
+    K::text<[](const Rom& rom) { return hardware::romNameText(rom.getFPGAPartName()); },
+            &setName<&Rom::setFPGAPartName>>("fpgaPartName"),
+    K::text<[](const Rom& rom) { return hardware::romNameText(rom.getVBNVName()); }, &setName<&Rom::setVBNVName>>(
+        "vbnvName"),
     K::number<&Rom::getDDRChannelCount, &Rom::setDDRChannelCount>("ddrChannelCount"),
     K::number<&Rom::getDDRChannelSize, &Rom::setDDRChannelSize>("ddrChannelSize"),
     // Written hexadecimal but read decimal: what was written reads as 0.
