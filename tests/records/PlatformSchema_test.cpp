@@ -216,9 +216,10 @@ const std::vector<Disagreement> kDisagreements = {
 TEST(PlatformSchema, TakesTheSamples) {
     std::map<std::string, std::vector<std::string>> samples;
     for (const auto& entry : fs::recursive_directory_iterator(ZR_SOURCE_DIR "/examples")) {
-        const std::string extension = entry.path().extension().string();
-        const std::string format =
-            entry.path().filename() == "hw_emu.xml" ? "emu" : extension.substr(!extension.empty());
+        const std::string name = entry.path().filename().string(), extension = entry.path().extension().string();
+        const std::string format = name == "hw_emu.xml"                    ? "emu"
+                                   : name == "cfa.xml" || name == "lfa.xml" ? "cfa"
+                                                                            : extension.substr(!extension.empty());
         if (entry.is_regular_file() && records::findFormat(format))
             samples[format].push_back(contentOf(entry.path().string()));
     }

@@ -49,3 +49,5 @@ int runExtract(const Call& call);
 int runSetFile(const Call& call);
 int runVerify(const Call& call);
 int runSchema(const Call& call);
+int runValidate(const Call& call);
+int runExplain(const Call& call);

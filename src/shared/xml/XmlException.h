@@ -32,15 +32,14 @@ inline constexpr char kRepeatedAttribute[] = "repeated-attribute";
 inline constexpr char kBadValue[] = "bad-value";
 inline constexpr char kOutOfRange[] = "out-of-range";
 inline constexpr char kStrayText[] = "stray-text";
-inline constexpr char kNotWritable[] = "not-writable";  ///< of a record; no document has it
 }  // namespace fault
 
 /// One fault of a document.
 struct Violation {
-    const char* name = "";  ///< one of `fault`
     Place place;
-    std::string element;  ///< local name of the element at fault; may be empty
-    std::string text;     ///< what stands there and what is expected, in one line that a terminal can show
+    std::string element;    ///< local name of the element at fault; may be empty
+    std::string text;       ///< what stands there and what is expected, in one line that a terminal can show
+    const char* name = "";  ///< one of `fault`; empty for what no document has
 };
 using Violations = std::vector<Violation>;
 

@@ -4,6 +4,8 @@
 
 #include <memory>
 #include <new>
+#include <unordered_map>
+#include <utility>
 
 namespace xml {
 
@@ -12,29 +14,32 @@ namespace {
 /// Walks a record by its rows: in a strict sequence their order is that of the document.
 class Walk {
 public:
-    Walk(std::string_view name, const void* target) : name_(name), target_(target) {}
-
-    bool meets(const char* name, const Element& element, void* record) {
-        if (record == target_ && name == name_) return true;
-        ++number;
-        if (element.alternatives.empty()) return meetsIn(element.children, record);
-        for (const Alternative& alternative : element.alternatives)
-            if (void* chosen = alternative.chosen(record)) return meetsIn(alternative.children, chosen);
-        return false;
+    explicit Walk(std::span<const Target> targets) : numbers(targets.size(), 0), targets_(targets) {
+        for (std::size_t i = 0; i < targets.size(); ++i) wanted_.emplace(targets[i].record, i);
     }
 
-    std::size_t number = 0;
+    std::vector<std::size_t> numbers;
+
+    void element(const char* name, const Element& element, void* record) {
+        // A record may stand at the address of its first child's.
+        for (auto [at, end] = wanted_.equal_range(record); at != end; ++at)
+            if (targets_[at->second].name == name) numbers[at->second] = next_;
+        ++next_;
+        children_(element.children, record);
+        for (const Alternative& alternative : element.alternatives)
+            if (void* chosen = alternative.chosen(record)) children_(alternative.children, chosen);
+    }
 
 private:
-    bool meetsIn(std::span<const Child> children, void* record) {
+    void children_(std::span<const Child> children, void* record) {
         for (const Child& child : children)
             for (std::size_t i = 0, count = child.count(record); i < count; ++i)
-                if (meets(child.name, *child.element, child.at(record, i))) return true;
-        return false;
+                element(child.name, *child.element, child.at(record, i));
     }
 
-    std::string_view name_;
-    const void* target_;
+    std::span<const Target> targets_;
+    std::unordered_multimap<const void*, std::size_t> wanted_;
+    std::size_t next_ = 0;
 };
 
 struct Search {
@@ -57,12 +62,11 @@ struct Search {
 
 }  // namespace
 
-std::optional<std::size_t> numberOf(const Format& format, const void* record, std::string_view name,
-                                    const void* target) {
-    Walk walk(name, target);
+std::vector<std::size_t> numbersOf(const Format& format, const void* record, std::span<const Target> targets) {
+    Walk walk(targets);
     // The rows serve the reader too; nothing here writes through them.
-    if (!walk.meets(format.root, *format.element, const_cast<void*>(record))) return std::nullopt;
-    return walk.number;
+    walk.element(format.root, *format.element, const_cast<void*>(record));
+    return std::move(walk.numbers);
 }
 
 std::vector<Place> placesOf(std::string_view text, const std::string& file, std::span<const std::size_t> numbers) {

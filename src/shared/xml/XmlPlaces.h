@@ -1,5 +1,4 @@
 #pragma once
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,10 +11,15 @@
 /// asks about.
 namespace xml {
 
-/// The number of the element `name` whose record is `target`, as elements follow each other in the document that
-/// filled `record`; the document element is 0. Nothing when it is not there.
-std::optional<std::size_t> numberOf(const Format& format, const void* record, std::string_view name,
-                                    const void* target);
+/// An element by its name and the record that it has filled.
+struct Target {
+    std::string_view name;
+    const void* record;
+};
+
+/// The numbers of the elements, in one walk over the record of their document: elements are numbered as they follow
+/// each other, the document element is 0. A target that is not there gets 0.
+std::vector<std::size_t> numbersOf(const Format& format, const void* record, std::span<const Target> targets);
 
 /// Where the tags of these elements begin, in a document that has been read: a place for each, without a line
 /// for a number that the document does not have. `numbers` ascend.

@@ -120,6 +120,7 @@ private:
     void readAttributes_(const char** attributes);
     void readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next);
     std::string unknownAttribute_(const Frame& frame, const Name& name) const;
+    bool isFaulty_(const Attribute& row) const { return std::ranges::find(faulty_, &row) != faulty_.end(); }
     bool ours_(const Name& name) const;
 
     void fail_(const char* name, std::string_view element, std::string text);
@@ -139,7 +140,8 @@ private:
     ParserHandle parser_{nullptr, XML_ParserFree};
     Scopes scopes_;
     std::vector<Frame> frames_;
-    std::size_t skipping_ = 0;  ///< open elements that are passed over, below the last frame
+    std::vector<const Attribute*> faulty_;  ///< of the tag that is being read: there, but without a value
+    std::size_t skipping_ = 0;              ///< open elements that are passed over, below the last frame
     std::size_t nodes_ = 0;
     bool stopped_ = false;
     std::exception_ptr thrown_;  ///< out of a handler; carried past the parser, which is C
@@ -354,6 +356,7 @@ void Reader::text_(std::string_view text) {
 void Reader::readAttributes_(const char** attributes) {
     const Frame& frame = frames_.back();
     std::size_t next = 0;
+    faulty_.clear();
     for (; *attributes && !stopped_; attributes += 2) {
         if (Scopes::isDeclaration(attributes[0])) continue;
         Name name;
@@ -365,7 +368,7 @@ void Reader::readAttributes_(const char** attributes) {
     }
     for (const Attribute& row : frame.element->attributes) {
         if (stopped_) return;
-        if (row.required && !row.type->isSet(row.member(frame.record)))
+        if (row.required && !row.type->isSet(row.member(frame.record)) && !isFaulty_(row))
             fail_(fault::kMissingAttribute, frame.name,
                   fmt::format("<{}> needs the attribute {}", frame.name, row.name));
     }
@@ -380,15 +383,16 @@ void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_vi
         if (name.local != row.name) continue;
         next = (next + i + 1) % rows.size();
         void* attr = row.member(frame.record);
-        if (row.type->isSet(attr)) {
+        if (row.type->isSet(attr) || isFaulty_(row)) {
             fail_(fault::kRepeatedAttribute, frame.name,
                   fmt::format("<{}> has the attribute {} twice", frame.name, row.name));
             return;
         }
         const Fault wrong = row.type->assign(attr, value);
-        if (wrong != Fault::none)
-            fail_(wrong == Fault::form ? fault::kBadValue : fault::kOutOfRange, frame.name,
-                  complaint(row, frame.name, value, wrong));
+        if (wrong == Fault::none) return;
+        faulty_.push_back(&row);
+        fail_(wrong == Fault::form ? fault::kBadValue : fault::kOutOfRange, frame.name,
+              complaint(row, frame.name, value, wrong));
         return;
     }
     fail_(fault::kUnknownAttribute, frame.name, unknownAttribute_(frame, name));
@@ -432,11 +436,11 @@ void Reader::stop_() {
 
 Violation Reader::violation_(const char* name, std::string_view element, std::string text) const {
     const auto offset = XML_GetCurrentByteIndex(parser_.get());
-    return {name,
-            {file_, offset < 0 ? 0 : static_cast<std::uint64_t>(offset), XML_GetCurrentLineNumber(parser_.get()),
+    return {{file_, offset < 0 ? 0 : static_cast<std::uint64_t>(offset), XML_GetCurrentLineNumber(parser_.get()),
              XML_GetCurrentColumnNumber(parser_.get()) + 1},
             std::string(element),
-            std::move(text)};
+            std::move(text),
+            name};
 }
 
 std::string Reader::malformed_() const {
@@ -456,7 +460,7 @@ std::string textOf(const std::string& file) {
     try {
         return wholefile::read(file, kMaxDocument);
     } catch (const HEXUserException& e) {
-        throw Exception(Violation{fault::kUnreadable, {.file = file}, "", e.what()});
+        throw Exception(Violation{{.file = file}, "", e.what(), fault::kUnreadable});
     }
 }
 

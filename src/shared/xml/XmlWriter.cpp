@@ -21,7 +21,7 @@ Content contentOf(const Element& element, void* record) {
 }
 
 [[noreturn]] void fail(const char* element, std::string text) {
-    throw Exception(Violation{fault::kNotWritable, {}, element, std::move(text)});
+    throw Exception(Violation{{}, element, std::move(text)});
 }
 
 /// The length of the character that begins `text` when XML can hold it, else 0.

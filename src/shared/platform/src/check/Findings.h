@@ -20,6 +20,7 @@ inline constexpr char kNotANumber[] = "not-a-number";
 inline constexpr char kNotAFlag[] = "not-a-flag";
 inline constexpr char kMissingFile[] = "missing-file";
 inline constexpr char kWrongExtension[] = "wrong-extension";
+inline constexpr char kNewerSchema[] = "newer-schema";
 inline constexpr char kNoMetadata[] = "no-metadata";
 inline constexpr char kDamagedMember[] = "damaged-member";
 inline constexpr char kMissingMember[] = "missing-member";

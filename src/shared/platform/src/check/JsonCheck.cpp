@@ -130,7 +130,7 @@ void JsonCheck::checkItems_(const ptree& list, const json::Shape& shape, const P
 }
 
 bool JsonCheck::isObject_(const ptree& value, const Path& path) {
-    const char* const wrong = !value.empty() ? hasNamelessChild(value) ? "a list" : nullptr
+    const char* const wrong = !value.empty()     ? hasNamelessChild(value) ? "a list" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
     if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where an object is read");
@@ -138,7 +138,7 @@ bool JsonCheck::isObject_(const ptree& value, const Path& path) {
 }
 
 bool JsonCheck::isList_(const ptree& value, const Path& path) {
-    const char* const wrong = !value.empty() ? hasNamedChild(value) ? "an object" : nullptr
+    const char* const wrong = !value.empty()     ? hasNamedChild(value) ? "an object" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
     if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where a list is read");

@@ -1,24 +1,18 @@
 #pragma once
-#include <string_view>
-
 #include "check/Findings.h"
 #include "records/Formats.h"
+#include "xml/XmlException.h"
 
 namespace check {
 
-/// A file that a descriptor names.
-struct NamedFile {
-    enum class Kind { hardware, emulation, software };
-    Kind kind;
-    std::string path;
-};
+/// Holds a document against its format; true when it is valid.
+bool checkSyntax(const Source& source, const records::FormatRow& format, Findings& findings);
 
-/// Checks a document of the format; true when it is valid. A valid descriptor's files are added to `files`, those that
-/// do not exist are findings.
-bool checkXml(const Source& source, const records::FormatRow& format, Findings& findings,
-              std::vector<NamedFile>* files = nullptr);
-
-/// The format of a document by its file's name, or else the one that it follows furthest.
+/// The format of a document: by its file's name, or else the one that it follows furthest.
 const records::FormatRow& formatOf(const Source& source);
+
+/// A finding at a place in the source.
+CheckFinding findingAt(const Source& source, const xml::Place& place, const char* name, std::string element,
+                       std::string text);
 
 }  // namespace check

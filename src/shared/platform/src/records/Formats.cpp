@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "records/TEQCfaXmlLMX.h"
 #include "records/TEQEmulationLMX.h"
 #include "records/TEQHpfmLMX.h"
 #include "records/TEQPlatformLMX.h"
@@ -22,6 +23,7 @@ constexpr FormatRow kFormats[] = {
     row<TEQPlatform::kDocument>("zdf", "a platform descriptor"),
     row<TEQSoftwarePlatform::kDocument>("spfm", "a software platform"),
     row<WELHardwarePlatform::kDocument>("hpfm", "the hardware as its generator sees it"),
+    row<BasePlatform::kDocument>("cfa", "the metadata of an older hardware archive"),
     row<TEQEmulation::kDocument>("emu", "emulation targets"),
 };
 

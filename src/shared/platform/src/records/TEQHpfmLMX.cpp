@@ -32,8 +32,8 @@ constexpr auto kClockAttributes = xml::attributes<Clock>(
                            "keeps this as its original name."),
     required<&Clock::instanceRef>("instanceRef", "Instance that makes the clock."),
     required<&Clock::componentRef>("componentRef", "Component that the instance is of."),
-    required<&Clock::frequency>("frequency", "Frequency in MHz, a decimal number; kept as it is written."),
-    required<&Clock::period>("period", "Period in ns, a decimal number; kept as it is written."),
+    required<&Clock::frequency>("frequency", "Frequency, a decimal number without a unit; kept as it is written."),
+    required<&Clock::period>("period", "Period, a decimal number without a unit; kept as it is written."),
     required<&Clock::status>("status", "fixed, scalable, changeable or reserved, in any letter case."),
     optional<&Clock::id>("id",
                          "Number of the clock, 0 to 65535. Of several clocks with one number the last answers; "

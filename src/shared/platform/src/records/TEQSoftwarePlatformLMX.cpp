@@ -19,7 +19,7 @@ constexpr auto kPrebuilt = xml::element(kPrebuiltAttributes);
 constexpr auto kImageAttributes = xml::attributes<Image>(
     required<&Image::name>("name", "Name of the image."), optional<&Image::type>("type", "Kind of image."),
     required<&Image::bif>("bif", "File that tells how the boot image is composed."),
-    optional<&Image::imageData>("imageData", "Directory of the image's files."),
+    optional<&Image::imageData>("imageData", "Data of the image."),
     optional<&Image::bootmode>("bootmode", "What the device boots from, such as sd."),
     optional<&Image::rootfs>("rootfs", "File of the root file system."),
     optional<&Image::mountPath>("mountPath", "Where the image is mounted on the target."),
@@ -28,7 +28,7 @@ constexpr auto kImageAttributes = xml::attributes<Image>(
         "qemuDevicetree",
         "Device tree for QEMU. With this, qemuBoot or qemuArguments the configuration supports QEMU."),
     optional<&Image::qemuBoot>("qemuBoot", "Boot file for QEMU."),
-    optional<&Image::qemuArguments>("qemuArguments", "File of arguments for QEMU."),
+    optional<&Image::qemuArguments>("qemuArguments", "Arguments for QEMU."),
     optional<&Image::hwBootBin>("hwBootBin", "Boot file for the hardware."));
 constexpr auto kImage = xml::element(kImageAttributes);
 
@@ -64,10 +64,8 @@ constexpr auto kProcessorGroupAttributes = xml::attributes<ProcessorGroup>(
     required<&ProcessorGroup::name>("name", "Name of the group."),
     required<&ProcessorGroup::displayName>("displayName", "Name for people."),
     required<&ProcessorGroup::cpuType>("cpuType", "Type of the group's processors, such as x86 or cortex-a72."),
-    optional<&ProcessorGroup::architecture>("architecture",
-                                            "Width or kind of the processor's architecture, such as 64."),
-    optional<&ProcessorGroup::cpuInstance>("cpuInstance",
-                                           "Which processors belong to the group, separated by commas."));
+    optional<&ProcessorGroup::architecture>("architecture", "Architecture of the processors."),
+    optional<&ProcessorGroup::cpuInstance>("cpuInstance", "Instance of the processor."));
 constexpr auto kProcessorGroupChildren = xml::children<ProcessorGroup>(
     one<&ProcessorGroup::os>("os", kOs, "The operating system and its build settings."));
 constexpr auto kProcessorGroup = xml::element(kProcessorGroupAttributes, kProcessorGroupChildren);
