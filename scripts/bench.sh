@@ -5,7 +5,7 @@ cd "$(dirname "$0")/.."
 rounds=${1:-60}
 bin=$PWD/build/bench/bench
 data=$PWD/build/bench-data
-[ -f "$data/p100.zdf" ] || python3 bench/gen.py "$data"
+[ -f "$data/aclean.lfa" ] || python3 bench/gen.py "$data"
 cd "$data"
 
 documents() { # TITLE BASE
