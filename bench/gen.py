@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Seeded inputs of the benchmarks.  usage: gen.py OUTDIR"""
+"""Seeded inputs of the benchmarks.  usage: gen.py OUTDIR [300]
+
+With 300, only the archive of 300 MB and a file to put into it."""
 import json
 import os
 import random
@@ -118,22 +120,31 @@ def put(file, content):
         made.write(content)
 
 
+def make_all():
+    put("sample.spfm", SOFTWARE)
+    documents = {"40k": metadata(40_000), "400k": metadata(400_000), "4m": metadata(4_000_000)}
+    for size, document in documents.items():
+        put("m%s.json" % size, document)
+    for base, size, members, big in (("a400k", "400k", 60, 3_000_000), ("a40k", "40k", 60, 3_000_000),
+                                     ("a4m", "4m", 60, 3_000_000), ("a5000", "400k", 5000, 3_000_000),
+                                     ("abig", "40k", 60, 66_000_000)):
+        archive(os.path.join(OUT, base + ".lfa"), documents[size], members, big)
+        put(base + ".zdf", descriptor(base + ".lfa"))
+    for i in range(100):
+        archive(os.path.join(OUT, "rp%d.lfa" % i), documents["40k"], 10, 100_000)
+    for count in (10, 100):
+        put("p%d.zdf" % count, partitioned(count))
+    # One whose listed files are all there, as who checks archives hopes to find it.
+    with zipfile.ZipFile(os.path.join(OUT, "aclean.lfa"), "w", zipfile.ZIP_DEFLATED, compresslevel=6) as made:
+        made.writestr("lfa.json", documents["400k"])
+        for file in json.loads(documents["400k"])["files"]:
+            made.writestr(file["name"], b"")
+
+
+def make_300():
+    put("new.bit", bitstream(3_000_000))
+    archive(os.path.join(OUT, "a300.lfa"), metadata(400_000), 60, 400_000_000)
+
+
 os.makedirs(OUT, exist_ok=True)
-put("sample.spfm", SOFTWARE)
-documents = {"40k": metadata(40_000), "400k": metadata(400_000), "4m": metadata(4_000_000)}
-for size, document in documents.items():
-    put("m%s.json" % size, document)
-for base, size, members, big in (("a400k", "400k", 60, 3_000_000), ("a40k", "40k", 60, 3_000_000),
-                                 ("a4m", "4m", 60, 3_000_000), ("a5000", "400k", 5000, 3_000_000),
-                                 ("abig", "40k", 60, 66_000_000)):
-    archive(os.path.join(OUT, base + ".lfa"), documents[size], members, big)
-    put(base + ".zdf", descriptor(base + ".lfa"))
-for i in range(100):
-    archive(os.path.join(OUT, "rp%d.lfa" % i), documents["40k"], 10, 100_000)
-for count in (10, 100):
-    put("p%d.zdf" % count, partitioned(count))
-# One whose listed files are all there, as who checks archives hopes to find it.
-with zipfile.ZipFile(os.path.join(OUT, "aclean.lfa"), "w", zipfile.ZIP_DEFLATED, compresslevel=6) as made:
-    made.writestr("lfa.json", documents["400k"])
-    for file in json.loads(documents["400k"])["files"]:
-        made.writestr(file["name"], b"")
+make_300() if sys.argv[2:] == ["300"] else make_all()

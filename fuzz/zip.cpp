@@ -39,10 +39,7 @@ void readAll(const zip::Archive& archive, int depth) {
         require(archive.find(member.name) == &member, "each member is found by its name");
         const auto whole = readWhole(archive, member);
         const auto pieces = readInPieces(archive, member);
-        // Whole members are unpacked by another library than pieces, and it alone takes the two length codes that are
-        // reserved; the CRC has agreed all the same.
-        const bool isTakenWhole = whole && !pieces && member.method == zip::Method::deflated;
-        require(isTakenWhole || whole == pieces, "a member is the same whole and in pieces");
+        require(whole == pieces, "a member is the same whole and in pieces");
         if (!whole) continue;
         require(whole->size() == member.size, "a member has as many bytes as its archive says");
         if (depth == kMostDeep) continue;

@@ -8,23 +8,29 @@
 #include "MembersByLibzip.h"
 #include "zip/Archive.h"
 #include "zip/ArchiveError.h"
+#include "zip/Inflater.h"
 #include "zip/MemoryBytes.h"
+#include "zip/PackedData.h"
 
 namespace {
 
 constexpr std::uint64_t kMostBytes = 1 << 20;
 
-/// In pieces: with the library that libzip unpacks with, so that both refuse the same packed data.
 std::optional<std::string> dataOf(const zip::Archive& archive, const zip::Member& member) {
-    std::string data;
-    zip::OutputBudget budget(kMostBytes);
     try {
-        archive.copyTo(
-            member, [&data](std::string_view piece) { data += piece; }, budget);
+        return archive.read(member, kMostBytes);
     } catch (const zip::ArchiveError&) {
         return std::nullopt;
     }
-    return data;
+}
+
+/// Whether the library that libzip unpacks with takes the packed data: it alone refuses the two length codes that are
+/// reserved.
+bool isTakenByZlib(const zip::Archive& archive, const zip::Member& member) {
+    if (member.method == zip::Method::stored) return true;
+    zip::PackedData packed(archive.bytes(), archive.name(), member, member.packedSize);
+    zip::Inflater inflater(kMostBytes);
+    return inflater.unpack(packed.next(), [](std::string_view) {}).empty() && inflater.isDone();
 }
 
 /// libzip may take an end record in a member's data for the archive's own; our reader knows it by its comment, which
@@ -62,8 +68,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(theirs[i].name == member.name, "names are the same");
         require(theirs[i].size == member.size, "sizes are the same");
         if (const auto read = dataOf(*ours, member)) {
-            require(theirs[i].isRead, "libzip reads what we read");
-            require(theirs[i].data == *read, "data are the same");
+            require(theirs[i].isRead || !isTakenByZlib(*ours, member), "libzip reads what we read");
+            require(!theirs[i].isRead || theirs[i].data == *read, "data are the same");
         }
     }
     return 0;

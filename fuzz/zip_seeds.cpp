@@ -47,6 +47,21 @@ Zip withComment() {
     return zip;
 }
 
+/// Packed data with a length code that is reserved, which one of the two libraries takes.
+Zip withReservedCode() {
+    Entry entry("reserved", std::string(259, 'x'));
+    entry.packed = std::string("\xAB\x18\x03\0", 4);
+    return of({entry.both(&Header::method, 8).both(&Header::packedSize, entry.packed.size())});
+}
+
+/// A digest in form, made of other bytes: the zeros of its rows and of its comment.
+Zip withDigest() {
+    Zip zip = of({Entry("lfa.json", "{}"), Entry("a", "data", true)});
+    for (Entry& entry : zip.entries) entry.central.extra = builder::extra(0x525A, std::string(32, '\0'));
+    zip.comment = "zr-digest:1:sha256:" + std::string(64, '0') + "\na comment";
+    return zip;
+}
+
 Entry link() {
     Entry entry("link", "target");
     entry.mode = 0120777;
@@ -71,6 +86,8 @@ int main(int count, char** arguments) {
         {"utf8", of({Entry("gr\xC3\xBC\xC3\x9F", "data").both(&Header::flags, 0x800)})},
         {"nested",
          of({Entry("inner.zip", of({Entry("innermost.zip", of({Entry("a", text, true)}).build())}).build())})},
+        {"reserved", withReservedCode()},
+        {"digest", withDigest()},
         {"link", of({link()})},
         {"twice", of({Entry("a", "1"), Entry("a", "2")})},
     };

@@ -20,6 +20,8 @@ public:
     void parse(const std::string& path);
     /// The partitions of the file, without a platform.
     static HSTVector<HTEQTilPartition> read(const std::string& path);
+    /// The partitions of a file's text, whose name stands in the exception.
+    static HSTVector<HTEQTilPartition> readText(const std::string& text, const std::string& name);
 
 private:
     HTEQHardwarePlatform& platform_;

@@ -10,24 +10,13 @@ class ZR_API PlatformTilprjFileExtractor {
 public:
     /// `platform` must outlive the extractor.
     explicit PlatformTilprjFileExtractor(const HTEQHardwarePlatform& platform) : platform_(platform) {}
-    /// Removes the temporary copy of the project if this object made one.
-    ~PlatformTilprjFileExtractor();
-    PlatformTilprjFileExtractor(const PlatformTilprjFileExtractor&) = delete;
-    PlatformTilprjFileExtractor& operator=(const PlatformTilprjFileExtractor&) = delete;
-
     /// Copies the member `path` of the project to the file `destination`. False when there is no project, it has no
     /// such member, or the file cannot be written.
-    bool extractFile(const std::string& path, const std::string& destination);
+    bool extractFile(const std::string& path, const std::string& destination) const;
     /// Copies the project itself, the file of type "TILPRJ", or of the older "ME_ARCHIVE". True at once when
     /// `destination` is a file already.
     bool extractTILPRJFile(const std::string& destination) const;
 
 private:
-    bool extract_(const std::string& member, const std::string& archive, const std::string& destination) const;
-    bool provideProject_();
-    void removeProject_();
-
     const HTEQHardwarePlatform& platform_;
-    std::string project_;
-    bool ours_ = false;
 };

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "text/HSTVector.h"
@@ -33,8 +34,10 @@ public:
     /// Makes an archive of all that is in `folder`: the same bytes each time and on each machine. A folder in it
     /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name. The archive,
     /// and those in it, carry a digest. Links and devices are errors. Without `overwrite` it is an error when
-    /// `archive` exists. The archive appears whole or not at all.
-    static void compressDir(const std::string& folder, const std::string& archive, bool overwrite = true);
+    /// `archive` exists. The archive appears whole or not at all. `accept`, if any, is called with the path of the
+    /// finished archive before it takes its place, which it prevents by throwing.
+    static void compressDir(const std::string& folder, const std::string& archive, bool overwrite = true,
+                            const std::function<void(const std::string&)>& accept = {});
 
     /// Gives the archive a digest: the SHA-256 of each member in its row of the directory, and one over all in the
     /// archive's comment, in front of what stands there. An archive with a valid one is not written. Throws

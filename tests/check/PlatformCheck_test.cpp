@@ -70,6 +70,12 @@ TEST(PlatformCheck, TellsThePlacesOfJsonValues) {
                "lfa.json:10:28: featureRoms[0].uuid [refused-value]"}));
 }
 
+TEST(PlatformCheck, MissesKeysWithoutWhichAReaderFails) {
+    EXPECT_EQ(foundIn({{"lfa.json",
+                        "{\"devices\": [{}], \"featureRoms\": [{}],\n\"tilHardware\": {\"npiBaseAddress\": 1}}"}}),
+              Lines({"lfa.json:1:14: devices[0] [missing-key]", "lfa.json:2:16: tilHardware [missing-key]"}));
+}
+
 TEST(PlatformCheck, TakesWhatReadersTake) {
     EXPECT_EQ(foundIn({{"lfa.json", "{}"}}), Lines());
     EXPECT_EQ(foundIn({{"lfa.json", R"({"vendor": 1, "versionMajor": " -5", "usesPR": "TRUE", "devices": null,

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <regex>
 
+#include <msg/MsgCatalogue.h>
 #include <platform/HTEQPlatformCAPI.h>
 
 #include "support/Run.h"
@@ -68,6 +69,7 @@ TEST(Help, EachVerbHasAnExampleThatRuns) {
 TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
         << "./dev docs writes it anew";
+    EXPECT_EQ(tool({"--reference", "findings"}).out, contentOf(ZR_SOURCE_DIR "/docs/validate.md"));
     const Scratch scratch;
     scratch.put("zr.1", tool({"--reference", "man"}).out);
     const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
@@ -160,7 +162,9 @@ TEST(SetFile, NamesWhatTheMetadataLosesAndRefuses) {
     const Scratch scratch;
     const std::string archive = scratch / "x.lfa", source = scratch.put("pre.tcl", "puts hello\n");
     scratch.put("in/lfa.json",
-                R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}]})");
+                R"({"vendor": "v", "makersOwn": {"key": 1}, "files": [{"name": "a", "type": "DCP"}],
+                    "memories": [{"name": "m", "configParams": [{"name": "TIMEPERIOD_PS", "value": "1"},
+                                                                {"name": "CAS_LATENCY", "value": "2"}]}]})");
     scratch.put("in/a", "checkpoint");
     ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
     const std::string before = contentOf(archive);
@@ -207,6 +211,24 @@ TEST(SetFile, RefusesWhatItCannotPut) {
     EXPECT_THAT(tool({"set-file", scratch / "alt.lfa", "DCP", "m", source}).err, HasSubstr("alt_lfa.json"));
 }
 
+TEST(SetFile, LeavesTheArchiveWhenTheDiskIsFull) {
+    const Scratch scratch;
+    const std::string archive = scratch / "x.lfa";
+    scratch.put("in/lfa.json", "{}");
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    std::string noise;
+    for (std::uint32_t n = 1; noise.size() < 100'000; n = n * 1664525 + 1013904223)
+        noise += static_cast<char>(n >> 24);
+    const std::string before = contentOf(archive), source = scratch.put("s", noise);
+    // A file that may grow to 8 KiB stands for a disk that has no more.
+    const Result full = run({"sh", "-c", "trap '' XFSZ; ulimit -f 16; exec \"$@\"", "sh", ZR_TOOL, "set-file",
+                             archive, "DCP", "m", source, "--force", "--strip-paths"});
+    EXPECT_EQ(full.exit, 4) << full.err;
+    EXPECT_THAT(full.err, HasSubstr("x.lfa"));
+    EXPECT_TRUE(contentOf(archive) == before);
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "s", "x.lfa"})) << "no stray file";
+}
+
 TEST(Verify, TellsWhichMemberDiffers) {
     const Scratch scratch;
     const std::string archive = scratch / "x.lfa";
@@ -231,6 +253,85 @@ TEST(Verify, TellsWhichMemberDiffers) {
     EXPECT_EQ(two.exit, 3) << "the worst of all, and the good one is told";
     EXPECT_THAT(two.out, HasSubstr("plain.zip: good"));
     EXPECT_THAT(two.err, HasSubstr("text.zip: error: "));
+}
+
+TEST(Validate, PrintsFindingsAsLinesAndAsRecords) {
+    const Scratch scratch;
+    scratch.put("in/lfa.json", "{\"board\": 1,\n \"memories\": [{\"size\": \"1\x1b[31mMB\"}]}");
+    const std::string archive = scratch / "x.lfa";
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const Result lines = tool({"validate", archive});
+    EXPECT_EQ(lines.exit, 1);
+    EXPECT_EQ(lines.out, archive +
+                             "!lfa.json:1:11: error: board: a single value stands where an object is read "
+                             "[wrong-shape]\n" +
+                             archive +
+                             "!lfa.json:2:15: warning: memories[0]: the size \"1\\x1b[31mMB\" counts as 0; a "
+                             "number and GB count, as in \"16GB\" [uncounted-memory]\n");
+    const Result records = tool({"validate", archive, "--json"});
+    EXPECT_EQ(records.exit, 1);
+    EXPECT_THAT(records.out, testing::StartsWith("{\"schema\":\"urn:torvane:zr-platform:finding:1\""));
+    EXPECT_THAT(records.out,
+                HasSubstr("\"member\":\"lfa.json\",\"line\":1,\"column\":11,\"severity\":\"error\",\"name\":"
+                          "\"wrong-shape\",\"element\":\"board\""));
+}
+
+TEST(Validate, ExitsByTheWorst) {
+    const Scratch scratch;
+    const std::string clean = scratch.put("clean.json", "{}"), gone = scratch / "gone.zdf";
+    const std::string warned = scratch.put("warned.json", "{\"usesPR\": \"yes\"}");
+    const std::string wrong = scratch.put("wrong.json", "{\"board\": []}x");
+    const struct {
+        std::vector<std::string> arguments;
+        int exit;
+    } cases[] = {
+        {{clean}, 0},
+        {{warned}, 0},
+        {{warned, "--fail-on=error"}, 0},
+        {{warned, "--fail-on=warning"}, 1},
+        {{clean, "--fail-on=warning"}, 0},
+        {{clean, wrong, warned}, 1},
+        {{gone}, 3},
+        {{wrong, gone, clean, "--ndjson"}, 3},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments = c.arguments;
+        arguments.insert(arguments.begin(), "validate");
+        EXPECT_EQ(tool(arguments).exit, c.exit) << testing::PrintToString(arguments);
+    }
+    EXPECT_THAT(tool({"validate", gone, wrong}).out,
+                testing::AllOf(HasSubstr("gone.zdf: error: "), HasSubstr("[not-json]")))
+        << "one bad file does not spoil the list";
+}
+
+TEST(Explain, KnowsEachMessageAndEachFinding) {
+    for (const MsgRow& row : kMsgCatalogue) {
+        const std::string id(row.id), bare = id.substr(1, id.find('@', 1) - 1);
+        const Result result = tool({"explain", bare});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, testing::AllOf(HasSubstr(std::string(row.text)), HasSubstr("What to do: "))) << id;
+        EXPECT_EQ(tool({"explain", id}).out, result.out);
+        EXPECT_EQ(tool({"explain", "@" + bare}).out, result.out);
+    }
+    const Result finding = tool({"explain", "repeated-clock-id"});
+    EXPECT_THAT(finding.out, testing::StartsWith("repeated-clock-id (warning)\n"));
+    for (const char* part : {"What to do: ", "bad, lfa.json:", "good:", "    {\"systemClocks\""})
+        EXPECT_THAT(finding.out, HasSubstr(part));
+    const Result unknown = tool({"explain", "repeated-clock-ids"});
+    EXPECT_EQ(unknown.exit, 1);
+    EXPECT_EQ(unknown.out, "");
+    EXPECT_THAT(unknown.err, HasSubstr("repeated-clock-id"));
+}
+
+TEST(Schema, PrintsEachFormatAndRefusesOthers) {
+    for (const char* format : {"zdf", "spfm", "hpfm", "cfa", "emu"}) {
+        const Result result = tool({"schema", format});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, HasSubstr("</xs:schema>\n")) << format;
+    }
+    const Result unknown = tool({"schema", "json"});
+    EXPECT_EQ(unknown.exit, 2);
+    EXPECT_THAT(unknown.err, HasSubstr("zdf, spfm, hpfm, cfa, emu"));
 }
 
 TEST(Extract, TakesMembersTypesAndNestedMembers) {

@@ -72,6 +72,30 @@ TEST(TilPartitionsJsonReader, RootsWithTheirChildren) {
     EXPECT_FALSE(platform.findTilPartition("skipped").isPartition());
 }
 
+TEST(TilPartitionsJsonReader, OtherShapesAreNoPartitions) {
+    // What a reader expects at each level, replaced by what JSON has besides.
+    for (const char* other : {"null", "true", "7", R"("text")", "[]", "{}", "[[], {}]", R"([{"a": [1]}])"}) {
+        const std::string shape = other;
+        for (const std::string& text : {shape, "{\"TIL\": " + shape + "}", "{\"TIL\": {\"a\": " + shape + "}}"}) {
+            HPLPlatform platform;
+            platform.parseTILPartitions(fileOf(text));
+            EXPECT_FALSE(platform.hasTilPartitions()) << text;
+        }
+        HPLPlatform parts;
+        parts.parseTILPartitions(fileOf(R"({"TIL": {"a": {"numColumns": "2", "partitions": )" + shape + "}}}"));
+        ASSERT_EQ(parts.getTilPartitions().size(), 1U) << shape;
+        EXPECT_FALSE(parts.getTilPartitions()[0].hasPartitions()) << shape;
+    }
+    for (const char* number : {"null", R"("text")", "{}", "[1, 2]"}) {
+        HPLPlatform platform;
+        platform.parseTILPartitions(
+            fileOf(R"({"TIL": {"a": {"startColumn": "3", "numColumns": )" + std::string(number) + "}}}"));
+        ASSERT_EQ(platform.getTilPartitions().size(), 1U) << number;
+        EXPECT_EQ(platform.getTilPartitions()[0].startColumn(), 3) << number;
+        EXPECT_EQ(platform.getTilPartitions()[0].numColumns(), 0) << number;
+    }
+}
+
 TEST(TilPartitionsJsonReader, WhatIsNotThereAndWhatIsNoJson) {
     HPLPlatform platform;
     platform.parseTILPartitions(HUTEnv::getJUNTmpDir() + "/missing.json");

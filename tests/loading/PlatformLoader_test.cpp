@@ -173,6 +173,27 @@ TEST_F(PlatformLoaderTest, AnEmulationFileOfItsOwnIsWrittenAndABadOneIgnored) {
     EXPECT_TRUE(only->hasDistinctHardwareEmulationPlatform());
 }
 
+TEST_F(PlatformLoaderTest, EmulationMetadataIsAMemberWhateverItsNameSays) {
+    const std::string outside = scratch.put("outside.json", R"({"emulations": []})");
+    const auto listing = [&](const std::string& name, const std::string& more) {
+        return packed(
+            scratch, "h.lfa",
+            {{"lfa.json", R"({"name": "n", "files": [{"type": "EMU_JSON", "name": ")" + name + "\"}]" + more + "}"}});
+    };
+    for (const std::string& name : {std::string("lfa.json"), std::string("../outside.json"), outside,
+                                    std::string("hw_emu/../../outside.json"), std::string(" ")})
+        EXPECT_EQ(load(listing(name, "")), nullptr) << name;
+    EXPECT_THAT(messages.lines()[0], HasSubstr("@74-64@%s%s%s: lfa.json")) << "itself, which has no emulations";
+    for (std::size_t i = 2; i < messages.taken.size(); i += 2)
+        EXPECT_THAT(messages.taken[i].text, HasSubstr("could not be opened")) << "outside is not looked at";
+
+    // Read as emulation metadata, the document is not read as a platform's again; names inside are names only.
+    const auto itself = load(listing("lfa.json", R"(, "emulations": [{"files": [
+        {"type": "EMU_HPFM", "name": "../../etc/passwd"}, {"type": "EMU_JSON", "name": "lfa.json"}]}])"));
+    ASSERT_NE(itself, nullptr);
+    EXPECT_TRUE(itself->getHardwarePlatform()->supportsHWEmulation());
+}
+
 TEST_F(PlatformLoaderTest, PartitionsAnswerByTheirIds) {
     const auto platform = load(partitions(" teq:defaultRP='2'", {"1", "2", "2b"}));
     ASSERT_NE(platform, nullptr);

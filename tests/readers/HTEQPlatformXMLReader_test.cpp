@@ -81,6 +81,21 @@ TEST_F(DescriptorReader, Partitions) {
     EXPECT_EQ(platform_.getHardwarePlatformFile(), "");
 }
 
+TEST_F(DescriptorReader, PartitionsHaveALimit) {
+    std::string most;
+    for (int i = 0; i < 1024; ++i)
+        most += "\n<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>";
+    ASSERT_TRUE(read(zdf(most))) << error_;
+    EXPECT_EQ(platform_.getReconfigurablePartitions().size(), 1024U);
+
+    const Capture capture;
+    EXPECT_FALSE(read(
+        zdf(most + "\n<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>")));
+    EXPECT_NE(error_.find("Line number:1028. <hardwarePlatforms> has more than 1024 <reconfigurablePartition>"),
+              std::string::npos)
+        << error_;
+}
+
 TEST_F(DescriptorReader, DefaultPartitionIsZeroWhenNotNamed) {
     ASSERT_TRUE(read(zdf("<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>")));
     EXPECT_EQ(platform_.getDefaultRPId(), 0U);

@@ -257,6 +257,41 @@ TEST_F(Edit, RefusalsLeaveEveryByte) {
     }
 }
 
+/// What is stored in an archive may end like an archive itself. The library that writes looks for the end in its own
+/// way: no member may be lost to that.
+TEST_F(Edit, AnArchiveAmongTheDataMisleadsNobody) {
+    builder::Zip inner;
+    inner.entries = {builder::Entry("x", "1")};
+    // With a lie elsewhere in the archive the end among the data is the more credible one to that library.
+    const struct {
+        const char* what;
+        std::string data;
+        bool hasLie;
+        const char* words;
+    } cases[] = {
+        {"an archive", inner.build(), false, "nothing was thrown"},
+        {"an empty archive", builder::Zip().build(), false, "nothing was thrown"},
+        {"an empty archive, and a local header that lies", builder::Zip().build(), true,
+         "looks like the end of another one"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        builder::Zip zip;
+        zip.entries = {builder::Entry("lfa.json", "{}"), builder::Entry("a.tilprj", c.data)};
+        if (c.hasLie) zip.entries[0].local.crc ^= 1;
+        scratch_.put("a.lfa", zip.build());
+        const std::string words = wordsOf([&] { putAndCommit("new", "n"); });
+        EXPECT_NE(words.find(c.words), std::string::npos) << words;
+        if (c.hasLie) {
+            expectUntouched(zip.build());
+            continue;
+        }
+        const zip::Archive changed(archive());
+        ASSERT_EQ(changed.members().size(), 3U);
+        EXPECT_EQ(changed.read(*changed.find("a.tilprj")), c.data);
+    }
+}
+
 /// A source that changes its size or its bytes after it was opened, with a digest to be made and without.
 TEST_F(Edit, ASourceThatChangesIsRefused) {
     const std::string before = slurp(archive());

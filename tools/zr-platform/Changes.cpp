@@ -3,6 +3,7 @@
 #include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <charconv>
+#include <unordered_map>
 
 #include "Console.h"
 
@@ -30,6 +31,30 @@ bool isSame(const value& before, const std::string& text) {
     return error == std::errc() && end == text.data() + text.size() && number == before.as_double();
 }
 
+const value* nameOf(const value& item) { return item.is_object() ? item.as_object().if_contains("name") : nullptr; }
+
+/// The items of a list by their names, where those differ: the library sorts some lists by them.
+class NamedItems {
+public:
+    explicit NamedItems(const value* list) : list_(list && list->is_array() ? &list->as_array() : nullptr) {
+        if (!list_) return;
+        for (const value& item : *list_)
+            if (const value* const name = nameOf(item); name && name->is_string())
+                if (const auto [at, isNew] = items_.try_emplace(textOf(*name), &item); !isNew) at->second = nullptr;
+    }
+    /// The item of `other`'s name, else that of its place; null when there is none.
+    const value* partnerOf(const value& other, std::size_t place) const {
+        if (!list_) return nullptr;
+        const value* const name = nameOf(other);
+        const auto at = name ? items_.find(textOf(*name)) : items_.end();
+        return at != items_.end() && at->second ? at->second : list_->if_contains(place);
+    }
+
+private:
+    const boost::json::array* list_;
+    std::unordered_map<std::string, const value*> items_;
+};
+
 class Comparison {
 public:
     std::vector<std::string> found;
@@ -40,8 +65,10 @@ public:
             for (const auto& [key, child] : before.as_object())
                 compare(path.empty() ? std::string(key) : path + "." + std::string(key), child, childOf(after, key));
         } else if (before.is_array()) {
+            const NamedItems items(after);
             for (std::size_t i = 0; i < before.as_array().size(); ++i)
-                compare(path + "[" + std::to_string(i) + "]", before.as_array()[i], itemOf(after, i));
+                compare(path + "[" + std::to_string(i) + "]", before.as_array()[i],
+                        items.partnerOf(before.as_array()[i], i));
         } else if (!after) {
             found.push_back(path + ": lost");
         } else if (!isSame(before, textOf(*after))) {
@@ -52,9 +79,6 @@ public:
 private:
     static const value* childOf(const value* json, boost::json::string_view key) {
         return json && json->is_object() ? json->as_object().if_contains(key) : nullptr;
-    }
-    static const value* itemOf(const value* json, std::size_t i) {
-        return json && json->is_array() ? json->as_array().if_contains(i) : nullptr;
     }
 };
 

@@ -8,6 +8,8 @@
 #include "Reference.h"
 #include "Verbs.h"
 
+#include <text/HSTStringUtils.h>
+
 namespace {
 
 std::vector<std::string> choicesOf(const Option& option) {
@@ -37,6 +39,10 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     auto& values = call.positionals[name];
     if (name.ends_with("..."))
         app.add_option(name.substr(0, name.find('.')), values, positional.help)->required();
+    else if (name.starts_with("["))
+        app.add_option_function<std::string>(
+            name.substr(1, name.size() - 2), [&values](const std::string& value) { values = {value}; },
+            positional.help);
     else
         app.add_option_function<std::string>(
                name, [&values](const std::string& value) { values = {value}; }, positional.help)
@@ -60,7 +66,7 @@ std::string complaint(const CLI::ParseError& error, const std::string& first) {
     for (const Verb& verb : verbs()) names.push_back(verb.name);
     const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
     if (isVerb || first.empty() || first.starts_with("-")) return error.what();
-    return "there is no verb '" + escaped(first) + "'" + nearest(first, names);
+    return "there is no verb '" + HSTStringUtils::printable(first) + "'" + nearest(first, names);
 }
 
 void write(const std::string& text) { Console::take().data(text); }

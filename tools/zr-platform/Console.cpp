@@ -10,7 +10,6 @@
 #include <cstring>
 #include <iostream>
 #include <memory>
-#include <regex>
 #include <sstream>
 
 #include <msg/ComMsgMgr.h>
@@ -32,12 +31,12 @@ Problem Problem::of(Exit exit, std::string file, std::string text) {
 }
 
 std::string Problem::line_() const {
-    std::string place = escaped(file);
-    if (!member.empty()) place += "!" + escaped(member);
+    std::string place = HSTStringUtils::printable(file);
+    if (!member.empty()) place += "!" + HSTStringUtils::printable(member);
     if (line > 0) place += ":" + std::to_string(line);
     if (line > 0 && column > 0) place += ":" + std::to_string(column);
     if (!place.empty()) place += ": ";
-    return place + "error: " + escaped(text) + (id.empty() ? "" : " [" + id + "]");
+    return place + "error: " + HSTStringUtils::printable(text) + (id.empty() ? "" : " [" + id + "]");
 }
 
 Problem archiveProblem(const std::string& archive, const std::string& words) {
@@ -78,14 +77,29 @@ std::string shortId(const std::string& id) { return id.empty() ? "" : id.substr(
 
 unsigned long numberOf(const std::string& text) { return std::strtoul(text.c_str(), nullptr, 10); }
 
+bool isNumber(std::string_view text) {
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 /// Takes a " (column N)" from the end of a text.
 unsigned long takeColumn(std::string& text) {
-    static const std::regex form(R"( \(column (\d+)\)$)");
-    std::smatch match;
-    if (!std::regex_search(text, match, form)) return 0;
-    const unsigned long column = numberOf(match[1]);
-    text.erase(text.size() - static_cast<std::size_t>(match.length()));
-    return column;
+    constexpr std::string_view kOpen = " (column ";
+    const auto at = text.rfind(kOpen);
+    if (at == std::string::npos || text.back() != ')') return 0;
+    const std::string number = text.substr(at + kOpen.size(), text.size() - 1 - at - kOpen.size());
+    if (!isNumber(number)) return 0;
+    text.erase(at);
+    return numberOf(number);
+}
+
+/// What stands behind "Line number:N. " on a line of what was printed; empty when there is no such line.
+std::string faultOnLine(const std::string& printed) {
+    constexpr std::string_view kLine = "Line number:";
+    const auto at = printed.find(kLine);
+    const auto point = at == std::string::npos ? at : printed.find(". ", at);
+    if (point == std::string::npos || !isNumber(printed.substr(at + kLine.size(), point - at - kLine.size())))
+        return "";
+    return printed.substr(point + 2, printed.find('\n', point) - (point + 2));
 }
 
 /// The fault of a file that the XML readers tell: the line is in the message, the text was printed.
@@ -93,12 +107,25 @@ Problem xmlProblem(const ComMsgMgrInstance& message, const std::string& printed)
     Problem problem;
     problem.file = message.args.at(0);
     problem.line = numberOf(message.args.at(1));
-    problem.text = message.text;
-    static const std::regex form(R"(Line number:\d+\. (.*))");
-    std::smatch match;
-    if (std::regex_search(printed, match, form)) problem.text = match[1];
+    problem.text = faultOnLine(printed);
+    if (problem.text.empty()) problem.text = message.text;
     problem.column = takeColumn(problem.text);
     return problem;
+}
+
+/// Takes what stands up to the last "(LINE): " from a text.
+unsigned long takeLine(std::string& text) {
+    constexpr std::string_view kClose = "): ";
+    for (auto close = text.rfind(kClose); close != std::string::npos && close > 0;
+         close = text.rfind(kClose, close - 1)) {
+        const auto open = text.rfind('(', close);
+        if (open == std::string::npos) return 0;
+        const std::string number = text.substr(open + 1, close - open - 1);
+        if (!isNumber(number)) continue;
+        text.erase(0, close + kClose.size());
+        return numberOf(number);
+    }
+    return 0;
 }
 
 /// The fault of an archive's member: member, archive and "member(line): what is wrong".
@@ -107,14 +134,22 @@ Problem memberProblem(const ComMsgMgrInstance& message) {
     problem.member = message.args.at(0);
     problem.file = message.args.at(1);
     problem.text = message.args.at(2);
-    static const std::regex form(R"(^.*\((\d+)\): (.*)$)");
-    std::smatch match;
-    const std::string text = problem.text;
-    if (std::regex_match(text, match, form)) {
-        problem.line = numberOf(match[1]);
-        problem.text = match[2];
-    }
+    problem.line = takeLine(problem.text);
     problem.column = takeColumn(problem.text);
+    return problem;
+}
+
+/// The fault of an archive's XML member: what is wrong, "archive/member" and the line.
+Problem xmlMemberProblem(const ComMsgMgrInstance& message) {
+    Problem problem;
+    problem.text = message.args.at(0);
+    problem.line = numberOf(message.args.at(2));
+    problem.column = takeColumn(problem.text);
+    const std::string& path = message.args.at(1);
+    std::size_t slash = path.rfind('/');
+    if (path.substr(0, slash).ends_with("/hw_emu")) slash -= std::string_view("/hw_emu").size();
+    problem.file = path.substr(0, slash);
+    problem.member = path.substr(slash + 1);
     return problem;
 }
 
@@ -123,7 +158,9 @@ Problem problemOf(const ComMsgMgrInstance& message, const std::string& file, con
     Problem problem;
     if (id == "74-9" || id == "74-51") {
         problem = xmlProblem(message, printed);
-    } else if (id == "74-64") {
+    } else if (id == "74-62") {
+        problem = xmlMemberProblem(message);
+    } else if (id == "74-64" || id == "74-65") {
         problem = memberProblem(message);
     } else {
         problem.file = file;
@@ -147,7 +184,7 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
                                          {"text", message.text}};
         writeAll(2, boost::json::serialize(record) + "\n");
     } else {
-        writeAll(2, escaped(message.text) + " [" + shortId(message.id) + "]\n");
+        writeAll(2, HSTStringUtils::printable(message.text) + " [" + shortId(message.id) + "]\n");
     }
 }
 
@@ -187,7 +224,7 @@ void Console::problem(const Problem& problem) { words(problem.line_()); }
 std::vector<Problem> Console::takeProblems(const std::string& file) {
     const std::string printed = state_->library.str();
     state_->library.str("");
-    if (state_->verbose && !printed.empty()) words(escaped(printed));
+    if (state_->verbose && !printed.empty()) words(HSTStringUtils::printable(printed));
     std::vector<Problem> problems;
     for (const ComMsgMgrInstance& message : std::exchange(state_->messages, {}))
         problems.push_back(problemOf(message, file, printed));
@@ -198,26 +235,6 @@ std::vector<Problem> Console::takeProblems(const std::string& file) {
 
 bool Console::wide() const { return isatty(1) == 1; }
 
-std::string escaped(std::string_view text) {
-    std::string result;
-    while (!text.empty()) {
-        const std::size_t length = HSTStringUtils::utf8Length(text);
-        const auto first = static_cast<unsigned char>(text[0]);
-        // Control characters are one byte, or C2 80 to C2 9F.
-        const bool control = first < 0x20 || first == 0x7F || (length == 2 && first == 0xC2 && (text[1] & 0x20) == 0);
-        if (length > 0 && !control) {
-            result += text.substr(0, length);
-            text.remove_prefix(length);
-            continue;
-        }
-        char form[8];
-        std::snprintf(form, sizeof form, "\\x%02x", first);
-        result += form;
-        text.remove_prefix(1);
-    }
-    return result;
-}
-
 std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows) {
     const std::unique_ptr<libscols_table, void (*)(libscols_table*)> table(scols_new_table(), scols_unref_table);
     for (const std::string& column : columns) {
@@ -226,15 +243,17 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     }
     for (const auto& row : rows) {
         libscols_line* const line = scols_table_new_line(table.get(), nullptr);
-        for (std::size_t i = 0; i < row.size(); ++i) scols_line_set_data(line, i, escaped(row[i]).c_str());
+        for (std::size_t i = 0; i < row.size(); ++i)
+            scols_line_set_data(line, i, HSTStringUtils::printable(row[i]).c_str());
     }
     scols_table_enable_nowrap(table.get(), 1);
     char* text = nullptr;
     scols_print_table_to_string(table.get(), &text);
-    std::string result(text ? text : "");
+    std::vector<std::string> lines = HSTStringUtils::split(text ? text : "", '\n');
     std::free(text);
     // A table's lines are padded to the width of the longest one.
-    return std::regex_replace(result, std::regex(" +(\n|$)"), "$1");
+    for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
+    return HSTStringUtils::join(lines, "\n");
 }
 
 void Records::print(const Call& call, const std::vector<std::string>& columns) const {

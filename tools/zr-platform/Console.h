@@ -54,9 +54,6 @@ private:
     State* state_;
 };
 
-/// Bytes from files as a terminal may see them: control characters and invalid UTF-8 escaped.
-std::string escaped(std::string_view text);
-
 /// The tool's own records in the forms that all verbs share.
 class Records {
 public:

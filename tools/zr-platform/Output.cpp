@@ -31,12 +31,16 @@ void toStandardOutput(const std::string& path) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string& destination, bool overwrite, const std::string& ext)
-    : destination_(destination), overwrite_(overwrite) {
+void checkDestination(const std::string& destination, bool overwrite) {
     if (destination != "-" && !overwrite && HUTFile::exists(destination))
         throw Problem::of(Exit::no, destination, "is there already; --force overwrites it");
     if (destination != "-" && !HUTFile::isDir(HUTFile::getParent(destination)))
         throw Problem::of(Exit::environment, HUTFile::getParent(destination), "no such directory");
+}
+
+OutputFile::OutputFile(const std::string& destination, bool overwrite, const std::string& ext)
+    : destination_(destination), overwrite_(overwrite) {
+    checkDestination(destination, overwrite);
     path_ = besideOf(destination, ext.empty() ? HUTFile::getExt(destination) : ext);
 }
 

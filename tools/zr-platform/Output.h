@@ -1,11 +1,13 @@
 #pragma once
 #include <string>
 
+/// Throws a `Problem` when `destination`, a file or "-", has no directory, or is there and may not be overwritten.
+void checkDestination(const std::string& destination, bool overwrite);
+
 /// A result that is written beside its destination and renamed over it when it is whole; "-" is standard output.
 class OutputFile {
 public:
-    /// `ext`: of the name to write to; empty for the destination's. Throws a `Problem` when `destination` is there
-    /// and may not be overwritten.
+    /// `ext`: of the name to write to; empty for the destination's. Throws what `checkDestination` throws.
     OutputFile(const std::string& destination, bool overwrite, const std::string& ext = "");
     OutputFile(const OutputFile&) = delete;
     OutputFile& operator=(const OutputFile&) = delete;

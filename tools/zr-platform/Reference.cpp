@@ -81,7 +81,8 @@ std::string bash() {
         names += std::string(names.empty() ? "" : " ") + verb.name;
         std::string options;
         for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
-        cases += std::string("        ") + verb.name + ") words=\"" + options + "--help" + common + "\" ;;\n";
+        cases.append("        ").append(verb.name).append(") words=\"").append(options);
+        cases.append("--help").append(common).append("\" ;;\n");
     }
     return "_zr_platform() {\n    local words=\"" + names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" +
            cases +

@@ -95,7 +95,8 @@ void showMemories(Text& text, const HPLPlatform& platform) {
 
     std::ostringstream warning;
     platform.issueNormalizeMemoryBanksMessage(warning);
-    if (!warning.str().empty()) text.note("warning: " + escaped(HSTStringUtils::trim(warning.str())));
+    if (!warning.str().empty())
+        text.note("warning: " + HSTStringUtils::printable(HSTStringUtils::trim(warning.str())));
 }
 
 void showClocks(Text& text, const HPLPlatform& platform) {
@@ -127,7 +128,7 @@ void showTilPartitions(Text& text, const HPLPlatform& platform) {
     try {
         for (const HTEQTilPartition& partition : platform.getTilPartitions()) addTilRows(rows, partition, "");
     } catch (const HEXAll& e) {
-        text.note("tile partitions are not to be read: " + escaped(e.what()));
+        text.note("tile partitions are not to be read: " + HSTStringUtils::printable(e.what()));
     }
     text.rows("tile partitions", {"name", ">first column", ">columns", "UUID", "interface"}, rows);
 }

@@ -1,5 +1,7 @@
 #include "Text.h"
 
+#include <text/HSTStringUtils.h>
+
 namespace {
 
 constexpr std::size_t kNameWidth = 22;
@@ -15,12 +17,14 @@ std::string indented(const std::string& text, const std::string& by) {
 
 }  // namespace
 
-void Text::heading(const std::string& title) { text_ += (text_.empty() ? "" : "\n") + escaped(title) + "\n"; }
+void Text::heading(const std::string& title) {
+    text_ += (text_.empty() ? "" : "\n") + HSTStringUtils::printable(title) + "\n";
+}
 
 void Text::line(const std::string& name, const std::string& value) {
     if (value.empty()) return;
     const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
-    text_ += "  " + name + std::string(gap, ' ') + escaped(value) + "\n";
+    text_ += "  " + name + std::string(gap, ' ') + HSTStringUtils::printable(value) + "\n";
 }
 
 void Text::note(const std::string& text) { text_ += "  " + text + "\n"; }

@@ -1,4 +1,5 @@
 #include <platform/PlatformCheck.h>
+#include <text/HSTStringUtils.h>
 
 #include "Console.h"
 
@@ -17,7 +18,7 @@ std::string lineOf(const CheckFinding& finding) {
     if (finding.line > 0) line += ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
     line += std::string(": ") + severityOf(finding) + ": ";
     if (!finding.element.empty()) line += finding.element + ": ";
-    return escaped(line + finding.text) + " [" + finding.name + "]\n";
+    return HSTStringUtils::printable(line + finding.text) + " [" + finding.name + "]\n";
 }
 
 boost::json::object recordOf(const CheckFinding& finding) {

@@ -106,6 +106,16 @@ const std::vector<Verb> kVerbs = {
      "What it means, what to do, and a bad and a good sample. docs/validate.md has all findings.",
      "missing-attribute",
      runExplain},
+    {"to-xml",
+     {{"FILE", "a hardware archive (.cfa, .lfa), or a descriptor (.zdf) with one"},
+      {"[OUT]", "the file to write; standard output without it"}},
+     {kMetadata, kForce},
+     "Write the hardware metadata in its XML form",
+     "The form of older archives, which holds less than the document: no clocks and bus interfaces of the hpfm, no "
+     "ids and tile arrays, one host interface, one feature ROM. Of a partitioned platform it is that of the default "
+     "partition.",
+     "harrier/hw/harrier.cfa",
+     runToXml},
 };
 
 constexpr Option kCommon[] = {

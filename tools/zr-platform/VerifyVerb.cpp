@@ -1,4 +1,5 @@
 #include <msg/HEXAll.h>
+#include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
 #include "Console.h"
@@ -23,12 +24,12 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
             const char* reason = HUTZip::reasonText(difference.reason);
             differences.push_back({{"member", difference.member}, {"reason", reason}, {"text", difference.text}});
             const std::string place = archive + (difference.member.empty() ? "" : "!" + difference.member);
-            lines += escaped(place + ": " + difference.text) + " [" + reason + "]\n";
+            lines += HSTStringUtils::printable(place + ": " + difference.text) + " [" + reason + "]\n";
         }
         const bool lacksDigest = requireDigest && found.digest == HUTZip::DigestState::none;
         const bool good = found.isSound() && found.digest != HUTZip::DigestState::broken && !lacksDigest;
-        lines +=
-            escaped(archive) + ": " + (good ? "good" : "differs") + ", digest: " + stateName(found.digest) + "\n";
+        lines += HSTStringUtils::printable(archive) + ": " + (good ? "good" : "differs") +
+                 ", digest: " + stateName(found.digest) + "\n";
         records.add({{"archive", archive},
                      {"good", good},
                      {"digest", stateName(found.digest)},

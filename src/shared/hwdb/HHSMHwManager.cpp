@@ -1,15 +1,26 @@
 #include "hwdb/HHSMHwManager.h"
 
-#include <mutex>
+#include <atomic>
 
 #include "hwdb/HHDFHwDef.h"
 #include "hwdb/HHDFHwDefUtils.h"
 #include "hwdb/HHSMHardwareDb.h"
 
-/// One list for all threads of the host, whose platforms are otherwise each thread's own.
+/// One list for all threads of the host, whose platforms are otherwise each thread's own. It only grows at its front,
+/// and no lock guards it: a fork in one thread must not leave a child with a lock that is never opened.
 struct HHSMHwManager::Databases {
-    std::mutex mutex;
-    std::map<std::string, HHSMHardwareDb> byName;
+    struct Node {
+        std::string name;
+        HHSMHardwareDb database;
+        Node* next;
+    };
+    std::atomic<Node*> first{nullptr};
+
+    static HHSMHardwareDb* find(Node* from, const std::string& name) {
+        for (Node* node = from; node; node = node->next)
+            if (node->name == name) return &node->database;
+        return nullptr;
+    }
 };
 
 HHSMHwManager::HHSMHwManager() : databases_(std::make_unique<Databases>()) {}
@@ -33,15 +44,16 @@ HHSMHardwareDb* HHSMHwManager::createHardwareDbFromHDF(const HHDFHwDef* definiti
 HHSMHardwareDb* HHSMHwManager::create(const HHDFHwDef* definition,
                                       const std::map<std::string, std::string>& rmFiles) {
     if (!definition) return nullptr;
-    const std::scoped_lock lock(databases_->mutex);
-    std::string name = definition->getHierTopModuleName();
-    for (int n = 1; databases_->byName.contains(name); ++n)
-        name = definition->getHierTopModuleName() + "_" + std::to_string(n);
-    return &databases_->byName.try_emplace(name, name, rmFiles).first->second;
+    const std::string top = definition->getHierTopModuleName();
+    Databases::Node* present = databases_->first;
+    for (;;) {
+        std::string name = top;
+        for (int n = 1; Databases::find(present, name); ++n) name = top + "_" + std::to_string(n);
+        auto node = std::make_unique<Databases::Node>(Databases::Node{name, HHSMHardwareDb(name, rmFiles), present});
+        if (databases_->first.compare_exchange_strong(present, node.get())) return &node.release()->database;
+    }
 }
 
 HHSMHardwareDb* HHSMHwManager::getHardwareDb(const std::string& name) const {
-    const std::scoped_lock lock(databases_->mutex);
-    const auto found = databases_->byName.find(name);
-    return found == databases_->byName.end() ? nullptr : &found->second;
+    return Databases::find(databases_->first, name);
 }

@@ -7,6 +7,8 @@
 #include <functional>
 #include <utility>
 
+#include "text/HSTStringUtils.h"
+
 namespace {
 
 const char* severityName(MsgMask mask) {
@@ -25,7 +27,7 @@ std::string_view number(std::string_view id) { return id.substr(1, id.rfind('@')
 void toStandardError(const ComMsgMgrInstance& message) {
     const std::string_view id = message.id.empty() ? "0-0" : number(message.id);
     std::fprintf(stderr, "%s: [%s %.*s] %s\n", severityName(message.mask), message.module.c_str(),
-                 static_cast<int>(id.size()), id.data(), message.text.c_str());
+                 static_cast<int>(id.size()), id.data(), HSTStringUtils::printable(message.text).c_str());
 }
 
 ComMsgMgr::Sink& currentSink() {

@@ -74,6 +74,25 @@ std::size_t HSTStringUtils::utf8Length(std::string_view text) {
     return 0;
 }
 
+std::string HSTStringUtils::printable(std::string_view text) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string result;
+    while (!text.empty()) {
+        std::size_t length = utf8Length(text);
+        const auto first = static_cast<unsigned char>(text[0]);
+        // Control characters are one byte, or C2 80 to C2 9F.
+        const bool control = first < 0x20 || first == 0x7F || (length == 2 && first == 0xC2 && (text[1] & 0x20) == 0);
+        if (length == 0 || control) {
+            length = 1;
+            result += {'\\', 'x', kDigits[first >> 4], kDigits[first & 15]};
+        } else {
+            result += text.substr(0, length);
+        }
+        text.remove_prefix(length);
+    }
+    return result;
+}
+
 long long HSTStringUtils::toNumber(std::string_view text) {
     using Limits = std::numeric_limits<long long>;
     const auto first = text.find_first_not_of(kBlanks);

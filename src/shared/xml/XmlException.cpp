@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "text/HSTStringUtils.h"
+
 namespace xml {
 
 Exception::Exception(Violation violation)
@@ -24,14 +26,7 @@ std::string shown(std::string_view text) {
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not inside a character
         text = text.substr(0, end);
     }
-    std::string result;
-    for (const char c : text) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte < 0x20 || byte == 0x7F)
-            result += fmt::format("\\x{:02x}", byte);
-        else
-            result += c;
-    }
+    std::string result = HSTStringUtils::printable(text);
     if (cut) result += "...";
     return result;
 }

@@ -19,6 +19,7 @@ struct Place {
 namespace fault {
 inline constexpr char kUnreadable[] = "unreadable";
 inline constexpr char kNotWellFormed[] = "not-well-formed";
+inline constexpr char kEncoding[] = "encoding";
 inline constexpr char kDoctype[] = "doctype";
 inline constexpr char kLimit[] = "limit";
 inline constexpr char kNamespace[] = "namespace";

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
 #include "util/WholeFile.h"
 #include "xml/XmlScopes.h"
 
@@ -79,6 +80,9 @@ bool canBegin(std::span<const Child> rows, std::string_view name) {
 
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\n\r") == std::string_view::npos; }
 
+/// The parser would guess the order of the bytes.
+bool isWideWithoutMark(std::string_view text) { return text.size() > 1 && (text[0] == '\0') != (text[1] == '\0'); }
+
 std::string complaint(const Attribute& row, const char* element, std::string_view text, Fault fault) {
     const ValueType& type = *row.type;
     const std::string what = fmt::format("{}=\"{}\" of <{}> is ", row.name, shown(text), element);
@@ -103,11 +107,15 @@ private:
     static void onEnd(void* self, const char* name);
     static void onText(void* self, const char* text, int size);
     static void onDoctype(void* self, const char*, const char*, const char*, int);
+    static void onDeclaration(void* self, const char*, const char* encoding, int);
+    static void onComment(void* self, const char*);
+    static void onInstruction(void* self, const char*, const char*);
 
     void start_(std::string_view qualified, const char** attributes);
     void end_();
     void text_(std::string_view text);
 
+    void boundToken_();
     bool withinLimits_(const char** attributes);
     bool declareNamespaces_(const char** attributes);
     bool open_(std::string_view qualified, std::size_t scopes);
@@ -173,6 +181,19 @@ void Reader::onDoctype(void* self, const char*, const char*, const char*, int) {
         reader.stopWith_(fault::kDoctype, "", "a document type declaration stands where none is allowed");
     });
 }
+void Reader::onDeclaration(void* self, const char*, const char* encoding, int) {
+    guarded(self, [encoding](Reader& reader) {
+        if (encoding && !HSTStringUtils::iequals(encoding, "UTF-8") && !HSTStringUtils::iequals(encoding, "UTF-16"))
+            reader.stopWith_(fault::kEncoding, "",
+                             fmt::format("the encoding is \"{}\"; expected UTF-8 or UTF-16", shown(encoding)));
+    });
+}
+void Reader::onComment(void* self, const char*) {
+    guarded(self, [](Reader& reader) { reader.boundToken_(); });
+}
+void Reader::onInstruction(void* self, const char*, const char*) {
+    guarded(self, [](Reader& reader) { reader.boundToken_(); });
+}
 
 void Reader::run(std::string_view text) {
     parser_.reset(XML_ParserCreate(nullptr));
@@ -181,12 +202,20 @@ void Reader::run(std::string_view text) {
     XML_SetElementHandler(parser_.get(), onStart, onEnd);
     XML_SetCharacterDataHandler(parser_.get(), onText);
     XML_SetStartDoctypeDeclHandler(parser_.get(), onDoctype);
+    XML_SetXmlDeclHandler(parser_.get(), onDeclaration);
+    XML_SetCommentHandler(parser_.get(), onComment);
+    XML_SetProcessingInstructionHandler(parser_.get(), onInstruction);
 
     if (text.size() > kMaxDocument)
         stopWith_(fault::kLimit, "",
                   fmt::format("the document has {} bytes; at most {} are read", text.size(), kMaxDocument));
-    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR && !stopped_)
+    else if (isWideWithoutMark(text))
+        stopWith_(fault::kEncoding, "", "the document is UTF-16 without a byte-order mark");
+    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR &&
+             !stopped_) {
+        if (XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
         stopWith_(fault::kNotWellFormed, openName_(), malformed_());
+    }
     if (thrown_) std::rethrow_exception(thrown_);
     if (!first_.empty()) throw Exception(std::move(first_.front()));
 }
@@ -206,19 +235,24 @@ void Reader::start_(std::string_view qualified, const char** attributes) {
     skipping_ = 1;
 }
 
+void Reader::boundToken_() {
+    const auto size = static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+    if (size > kMaxToken)
+        stopWith_(fault::kLimit, openName_(),
+                  fmt::format("a tag or a comment has {} bytes; at most {} are read", size, kMaxToken));
+}
+
 bool Reader::withinLimits_(const char** attributes) {
     std::size_t count = 0;
     while (attributes[2 * count]) ++count;
     nodes_ += 1 + count;
-    const auto size = static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+    boundToken_();
+    if (stopped_) return false;
     if (frames_.size() + skipping_ >= kMaxDepth)
         stopWith_(fault::kLimit, openName_(), fmt::format("elements nest deeper than {} levels", kMaxDepth));
     else if (count > kMaxAttributes)
         stopWith_(fault::kLimit, openName_(),
                   fmt::format("a tag has {} attributes; at most {} are read", count, kMaxAttributes));
-    else if (size > kMaxToken)
-        stopWith_(fault::kLimit, openName_(),
-                  fmt::format("a tag has {} bytes; at most {} are read", size, kMaxToken));
     else if (nodes_ > kMaxNodes)
         stopWith_(fault::kLimit, openName_(),
                   fmt::format("the document has more than {} elements and attributes", kMaxNodes));
@@ -285,6 +319,9 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
         const std::size_t have = frame.countOf(i);
         if (name.local == row.name && (have == 0 || row.repeats())) {
             if (missing) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
+            if (have == row.most)
+                stopWith_(fault::kLimit, name.local,
+                          fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
             if (stopped_) return nullptr;
             frame.row = i;
             frame.count = have + 1;

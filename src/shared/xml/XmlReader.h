@@ -7,16 +7,16 @@
 
 /// Reading: one function over the tables. Elements and attributes are matched by namespace and local name, whatever
 /// prefix the document uses. Attributes of the XML Schema instance namespace and of `xml:` are skipped; any other
-/// that the format does not know is a fault, as are unknown, missing and misplaced elements, values of the wrong
-/// type, and text where the format has none. A document type declaration is a fault too, so there are no entities
-/// beyond the five and no other file is ever opened.
+/// that the format does not know is a fault, as are encodings other than UTF-8 and UTF-16 with its mark, unknown,
+/// missing and misplaced elements, values of the wrong type, and text where the format has none. A document type
+/// declaration is a fault too, so there are no entities beyond the five and no other file is ever opened.
 namespace xml {
 
 inline constexpr std::size_t kMaxDocument = 32u << 20;  ///< bytes
-inline constexpr std::size_t kMaxToken = 16u << 20;     ///< bytes of one tag, or of the text of one element
-inline constexpr std::size_t kMaxNodes = 1'000'000;     ///< elements and attributes
-inline constexpr std::size_t kMaxAttributes = 1'000;    ///< of one element, namespace declarations included
-inline constexpr std::size_t kMaxDepth = 64;            ///< elements in each other
+inline constexpr std::size_t kMaxToken = 16u << 20;   ///< bytes of one tag or comment, or of the text of one element
+inline constexpr std::size_t kMaxNodes = 1'000'000;   ///< elements and attributes
+inline constexpr std::size_t kMaxAttributes = 1'000;  ///< of one element, namespace declarations included
+inline constexpr std::size_t kMaxDepth = 64;          ///< elements in each other
 
 /// Fills `record`, which must be a fresh one. Without `violations` the first fault is thrown as an `Exception`. With
 /// it nothing is thrown: up to `most` faults are added, reading goes on behind the end of each element that cannot

@@ -81,6 +81,8 @@ enum class Occurs {
 
 struct Element;
 
+inline constexpr std::size_t kUnbounded = std::numeric_limits<std::size_t>::max();
+
 struct Child {
     const char* name;  ///< local name
     Occurs occurs;
@@ -89,6 +91,7 @@ struct Child {
     std::size_t (*count)(const void* record);
     void* (*at)(void* record, std::size_t index);
     const char* doc;
+    std::size_t most = kUnbounded;  ///< of one that repeats; reading refuses the next
 
     bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
     bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
@@ -251,11 +254,12 @@ template <auto M>
 using ChildRecord = typename Held<ValueOf<M>>::Record;
 
 template <auto M>
-constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element, const char* doc) {
+constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element, const char* doc,
+                                     std::size_t most = kUnbounded) {
     using H = Held<ValueOf<M>>;
     return {{name, occurs, &element, [](void* record) { return H::add(member<M>(record)); },
              [](const void* record) { return H::count(member<M>(record)); },
-             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, doc}};
+             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, doc, most}};
 }
 
 }  // namespace detail
@@ -305,11 +309,11 @@ constexpr auto many(const char* name, const ElementOf<typename detail::ValueOf<M
                     const char* doc = "") {
     return detail::child<M>(name, Occurs::anyNumber, element, doc);
 }
-/// The member is a `std::vector` that must not be empty.
+/// The member is a `std::vector` that must not be empty, and of which at most `most` are read.
 template <auto M>
 constexpr auto atLeastOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
-                          const char* doc = "") {
-    return detail::child<M>(name, Occurs::atLeastOnce, element, doc);
+                          const char* doc = "", std::size_t most = kUnbounded) {
+    return detail::child<M>(name, Occurs::atLeastOnce, element, doc, most);
 }
 
 /// Alternative `I` of the `std::variant` member `M`.

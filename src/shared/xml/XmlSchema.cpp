@@ -120,7 +120,9 @@ private:
     void child_(int depth, const Child& child) {
         std::string occurs;
         if (!child.neededToRead()) occurs += " minOccurs=\"0\"";
-        if (child.repeats()) occurs += " maxOccurs=\"unbounded\"";
+        if (child.repeats())
+            occurs +=
+                child.most == kUnbounded ? " maxOccurs=\"unbounded\"" : fmt::format(" maxOccurs=\"{}\"", child.most);
         std::string doc = child.doc;
         if (child.occurs == Occurs::onceWhenWritten)
             doc += std::string(doc.empty() ? "" : " ") +

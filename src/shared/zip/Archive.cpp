@@ -13,9 +13,26 @@ namespace zip {
 namespace {
 
 constexpr std::uint64_t kBlock = 256UL * 1024;
+constexpr std::string_view kTooMany = "it unpacks to more bytes than the directory says",
+                           kTooFew = "it unpacks to fewer bytes than the directory says",
+                           kSpent = "one call unpacks too much: more than its budget is left";
 
-/// Unpacks all of `packed` into `data`, and nothing more: neither may be left over. Empty, or what went wrong.
-std::string_view inflateWhole(std::string_view packed, std::string& data) {
+/// Deflated members of up to this size are unpacked at once, by the faster of two libraries, whichever way they are
+/// asked for; larger ones in pieces by the other. The two do not refuse the same damaged data, so that a member's
+/// size alone decides which one judges it.
+constexpr std::uint64_t kWhole = 4UL * 1024 * 1024;
+
+bool isUnpackedWhole(const Member& member) {
+    return member.method == Method::deflated && member.size <= kWhole && member.packedSize <= kWhole + kBlock;
+}
+
+struct Fault {
+    std::string_view text;  ///< empty when there is none
+    ArchiveError::Fault kind = ArchiveError::Fault::other;
+};
+
+/// Unpacks all of `packed` into `data`, and nothing more: neither may be left over.
+Fault inflateWhole(std::string_view packed, std::string& data) {
     const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> decompressor(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);
     if (!decompressor) throw std::bad_alloc();
@@ -23,11 +40,11 @@ std::string_view inflateWhole(std::string_view packed, std::string& data) {
     switch (libdeflate_deflate_decompress_ex(decompressor.get(), packed.data(), packed.size(), data.data(),
                                              data.size(), &taken, &made)) {
         case LIBDEFLATE_SUCCESS: break;
-        case LIBDEFLATE_INSUFFICIENT_SPACE: return "it unpacks to more bytes than the directory says";
-        default: return "its packed data are damaged";
+        case LIBDEFLATE_INSUFFICIENT_SPACE: return {kTooMany, ArchiveError::Fault::size};
+        default: return {"its packed data are damaged, or cut short"};
     }
-    if (made != data.size()) return "it unpacks to fewer bytes than the directory says";
-    return taken == packed.size() ? "" : "there are bytes behind its packed data";
+    if (made != data.size()) return {kTooFew, ArchiveError::Fault::size};
+    return {taken == packed.size() ? "" : "there are bytes behind its packed data"};
 }
 
 }  // namespace
@@ -55,15 +72,20 @@ std::string Archive::read(const Member& member, std::uint64_t bound) const {
     if (member.size > bound || (member.packedSize > kBlock && member.packedSize - kBlock > bound))
         refuse(member,
                fmt::format("it has {} bytes, {} packed; at most {} are read", member.size, member.packedSize, bound));
-    PackedData packed(*bytes_, name_, member, member.packedSize);
-    const std::string_view bytes = packed.next();
+    if (isUnpackedWhole(member)) return unpackWhole(member);
     std::string data;
-    if (member.method == Method::stored) {
-        data = bytes;
-    } else {
-        data.resize(member.size);
-        if (const auto fault = inflateWhole(bytes, data); !fault.empty()) refuse(member, std::string(fault));
-    }
+    data.reserve(member.size);
+    OutputBudget budget(bound);
+    unpackInPieces(
+        member, [&data](std::string_view piece) { data += piece; }, budget);
+    return data;
+}
+
+std::string Archive::unpackWhole(const Member& member) const {
+    PackedData packed(*bytes_, name_, member, member.packedSize);
+    std::string data(member.size, '\0');
+    if (const auto fault = inflateWhole(packed.next(), data); !fault.text.empty())
+        refuse(member, std::string(fault.text), fault.kind);
     checkCrc(member, libdeflate_crc32(0, data.data(), data.size()));
     packed.checkDescriptor();
     return data;
@@ -77,12 +99,18 @@ void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budge
 void Archive::checkHeader(const Member& member) const { PackedData(*bytes_, name_, member, 0); }
 
 void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budget) const {
+    if (!isUnpackedWhole(member)) return unpackInPieces(member, sink, budget);
+    if (!budget.spend(member.size)) refuse(member, std::string(kSpent));
+    if (const std::string data = unpackWhole(member); !data.empty()) sink(data);
+}
+
+void Archive::unpackInPieces(const Member& member, const Sink& sink, OutputBudget& budget) const {
     std::uint64_t size = 0;
     std::uint32_t crc = 0;
     const auto take = [&](std::string_view piece) {
         size += piece.size();
-        if (size > member.size) refuse(member, "it unpacks to more bytes than the directory says", Fault::size);
-        if (!budget.spend(piece.size())) refuse(member, "one call unpacks too much: more than its budget is left");
+        if (size > member.size) refuse(member, std::string(kTooMany), Fault::size);
+        if (!budget.spend(piece.size())) refuse(member, std::string(kSpent));
         crc = libdeflate_crc32(crc, piece.data(), piece.size());
         sink(piece);
     };
@@ -95,7 +123,7 @@ void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budge
             if (const auto fault = inflater.unpack(piece, take); !fault.empty()) refuse(member, std::string(fault));
         if (!inflater.isDone()) refuse(member, "its packed data are cut short");
     }
-    if (size != member.size) refuse(member, "it unpacks to fewer bytes than the directory says", Fault::size);
+    if (size != member.size) refuse(member, std::string(kTooFew), Fault::size);
     checkCrc(member, crc);
     packed.checkDescriptor();
 }

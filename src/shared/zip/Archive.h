@@ -50,6 +50,8 @@ private:
     using Fault = ArchiveError::Fault;
     [[noreturn]] void refuse(const Member& member, const std::string& text, Fault fault = Fault::other) const;
     void checkKind(const Member& member) const;
+    std::string unpackWhole(const Member& member) const;
+    void unpackInPieces(const Member& member, const Sink& sink, OutputBudget& budget) const;
     void checkCrc(const Member& member, std::uint32_t crc) const;
 
     std::string name_;

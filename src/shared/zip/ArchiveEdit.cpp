@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveLock.h"
 #include "zip/Digest.h"
@@ -55,7 +56,7 @@ void ArchiveEdit::put(const std::string& member, std::string bytes) {
 
 void ArchiveEdit::stage(const std::string& member, Change change) {
     if (const auto fault = memberNameFault(member, true); !fault.empty())
-        refuse("the member name '" + printableName(member) + "' " + std::string(fault));
+        refuse("the member name '" + HSTStringUtils::printable(member) + "' " + std::string(fault));
     changes_.insert_or_assign(member, std::move(change));
     removed_.erase(member);
 }
@@ -158,18 +159,34 @@ void ArchiveEdit::checkArchive() const {
         refuse("it was changed by somebody else since it was read");
 }
 
+/// The writer finds the old directory in its own way, and bytes among the data may look like the end of another
+/// archive to it.
+void ArchiveEdit::checkKept(const Archive& made) const {
+    std::size_t count = changes_.size();
+    for (const Member& member : archive_->members()) {
+        if (!isKept(member)) continue;
+        const Member* const kept = made.find(member.name);
+        if (!kept || kept->size != member.size || kept->crc != member.crc)
+            refuse("the member '" + HSTStringUtils::printable(member.name) +
+                   "' would be lost: something in the archive looks like the end of another one");
+        ++count;
+    }
+    if (made.members().size() != count) refuse("it would have members that nobody put there");
+}
+
 /// What cannot be read again, or is not what was hashed, does not take the archive's place.
 void ArchiveEdit::checkResult(int descriptor) const {
     Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
     if (!own.isOpen()) refuse(std::generic_category().message(errno));
     const Archive made(std::make_unique<FileBytes>(std::move(own)), path_ + " (changed)");
     for (const Member& member : made.members()) made.checkHeader(member);
+    checkKept(made);
     for (const auto& [name, change] : changes_) {
         const Member* const member = made.find(name);
         if (member && member->size == change.bytes().size() && member->crc == change.crc.value_or(member->crc))
             continue;
         if (change.file) change.file->refuse("it was changed while it was read");
-        refuse("the member '" + printableName(name) + "' was not written as it is");
+        refuse("the member '" + HSTStringUtils::printable(name) + "' was not written as it is");
     }
 }
 

@@ -80,6 +80,7 @@ private:
     void checkSources() const;
     void checkArchive() const;
     void checkResult(int descriptor) const;
+    void checkKept(const Archive& made) const;
     [[noreturn]] void refuse(const std::string& text) const;
 
     std::string path_;                 ///< canonical

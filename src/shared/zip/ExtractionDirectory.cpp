@@ -2,10 +2,12 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "text/HSTStringUtils.h"
 #include "zip/ArchiveError.h"
@@ -37,6 +39,26 @@ Descriptor ExtractionDirectory::openDirectory(std::string_view relativePath) con
         if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
     }
     return at;
+}
+
+Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {
+    std::vector<std::string> parts = HSTStringUtils::split(name, '/');
+    const std::string last = std::move(parts.back());
+    parts.pop_back();
+    const std::string path = path_ + "/" + std::string(name);
+    Descriptor at(::openat(directory_.get(), ".", kDirectory));
+    for (const std::string& part : parts) {
+        at = Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
+        if (!at.isOpen() && errno == ENOENT) return at;
+        if (!at.isOpen()) fail(path, errno);
+    }
+    Descriptor file(::openat(at.get(), last.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    struct stat status {};
+    if (!file.isOpen() && errno == ENOENT) return file;
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0) fail(path, errno);
+    if (!S_ISREG(status.st_mode) || status.st_nlink != 1 || status.st_uid != ::geteuid())
+        throw HEXUserException("file '" + path + "' is not used: it is not this user's own, or has another name");
+    return file;
 }
 
 void ExtractionDirectory::extract(const Archive& archive, const Member& member, bool overwrite,

@@ -16,6 +16,10 @@ public:
     /// Opens the directory, which must exist.
     explicit ExtractionDirectory(std::string path);
 
+    /// What stands at a member's name already, when only this user can have put it there: a regular file, no link on
+    /// the way, no second name. Closed when nothing stands there; anything else throws `HEXUserException`.
+    Descriptor openOwnFile(std::string_view name) const;
+
     /// Writes one member, and makes the directories that its name tells.
     void extract(const Archive& archive, const Member& member, bool overwrite, OutputBudget& budget) const;
 

@@ -71,14 +71,16 @@ public:
     Packer(const std::string& folder, int depth)
         : folder_(folder), depth_(depth), work_(HUTEnv::getJUNTmpDir() + "/pack") {}
 
-    void packTo(const std::string& archive) {
+    void packTo(const std::string& archive, bool mayReplace = true,
+                const std::function<void(const std::string&)>& accept = {}) {
         collect();
         if (entries_.empty()) throw HEXUserException("folder '" + folder_ + "' is empty: there is nothing to pack");
         std::ranges::sort(entries_, {}, &Entry::member);
         zip::Successor made(archive, 0666);
         write(made);
         made.sync();
-        made.takePlace();
+        if (accept) accept(made.path());
+        made.takePlace(mayReplace);
     }
 
 private:
@@ -168,7 +170,8 @@ bool becomesArchive(std::string_view folder) {
     return std::ranges::any_of(kArchiveEndings, [folder](auto ending) { return folder.ends_with(ending); });
 }
 
-void packFolder(const std::string& folder, const std::string& archive) {
+void packFolder(const std::string& folder, const std::string& archive, bool mayReplace,
+                const std::function<void(const std::string&)>& accept) {
     if (!HUTFile::isDir(folder)) throw HEXUserException("'" + folder + "' is not a folder");
-    Packer(withoutEndSeparator(folder), 0).packTo(archive);
+    Packer(withoutEndSeparator(folder), 0).packTo(archive, mayReplace, accept);
 }

@@ -52,9 +52,10 @@ bool HUTZip::uncompressDir(const std::string& archive, const std::string& direct
     return isFound;
 }
 
-void HUTZip::compressDir(const std::string& folder, const std::string& archive, bool overwrite) {
+void HUTZip::compressDir(const std::string& folder, const std::string& archive, bool overwrite,
+                         const std::function<void(const std::string&)>& accept) {
     if (!overwrite && HUTFile::exists(archive)) throw HEXUserException("'" + archive + "' exists already");
-    packFolder(folder, archive);
+    packFolder(folder, archive, overwrite, accept);
 }
 
 void HUTZip::attachDigestEn(const std::string& archive) {

@@ -51,17 +51,4 @@ std::string_view memberNameFault(std::string_view name, bool hasData) {
     return {};
 }
 
-std::string printableName(std::string_view name) {
-    static constexpr char digits[] = "0123456789abcdef";
-    std::string text;
-    for (const char c : name) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (isControl(c))
-            text += {'\\', 'x', digits[byte >> 4], digits[byte & 15]};
-        else
-            text += c;
-    }
-    return text;
-}
-
 }  // namespace zip

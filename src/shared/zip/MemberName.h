@@ -11,7 +11,5 @@ std::string_view memberNameFault(std::string_view name, bool hasData);
 
 /// Whether the text is valid UTF-8: shortest forms, no surrogates.
 bool isUtf8(std::string_view text);
-/// A member's name for a message: what a terminal would obey is shown as a number.
-std::string printableName(std::string_view name);
 
 }  // namespace zip

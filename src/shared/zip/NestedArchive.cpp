@@ -2,12 +2,13 @@
 
 #include <utility>
 
+#include "text/HSTStringUtils.h"
 #include "zip/ArchiveError.h"
 #include "zip/FileBytes.h"
 #include "zip/MemoryBytes.h"
 
 std::unique_ptr<zip::Archive> zip::openNested(const Archive& outer, const Member& member, OutputBudget& budget) {
-    std::string name = outer.name() + "!" + std::string(member.name);
+    std::string name = outer.name() + "!" + HSTStringUtils::printable(member.name);
     if (member.size <= Archive::kMetadataBound) {
         std::string bytes;
         bytes.reserve(member.size);

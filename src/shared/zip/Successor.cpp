@@ -18,10 +18,11 @@
 namespace zip {
 namespace {
 
-constexpr std::uint64_t kStretch = 8 * 1024 * 1024;
+constexpr std::uint64_t kStretch = 8UL * 1024 * 1024;
 constexpr std::string_view kStem = ".zr-edit-";
 
 bool isOurName(std::string_view name) {
+    name = name.substr(0, name.find('.', kStem.size()));
     return name.starts_with(kStem) && name.find_first_not_of("0123456789-", kStem.size()) == name.npos;
 }
 
@@ -35,12 +36,20 @@ bool isNameOf(int file, int directory, const char* name) {
            isSameFile(open, named);
 }
 
+/// False when somebody else holds the lock, or at a fault.
+bool lock(int file) {
+    int result = -1;
+    do result = ::flock(file, LOCK_EX | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
 /// Removes a file of that name which nobody holds any more. One that is in use, or is not ours, stays.
 void removeStray(int directory, const char* name) {
     const Descriptor file(::openat(directory, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_uid != ::geteuid() || ::flock(file.get(), LOCK_EX | LOCK_NB) != 0)
+        status.st_uid != ::geteuid() || !lock(file.get()))
         return;
     if (isNameOf(file.get(), directory, name)) ::unlinkat(directory, name, 0);
 }
@@ -74,13 +83,14 @@ void Successor::fail(int error) const {
 
 void Successor::make(mode_t mode) {
     const std::string stem = std::string(kStem) + std::to_string(::getpid()) + "-";
+    const std::string extension = HUTFile::getExt(target_);
     for (int n = 0; !isMade_; ++n) {
-        name_ = stem + std::to_string(n);
+        name_ = stem + std::to_string(n) + (extension.empty() ? "" : "." + extension);
         file_ = Descriptor(
             ::openat(directory_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (!file_.isOpen() && errno == EEXIST) continue;
         if (!file_.isOpen()) fail(errno);
-        const bool isLocked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0;
+        const bool isLocked = lock(file_.get());
         if (const int error = errno; !isLocked && error != EWOULDBLOCK) {
             ::unlinkat(directory_.get(), name_.c_str(), 0);
             fail(error);
@@ -105,6 +115,8 @@ void Successor::write(std::uint64_t offset, std::string_view bytes) {
     }
 }
 
+std::string Successor::path() const { return HUTFile::getParent(target_) + "/" + name_; }
+
 void Successor::takeModeAndOwner(const struct stat& of) {
     const bool isGiven = ::fchown(file_.get(), of.st_uid, of.st_gid) == 0 ||
                          (::fchown(file_.get(), static_cast<uid_t>(-1), of.st_gid) == 0 && of.st_uid == ::geteuid());
@@ -116,9 +128,10 @@ void Successor::sync() {
     if (::fsync(file_.get()) != 0) fail(errno);
 }
 
-void Successor::takePlace() {
+void Successor::takePlace(bool mayReplace) {
     const std::string name = target_.substr(target_.rfind('/') + 1);
-    if (::renameat(directory_.get(), name_.c_str(), directory_.get(), name.c_str()) != 0) fail(errno);
+    const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
+    if (::renameat2(directory_.get(), name_.c_str(), directory_.get(), name.c_str(), flags) != 0) fail(errno);
     isMade_ = false;
     if (::fsync(directory_.get()) != 0) fail(errno);
     removeStrays(directory_.get());

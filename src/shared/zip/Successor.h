@@ -10,8 +10,9 @@
 namespace zip {
 
 /// The file that is going to take an archive's place: it is made beside it, and until it takes its name nothing of
-/// the archive changes. Its own name is ".zr-edit-" and numbers, and it is locked (flock) while its maker lives, so
-/// that what a killed one leaves can be told, and is removed by the next. Throws `HEXUserException`.
+/// the archive changes. Its own name is ".zr-edit-" and numbers, with the archive's extension, and it is locked
+/// (flock) while its maker lives, so that what a killed one leaves can be told, and is removed by the next. Throws
+/// `HEXUserException`.
 class Successor {
 public:
     /// `target` is the path that it will have; what is there, a link too, is replaced. `mode` as `open` takes it.
@@ -21,6 +22,7 @@ public:
     Successor(const Successor&) = delete;
     Successor& operator=(const Successor&) = delete;
 
+    std::string path() const;
     void write(std::uint64_t offset, std::string_view bytes);
     /// Open to be read too; stays this object's.
     int descriptor() const { return file_.get(); }
@@ -29,7 +31,7 @@ public:
     /// Waits until the disk has the bytes.
     void sync();
     /// Waits until the disk has the name too. Removes what killed ones have left in the directory.
-    void takePlace();
+    void takePlace(bool mayReplace = true);
 
 private:
     void make(mode_t mode);

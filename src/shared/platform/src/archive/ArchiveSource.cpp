@@ -16,6 +16,9 @@ constexpr int kDeepest = 2;
 ArchiveSource::ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::uint64_t budget)
     : archive_(std::move(archive)), callBudget_(budget) {}
 
+ArchiveSource::ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget)
+    : archive_(std::move(archive)), sharedBudget_(std::move(budget)) {}
+
 std::vector<MemberInfo> ArchiveSource::files() const {
     std::vector<MemberInfo> files;
     files.reserve(archive_->members().size());
@@ -25,16 +28,16 @@ std::vector<MemberInfo> ArchiveSource::files() const {
 }
 
 std::shared_ptr<zip::OutputBudget> ArchiveSource::budgetOfCall() const {
-    return chainBudget_ ? chainBudget_ : std::make_shared<zip::OutputBudget>(callBudget_);
+    return sharedBudget_ ? sharedBudget_ : std::make_shared<zip::OutputBudget>(callBudget_);
 }
 
 std::optional<std::string> ArchiveSource::read(std::string_view member, std::uint64_t bound) const {
     const zip::Member* const found = archive_->find(member);
     if (!found) return std::nullopt;
-    std::string data = archive_->read(*found, bound);
-    if (!budgetOfCall()->spend(data.size()))
-        throw zip::ArchiveError(name(), std::string(member), "one call unpacks too much from nested archives");
-    return data;
+    if (const auto budget = budgetOfCall(); found->size <= bound && !budget->spend(found->size))
+        throw zip::ArchiveError(name(), std::string(member),
+                                "one call unpacks too much: more than its budget is left");
+    return archive_->read(*found, bound);
 }
 
 bool ArchiveSource::copyOut(std::string_view member, const std::string& destination) const {
@@ -52,9 +55,9 @@ std::shared_ptr<const MemberSource> ArchiveSource::openNested(std::string_view m
     if (depth_ == kDeepest)
         throw zip::ArchiveError(name(), std::string(member), "archives are opened at most two deep in another one");
     auto budget = budgetOfCall();
-    auto nested = std::make_shared<ArchiveSource>(zip::openNested(*archive_, *found, *budget));
+    auto inner = zip::openNested(*archive_, *found, *budget);
+    auto nested = std::make_shared<ArchiveSource>(std::move(inner), std::move(budget));
     nested->depth_ = depth_ + 1;
-    nested->chainBudget_ = std::move(budget);
     return nested;
 }
 

@@ -13,6 +13,8 @@ public:
     /// `budget`: how many bytes each call may unpack, and all calls on nested archives together.
     explicit ArchiveSource(std::unique_ptr<const zip::Archive> archive,
                            std::uint64_t budget = zip::OutputBudget::kOfCall);
+    /// `budget`: how many bytes all calls may unpack, shared with others.
+    ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget);
 
     const std::string& name() const override { return archive_->name(); }
     std::vector<MemberInfo> files() const override;
@@ -25,9 +27,9 @@ private:
     std::shared_ptr<zip::OutputBudget> budgetOfCall() const;
 
     std::unique_ptr<const zip::Archive> archive_;
-    std::uint64_t callBudget_;
-    int depth_ = 0;                                   ///< 0 for a file of its own
-    std::shared_ptr<zip::OutputBudget> chainBudget_;  ///< of nested archives; none at depth 0
+    std::uint64_t callBudget_ = 0;
+    int depth_ = 0;                                    ///< 0 for a file of its own
+    std::shared_ptr<zip::OutputBudget> sharedBudget_;  ///< null when each call has one of its own
 };
 
 /// Opens the archive at `path`. Throws `zip::ArchiveError`.

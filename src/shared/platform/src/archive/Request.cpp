@@ -2,7 +2,8 @@
 
 #include <sys/stat.h>
 
-#include <map>
+#include <algorithm>
+#include <deque>
 #include <utility>
 
 #include "archive/ArchiveSource.h"
@@ -12,23 +13,32 @@ namespace archive {
 namespace {
 
 struct Session {
+    std::string path;
     zip::FileStamp stamp;
     std::shared_ptr<const MemberSource> source;
 };
-using Sessions = std::map<std::string, Session>;
+/// The oldest is closed when another one is needed: a descriptor may name a thousand archives, and a host may have
+/// few descriptors left.
+constexpr std::size_t kMostOpen = 12;
+
+struct Sessions {
+    std::deque<Session> open;  ///< the oldest first
+    std::shared_ptr<zip::OutputBudget> budget = std::make_shared<zip::OutputBudget>();
+};
 
 /// Of the thread's outermost request; null outside of one.
 thread_local Sessions* sessions = nullptr;
 
-Session openSession(const std::string& path) {
+Session openSession(const std::string& path, std::shared_ptr<zip::OutputBudget> budget) {
     auto bytes = std::make_unique<zip::FileBytes>(path);
     const zip::FileStamp stamp = bytes->stamp();
-    return {stamp, std::make_shared<ArchiveSource>(std::make_unique<zip::Archive>(std::move(bytes), path))};
+    auto archive = std::make_unique<zip::Archive>(std::move(bytes), path);
+    return {path, stamp, std::make_shared<ArchiveSource>(std::move(archive), std::move(budget))};
 }
 
-bool isCurrent(const Session& session, const std::string& path) {
+bool isCurrent(const Session& session) {
     struct stat status {};
-    return ::stat(path.c_str(), &status) == 0 && zip::FileStamp(status) == session.stamp;
+    return ::stat(session.path.c_str(), &status) == 0 && zip::FileStamp(status) == session.stamp;
 }
 
 }  // namespace
@@ -43,9 +53,12 @@ Request::~Request() {
 
 std::shared_ptr<const MemberSource> open(const std::string& path) {
     if (!sessions) return openArchive(path);
-    const auto known = sessions->find(path);
-    if (known != sessions->end() && isCurrent(known->second, path)) return known->second.source;
-    return sessions->insert_or_assign(path, openSession(path)).first->second.source;
+    std::deque<Session>& known = sessions->open;
+    const auto at = std::ranges::find(known, path, &Session::path);
+    if (at != known.end() && isCurrent(*at)) return at->source;
+    if (at != known.end()) known.erase(at);
+    if (known.size() == kMostOpen) known.pop_front();
+    return known.emplace_back(openSession(path, sessions->budget)).source;
 }
 
 }  // namespace archive

@@ -7,7 +7,8 @@
 namespace archive {
 
 /// While one of these lives, the archives that its thread opens stay open and are shared: one request asks an archive
-/// many things, and opens it once. Lives on the stack; of several, the outermost one keeps the archives.
+/// many things, and opens it once. All that is unpacked meanwhile counts against one budget. Lives on the stack; of
+/// several, the outermost one keeps the archives.
 class Request {
 public:
     Request();

@@ -48,6 +48,19 @@ constexpr CheckExplanation kExplanations[] = {
   </Emulations>
 </Root>
 )"},
+    {xml::fault::kEncoding, error,
+     "The document is in an encoding that is not read: UTF-8 is, and UTF-16 with its byte-order mark.",
+     "Save the document as UTF-8 and say so in its first line, or say nothing.", "hw_emu.xml",
+     R"(<?xml version="1.0" encoding="ISO-8859-1"?>
+<Root VersionMajor="1" VersionMinor="0">
+  <Emulations/>
+</Root>
+)",
+     R"(<?xml version="1.0" encoding="UTF-8"?>
+<Root VersionMajor="1" VersionMinor="0">
+  <Emulations/>
+</Root>
+)"},
     {xml::fault::kDoctype, error,
      "The document begins with a document type declaration. None is ever read, so that no entity is expanded and no "
      "other file is opened.",

@@ -36,6 +36,12 @@ bool hasNamelessChild(const ptree& value) {
     return std::ranges::any_of(value, [](const auto& child) { return child.first.empty(); });
 }
 
+/// A key that is not there is read as an empty text.
+bool isRefusedWhenMissing(const json::Shape& shape) {
+    static const ptree nothing;
+    return shape.refusal && !shape.refusal(nothing).empty();
+}
+
 /// Numbers the values that are asked for, as the text has them. Trees are as deep as the parser lets them be.
 void number(const ptree& value, std::unordered_map<const ptree*, std::size_t>& wanted, std::size_t& next) {
     if (const auto at = wanted.find(&value); at != wanted.end()) at->second = next;
@@ -79,7 +85,7 @@ void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path&
         const auto at = object.find(shape.name);  // of duplicates the first is read
         if (at != object.not_found())
             checkValue_(at->second, shape, {&path, shape.name});
-        else if (shape.required)
+        else if (shape.required || isRefusedWhenMissing(shape))
             add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is needed here");
     }
 }

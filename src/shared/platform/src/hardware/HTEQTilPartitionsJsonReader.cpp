@@ -41,17 +41,31 @@ HSTVector<HTEQTilPartition> parseTil(const ptree& document) {
     return partitions;
 }
 
+[[noreturn]] void refuse(const std::string& name) {
+    throw HEXAlgException("An error occurred while parsing the til partitions json file: " + name);
+}
+
 }  // namespace
+
+HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::readText(const std::string& text, const std::string& name) {
+    ptree document;
+    try {
+        json::parse(text, name, document);
+    } catch (const boost::property_tree::json_parser_error&) {
+        refuse(name);
+    }
+    return parseTil(document);
+}
 
 HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::read(const std::string& path) {
     if (!HUTFile::isFile(path)) return {};
+    ptree document;
     try {
-        ptree document;
         json::parseFile(path, document);
-        return parseTil(document);
     } catch (const boost::property_tree::json_parser_error&) {
-        throw HEXAlgException("An error occurred while parsing the til partitions json file: " + path);
+        refuse(path);
     }
+    return parseTil(document);
 }
 
 void HTEQTilPartitionsJsonReader::parse(const std::string& path) {

@@ -33,14 +33,17 @@ std::string memberText(const std::string& archive, const std::string& member) {
     return orElse(std::string(), [&] { return archive::open(archive)->read(member).value_or(""); });
 }
 
-bool copyMember(const std::string& archive, const std::string& member, const std::string& destination) {
+bool copyMember(const archive::MemberSource& source, const std::string& member, const std::string& destination) {
     return orElse(false, [&] {
-        const auto source = archive::open(archive);
-        if (!source->contains(member)) return false;  // no directory is made then
+        if (!source.contains(member)) return false;  // no directory is made then
         if (const std::string parent = HUTFile::getParent(destination); !parent.empty())
             HUTFile::mkDirRecursive(parent);
-        return source->copyOut(member, destination);
+        return source.copyOut(member, destination);
     });
+}
+
+bool copyMember(const std::string& archive, const std::string& member, const std::string& destination) {
+    return orElse(false, [&] { return copyMember(*archive::open(archive), member, destination); });
 }
 
 std::string unpackDirectory(const std::string& archive, const std::string& directory) {
@@ -48,7 +51,8 @@ std::string unpackDirectory(const std::string& archive, const std::string& direc
     return orElse(std::string(), [&] {
         const std::string base = HUTEnv::getJUNTmpDir();
         HUTFile::ensureWritableDirectory(base);
-        HUTZip::uncompressDir(archive, directory, base, true);
+        if (!HUTZip::uncompressDir(archive, directory, base, true))
+            return std::string();  // what is there is another's
         const std::string result = base + HUTFile::getDirSeparator() + directory;
         return HUTFile::exists(result) ? result : std::string();
     });

@@ -3,6 +3,10 @@
 
 class HTEQHardwarePlatform;
 
+namespace archive {
+class MemberSource;
+}
+
 /// Members of a platform's archive. What cannot be opened, read or written answers false or "": no exception of the
 /// archive or of the disk leaves these functions.
 namespace hardware {
@@ -12,6 +16,7 @@ bool hasMember(const std::string& archive, const std::string& member);
 std::string memberText(const std::string& archive, const std::string& member);
 /// Copies a member to a path of the caller's choice, and makes its directory. A failure leaves no file.
 bool copyMember(const std::string& archive, const std::string& member, const std::string& destination);
+bool copyMember(const archive::MemberSource& source, const std::string& member, const std::string& destination);
 /// Unpacks an archive's directory below the temporary directory; its path there, "" when it is not there afterwards.
 std::string unpackDirectory(const std::string& archive, const std::string& directory);
 

@@ -1,7 +1,10 @@
 #include "hardware/TileProject.h"
 
 #include <boost/property_tree/json_parser.hpp>
+#include <optional>
 
+#include "archive/ArchiveSource.h"
+#include "archive/Request.h"
 #include "hardware/PlatformFiles.h"
 #include "json/JsonFile.h"
 #include "json/JsonKeys.h"
@@ -10,38 +13,53 @@
 #include "platform/HTEQTilPartitionsJsonReader.h"
 #include "platform/PlatformTilprjFileExtractor.h"
 #include "util/HUTEnv.h"
-#include "util/HUTFile.h"
+#include "zip/ExtractionDirectory.h"
+#include "zip/FileBytes.h"
+#include "zip/MemberName.h"
 
 namespace hardware {
 
 namespace {
 
-/// A file of the project in the temporary directory, for as long as this object lives.
-class TemporaryCopy {
-public:
-    TemporaryCopy(const HTEQHardwarePlatform& platform, const std::string& path, const std::string& name) {
-        try {
-            const std::string file = HUTEnv::getJUNTmpDir() + "/" + name;
-            HUTFile::rm(file);  // a link of that name is not to be written through
-            if (PlatformTilprjFileExtractor(platform).extractFile(path, file)) file_ = file;
-        } catch (const HEXAll&) {
-            // No temporary directory: no copy.
-        }
-    }
-    ~TemporaryCopy() {
-        if (!file_.empty()) HUTFile::rm(file_);
-    }
-    TemporaryCopy(const TemporaryCopy&) = delete;
-    TemporaryCopy& operator=(const TemporaryCopy&) = delete;
-
-    /// Empty when the file could not be had.
-    const std::string& file() const { return file_; }
-
-private:
-    std::string file_;
+struct ProjectFile {
+    std::string name;  ///< for messages: archive, project and path
+    std::string text;
 };
 
+/// Nothing when it cannot be had.
+std::optional<ProjectFile> fileOfProject(const HTEQHardwarePlatform& platform, const std::string& path) {
+    try {
+        const auto project = openProject(platform);
+        const std::string member = memberOf(platform, path);
+        auto text = project ? project->read(member) : std::nullopt;
+        if (!text) return std::nullopt;
+        return ProjectFile{project->name() + "!" + member, std::move(*text)};
+    } catch (const HEXAll&) {  // no archive, or no temporary directory
+        return std::nullopt;
+    }
+}
+
+void takeMetaData(const json::ptree& document, std::map<std::string, std::string>& out) {
+    const auto list = document.find("MetaData");
+    if (list == document.not_found()) return;
+    for (const auto& [none, item] : list->second) out[json::textAt(item, "name")] = json::textAt(item, "value");
+}
+
 }  // namespace
+
+std::shared_ptr<const archive::MemberSource> openProject(const HTEQHardwarePlatform& platform) {
+    const std::string listed = platform.getFile("TILPRJ");
+    if (listed.empty() || !zip::memberNameFault(listed, true).empty()) return nullptr;
+    const std::string directory = HUTEnv::getJUNTmpDir();
+    if (auto there = zip::ExtractionDirectory(directory).openOwnFile(listed); there.isOpen())
+        return std::make_shared<archive::ArchiveSource>(std::make_unique<zip::Archive>(
+            std::make_unique<zip::FileBytes>(std::move(there)), directory + "/" + listed));
+    const auto outer = archive::open(platform.getPlatformFile());
+    for (const char* type : {"TILPRJ", "ME_ARCHIVE"})
+        if (const std::string member = platform.getFile(type); !member.empty())
+            if (auto project = outer->openNested(memberOf(platform, member))) return project;
+    return nullptr;
+}
 
 bool copyProjectFile(const HTEQHardwarePlatform& platform, const std::string& path, const char* oldType,
                      const std::string& destination) {
@@ -50,16 +68,19 @@ bool copyProjectFile(const HTEQHardwarePlatform& platform, const std::string& pa
 }
 
 HSTVector<HTEQTilPartition> readProjectPartitions(const HTEQHardwarePlatform& platform) {
-    // One partition in the project's name for the file, several in ours.
-    const TemporaryCopy copy(platform, "tilarchive/arch/til_partition.json", "til_partitions.json");
-    return HTEQTilPartitionsJsonReader::read(copy.file());
+    const auto file = fileOfProject(platform, "tilarchive/arch/til_partition.json");
+    if (!file) return {};
+    return HTEQTilPartitionsJsonReader::readText(file->text, file->name);
 }
 
 std::string projectInterfaceId(const HTEQHardwarePlatform& platform) {
-    const TemporaryCopy copy(platform, "tilarchive/morwen/tilprj_meta_data.json", "tilprj_meta_data.json");
+    const auto file = fileOfProject(platform, "tilarchive/morwen/tilprj_meta_data.json");
     std::map<std::string, std::string> entries;
+    if (!file) return {};
     try {
-        if (!copy.file().empty()) platform.parseMetaData(copy.file(), entries);
+        json::ptree document;
+        json::parse(file->text, file->name, document);
+        takeMetaData(document, entries);
     } catch (const boost::property_tree::json_parser_error&) {
         return {};
     }
@@ -69,9 +90,7 @@ std::string projectInterfaceId(const HTEQHardwarePlatform& platform) {
 void readMetaData(const std::string& file, std::map<std::string, std::string>& out) {
     json::ptree document;
     json::parseFile(file, document);
-    const auto list = document.find("MetaData");
-    if (list == document.not_found()) return;
-    for (const auto& [none, item] : list->second) out[json::textAt(item, "name")] = json::textAt(item, "value");
+    takeMetaData(document, out);
 }
 
 }  // namespace hardware

@@ -1,7 +1,9 @@
 #pragma once
 #include <map>
+#include <memory>
 #include <string>
 
+#include "archive/MemberSource.h"
 #include "platform/HTEQTilPartition.h"
 #include "text/HSTVector.h"
 
@@ -10,6 +12,10 @@ class HTEQHardwarePlatform;
 /// The tile-array project, an archive inside the platform's archive.
 namespace hardware {
 
+/// The project: a file that this user has put at its name in the temporary directory, else the platform's member,
+/// from which nothing reaches the disk. Null when there is none. Throws `HEXAll`: it is no archive, or what stands in
+/// the temporary directory is not to be trusted.
+std::shared_ptr<const archive::MemberSource> openProject(const HTEQHardwarePlatform& platform);
 /// Copies a file of the project; when that fails, and `oldType` is not null, the file of that type, which older
 /// archives hold themselves.
 bool copyProjectFile(const HTEQHardwarePlatform& platform, const std::string& path, const char* oldType,

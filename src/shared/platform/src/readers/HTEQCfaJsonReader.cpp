@@ -2,6 +2,8 @@
 
 #include <exception>
 #include <memory>
+#include <set>
+#include <utility>
 
 #include "archive/Request.h"
 #include "hardware/HardwareKeys.h"
@@ -54,11 +56,14 @@ void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
 
 void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
     const auto [begin, end] = platform.getFileVecRange();
+    std::set<std::pair<std::string, std::string>> seen;  // a stranger may list one file a hundred thousand times
     for (auto it = begin; it != end; ++it) {
+        const bool isEmulation = (*it)->getType() == "EMU_XML" || (*it)->getType() == "EMU_JSON";
+        if (!isEmulation || !seen.emplace((*it)->getType(), (*it)->getName()).second) continue;
         HTEQEmulations emulations;
         if ((*it)->getType() == "EMU_XML")
             HTEQEmulationXMLReader::parseFromCfa(archive, (*it)->getName(), &emulations);
-        else if ((*it)->getType() == "EMU_JSON")
+        else
             HTEQEmulationJsonReader::parseFromCfa(archive, (*it)->getName(), &emulations);
         takeEmulations(emulations, platform);
     }

@@ -2,8 +2,6 @@
 
 #include <fmt/format.h>
 
-#include <iostream>
-
 #include "msg/ComMsgMgr.h"
 #include "platform/HTEQHardwareAddressSegment.h"
 #include "platform/HTEQHardwareBusInterface.h"
@@ -12,6 +10,7 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQHpfmUtl.h"
 #include "platform/HTEQSystemClock.h"
+#include "readers/Printed.h"
 #include "readers/Saturated.h"
 #include "records/TEQHpfmLMX.h"
 #include "util/HUTPathUtils.h"
@@ -25,7 +24,7 @@ std::string lineText(const xml::Exception& e) { return fmt::format("Line number:
 
 HTEQHpfmReader::HTEQHpfmReader(std::string hpfm, HTEQHardwarePlatform* platform)
     : hpfm_(std::move(hpfm)), platform_(platform) {
-    if (hpfm_.empty()) std::cout << "CRITICAL WARNING: Empty hpfm string passed in\n";
+    if (hpfm_.empty()) readers::print("CRITICAL WARNING: Empty hpfm string passed in\n");
 }
 
 bool HTEQHpfmReader::parseFile() {
@@ -40,7 +39,7 @@ bool HTEQHpfmReader::parseFile() {
         return true;
     } catch (const xml::Exception& e) {
         const std::string text = failed + lineText(e);
-        std::cout << text;
+        readers::print(text);
         errorMsg_ += text;
         ComMsgMgr::sendMsg("@74-12@", text, e.line());
         return false;
@@ -52,7 +51,7 @@ std::optional<WELHardwarePlatform::Repository> HTEQHpfmReader::readStream_() {
         return xml::read(WELHardwarePlatform::kDocument, hpfm_, "hpfm");
     } catch (const xml::Exception& e) {
         errorMsg_ = "Error parsing hardware platform stream from CFA\n" + lineText(e);
-        std::cout << errorMsg_;
+        readers::print(errorMsg_);
         ComMsgMgr::sendMsg("@74-31@");
         return std::nullopt;
     }

@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <iostream>
 #include <memory>
 
 #include "msg/HEXAll.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
+#include "readers/Printed.h"
 #include "readers/Saturated.h"
 #include "records/TEQPlatformLMX.h"
 #include "util/HUTFile.h"
@@ -26,7 +26,7 @@ bool HTEQPlatformXMLReader::parseFile() {
         return true;
     } catch (const xml::Exception& e) {
         errorMsg_ = fmt::format("Error parsing platform file: {}\nLine number:{}. {}\n", file_, e.line(), e.what());
-        std::cout << errorMsg_;
+        readers::print(errorMsg_);
         ComMsgMgr::sendMsg("@74-9@%s", file_, e.line());
         return false;
     }

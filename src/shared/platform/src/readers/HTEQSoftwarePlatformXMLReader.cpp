@@ -2,13 +2,12 @@
 
 #include <fmt/format.h>
 
-#include <iostream>
-
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
+#include "readers/Printed.h"
 #include "records/TEQSoftwarePlatformLMX.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
@@ -27,7 +26,7 @@ bool HTEQSoftwarePlatformXMLReader::parseFile() {
     } catch (const xml::Exception& e) {
         errorMsg_ =
             fmt::format("Error parsing software platform file: {}\nLine number:{}. {}", file_, e.line(), e.what());
-        std::cout << errorMsg_ << '\n';
+        readers::print(errorMsg_ + "\n");
         ComMsgMgr::sendMsg("@74-51@%s%d", file_, e.line());
         return false;
     }

@@ -64,7 +64,8 @@ constexpr auto kHwEmuOnlyChildren = xml::children<HwEmuOnly>(one<&HwEmuOnly::hwE
     "The hardware archive of a platform that is only emulated; it serves as the hardware file too."));
 
 constexpr auto kPartitionedChildren = xml::children<Partitioned>(atLeastOne<&Partitioned::reconfigurablePartitions>(
-    "reconfigurablePartition", kReconfigurablePartition, "A part of the device that is loaded for itself."));
+    "reconfigurablePartition", kReconfigurablePartition, "A part of the device that is loaded for itself.",
+    kMostPartitions));
 
 constexpr auto kHardwarePlatformsAttributes =
     xml::attributes<HardwarePlatforms>(optional<&HardwarePlatforms::defaultRP>(

@@ -67,6 +67,9 @@ struct HwEmuOnly {
     bool operator==(const HwEmuOnly&) const = default;
 };
 
+/// Each opens files of its own.
+inline constexpr std::size_t kMostPartitions = 1024;
+
 /// Content of a platform of several hardware files.
 struct Partitioned {
     std::vector<ReconfigurablePartition> reconfigurablePartitions;

@@ -1,0 +1,20 @@
+#pragma once
+#include <iostream>
+#include <string_view>
+
+#include "text/HSTStringUtils.h"
+
+namespace readers {
+
+/// Prints lines that name files of strangers: nothing in them reaches a terminal as an order.
+inline void print(std::string_view lines) {
+    while (!lines.empty()) {
+        const auto end = lines.find('\n');
+        std::cout << HSTStringUtils::printable(lines.substr(0, end));
+        if (end == std::string_view::npos) return;
+        std::cout << '\n';
+        lines.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace readers
