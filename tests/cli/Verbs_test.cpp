@@ -7,6 +7,7 @@
 #include <fstream>
 #include <regex>
 
+#include <msg/MsgCatalogue.h>
 #include <platform/HTEQPlatformCAPI.h>
 
 #include "support/Run.h"
@@ -68,6 +69,7 @@ TEST(Help, EachVerbHasAnExampleThatRuns) {
 TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
         << "./dev docs writes it anew";
+    EXPECT_EQ(tool({"--reference", "findings"}).out, contentOf(ZR_SOURCE_DIR "/docs/validate.md"));
     const Scratch scratch;
     scratch.put("zr.1", tool({"--reference", "man"}).out);
     const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
@@ -317,6 +319,85 @@ TEST(Verify, TellsWhichMemberDiffers) {
     EXPECT_EQ(two.exit, 3) << "the worst of all, and the good one is told";
     EXPECT_THAT(two.out, HasSubstr("plain.zip: good"));
     EXPECT_THAT(two.err, HasSubstr("text.zip: error: "));
+}
+
+TEST(Validate, PrintsFindingsAsLinesAndAsRecords) {
+    const Scratch scratch;
+    scratch.put("in/lfa.json", "{\"board\": 1,\n \"memories\": [{\"size\": \"1\\u001b[31mMB\"}]}");
+    const std::string archive = scratch / "x.lfa";
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const Result lines = tool({"validate", archive});
+    EXPECT_EQ(lines.exit, 1);
+    EXPECT_EQ(lines.out, archive +
+                             "!lfa.json:1:11: error: board: a single value stands where an object is read "
+                             "[wrong-shape]\n" +
+                             archive +
+                             "!lfa.json:2:15: warning: memories[0]: the size \"1\\x1b[31mMB\" counts as 0; a "
+                             "number and GB count, as in \"16GB\" [uncounted-memory]\n");
+    const Result records = tool({"validate", archive, "--json"});
+    EXPECT_EQ(records.exit, 1);
+    EXPECT_THAT(records.out, testing::StartsWith("{\"schema\":\"urn:torvane:zr-platform:finding:1\""));
+    EXPECT_THAT(records.out,
+                HasSubstr("\"member\":\"lfa.json\",\"line\":1,\"column\":11,\"severity\":\"error\",\"name\":"
+                          "\"wrong-shape\",\"element\":\"board\""));
+}
+
+TEST(Validate, ExitsByTheWorst) {
+    const Scratch scratch;
+    const std::string clean = scratch.put("clean.json", "{}"), gone = scratch / "gone.zdf";
+    const std::string warned = scratch.put("warned.json", "{\"usesPR\": \"yes\"}");
+    const std::string wrong = scratch.put("wrong.json", "{\"board\": []}x");
+    const struct {
+        std::vector<std::string> arguments;
+        int exit;
+    } cases[] = {
+        {{clean}, 0},
+        {{warned}, 0},
+        {{warned, "--fail-on=error"}, 0},
+        {{warned, "--fail-on=warning"}, 1},
+        {{clean, "--fail-on=warning"}, 0},
+        {{clean, wrong, warned}, 1},
+        {{gone}, 3},
+        {{wrong, gone, clean, "--ndjson"}, 3},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments = c.arguments;
+        arguments.insert(arguments.begin(), "validate");
+        EXPECT_EQ(tool(arguments).exit, c.exit) << testing::PrintToString(arguments);
+    }
+    EXPECT_THAT(tool({"validate", gone, wrong}).out,
+                testing::AllOf(HasSubstr("gone.zdf: error: "), HasSubstr("[not-json]")))
+        << "one bad file does not spoil the list";
+}
+
+TEST(Explain, KnowsEachMessageAndEachFinding) {
+    for (const MsgRow& row : kMsgCatalogue) {
+        const std::string id(row.id), bare = id.substr(1, id.find('@', 1) - 1);
+        const Result result = tool({"explain", bare});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, testing::AllOf(HasSubstr(std::string(row.text)), HasSubstr("What to do: "))) << id;
+        EXPECT_EQ(tool({"explain", id}).out, result.out);
+        EXPECT_EQ(tool({"explain", "@" + bare}).out, result.out);
+    }
+    const Result finding = tool({"explain", "repeated-clock-id"});
+    EXPECT_THAT(finding.out, testing::StartsWith("repeated-clock-id (warning)\n"));
+    for (const char* part : {"What to do: ", "bad, lfa.json:", "good:", "    {\"systemClocks\""})
+        EXPECT_THAT(finding.out, HasSubstr(part));
+    const Result unknown = tool({"explain", "repeated-clock-ids"});
+    EXPECT_EQ(unknown.exit, 1);
+    EXPECT_EQ(unknown.out, "");
+    EXPECT_THAT(unknown.err, HasSubstr("repeated-clock-id"));
+}
+
+TEST(Schema, PrintsEachFormatAndRefusesOthers) {
+    for (const char* format : {"zdf", "spfm", "hpfm", "cfa", "emu"}) {
+        const Result result = tool({"schema", format});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, HasSubstr("</xs:schema>\n")) << format;
+    }
+    const Result unknown = tool({"schema", "json"});
+    EXPECT_EQ(unknown.exit, 2);
+    EXPECT_THAT(unknown.err, HasSubstr("zdf, spfm, hpfm, cfa, emu"));
 }
 
 TEST(Extract, TakesMembersTypesAndNestedMembers) {

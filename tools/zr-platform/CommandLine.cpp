@@ -82,8 +82,8 @@ int runCommandLine(int argc, char** argv) {
     const Verb* chosen = nullptr;
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
-    app.add_option("--reference", reference, "print what is made from the verbs")
-        ->check(CLI::IsMember({"man", "markdown", "bash"}));
+    app.add_option("--reference", reference, "print what is made from the tables")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}));
     app.footer(
         "\nExit codes: 0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault,\n"
         "4 the environment is, 70 a fault of the tool.");

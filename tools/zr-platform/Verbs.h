@@ -53,4 +53,7 @@ int runMembers(const Call& call);
 int runExtract(const Call& call);
 int runSetFile(const Call& call);
 int runVerify(const Call& call);
+int runSchema(const Call& call);
+int runValidate(const Call& call);
+int runExplain(const Call& call);
 int runToXml(const Call& call);

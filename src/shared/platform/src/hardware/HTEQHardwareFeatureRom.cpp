@@ -99,6 +99,11 @@ constexpr json::Key<Rom> cdmaAddress(const char* name) {
             }};
 }
 
+json::Shapes bitMapShapes() {
+    static const json::Shape shapes[] = {{"value", json::Form::text}};
+    return shapes;
+}
+
 constexpr json::Key<Rom> kKeys[] = {
     K::number<&Rom::getMajorVersion, &Rom::setMajorVersion>("majorVersion"),
     K::number<&Rom::getMinorVersion, &Rom::setMinorVersion>("minorVersion"),
@@ -116,11 +121,12 @@ constexpr json::Key<Rom> kKeys[] = {
             [](Rom& rom, const std::string& text) {
                 rom.setDRBaseAddress(static_cast<std::uint64_t>(HSTStringUtils::toNumber(text)));
             }>("drBaseAddress"),
-    {"featureBitMap", &writeFeatures, nullptr,
-     [](Rom& rom, const json::ptree& node) {
-         rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
-     }},
-    K::text<&Rom::getUUIDAsString, [](Rom& rom, const std::string& text) { rom.setUUID(text); }>("uuid"),
+    shaped<Rom>({"featureBitMap", &writeFeatures, nullptr,
+                 [](Rom& rom, const json::ptree& node) {
+                     rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
+                 }},
+                json::Form::object, &bitMapShapes),
+    refusing(K::text<&Rom::getUUIDAsString, [](Rom& rom, const std::string& text) { rom.setUUID(text); }>("uuid")),
     cdmaAddress<0>("cdmaBaseAddress0"),
     cdmaAddress<1>("cdmaBaseAddress1"),
     cdmaAddress<2>("cdmaBaseAddress2"),
