@@ -14,6 +14,8 @@
 #include "ByLibzip.h"
 #include "archive/ArchiveSource.h"
 #include "json/JsonText.h"
+#include "platform/PlatformCheck.h"
+#include "platform/PlatformLoader.h"
 #include "zip/Archive.h"
 
 namespace {
@@ -89,6 +91,19 @@ void openAndReadOneByLibzip(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(readByLibzip("a5000.lfa", "lfa.json"));
 }
 BENCHMARK(openAndReadOneByLibzip)->Unit(benchmark::kMillisecond);
+
+void loadClean(benchmark::State& state) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(
+            teq_platform::PlatformLoader("aclean.lfa", teq_platform::HwMetadataMode::Default).load());
+}
+BENCHMARK(loadClean)->Unit(benchmark::kMillisecond);
+
+void checkClean(benchmark::State& state) {
+    for (auto _ : state)
+        if (!teq_platform::PlatformCheck::check("aclean.lfa").empty()) std::abort();
+}
+BENCHMARK(checkClean)->Unit(benchmark::kMillisecond);
 
 constexpr const char* kCopy = "copy.bit";
 

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "Check.h"
+#include "records/TEQCfaXmlLMX.h"
 #include "records/TEQEmulationLMX.h"
 #include "records/TEQHpfmLMX.h"
 #include "records/TEQPlatformLMX.h"
@@ -45,5 +46,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     tryFormat(TEQSoftwarePlatform::kDocument, text);
     tryFormat(WELHardwarePlatform::kDocument, text);
     tryFormat(TEQEmulation::kDocument, text);
+    tryFormat(BasePlatform::kDocument, text);
     return 0;
 }

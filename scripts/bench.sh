@@ -38,7 +38,7 @@ if [ "${1:-}" = 300 ]; then
     exit
 fi
 rounds=${1:-60}
-[ -f "$data/p100.zdf" ] || python3 bench/gen.py "$data"
+[ -f "$data/aclean.lfa" ] || python3 bench/gen.py "$data"
 cd "$data"
 
 documents() { # TITLE BASE

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <regex>
 
+#include <msg/MsgCatalogue.h>
 #include <platform/HTEQPlatformCAPI.h>
 
 #include "support/Run.h"
@@ -68,6 +69,7 @@ TEST(Help, EachVerbHasAnExampleThatRuns) {
 TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
         << "./dev docs writes it anew";
+    EXPECT_EQ(tool({"--reference", "findings"}).out, contentOf(ZR_SOURCE_DIR "/docs/validate.md"));
     const Scratch scratch;
     scratch.put("zr.1", tool({"--reference", "man"}).out);
     const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
@@ -227,6 +229,72 @@ TEST(SetFile, LeavesTheArchiveWhenTheDiskIsFull) {
     EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "s", "x.lfa"})) << "no stray file";
 }
 
+TEST(SetFile, RefusesAnArchiveWithXmlMetadataOnly) {
+    const Scratch scratch;
+    const std::string archive = scratch / "harrier.cfa", source = scratch.put("pre.tcl", "puts hello\n");
+    fs::copy(std::string(ZR_SAMPLES) + "/harrier/hw/harrier.cfa", archive);
+    const std::string before = contentOf(archive);
+    const Result refused = tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source});
+    EXPECT_EQ(refused.exit, 1);
+    EXPECT_THAT(refused.err,
+                HasSubstr("harrier.cfa: the metadata is XML only: a new member cfa.json would be read in "
+                          "the place of cfa.xml"));
+    EXPECT_EQ(contentOf(archive), before);
+    EXPECT_EQ(tool({"set-file", archive, "PRE_OPT_TCL", "tcl/pre.tcl", source, "--force"}).exit, 0);
+    EXPECT_EQ(tool({"extract", archive, "PRE_OPT_TCL", "-"}).out, "puts hello\n");
+    EXPECT_EQ(tool({"extract", archive, "PRE_OPT_TCL", "-", "--type"}).exit, 0);
+}
+
+TEST(XmlMetadata, IsReadAsAnyOther) {
+    const std::string archive = "harrier/hw/harrier.cfa";
+    const Result shown = tool({"show", archive});
+    EXPECT_EQ(shown.exit, 0) << shown.err;
+    for (const char* expected : {"torvane:harrier:gen3x16_dyn:5.2", "unified, expandable", "tzh95-fsga2577-2-e",
+                                 "pblock_dyn", "PL 1", "S_AXI_DDR", "EMU_XML"})
+        EXPECT_THAT(shown.out, HasSubstr(expected));
+    EXPECT_EQ(tool({"json", archive, "--metadata=xml"}).out, tool({"json", archive}).out);
+    EXPECT_THAT(tool({"members", archive}).out, HasSubstr("cfa.xml\n"));
+    EXPECT_EQ(tool({"verify", archive}).out, archive + ": good, digest: valid\n");
+    EXPECT_EQ(tool({"extract", archive, "HPFM", "-"}).out,
+              contentOf(ZR_SOURCE_DIR "/examples/harrier/hw/harrier.cfa/hpfm/harrier.hpfm"));
+    EXPECT_THAT(tool({"json", "u77/hw/u77.lfa", "--metadata=xml"}).err,
+                HasSubstr("the archive has no metadata member lfa.xml"));
+}
+
+TEST(ToXml, WritesAFileOrToStandardOutput) {
+    const Scratch scratch;
+    const std::string expected = contentOf(ZR_SOURCE_DIR "/examples/expected/osprey.xml");
+    EXPECT_EQ(tool({"to-xml", "osprey/hw/osprey_rm.lfa"}).out, expected);
+    EXPECT_EQ(tool({"to-xml", "osprey/osprey.zdf", "-"}).out, expected) << "its default partition";
+    const std::string out = scratch / "out.xml";
+    EXPECT_EQ(tool({"to-xml", "osprey/hw/osprey_rm.lfa", out}).exit, 0);
+    EXPECT_EQ(contentOf(out), expected);
+    EXPECT_EQ(tool({"to-xml", "u77/hw/u77.lfa", out}).exit, 1) << "is there already";
+    EXPECT_EQ(contentOf(out), expected);
+    EXPECT_EQ(tool({"to-xml", "u77/hw/u77.lfa", out, "--force"}).exit, 0);
+    EXPECT_EQ(contentOf(out), contentOf(ZR_SOURCE_DIR "/examples/expected/u77.xml"));
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"out.xml"}));
+}
+
+TEST(ToXml, SaysWhyThereIsNone) {
+    const Scratch scratch;
+    scratch.put("in/lfa.json", "{}");
+    ASSERT_EQ(tool({"pack", scratch / "in", scratch / "x.lfa"}).exit, 0);
+    const std::pair<std::vector<std::string>, std::pair<int, const char*>> cases[] = {
+        {{"to-xml", scratch / "x.lfa", scratch / "out"},
+         {3, "x.lfa: error: there is no XML form of it: <Devices> needs"}},
+        {{"to-xml", "lone/lorica.spfm"}, {3, "there is no hardware platform in it"}},
+        {{"to-xml", "u77/hw/u77.lfa", scratch / "no/out"}, {4, "no such directory"}},
+    };
+    for (const auto& [arguments, expected] : cases) {
+        const Result result = tool(arguments);
+        EXPECT_EQ(result.exit, expected.first);
+        EXPECT_THAT(result.err, HasSubstr(expected.second));
+        EXPECT_EQ(result.out, "");
+    }
+    EXPECT_EQ(scratch.names(), std::vector<std::string>({"in", "x.lfa"}));
+}
+
 TEST(Verify, TellsWhichMemberDiffers) {
     const Scratch scratch;
     const std::string archive = scratch / "x.lfa";
@@ -251,6 +319,85 @@ TEST(Verify, TellsWhichMemberDiffers) {
     EXPECT_EQ(two.exit, 3) << "the worst of all, and the good one is told";
     EXPECT_THAT(two.out, HasSubstr("plain.zip: good"));
     EXPECT_THAT(two.err, HasSubstr("text.zip: error: "));
+}
+
+TEST(Validate, PrintsFindingsAsLinesAndAsRecords) {
+    const Scratch scratch;
+    scratch.put("in/lfa.json", "{\"board\": 1,\n \"memories\": [{\"size\": \"1\\u001b[31mMB\"}]}");
+    const std::string archive = scratch / "x.lfa";
+    ASSERT_EQ(tool({"pack", scratch / "in", archive}).exit, 0);
+    const Result lines = tool({"validate", archive});
+    EXPECT_EQ(lines.exit, 1);
+    EXPECT_EQ(lines.out, archive +
+                             "!lfa.json:1:11: error: board: a single value stands where an object is read "
+                             "[wrong-shape]\n" +
+                             archive +
+                             "!lfa.json:2:15: warning: memories[0]: the size \"1\\x1b[31mMB\" counts as 0; a "
+                             "number and GB count, as in \"16GB\" [uncounted-memory]\n");
+    const Result records = tool({"validate", archive, "--json"});
+    EXPECT_EQ(records.exit, 1);
+    EXPECT_THAT(records.out, testing::StartsWith("{\"schema\":\"urn:torvane:zr-platform:finding:1\""));
+    EXPECT_THAT(records.out,
+                HasSubstr("\"member\":\"lfa.json\",\"line\":1,\"column\":11,\"severity\":\"error\",\"name\":"
+                          "\"wrong-shape\",\"element\":\"board\""));
+}
+
+TEST(Validate, ExitsByTheWorst) {
+    const Scratch scratch;
+    const std::string clean = scratch.put("clean.json", "{}"), gone = scratch / "gone.zdf";
+    const std::string warned = scratch.put("warned.json", "{\"usesPR\": \"yes\"}");
+    const std::string wrong = scratch.put("wrong.json", "{\"board\": []}x");
+    const struct {
+        std::vector<std::string> arguments;
+        int exit;
+    } cases[] = {
+        {{clean}, 0},
+        {{warned}, 0},
+        {{warned, "--fail-on=error"}, 0},
+        {{warned, "--fail-on=warning"}, 1},
+        {{clean, "--fail-on=warning"}, 0},
+        {{clean, wrong, warned}, 1},
+        {{gone}, 3},
+        {{wrong, gone, clean, "--ndjson"}, 3},
+    };
+    for (const auto& c : cases) {
+        std::vector<std::string> arguments = c.arguments;
+        arguments.insert(arguments.begin(), "validate");
+        EXPECT_EQ(tool(arguments).exit, c.exit) << testing::PrintToString(arguments);
+    }
+    EXPECT_THAT(tool({"validate", gone, wrong}).out,
+                testing::AllOf(HasSubstr("gone.zdf: error: "), HasSubstr("[not-json]")))
+        << "one bad file does not spoil the list";
+}
+
+TEST(Explain, KnowsEachMessageAndEachFinding) {
+    for (const MsgRow& row : kMsgCatalogue) {
+        const std::string id(row.id), bare = id.substr(1, id.find('@', 1) - 1);
+        const Result result = tool({"explain", bare});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, testing::AllOf(HasSubstr(std::string(row.text)), HasSubstr("What to do: "))) << id;
+        EXPECT_EQ(tool({"explain", id}).out, result.out);
+        EXPECT_EQ(tool({"explain", "@" + bare}).out, result.out);
+    }
+    const Result finding = tool({"explain", "repeated-clock-id"});
+    EXPECT_THAT(finding.out, testing::StartsWith("repeated-clock-id (warning)\n"));
+    for (const char* part : {"What to do: ", "bad, lfa.json:", "good:", "    {\"systemClocks\""})
+        EXPECT_THAT(finding.out, HasSubstr(part));
+    const Result unknown = tool({"explain", "repeated-clock-ids"});
+    EXPECT_EQ(unknown.exit, 1);
+    EXPECT_EQ(unknown.out, "");
+    EXPECT_THAT(unknown.err, HasSubstr("repeated-clock-id"));
+}
+
+TEST(Schema, PrintsEachFormatAndRefusesOthers) {
+    for (const char* format : {"zdf", "spfm", "hpfm", "cfa", "emu"}) {
+        const Result result = tool({"schema", format});
+        EXPECT_EQ(result.exit, 0);
+        EXPECT_THAT(result.out, HasSubstr("</xs:schema>\n")) << format;
+    }
+    const Result unknown = tool({"schema", "json"});
+    EXPECT_EQ(unknown.exit, 2);
+    EXPECT_THAT(unknown.err, HasSubstr("zdf, spfm, hpfm, cfa, emu"));
 }
 
 TEST(Extract, TakesMembersTypesAndNestedMembers) {
@@ -341,6 +488,34 @@ TEST(BadInput, OfAMemberTellsItsLine) {
         EXPECT_EQ(result.exit, 3);
         EXPECT_TRUE(std::regex_match(result.err, std::regex(".*x\\.lfa" + std::string(error) + "\n"))) << result.err;
     }
+}
+
+TEST(BadInput, OfXmlMetadataTellsItsLine) {
+    const Scratch scratch;
+    const std::string good = contentOf(ZR_SOURCE_DIR "/examples/lone/dunlin_pre.cfa/cfa.xml");
+    const auto with = [&](const char* part, const char* replacement) {
+        return std::regex_replace(good, std::regex(part), replacement);
+    };
+    const std::pair<std::string, const char*> cases[] = {
+        {with("<Files/>", ""), R"(!cfa\.xml:14:3: error: .*<Files>.* \[74-62\])"},
+        {with("ComputeUnits=\"4\"", "ComputeUnits=\"400\""), R"(!cfa\.xml:10:9: error: .*above the maximum, 255.*)"},
+        {with(":ub484:-1:i", ""), R"(!cfa\.xml: error: .*'tzmote:tzd10' \[74-65\])"},
+        {with("Pre_Synth", "impl"), R"(: error: .*\(version 2\) is newer than the current version 1 .*\[74-52\])"},
+        {"", R"(!cfa\.xml:1:1: error: .*no element found.*)"},
+    };
+    for (const auto& [xml, error] : cases) {
+        SCOPED_TRACE(error);
+        scratch.put("in/cfa.xml", xml);
+        const Result pack = tool({"pack", scratch / "in", scratch / "y.cfa"});
+        EXPECT_EQ(pack.exit, 3) << "packing looks at the metadata";
+        EXPECT_FALSE(fs::exists(scratch / "y.cfa"));
+        ASSERT_EQ(tool({"pack", scratch / "in", scratch / "x.cfa", "--force"}).exit, 0);
+        const Result result = tool({"json", scratch / "x.cfa"});
+        EXPECT_EQ(result.exit, 3);
+        EXPECT_TRUE(std::regex_match(result.err, std::regex(".*x\\.cfa" + std::string(error) + "\n"))) << result.err;
+    }
+    scratch.put("in/cfa.xml", with("<Files/>", "<Files><File Type='T' Name='gone'/></Files>"));
+    EXPECT_THAT(tool({"pack", scratch / "in", scratch / "y.cfa"}).err, HasSubstr("that are not there: gone"));
 }
 
 TEST(WrongUse, ExitsWithTwo) {

@@ -308,7 +308,7 @@ TEST(PowerLoss, LeavesTheOldOrTheNewArchive) {
                 check([one](std::size_t i) { return i == one; });
                 check([one](std::size_t i) { return i != one; });
             }
-            for (std::size_t i = 0; loss.unsynced() > 0 && i < most / events.size() / 4; ++i)
+            for (std::size_t i = 0; loss.unsynced() > 0 && i < most / events.size(); ++i)
                 check([&random](std::size_t) { return random() % 2 == 0; });
         }
         EXPECT_EQ(PowerLoss(events, events.size(), directory).after(before, [](std::size_t) { return true; }), now)

@@ -10,6 +10,7 @@
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/JSONWriter.h"
+#include "readers/CfaXml.h"
 #include "support/Platforms.h"
 
 namespace {
@@ -135,15 +136,43 @@ TEST_F(PlatformLoaderTest, ReadsTheMemberThatTheModeAllows) {
     const std::string both =
         packed(scratch, "both.lfa", {{"lfa.json", "{\"name\": \"main\"}"}, {"alt_lfa.json", "{\"name\": \"alt\"}"}});
     const std::string alt = packed(scratch, "alt.lfa", {{"alt_lfa.json", "{\"name\": \"alt\"}"}});
+    const std::string xml = with(kCfaXml, R"(BoardId="b" Name="n")", R"(BoardId="b" Name="xml")");
+    const std::string all =
+        packed(scratch, "all.lfa",
+               {{"lfa.json", "{\"name\": \"main\"}"}, {"alt_lfa.json", "{\"name\": \"alt\"}"}, {"lfa.xml", xml}});
+    const std::string altXml =
+        packed(scratch, "altxml.lfa", {{"alt_lfa.json", "{\"name\": \"alt\"}"}, {"lfa.xml", xml}});
+    const std::string only = packed(scratch, "only.lfa", {{"lfa.xml", xml}});
     const auto nameOf = [](const std::string& file, HwMetadataMode mode) {
         const auto platform = load(file, mode);
         return platform ? platform->getHardwarePlatform()->getName() : "none";
     };
+    EXPECT_EQ(nameOf(all, HwMetadataMode::Default), "alt");
+    EXPECT_EQ(nameOf(all, HwMetadataMode::PrimaryJsonOnly), "main");
+    EXPECT_EQ(nameOf(all, HwMetadataMode::XmlOnly), "xml");
+    EXPECT_EQ(nameOf(altXml, HwMetadataMode::PrimaryJsonOnly), "xml");
+    for (const auto mode : {HwMetadataMode::Default, HwMetadataMode::PrimaryJsonOnly, HwMetadataMode::XmlOnly})
+        EXPECT_EQ(nameOf(only, mode), "xml");
     EXPECT_EQ(nameOf(both, HwMetadataMode::Default), "alt");
     EXPECT_EQ(nameOf(both, HwMetadataMode::PrimaryJsonOnly), "main");
     EXPECT_EQ(nameOf(both, HwMetadataMode::XmlOnly), "none");
     EXPECT_EQ(nameOf(alt, HwMetadataMode::Default), "alt");
     EXPECT_EQ(nameOf(alt, HwMetadataMode::PrimaryJsonOnly), "none");
+}
+
+/// Emulation platforms and partitions have JSON metadata or none.
+TEST_F(PlatformLoaderTest, XmlMetadataIsOfTheHardwarePlatformOnly) {
+    packed(scratch, "h.lfa", {{"lfa.xml", kCfaXml}, {"hw_emu/lfa.xml", kCfaXml}});
+    const auto child = load(zdf(fileElement("hardwarePlatform", "h.lfa")));
+    ASSERT_NE(child, nullptr);
+    EXPECT_EQ(child->getHardwarePlatform()->getName(), "n");
+    EXPECT_FALSE(child->hasHWEmulationPlatform());
+    const auto own = load(zdf(fileElement("hardwarePlatform", "h.lfa") + fileElement("hwEmuPlatform", "h.lfa")));
+    ASSERT_NE(own, nullptr);
+    EXPECT_FALSE(own->hasHWEmulationPlatform());
+    const std::string partitioned = partitions("", {"1"});
+    packed(scratch, "rp1.lfa", {{"lfa.xml", kCfaXml}});
+    EXPECT_EQ(load(partitioned), nullptr);
 }
 
 TEST_F(PlatformLoaderTest, AnEmulationChildComesOutOfTheArchive) {
@@ -229,11 +258,13 @@ TEST_F(PlatformLoaderTest, ModulesFitThePartitionsOfAStaticPlatform) {
     const std::string five = packed(scratch, "m5.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
     const std::string again = packed(scratch, "m5b.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 5}})"}});
     const std::string six = packed(scratch, "m6.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 6}})"}});
+    const std::string older = packed(scratch, "old.lfa", {{"lfa.xml", kCfaXml}});
     const std::string other = packed(scratch, "m9.lfa", {{"lfa.json", R"({"designIDs": {"nodeID": 9}})"}});
     const HTEQHardwarePlatform& hardware = *platform->getHardwarePlatform();
     EXPECT_EQ(hardware.getNodeIDFromLfa(six), 6U);
     EXPECT_TRUE(hardware.isValidRmLfa(five));
     EXPECT_FALSE(hardware.isValidRmLfa(other));
+    EXPECT_FALSE(hardware.isValidRmLfa(older)) << "XML metadata tells no ids";
     EXPECT_FALSE(hardware.isValidRmLfa(scratch / "gone.lfa"));
     EXPECT_TRUE(hardware.validateRmLfaFiles({}));
     EXPECT_TRUE(hardware.validateRmLfaFiles({five, six}));

@@ -4,10 +4,10 @@
 
 #include <map>
 
-#include "json/JsonText.h"
 #include "platform/HPLPlatform.h"
 #include "platform/PlatformLoader.h"
 #include "readers/Hpfm.h"
+#include "support/Leaves.h"
 #include "support/Platforms.h"
 #include "zip/Archive.h"
 
@@ -15,44 +15,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-/// The texts of a document by their places, as "board.pcie.vendor" or "files[0].name".
-using Leaves = std::map<std::string, std::string>;
-
-void collect(const json::ptree& tree, const std::string& place, Leaves& leaves) {
-    if (tree.empty()) leaves[place] = tree.data();
-    std::size_t number = 0;
-    for (const auto& [key, child] : tree) {
-        const std::string item =
-            key.empty() ? "[" + std::to_string(number++) + "]" : (place.empty() ? "" : ".") + key;
-        collect(child, place + item, leaves);
-    }
-}
-
-Leaves leavesOf(const std::string& text) {
-    json::ptree tree;
-    json::parse(text, "test", tree);
-    Leaves leaves;
-    collect(tree, "", leaves);
-    return leaves;
-}
-
-struct Loss {
-    std::vector<std::string> lost, changed;
-};
-
-Loss lossBetween(const std::string& before, const std::string& after) {
-    const Leaves now = leavesOf(after);
-    Loss loss;
-    for (const auto& [place, text] : leavesOf(before)) {
-        const auto found = now.find(place);
-        if (found == now.end())
-            loss.lost.push_back(place);
-        else if (found->second != text)
-            loss.changed.push_back(place);
-    }
-    return loss;
-}
 
 class RoundTrip : public testing::Test {
 protected:

@@ -1,26 +1,13 @@
 #include "records/TEQEmulationLMX.h"
 
 #include "records/Breaking.h"
+#include "records/Documents.h"
 
 using namespace TEQEmulation;
 
 namespace {
 
-const std::string kWhole = R"(<?xml version="1.0" encoding="UTF-8"?>
-<Root VersionMajor="1" VersionMinor="4294967295">
-  <Emulations>
-    <Emulation Name="a">
-      <Files>
-        <File Type="EMU_HPFM" Name="hw_emu/a.hpfm"/>
-        <File Type="" Name=""/>
-      </Files>
-    </Emulation>
-    <Emulation Name="b">
-      <Files/>
-    </Emulation>
-  </Emulations>
-</Root>
-)";
+const std::string& kWhole = documents::kEmulation;
 
 }  // namespace
 

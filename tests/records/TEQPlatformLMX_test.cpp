@@ -1,43 +1,15 @@
 #include "records/TEQPlatformLMX.h"
 
 #include "records/Breaking.h"
+#include "records/Documents.h"
 
 using namespace TEQPlatform;
 
 namespace {
 
-std::string descriptor(const std::string& hardware) {
-    return R"(<?xml version="1.0" encoding="UTF-8"?>
-<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.50" teq:schemaVersion="2.0">
-  <teq:description>two
-lines</teq:description>
-)" + hardware +
-           R"(  <teq:softwarePlatforms>
-    <teq:softwarePlatform teq:path="sw" teq:name="n.spfm"/>
-  </teq:softwarePlatforms>
-</teq:platform>
-)";
-}
-
-const std::string kAnonymous = descriptor(R"(  <teq:hardwarePlatforms teq:defaultRP="7">
-    <teq:hardwarePlatform teq:path="hw" teq:name="n.lfa"/>
-    <teq:hwEmuPlatform teq:path="emu" teq:name="e.lfa"/>
-  </teq:hardwarePlatforms>
-)");
-const std::string kEmulationOnly = descriptor(R"(  <teq:hardwarePlatforms>
-    <teq:hwEmuPlatform teq:path="emu" teq:name="e.lfa"/>
-  </teq:hardwarePlatforms>
-)");
-const std::string kPartitions = descriptor(R"(  <teq:hardwarePlatforms teq:defaultRP="1">
-    <teq:reconfigurablePartition teq:id="1">
-      <teq:hardwarePlatform teq:path="hw" teq:name="1.lfa"/>
-      <teq:hwEmuPlatform teq:path="emu" teq:name="1.lfa"/>
-    </teq:reconfigurablePartition>
-    <teq:reconfigurablePartition teq:id="2">
-      <teq:hwEmuPlatform teq:path="emu" teq:name="2.lfa"/>
-    </teq:reconfigurablePartition>
-  </teq:hardwarePlatforms>
-)");
+const std::string& kAnonymous = documents::kDescriptor;
+using documents::kEmulationOnly;
+using documents::kPartitions;
 
 }  // namespace
 

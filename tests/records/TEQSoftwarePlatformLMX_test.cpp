@@ -1,35 +1,13 @@
 #include "records/TEQSoftwarePlatformLMX.h"
 
 #include "records/Breaking.h"
+#include "records/Documents.h"
 
 using namespace TEQSoftwarePlatform;
 
 namespace {
 
-const std::string kWhole =
-    R"(<?xml version="1.0" encoding="UTF-8"?>
-<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0" teq:schemaVersion="1">
-  <teq:description>d</teq:description>
-  <teq:systemConfigurations teq:defaultConfiguration="c">
-    <teq:configuration teq:name="c" teq:displayName="C" teq:defaultProcessorGroup="g" teq:runtimes="ocl,cpp">
-      <teq:description></teq:description>
-      <teq:prebuilt teq:data="pre"/>
-      <teq:bootImages teq:default="i">
-        <teq:image teq:name="i" teq:type="t" teq:bif="b" teq:imageData="data" teq:bootmode="sd" teq:rootfs="r" teq:mountPath="/m" teq:readme="me" teq:qemuDevicetree="dt" teq:qemuBoot="qb" teq:qemuArguments="qa" teq:hwBootBin="bin"/>
-      </teq:bootImages>
-      <teq:processorGroup teq:name="g" teq:displayName="G" teq:cpuType="x86" teq:architecture="64" teq:cpuInstance="0">
-        <teq:os teq:name="linux" teq:displayName="Linux" teq:hypervisorGuest="YES" teq:includePaths="ip" teq:libraryPaths="lp" teq:libraryNames="ln" teq:ldscript="ld" teq:sysRoot="sr" teq:bspConfig="bc" teq:bspLibraryPaths="bl" teq:bspIncludePaths="bi" teq:bspRepo="br" teq:compilerOptions="co" teq:linkerOptions="lo" teq:osDependency="od" teq:crossCompilerType="cc" teq:toolConfig="tc"/>
-      </teq:processorGroup>
-      <teq:processorGroup teq:name="h" teq:displayName="H" teq:cpuType="x86">
-        <teq:os teq:name="standalone" teq:displayName="Alone"/>
-      </teq:processorGroup>
-    </teq:configuration>
-    <teq:configuration teq:name="d" teq:displayName="D">
-      <teq:description></teq:description>
-    </teq:configuration>
-  </teq:systemConfigurations>
-</teq:platform>
-)";
+const std::string& kWhole = documents::kSoftware;
 
 }  // namespace
 

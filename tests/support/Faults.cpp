@@ -77,10 +77,12 @@ ino_t inodeOf(int file) {
     return ::syscall(SYS_fstat, file, &status) == 0 ? status.st_ino : 0;
 }
 
-void note(Event event) {
+/// Writes down the event that `make` gives.
+template <class Make>
+void note(Make make) {
     if (!log) return;
     const Aside aside;
-    log->push_back(std::move(event));
+    log->push_back(make());
 }
 
 std::string baseOf(const char* path) {
@@ -102,7 +104,8 @@ int openAt(const char* name, int directory, const char* path, int flags, mode_t 
     static auto* const real = next<int(int, const char*, int, ...)>("openat");
     if (fails(name)) return -1;
     const int file = real(directory, path, flags, mode);
-    if (file >= 0 && (flags & O_CREAT)) note({Event::Kind::create, inodeOf(file), baseOf(path), "", 0, ""});
+    if (file >= 0 && (flags & O_CREAT))
+        note([&] { return Event{Event::Kind::create, inodeOf(file), baseOf(path), "", 0, ""}; });
     return file;
 }
 
@@ -112,9 +115,15 @@ ssize_t written(const char* name, int file, const void* bytes, std::size_t size,
     const auto at = offset >= 0 ? offset : static_cast<std::int64_t>(::lseek(file, 0, SEEK_CUR));
     const auto done = static_cast<ssize_t>(offset >= 0 ? ::syscall(SYS_pwrite64, file, bytes, size, offset)
                                                        : ::syscall(SYS_write, file, bytes, size));
-    if (done > 0 && log)
-        note({Event::Kind::write, inodeOf(file), "", "", static_cast<std::uint64_t>(std::max<std::int64_t>(at, 0)),
-              std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(done))});
+    if (done > 0)
+        note([&] {
+            return Event{Event::Kind::write,
+                         inodeOf(file),
+                         "",
+                         "",
+                         static_cast<std::uint64_t>(std::max<std::int64_t>(at, 0)),
+                         std::string(static_cast<const char*>(bytes), static_cast<std::size_t>(done))};
+        });
     return done;
 }
 
@@ -237,28 +246,28 @@ int close(int file) {
 
 int fsync(int file) {
     if (fails("fsync")) return -1;
-    note({Event::Kind::sync, inodeOf(file), "", "", 0, ""});
+    note([&] { return Event{Event::Kind::sync, inodeOf(file), "", "", 0, ""}; });
     return static_cast<int>(::syscall(SYS_fsync, file));
 }
 int ftruncate(int file, off_t size) noexcept {
     if (fails("ftruncate")) return -1;
-    note({Event::Kind::cut, inodeOf(file), "", "", static_cast<std::uint64_t>(size), ""});
+    note([&] { return Event{Event::Kind::cut, inodeOf(file), "", "", static_cast<std::uint64_t>(size), ""}; });
     return static_cast<int>(::syscall(SYS_ftruncate, file, size));
 }
 int renameat(int from, const char* name, int to, const char* newName) noexcept {
     if (fails("renameat")) return -1;
-    note({Event::Kind::rename, 0, baseOf(name), baseOf(newName), 0, ""});
+    note([&] { return Event{Event::Kind::rename, 0, baseOf(name), baseOf(newName), 0, ""}; });
     return static_cast<int>(::syscall(SYS_renameat, from, name, to, newName));
 }
 int renameat2(int from, const char* name, int to, const char* newName, unsigned flags) noexcept {
     if (fails("renameat2")) return -1;
-    note({Event::Kind::rename, 0, baseOf(name), baseOf(newName), 0, ""});
+    note([&] { return Event{Event::Kind::rename, 0, baseOf(name), baseOf(newName), 0, ""}; });
     return static_cast<int>(::syscall(SYS_renameat2, from, name, to, newName, flags));
 }
 int rename(const char* name, const char* newName) noexcept { return renameat(AT_FDCWD, name, AT_FDCWD, newName); }
 int unlinkat(int directory, const char* name, int flags) noexcept {
     if (fails("unlinkat")) return -1;
-    note({Event::Kind::unlink, 0, baseOf(name), "", 0, ""});
+    note([&] { return Event{Event::Kind::unlink, 0, baseOf(name), "", 0, ""}; });
     return static_cast<int>(::syscall(SYS_unlinkat, directory, name, flags));
 }
 int unlink(const char* name) noexcept { return unlinkat(AT_FDCWD, name, 0); }

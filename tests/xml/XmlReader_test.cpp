@@ -298,6 +298,13 @@ TEST(XmlReader, ReportsEveryFault) {
     EXPECT_TRUE(xml::check(kPlainDocument, plain("", kBody), "g.xml").empty());
 }
 
+TEST(XmlReader, AValueThatIsWrongIsNotMissing) {
+    const auto found =
+        xml::check(kPlainDocument, plain("", "<description/><water><pump power='x'/></water><gate/>"), "g.xml");
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_STREQ(found[0].name, xml::fault::kBadValue);
+}
+
 TEST(XmlReader, ReportsDeepNestingInsideASkippedElement) {
     const auto found = xml::check(kPlainDocument, plain("", repeated("<x>", 100'000)), "g.xml");
     ASSERT_EQ(found.size(), 2U);

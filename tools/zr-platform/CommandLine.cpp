@@ -39,6 +39,10 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     auto& values = call.positionals[name];
     if (name.ends_with("..."))
         app.add_option(name.substr(0, name.find('.')), values, positional.help)->required();
+    else if (name.starts_with("["))
+        app.add_option_function<std::string>(
+            name.substr(1, name.size() - 2), [&values](const std::string& value) { values = {value}; },
+            positional.help);
     else
         app.add_option_function<std::string>(
                name, [&values](const std::string& value) { values = {value}; }, positional.help)
@@ -78,8 +82,8 @@ int runCommandLine(int argc, char** argv) {
     const Verb* chosen = nullptr;
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
-    app.add_option("--reference", reference, "print what is made from the verbs")
-        ->check(CLI::IsMember({"man", "markdown", "bash"}));
+    app.add_option("--reference", reference, "print what is made from the tables")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}));
     app.footer(
         "\nExit codes: 0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault,\n"
         "4 the environment is, 70 a fault of the tool.");

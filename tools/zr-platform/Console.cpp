@@ -139,12 +139,28 @@ Problem memberProblem(const ComMsgMgrInstance& message) {
     return problem;
 }
 
+/// The fault of an archive's XML member: what is wrong, "archive/member" and the line.
+Problem xmlMemberProblem(const ComMsgMgrInstance& message) {
+    Problem problem;
+    problem.text = message.args.at(0);
+    problem.line = numberOf(message.args.at(2));
+    problem.column = takeColumn(problem.text);
+    const std::string& path = message.args.at(1);
+    std::size_t slash = path.rfind('/');
+    if (path.substr(0, slash).ends_with("/hw_emu")) slash -= std::string_view("/hw_emu").size();
+    problem.file = path.substr(0, slash);
+    problem.member = path.substr(slash + 1);
+    return problem;
+}
+
 Problem problemOf(const ComMsgMgrInstance& message, const std::string& file, const std::string& printed) {
     const std::string id = shortId(message.id);
     Problem problem;
     if (id == "74-9" || id == "74-51") {
         problem = xmlProblem(message, printed);
-    } else if (id == "74-64") {
+    } else if (id == "74-62") {
+        problem = xmlMemberProblem(message);
+    } else if (id == "74-64" || id == "74-65") {
         problem = memberProblem(message);
     } else {
         problem.file = file;

@@ -19,7 +19,7 @@ PlatformLoader::HwMetadataMode modeOf(const Call& call) {
 
 bool isArchive(const std::string& file) { return file.ends_with(".lfa") || file.ends_with(".cfa"); }
 
-/// Why an archive that exists gave no platform although no reader complained: it is none, or lacks metadata.
+/// Why an archive that exists has no metadata to read: it is none, or lacks the member.
 Problem whyNoMetadata(const std::string& archive, const Call& call) {
     try {
         HSTVector<std::string> members;
@@ -28,10 +28,14 @@ Problem whyNoMetadata(const std::string& archive, const Call& call) {
         return archiveProblem(archive, e.what());
     }
     const std::string ext = HUTFile::getExt(archive);
-    const std::string json = ext + ".json";
-    if (modeOf(call) == PlatformLoader::HwMetadataMode::XmlOnly)
-        return Problem::of(Exit::input, archive, "the XML member " + ext + ".xml cannot be read by this version");
-    return Problem::of(Exit::input, archive, "the archive has no metadata member " + json + " or alt_" + json);
+    const std::string json = ext + ".json", xml = ext + ".xml";
+    const char* const prefix = "the archive has no metadata member ";
+    switch (modeOf(call)) {
+        case PlatformLoader::HwMetadataMode::XmlOnly: return Problem::of(Exit::input, archive, prefix + xml);
+        case PlatformLoader::HwMetadataMode::PrimaryJsonOnly:
+            return Problem::of(Exit::input, archive, prefix + json + " or " + xml);
+        default: return Problem::of(Exit::input, archive, prefix + json + ", alt_" + json + " or " + xml);
+    }
 }
 
 /// The archive whose metadata the loader was reading when it gave up.
@@ -46,7 +50,9 @@ Problem whyNull(const std::string& file, const std::string& hardwareFile, const 
         said.empty() ? Problem::of(Exit::input, file, "the platform could not be loaded") : said.front();
     const std::string archive = archiveOf(file, hardwareFile);
     const bool nothingSaid = first.id == "74-60" && first.text.starts_with("Failed to parse Hardware");
-    return nothingSaid && isArchive(archive) && HUTFile::exists(archive) ? whyNoMetadata(archive, call) : first;
+    if (nothingSaid && isArchive(archive) && HUTFile::exists(archive)) return whyNoMetadata(archive, call);
+    const bool noXml = first.id == "74-62" && !HUTZip::containsFile(first.file, first.member);
+    return noXml ? whyNoMetadata(first.file, call) : first;
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <platform/HPLFile.h>
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQCfaJsonReader.h>
+#include <platform/HTEQCfaXmlReader.h>
 #include <text/HSTStringUtils.h>
 #include <util/HUTFile.h>
 #include <zip/HUTZip.h>
@@ -14,14 +15,28 @@
 
 namespace {
 
+/// Fills the platform by the metadata member that a loader would take. Gives that member's name, "" when the archive
+/// has none; `good` tells whether it can be read.
+std::string readMetadata(const std::string& archive, HPLPlatform& platform, bool& good) {
+    HTEQCfaJsonReader reader(&platform);
+    std::string member;
+    if (reader.canParse(archive, HTEQCfaJsonReader::HwMetadataMode::Default, member)) {
+        good = reader.parseCFA(archive, HTEQCfaJsonReader::HwMetadataMode::Default);
+        return member;
+    }
+    member = platform.getXmlFileName();
+    if (!HUTZip::containsFile(archive, member)) return "";
+    good = HTEQCfaXmlReader(archive, &platform).parseCFA();
+    return member;
+}
+
 /// The files that a packed archive's metadata lists and the archive lacks. A folder counts when something is in it.
 /// Throws a `Problem` when the metadata cannot be read; an archive without metadata lists nothing.
 std::vector<std::string> missingFiles(const std::string& archive) {
     HPLPlatform platform;
-    HTEQCfaJsonReader reader(&platform);
-    std::string member;
-    if (!reader.canParse(archive, HTEQCfaJsonReader::HwMetadataMode::Default, member)) return {};
-    if (!reader.parseCFA(archive, HTEQCfaJsonReader::HwMetadataMode::Default)) {
+    bool good = true;
+    const std::string member = readMetadata(archive, platform, good);
+    if (!good) {
         const std::vector<Problem> said = Console::take().takeProblems(archive);
         Problem problem = said.empty() ? Problem() : said.front();
         if (said.empty()) problem.text = "the metadata is empty";

@@ -1,5 +1,9 @@
 #include "Reference.h"
 
+#include <string_view>
+
+#include <platform/PlatformCheck.h>
+
 #include "Verbs.h"
 
 namespace {
@@ -77,7 +81,8 @@ std::string bash() {
         names += std::string(names.empty() ? "" : " ") + verb.name;
         std::string options;
         for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
-        cases += std::string("        ") + verb.name + ") words=\"" + options + "--help" + common + "\" ;;\n";
+        cases.append("        ").append(verb.name).append(") words=\"").append(options);
+        cases.append("--help").append(common).append("\" ;;\n");
     }
     return "_zr_platform() {\n    local words=\"" + names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" +
            cases +
@@ -86,8 +91,37 @@ std::string bash() {
            "complete -o filenames -F _zr_platform zr-platform\n";
 }
 
+std::string codeBlock(std::string_view text) {
+    return "```\n" + std::string(text) + (text.ends_with('\n') ? "" : "\n") + "```\n";
+}
+
+std::string findings() {
+    using Severity = teq_platform::CheckFinding::Severity;
+    std::string page =
+        "# Findings of `validate`\n\nMade from the library's own table by `./dev docs`; `zr-platform explain NAME` "
+        "prints "
+        "one of them.\n\n"
+        "A finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what stands there, what is allowed [NAME]`, of a "
+        "member "
+        "of an\narchive `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` give the same as records. Names "
+        "stay "
+        "the same whatever\nthe words become. At most 1000 findings are told of each document. A program gets them "
+        "from "
+        "`platform/PlatformCheck.h`.\n\n"
+        "Samples are the content of the file that is named, or a list of files and members of archives: `== file`,\n"
+        "`== archive!member`, with the text of each behind it.\n";
+    for (const Severity severity : {Severity::error, Severity::warning}) {
+        page += severity == Severity::error ? "\n# Errors\n" : "\n# Warnings\n\nLegal, and probably a mistake.\n";
+        for (const auto& row : teq_platform::PlatformCheck::explanations())
+            if (row.severity == severity)
+                page += std::string("\n## ") + row.name + "\n\n" + row.meaning + " " + row.advice + "\n\nBad, `" +
+                        row.file + "`:\n\n" + codeBlock(row.bad) + "\nGood:\n\n" + codeBlock(row.good);
+    }
+    return page;
+}
+
 }  // namespace
 
 std::string referenceAs(const std::string& form) {
-    return form == "man" ? man() : form == "bash" ? bash() : markdown();
+    return form == "man" ? man() : form == "bash" ? bash() : form == "findings" ? findings() : markdown();
 }

@@ -32,6 +32,9 @@ std::vector<std::string> losses(const HPLPlatform& platform, const std::string& 
     const std::string member = platform.getJsonFileName(), alternative = platform.getAltJsonFileName();
     if (HUTZip::containsFile(archive, alternative))
         return {"the member " + alternative + " stays as it is, and is read before " + member};
+    if (!HUTZip::containsFile(archive, member))
+        return {"the metadata is XML only: a new member " + member + " would be read in the place of " +
+                platform.getXmlFileName()};
     teq_platform::JSONObjectWriter writer;
     writer.writeObject(platform);
     if (!platform.writesPlatformFile()) writer.getTree().erase("platformFile");
@@ -53,7 +56,8 @@ int runSetFile(const Call& call) {
     platform->setWritesPlatformFile(!call.has("strip-paths"));
     const std::vector<std::string> lost = losses(*platform, archive);
     Console& console = Console::take();
-    for (const std::string& change : lost) console.words(HSTStringUtils::printable(archive + ": " + change));
+    for (const std::string& change : lost)
+        console.words(HSTStringUtils::printable(std::string(archive).append(": ").append(change)));
     if (!lost.empty() && !call.has("force")) {
         console.words("nothing was written; --force writes all the same");
         return static_cast<int>(Exit::no);

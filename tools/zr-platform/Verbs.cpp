@@ -80,6 +80,42 @@ const std::vector<Verb> kVerbs = {
      "can stamp it anew.",
      "u77/hw/u77.lfa",
      runVerify},
+    {"schema",
+     {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu"}},
+     {},
+     "Print the W3C XML Schema of a format",
+     "Made from the tables that the readers use, with what each element and attribute means: an editor that knows "
+     "schemas completes and checks documents by it. docs/schemas.md tells how, and what a schema cannot say.",
+     "zdf",
+     runSchema},
+    {"validate",
+     {{"FILE...", "descriptors, software files, hardware archives, or metadata files of their own"}},
+     {{"fail-on", "warning|error", "what makes the exit code 1 (error)"}, kJson, kNdjson},
+     "Find all that is wrong in files",
+     "Where a reader stops at the first fault, every fault is told that can be found without guessing, and what is "
+     "legal and probably a mistake as a warning: FILE:LINE:COLUMN: error: ELEMENT: what stands there, what is "
+     "allowed "
+     "[NAME]; of a member ARCHIVE!MEMBER:LINE:COLUMN. A descriptor's files are checked too. explain NAME tells more. "
+     "Exit code 0 clean, 1 faults, 3 a file cannot be opened.",
+     "u77/u77_gen3x16_base_1.zdf lone/lorica.spfm",
+     runValidate},
+    {"explain",
+     {{"NAME", "what validate prints in brackets, or the id of a message, such as 74-60"}},
+     {},
+     "Explain a finding or a message",
+     "What it means, what to do, and a bad and a good sample. docs/validate.md has all findings.",
+     "missing-attribute",
+     runExplain},
+    {"to-xml",
+     {{"FILE", "a hardware archive (.cfa, .lfa), or a descriptor (.zdf) with one"},
+      {"[OUT]", "the file to write; standard output without it"}},
+     {kMetadata, kForce},
+     "Write the hardware metadata in its XML form",
+     "The form of older archives, which holds less than the document: no clocks and bus interfaces of the hpfm, no "
+     "ids and tile arrays, one host interface, one feature ROM. Of a partitioned platform it is that of the default "
+     "partition.",
+     "harrier/hw/harrier.cfa",
+     runToXml},
 };
 
 constexpr Option kCommon[] = {

@@ -6,7 +6,7 @@
 
 /// A verb is a row: parsing, help, manual page, completion and the reference page are made from the rows.
 struct Positional {
-    const char* name;  ///< "ARCHIVE..." takes one or more
+    const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" one or none
     const char* help;
 };
 
@@ -22,6 +22,11 @@ struct Call {
     std::map<std::string, std::string> options;
 
     const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
+    /// Of a positional that may be missing.
+    std::string get(const char* positional, const std::string& without) const {
+        const auto& values = positionals.at(positional);
+        return values.empty() ? without : values.front();
+    }
     const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
     std::string get(const char* option) const { return has(option) ? options.at(option) : ""; }
@@ -48,3 +53,7 @@ int runMembers(const Call& call);
 int runExtract(const Call& call);
 int runSetFile(const Call& call);
 int runVerify(const Call& call);
+int runSchema(const Call& call);
+int runValidate(const Call& call);
+int runExplain(const Call& call);
+int runToXml(const Call& call);

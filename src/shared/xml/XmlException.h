@@ -15,11 +15,32 @@ struct Place {
     std::uint64_t column = 0;
 };
 
+/// What kind of fault it is, by a name that stays the same whatever the words become.
+namespace fault {
+inline constexpr char kUnreadable[] = "unreadable";
+inline constexpr char kNotWellFormed[] = "not-well-formed";
+inline constexpr char kEncoding[] = "encoding";
+inline constexpr char kDoctype[] = "doctype";
+inline constexpr char kLimit[] = "limit";
+inline constexpr char kNamespace[] = "namespace";
+inline constexpr char kWrongRoot[] = "wrong-root";
+inline constexpr char kUnknownElement[] = "unknown-element";
+inline constexpr char kMisplacedElement[] = "misplaced-element";
+inline constexpr char kMissingElement[] = "missing-element";
+inline constexpr char kMissingAttribute[] = "missing-attribute";
+inline constexpr char kUnknownAttribute[] = "unknown-attribute";
+inline constexpr char kRepeatedAttribute[] = "repeated-attribute";
+inline constexpr char kBadValue[] = "bad-value";
+inline constexpr char kOutOfRange[] = "out-of-range";
+inline constexpr char kStrayText[] = "stray-text";
+}  // namespace fault
+
 /// One fault of a document.
 struct Violation {
     Place place;
-    std::string element;  ///< local name of the element at fault; may be empty
-    std::string text;     ///< what stands there and what is expected, in one line that a terminal can show
+    std::string element;    ///< local name of the element at fault; may be empty
+    std::string text;       ///< what stands there and what is expected, in one line that a terminal can show
+    const char* name = "";  ///< one of `fault`; empty for what no document has
 };
 using Violations = std::vector<Violation>;
 
@@ -36,6 +57,7 @@ public:
     std::uint64_t column() const { return violation_.place.column; }
     const std::string& element() const { return violation_.element; }
     const Place& place() const { return violation_.place; }
+    const Violation& violation() const { return violation_; }
     /// "file:line:column: text"
     std::string describe() const;
 

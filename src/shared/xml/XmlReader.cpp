@@ -122,17 +122,19 @@ private:
     bool openRoot_(const Name& name, std::size_t scopes);
     const Child* place_(Frame& frame, const Name& name);
     void decide_(Frame& frame, const Name& name);
+    bool isKnownIn_(const Frame& frame, const Name& name) const;
     std::string misplaced_(const Frame& frame, const Name& name) const;
     void push_(const char* name, const Element& element, void* record, std::size_t scopes);
     void readAttributes_(const char** attributes);
     void readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next);
     std::string unknownAttribute_(const Frame& frame, const Name& name) const;
+    bool isFaulty_(const Attribute& row) const { return std::ranges::find(faulty_, &row) != faulty_.end(); }
     bool ours_(const Name& name) const;
 
-    void fail_(std::string_view element, std::string text);
-    void stopWith_(std::string_view element, std::string text);
+    void fail_(const char* name, std::string_view element, std::string text);
+    void stopWith_(const char* name, std::string_view element, std::string text);
     void stop_();
-    Violation violation_(std::string_view element, std::string text) const;
+    Violation violation_(const char* name, std::string_view element, std::string text) const;
     std::string malformed_() const;
     const char* openName_() const { return frames_.empty() ? "" : frames_.back().name; }
 
@@ -146,7 +148,8 @@ private:
     ParserHandle parser_{nullptr, XML_ParserFree};
     Scopes scopes_;
     std::vector<Frame> frames_;
-    std::size_t skipping_ = 0;  ///< open elements that are passed over, below the last frame
+    std::vector<const Attribute*> faulty_;  ///< of the tag that is being read: there, but without a value
+    std::size_t skipping_ = 0;              ///< open elements that are passed over, below the last frame
     std::size_t nodes_ = 0;
     bool stopped_ = false;
     std::exception_ptr thrown_;  ///< out of a handler; carried past the parser, which is C
@@ -174,13 +177,15 @@ void Reader::onText(void* self, const char* text, int size) {
     guarded(self, [&](Reader& reader) { reader.text_({text, static_cast<std::size_t>(size)}); });
 }
 void Reader::onDoctype(void* self, const char*, const char*, const char*, int) {
-    guarded(self,
-            [](Reader& reader) { reader.stopWith_("", "a document type declaration stands where none is allowed"); });
+    guarded(self, [](Reader& reader) {
+        reader.stopWith_(fault::kDoctype, "", "a document type declaration stands where none is allowed");
+    });
 }
 void Reader::onDeclaration(void* self, const char*, const char* encoding, int) {
     guarded(self, [encoding](Reader& reader) {
         if (encoding && !HSTStringUtils::iequals(encoding, "UTF-8") && !HSTStringUtils::iequals(encoding, "UTF-16"))
-            reader.stopWith_("", fmt::format("the encoding is \"{}\"; expected UTF-8 or UTF-16", shown(encoding)));
+            reader.stopWith_(fault::kEncoding, "",
+                             fmt::format("the encoding is \"{}\"; expected UTF-8 or UTF-16", shown(encoding)));
     });
 }
 void Reader::onComment(void* self, const char*) {
@@ -202,11 +207,15 @@ void Reader::run(std::string_view text) {
     XML_SetProcessingInstructionHandler(parser_.get(), onInstruction);
 
     if (text.size() > kMaxDocument)
-        stopWith_("", fmt::format("the document has {} bytes; at most {} are read", text.size(), kMaxDocument));
+        stopWith_(fault::kLimit, "",
+                  fmt::format("the document has {} bytes; at most {} are read", text.size(), kMaxDocument));
     else if (isWideWithoutMark(text))
-        stopWith_("", "the document is UTF-16 without a byte-order mark");
-    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR && !stopped_)
-        stopWith_(openName_(), malformed_());
+        stopWith_(fault::kEncoding, "", "the document is UTF-16 without a byte-order mark");
+    else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR &&
+             !stopped_) {
+        if (XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
+        stopWith_(fault::kNotWellFormed, openName_(), malformed_());
+    }
     if (thrown_) std::rethrow_exception(thrown_);
     if (!first_.empty()) throw Exception(std::move(first_.front()));
 }
@@ -229,7 +238,8 @@ void Reader::start_(std::string_view qualified, const char** attributes) {
 void Reader::boundToken_() {
     const auto size = static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
     if (size > kMaxToken)
-        stopWith_(openName_(), fmt::format("a tag or a comment has {} bytes; at most {} are read", size, kMaxToken));
+        stopWith_(fault::kLimit, openName_(),
+                  fmt::format("a tag or a comment has {} bytes; at most {} are read", size, kMaxToken));
 }
 
 bool Reader::withinLimits_(const char** attributes) {
@@ -239,11 +249,13 @@ bool Reader::withinLimits_(const char** attributes) {
     boundToken_();
     if (stopped_) return false;
     if (frames_.size() + skipping_ >= kMaxDepth)
-        stopWith_(openName_(), fmt::format("elements nest deeper than {} levels", kMaxDepth));
+        stopWith_(fault::kLimit, openName_(), fmt::format("elements nest deeper than {} levels", kMaxDepth));
     else if (count > kMaxAttributes)
-        stopWith_(openName_(), fmt::format("a tag has {} attributes; at most {} are read", count, kMaxAttributes));
+        stopWith_(fault::kLimit, openName_(),
+                  fmt::format("a tag has {} attributes; at most {} are read", count, kMaxAttributes));
     else if (nodes_ > kMaxNodes)
-        stopWith_(openName_(), fmt::format("the document has more than {} elements and attributes", kMaxNodes));
+        stopWith_(fault::kLimit, openName_(),
+                  fmt::format("the document has more than {} elements and attributes", kMaxNodes));
     return !stopped_;
 }
 
@@ -251,10 +263,10 @@ bool Reader::declareNamespaces_(const char** attributes) {
     for (; *attributes; attributes += 2) {
         if (!Scopes::isDeclaration(attributes[0])) continue;
         std::string wrong = scopes_.declare(attributes[0], attributes[1]);
-        if (scopes_.size() > Scopes::kMost)
-            wrong = fmt::format("more than {} namespace declarations are in force", Scopes::kMost);
+        const bool tooMany = scopes_.size() > Scopes::kMost;
+        if (tooMany) wrong = fmt::format("more than {} namespace declarations are in force", Scopes::kMost);
         if (wrong.empty()) continue;
-        fail_(openName_(), std::move(wrong));
+        fail_(tooMany ? fault::kLimit : fault::kNamespace, openName_(), std::move(wrong));
         return false;
     }
     return true;
@@ -264,7 +276,7 @@ bool Reader::declareNamespaces_(const char** attributes) {
 bool Reader::open_(std::string_view qualified, std::size_t scopes) {
     Name name;
     if (std::string wrong = scopes_.resolveElement(qualified, name); !wrong.empty()) {
-        fail_(openName_(), std::move(wrong));
+        fail_(fault::kNamespace, openName_(), std::move(wrong));
         return false;
     }
     if (frames_.empty()) return openRoot_(name, scopes);
@@ -279,8 +291,9 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
     if (!ours_(name) || name.local != format_.root) {
         const std::string space =
             *format_.uri ? fmt::format("in the namespace \"{}\"", format_.uri) : "in no namespace";
-        fail_(name.local, fmt::format("the document element is <{}>; expected <{}> {}", shown(name.qualified),
-                                      format_.root, space));
+        fail_(fault::kWrongRoot, name.local,
+              fmt::format("the document element is <{}>; expected <{}> {}", shown(name.qualified), format_.root,
+                          space));
         return false;
     }
     push_(format_.root, *format_.element, record_, scopes);
@@ -305,9 +318,10 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
         const Child& row = frame.rows[i];
         const std::size_t have = frame.countOf(i);
         if (name.local == row.name && (have == 0 || row.repeats())) {
-            if (missing) fail_(name.local, misplaced_(frame, name));
+            if (missing) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
             if (have == row.most)
-                stopWith_(name.local, fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
+                stopWith_(fault::kLimit, name.local,
+                          fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
             if (stopped_) return nullptr;
             frame.row = i;
             frame.count = have + 1;
@@ -315,8 +329,19 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
         }
         missing |= have == 0 && row.neededToRead();
     }
-    fail_(name.local, misplaced_(frame, name));
+    fail_(isKnownIn_(frame, name) ? fault::kMisplacedElement : fault::kUnknownElement, name.local,
+          misplaced_(frame, name));
     return nullptr;
+}
+
+/// Whether the element may stand somewhere in the one that is open.
+bool Reader::isKnownIn_(const Frame& frame, const Name& name) const {
+    const auto has = [&](std::span<const Child> rows) {
+        return std::ranges::any_of(rows, [&](const Child& row) { return name.local == row.name; });
+    };
+    return ours_(name) &&
+           (has(frame.element->children) ||
+            std::ranges::any_of(frame.element->alternatives, [&](const Alternative& a) { return has(a.children); }));
 }
 
 std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
@@ -341,7 +366,8 @@ void Reader::end_() {
     const Frame& frame = frames_.back();
     std::vector<std::string> names;
     if (frame.undecided() || !addExpected(frame.rows, frame, names))
-        fail_(frame.name, fmt::format("<{}> ends where {} is expected", frame.name, expectedIn(frame)));
+        fail_(fault::kMissingElement, frame.name,
+              fmt::format("<{}> ends where {} is expected", frame.name, expectedIn(frame)));
     scopes_.shrink(frame.scopes);
     frames_.pop_back();
 }
@@ -352,32 +378,36 @@ void Reader::text_(std::string_view text) {
     if (frame.element->text) {
         std::string& held = *frame.element->text(frame.record);
         if (held.size() + text.size() > kMaxToken)
-            stopWith_(frame.name, fmt::format("the text of <{}> has more than {} bytes", frame.name, kMaxToken));
+            stopWith_(fault::kLimit, frame.name,
+                      fmt::format("the text of <{}> has more than {} bytes", frame.name, kMaxToken));
         else
             held += text;
     } else if (!frame.strayTextReported && !isBlank(text)) {
         frame.strayTextReported = true;
-        fail_(frame.name, fmt::format("the text \"{}\" stands in <{}> where {} is expected", shown(text), frame.name,
-                                      expectedIn(frame)));
+        fail_(fault::kStrayText, frame.name,
+              fmt::format("the text \"{}\" stands in <{}> where {} is expected", shown(text), frame.name,
+                          expectedIn(frame)));
     }
 }
 
 void Reader::readAttributes_(const char** attributes) {
     const Frame& frame = frames_.back();
     std::size_t next = 0;
+    faulty_.clear();
     for (; *attributes && !stopped_; attributes += 2) {
         if (Scopes::isDeclaration(attributes[0])) continue;
         Name name;
         std::string wrong = scopes_.resolveAttribute(attributes[0], name);
         if (!wrong.empty())
-            fail_(frame.name, std::move(wrong));
+            fail_(fault::kNamespace, frame.name, std::move(wrong));
         else if (name.space != Space::xml && name.space != Space::schemaInstance)
             readAttribute_(frame, name, attributes[1], next);
     }
     for (const Attribute& row : frame.element->attributes) {
         if (stopped_) return;
-        if (row.required && !row.type->isSet(row.member(frame.record)))
-            fail_(frame.name, fmt::format("<{}> needs the attribute {}", frame.name, row.name));
+        if (row.required && !row.type->isSet(row.member(frame.record)) && !isFaulty_(row))
+            fail_(fault::kMissingAttribute, frame.name,
+                  fmt::format("<{}> needs the attribute {}", frame.name, row.name));
     }
 }
 
@@ -390,15 +420,19 @@ void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_vi
         if (name.local != row.name) continue;
         next = (next + i + 1) % rows.size();
         void* attr = row.member(frame.record);
-        if (row.type->isSet(attr)) {
-            fail_(frame.name, fmt::format("<{}> has the attribute {} twice", frame.name, row.name));
+        if (row.type->isSet(attr) || isFaulty_(row)) {
+            fail_(fault::kRepeatedAttribute, frame.name,
+                  fmt::format("<{}> has the attribute {} twice", frame.name, row.name));
             return;
         }
-        const Fault fault = row.type->assign(attr, value);
-        if (fault != Fault::none) fail_(frame.name, complaint(row, frame.name, value, fault));
+        const Fault wrong = row.type->assign(attr, value);
+        if (wrong == Fault::none) return;
+        faulty_.push_back(&row);
+        fail_(wrong == Fault::form ? fault::kBadValue : fault::kOutOfRange, frame.name,
+              complaint(row, frame.name, value, wrong));
         return;
     }
-    fail_(frame.name, unknownAttribute_(frame, name));
+    fail_(fault::kUnknownAttribute, frame.name, unknownAttribute_(frame, name));
 }
 
 std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) const {
@@ -417,18 +451,18 @@ std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) cons
 
 bool Reader::ours_(const Name& name) const { return name.space == (*format_.uri ? Space::format : Space::none); }
 
-void Reader::fail_(std::string_view element, std::string text) {
+void Reader::fail_(const char* name, std::string_view element, std::string text) {
     if (!violations_) {
-        stopWith_(element, std::move(text));
+        stopWith_(name, element, std::move(text));
         return;
     }
-    violations_->push_back(violation_(element, std::move(text)));
+    violations_->push_back(violation_(name, element, std::move(text)));
     if (violations_->size() >= most_) stop_();
 }
 
 /// For faults behind which nothing can be read.
-void Reader::stopWith_(std::string_view element, std::string text) {
-    (violations_ ? *violations_ : first_).push_back(violation_(element, std::move(text)));
+void Reader::stopWith_(const char* name, std::string_view element, std::string text) {
+    (violations_ ? *violations_ : first_).push_back(violation_(name, element, std::move(text)));
     stop_();
 }
 
@@ -437,12 +471,13 @@ void Reader::stop_() {
     XML_StopParser(parser_.get(), XML_FALSE);
 }
 
-Violation Reader::violation_(std::string_view element, std::string text) const {
+Violation Reader::violation_(const char* name, std::string_view element, std::string text) const {
     const auto offset = XML_GetCurrentByteIndex(parser_.get());
     return {{file_, offset < 0 ? 0 : static_cast<std::uint64_t>(offset), XML_GetCurrentLineNumber(parser_.get()),
              XML_GetCurrentColumnNumber(parser_.get()) + 1},
             std::string(element),
-            std::move(text)};
+            std::move(text),
+            name};
 }
 
 std::string Reader::malformed_() const {
@@ -462,7 +497,7 @@ std::string textOf(const std::string& file) {
     try {
         return wholefile::read(file, kMaxDocument);
     } catch (const HEXUserException& e) {
-        throw Exception(Violation{{.file = file}, "", e.what()});
+        throw Exception(Violation{{.file = file}, "", e.what(), fault::kUnreadable});
     }
 }
 

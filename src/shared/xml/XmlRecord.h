@@ -1,5 +1,6 @@
 #pragma once
 #include <array>
+#include <bit>
 #include <optional>
 #include <span>
 #include <type_traits>
@@ -11,9 +12,9 @@
 
 /// XML formats as tables. A record is a plain struct: an attribute is an `Attr<T>`, a child a value, a
 /// `std::optional` or a `std::vector` by its cardinality, an element that holds text a `std::string`. Beside it stand
-/// its rows, in document order, children's records first. Reading and writing are ordinary functions over the rows
-/// (XmlReader.h, XmlWriter.h); equality is the compiler's; a fresh record is the reset one; records copy and swap as
-/// values.
+/// its rows, in document order, children's records first. Reading, writing and the format's schema are ordinary
+/// functions over the rows (XmlReader.h, XmlWriter.h, XmlSchema.h); equality is the compiler's; a fresh record is the
+/// reset one; records copy and swap as values.
 ///
 ///     struct Clock {
 ///         Attr<std::string> name;
@@ -53,8 +54,9 @@ private:
 
 /// The operations of one value type, over an `Attr` of it.
 struct ValueType {
-    const char* form;  ///< for messages: "an integer"
-    long long lowest;  ///< both 0 for a type without bounds
+    const char* form;    ///< for messages: "an integer"
+    const char* schema;  ///< name of the type in a schema: "xs:integer", or "u16" for one with bounds
+    long long lowest;    ///< both 0 for a type without bounds
     unsigned long long highest;
     Fault (*assign)(void* attr, std::string_view text);
     bool (*isSet)(const void* attr);
@@ -66,6 +68,7 @@ struct Attribute {
     bool required;
     const ValueType* type;
     void* (*member)(void* record);  ///< its `Attr`
+    const char* doc;                ///< what it means, its unit and form, for those who write such a document
 };
 
 enum class Occurs {
@@ -87,7 +90,8 @@ struct Child {
     void* (*add)(void* record);  ///< makes the next one
     std::size_t (*count)(const void* record);
     void* (*at)(void* record, std::size_t index);
-    std::size_t most;  ///< of one that repeats; reading refuses the next
+    const char* doc;
+    std::size_t most = kUnbounded;  ///< of one that repeats; reading refuses the next
 
     bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
     bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
@@ -114,6 +118,7 @@ struct Format {
     const char* prefix;  ///< for writing
     const char* root;
     const Element* element;
+    const char* doc;  ///< of the document element
 };
 
 /// The format whose root element fills an `R`.
@@ -170,6 +175,22 @@ constexpr const char* formOf() {
 }
 
 template <class T>
+constexpr const char* schemaOf() {
+    constexpr const char* kUnsigned[] = {"u8", "u16", "u32", "u64"};
+    constexpr const char* kSigned[] = {"s8", "s16", "s32", "s64"};
+    if constexpr (std::is_same_v<T, bool>)
+        return "xs:boolean";
+    else if constexpr (std::is_same_v<T, Decimal>)
+        return "xs:decimal";
+    else if constexpr (std::is_same_v<T, std::string>)
+        return "xs:string";
+    else if constexpr (std::is_same_v<T, Integer>)
+        return "xs:integer";
+    else
+        return (std::is_signed_v<T> ? kSigned : kUnsigned)[std::bit_width(sizeof(T)) - 1];
+}
+
+template <class T>
 struct Bounds {
     static constexpr int lowest = 0, highest = 0;
 };
@@ -181,6 +202,7 @@ struct Bounds<T> {
 template <class T>
 inline constexpr ValueType kValueType{
     formOf<T>(),
+    schemaOf<T>(),
     static_cast<long long>(Bounds<T>::lowest),
     static_cast<unsigned long long>(Bounds<T>::highest),
     [](void* attr, std::string_view text) {
@@ -201,9 +223,9 @@ struct Unattr<Attr<T>> {
 };
 
 template <auto M>
-constexpr AttributeOf<RecordOf<M>> attribute(const char* name, bool required) {
+constexpr AttributeOf<RecordOf<M>> attribute(const char* name, bool required, const char* doc) {
     using T = typename Unattr<ValueOf<M>>::Type;
-    return {{name, required, &kValueType<T>, [](void* record) -> void* { return &member<M>(record); }}};
+    return {{name, required, &kValueType<T>, [](void* record) -> void* { return &member<M>(record); }, doc}};
 }
 
 template <class V>
@@ -232,23 +254,23 @@ template <auto M>
 using ChildRecord = typename Held<ValueOf<M>>::Record;
 
 template <auto M>
-constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element,
+constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Element& element, const char* doc,
                                      std::size_t most = kUnbounded) {
     using H = Held<ValueOf<M>>;
     return {{name, occurs, &element, [](void* record) { return H::add(member<M>(record)); },
              [](const void* record) { return H::count(member<M>(record)); },
-             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, most}};
+             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, doc, most}};
 }
 
 }  // namespace detail
 
 template <auto M>
-constexpr auto required(const char* name) {
-    return detail::attribute<M>(name, true);
+constexpr auto required(const char* name, const char* doc = "") {
+    return detail::attribute<M>(name, true, doc);
 }
 template <auto M>
-constexpr auto optional(const char* name) {
-    return detail::attribute<M>(name, false);
+constexpr auto optional(const char* name, const char* doc = "") {
+    return detail::attribute<M>(name, false, doc);
 }
 
 template <class R, std::same_as<AttributeOf<R>>... Rows>
@@ -266,29 +288,32 @@ inline constexpr ElementOf<std::string> kText{
 
 /// The member is a value.
 template <auto M>
-constexpr auto one(const char* name, const ElementOf<detail::ValueOf<M>>& element) {
-    return detail::child<M>(name, Occurs::once, element);
+constexpr auto one(const char* name, const ElementOf<detail::ValueOf<M>>& element, const char* doc = "") {
+    return detail::child<M>(name, Occurs::once, element, doc);
 }
 /// The member is a `std::optional`.
 template <auto M>
-constexpr auto atMostOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
-    return detail::child<M>(name, Occurs::atMostOnce, element);
+constexpr auto atMostOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
+                         const char* doc = "") {
+    return detail::child<M>(name, Occurs::atMostOnce, element, doc);
 }
 /// The member is a `std::optional`, which the writer demands and the reader does not.
 template <auto M>
-constexpr auto oneWhenWritten(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
-    return detail::child<M>(name, Occurs::onceWhenWritten, element);
+constexpr auto oneWhenWritten(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
+                              const char* doc = "") {
+    return detail::child<M>(name, Occurs::onceWhenWritten, element, doc);
 }
 /// The member is a `std::vector`.
 template <auto M>
-constexpr auto many(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element) {
-    return detail::child<M>(name, Occurs::anyNumber, element);
+constexpr auto many(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
+                    const char* doc = "") {
+    return detail::child<M>(name, Occurs::anyNumber, element, doc);
 }
 /// The member is a `std::vector` that must not be empty, and of which at most `most` are read.
 template <auto M>
 constexpr auto atLeastOne(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
-                          std::size_t most = kUnbounded) {
-    return detail::child<M>(name, Occurs::atLeastOnce, element, most);
+                          const char* doc = "", std::size_t most = kUnbounded) {
+    return detail::child<M>(name, Occurs::atLeastOnce, element, doc, most);
 }
 
 /// Alternative `I` of the `std::variant` member `M`.
@@ -318,8 +343,9 @@ constexpr ElementOf<R> choice(const AttributeRows<R, N>& attributes, const Alter
 }
 
 template <class R>
-constexpr Document<R> document(const char* uri, const char* prefix, const char* root, const ElementOf<R>& element) {
-    return {{uri, prefix, root, &element}};
+constexpr Document<R> document(const char* uri, const char* prefix, const char* root, const ElementOf<R>& element,
+                               const char* doc = "") {
+    return {{uri, prefix, root, &element, doc}};
 }
 
 }  // namespace xml

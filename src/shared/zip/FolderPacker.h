@@ -10,8 +10,8 @@
 /// fault of the disk. The archive appears whole or not at all, and without `mayReplace` only where nothing stands.
 /// `accept`, if any, is called with the path of the finished archive before it takes its place, which it prevents by
 /// throwing.
-void packFolder(const std::string& folder, const std::string& archive, bool mayReplace,
-                const std::function<void(const std::string&)>& accept);
+void packFolder(const std::string& folder, const std::string& archive, bool mayReplace = true,
+                const std::function<void(const std::string&)>& accept = {});
 
 /// Whether a folder of this name inside of a packed one becomes an archive.
 bool becomesArchive(std::string_view folder);

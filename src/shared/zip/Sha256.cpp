@@ -2,6 +2,8 @@
 
 #include <openssl/evp.h>
 
+#include <new>
+
 #include "msg/HEXAll.h"
 #include "zip/LoadedLibrary.h"
 
@@ -40,7 +42,10 @@ void check(int isGood) {
 
 }  // namespace
 
-Sha256::Sha256() : context_(libcrypto().contextNew()) { begin(); }
+Sha256::Sha256() : context_(libcrypto().contextNew()) {
+    if (!context_) throw std::bad_alloc();
+    begin();
+}
 
 void Sha256::Free::operator()(evp_md_ctx_st* context) const { libcrypto().contextFree(context); }
 

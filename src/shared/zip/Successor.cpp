@@ -18,7 +18,7 @@
 namespace zip {
 namespace {
 
-constexpr std::uint64_t kStretch = 8 * 1024 * 1024;
+constexpr std::uint64_t kStretch = 8UL * 1024 * 1024;
 constexpr std::string_view kStem = ".zr-edit-";
 
 bool isOurName(std::string_view name) {
@@ -36,12 +36,20 @@ bool isNameOf(int file, int directory, const char* name) {
            isSameFile(open, named);
 }
 
+/// False when somebody else holds the lock, or at a fault.
+bool lock(int file) {
+    int result = -1;
+    do result = ::flock(file, LOCK_EX | LOCK_NB);
+    while (result != 0 && errno == EINTR);
+    return result == 0;
+}
+
 /// Removes a file of that name which nobody holds any more. One that is in use, or is not ours, stays.
 void removeStray(int directory, const char* name) {
     const Descriptor file(::openat(directory, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_uid != ::geteuid() || ::flock(file.get(), LOCK_EX | LOCK_NB) != 0)
+        status.st_uid != ::geteuid() || !lock(file.get()))
         return;
     if (isNameOf(file.get(), directory, name)) ::unlinkat(directory, name, 0);
 }
@@ -82,7 +90,7 @@ void Successor::make(mode_t mode) {
             ::openat(directory_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (!file_.isOpen() && errno == EEXIST) continue;
         if (!file_.isOpen()) fail(errno);
-        const bool isLocked = ::flock(file_.get(), LOCK_EX | LOCK_NB) == 0;
+        const bool isLocked = lock(file_.get());
         if (const int error = errno; !isLocked && error != EWOULDBLOCK) {
             ::unlinkat(directory_.get(), name_.c_str(), 0);
             fail(error);

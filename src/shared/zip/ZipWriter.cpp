@@ -165,7 +165,9 @@ struct ZipWriter::Impl {
 
     zip_source_t* makeSource(Bytes bytes, Writer* to) {
         sources.push_back({*this, Reader(std::move(bytes)), to});
-        return libzip().sourceFunctionCreate(answer, &sources.back(), nullptr);
+        zip_source_t* const source = libzip().sourceFunctionCreate(answer, &sources.back(), nullptr);
+        if (!source) throw std::bad_alloc();
+        return source;
     }
     /// Gives the member of a row that libzip has just accepted the attributes that all have.
     std::uint64_t settle(zip_int64_t added, zip_uint32_t mode) const {
@@ -182,15 +184,13 @@ ZipWriter::ZipWriter(std::string shown, Bytes old, Write write)
     : impl_(std::make_unique<Impl>(std::move(shown), std::move(write))) {
     const int flags = old.size == 0 ? ZIP_CREATE | ZIP_TRUNCATE : 0;
     zip_source_t* const source = impl_->makeSource(std::move(old), &impl_->writer);
-    if (!source) throw std::bad_alloc();
     zip_error_t error;
     libzip().errorInit(&error);
+    const std::unique_ptr<zip_error_t, decltype(libzip().errorFini)> ended(&error, libzip().errorFini);
     impl_->archive = libzip().openFromSource(source, flags, &error);
-    const std::string text = impl_->archive ? "" : libzip().errorStrerror(&error);
-    libzip().errorFini(&error);
     if (impl_->archive) return;
     libzip().sourceFree(source);
-    impl_->fail(text);
+    impl_->fail(libzip().errorStrerror(&error));
 }
 
 ZipWriter::~ZipWriter() {
@@ -199,7 +199,6 @@ ZipWriter::~ZipWriter() {
 
 std::uint64_t ZipWriter::add(const std::string& member, Bytes bytes) {
     zip_source_t* const source = impl_->makeSource(std::move(bytes), nullptr);
-    impl_->check(source != nullptr);
     const zip_int64_t added = libzip().fileAdd(impl_->archive, member.c_str(), source, ZIP_FL_ENC_UTF_8);
     if (added < 0) libzip().sourceFree(source);
     return impl_->settle(added, kFileMode);
@@ -211,7 +210,6 @@ std::uint64_t ZipWriter::addDirectory(const std::string& member) {
 
 void ZipWriter::replace(std::uint64_t number, Bytes bytes) {
     zip_source_t* const source = impl_->makeSource(std::move(bytes), nullptr);
-    impl_->check(source != nullptr);
     const bool isReplaced = libzip().fileReplace(impl_->archive, number, source, 0) == 0;
     if (!isReplaced) libzip().sourceFree(source);
     impl_->settle(isReplaced ? static_cast<zip_int64_t>(number) : -1, kFileMode);

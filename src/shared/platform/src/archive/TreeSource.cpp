@@ -55,7 +55,7 @@ bool TreeSource::copyOut(std::string_view member, const std::string& destination
     if (!contains(member)) return false;
     const std::string path = pathOf(member);
     if (HUTFile::isDir(path)) {
-        packFolder(path, destination, true, {});
+        packFolder(path, destination);
         return true;
     }
     const auto data = read(member, zip::OutputBudget::kOfCall);

@@ -53,10 +53,24 @@ auto& concrete(Platform& platform, const char* operation) {
     throw HEXAlgException(wordsOf(operation, "Could not cast this to HPLPlatform"));
 }
 
+/// A query that cannot read the extension metadata gives none; the document of a change must not lose them so.
+void checkExtensions(const HPLPlatform& platform, const json::ptree& document, const zip::Archive& archive) {
+    const std::string listed = platform.getFile("META_JSON");
+    const std::string name = listed.empty() ? platform.getFile("EXT_META_JSON") : listed;
+    const zip::Member* const member = name.empty() ? nullptr : archive.find(name);
+    if (!member || document.count("extensions") > 0) return;
+    json::ptree extensions;
+    const std::string text = archive.read(*member);
+    if (!text.empty()) json::parse(text, archive.name() + "!" + name, extensions);
+    if (!extensions.empty())
+        throw HEXUserException("member '" + name + "' of archive '" + archive.name() + "' could not be read");
+}
+
 /// Ends in two line ends: the document's own, and the member's.
-std::string memberText(const HPLPlatform& platform) {
+std::string memberText(const HPLPlatform& platform, const zip::Archive& archive) {
     teq_platform::JSONObjectWriter writer;
     platform.toJSON(writer);
+    checkExtensions(platform, writer.getTree(), archive);
     if (!platform.writesPlatformFile()) writer.getTree().erase("platformFile");
     return json::write(writer.getTree()) + "\n";
 }
@@ -81,13 +95,14 @@ void ArchiveChanges::writeDocument(const HTEQHardwarePlatform& platform) {
     const HPLPlatform& written = concrete(platform, "writeToJSON");
     const auto edit = openArchive("writeToJSON", platform, member);
     checkKnown(*edit);
-    edit->put(member, memberText(written));
+    edit->put(member, memberText(written, edit->archive()));
     known_ = edit->commit();
 }
 
 void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::string& type, const std::string& member,
                                  const std::string& source) {
-    const std::string file = platform.getPlatformFile(), document = platform.getJsonFileName();
+    const std::string& file = platform.getPlatformFile();
+    const std::string document = platform.getJsonFileName();
     if (file.empty()) throw HEXAlgException(wordsOf("archiveFile", "lfaFile is not set"));
     if (document.empty()) throw HEXAlgException(wordsOf("archiveFile", "jsonFile is not set"));
     if (!HUTFile::isFile(file)) throw HEXAlgException(wordsOf("archiveFile", "lfaFile does not exist"));
@@ -99,13 +114,13 @@ void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::stri
     const auto edit = openArchive("archiveFile", platform, file);
     checkKnown(*edit);
     edit->put(member, std::move(opened));
-    edit->put(document, memberText(written));
+    edit->put(document, memberText(written, edit->archive()));
     known_ = edit->commit(ArchiveEdit::Digest::attach);
 }
 
 void ArchiveChanges::addMember(const HTEQHardwarePlatform& platform, const std::string& member,
                                const std::string& source) {
-    const std::string file = platform.getPlatformFile();
+    const std::string& file = platform.getPlatformFile();
     if (file.empty()) return;
     zip::SourceFile opened = openSource(source);
     const auto edit = openArchive("archiveFile", platform, file);

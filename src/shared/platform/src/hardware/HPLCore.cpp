@@ -67,15 +67,26 @@ void readPblock(Core& core, const json::ptree& node) {
             core.addResourceInfo(name, json::textAt(item, "name"), json::textAt(item, "value"));
 }
 
+json::Shapes pblockShapes() {
+    using json::Form;
+    static const json::Shape shapes[] = {
+        {"name", Form::text},
+        {"validSlrs", Form::texts},
+        {"resources", Form::list, false, &json::shapesOfPair<json::kValueKey>},
+    };
+    return shapes;
+}
+
 constexpr json::Key<Core> kResourceKeys[] = {
     K::text<&Core::getBRAMCount, &Core::setBRAMCount>("bramCount"),
     K::text<&Core::getDSPCount, &Core::setDSPCount>("dspCount"),
     K::text<&Core::getLUTCount, &Core::setLUTCount>("lutCount"),
     K::text<&Core::getRegisterCount, &Core::setRegisterCount>("registerCount"),
-    {"pBlocks", &writePblocks, nullptr,
-     [](Core& core, const json::ptree& list) {
-         for (const auto& [none, item] : list) readPblock(core, item);
-     }},
+    shaped<Core>({"pBlocks", &writePblocks, nullptr,
+                  [](Core& core, const json::ptree& list) {
+                      for (const auto& [none, item] : list) readPblock(core, item);
+                  }},
+                 json::Form::list, &pblockShapes),
 };
 
 constexpr json::Key<Core> kKeys[] = {

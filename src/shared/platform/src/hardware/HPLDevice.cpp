@@ -19,7 +19,7 @@ constexpr json::Key<Device> kPartKeys[] = {
 constexpr json::Key<Device> kKeys[] = {
     K::text<&Device::getName, &Device::setName>("name"),
     K::text<&Device::getType, &Device::setType>("type"),
-    K::text<&Device::getFpgaPart, &Device::setFpgaPart>("fpgaPart"),
+    refusing(K::text<&Device::getFpgaPart, &Device::setFpgaPart>("fpgaPart")),
     K::group<kPartKeys>("part"),
     K::numberUnlessZero<&Device::getNumSLRs, &Device::setNumSLRs>("numSLRs"),
     K::pairs<&Device::getSystemClockMap, &Device::addSystemClock, kFrequencyKey>("scalableSystemClocks"),

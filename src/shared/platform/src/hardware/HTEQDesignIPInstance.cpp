@@ -21,10 +21,11 @@ void writeConfiguration(JSONObjectWriter& writer, const char* name, const IP& ip
 constexpr json::Key<IP> kKeys[] = {
     K::text<&IP::getVLNV, &IP::setVLNV>("vlnv"),
     K::text<&IP::getInstanceName, &IP::setInstanceName>("instance"),
-    {"configuration", &writeConfiguration, nullptr,
-     [](IP& ip, const json::ptree& node) {
-         for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
-     }},
+    refusing(shaped<IP>({"configuration", &writeConfiguration, nullptr,
+                         [](IP& ip, const json::ptree& node) {
+                             for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
+                         }},
+                        json::Form::object)),
 };
 
 }  // namespace

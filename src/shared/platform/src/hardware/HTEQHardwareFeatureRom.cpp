@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "hardware/HardwareKeys.h"
+#include "hardware/RomNames.h"
 #include "hardware/RomNumbers.h"
 #include "msg/HEXAll.h"
 
@@ -51,9 +52,6 @@ void store(unsigned char* header, std::size_t offset, Number value) {
     std::memcpy(header + offset, &value, sizeof value);
 }
 
-/// The text of a name field, which a writer of the raw header may have left without its NUL.
-std::string nameText(const unsigned char* field) { return {field, std::find(field, field + Rom::kNameSize, '\0')}; }
-
 void storeName(unsigned char* field, const unsigned char (&bytes)[Rom::kNameSize], const char* what) {
     if (std::find(bytes, std::end(bytes), '\0') == std::end(bytes))
         throw HEXDataException("The " + std::string(what) +
@@ -62,12 +60,9 @@ void storeName(unsigned char* field, const unsigned char (&bytes)[Rom::kNameSize
     std::strncpy(reinterpret_cast<char*>(field), reinterpret_cast<const char*>(bytes), Rom::kNameSize);
 }
 
-/// A name of the metadata, cut to what the field can hold.
 template <auto Set>
 void setName(Rom& rom, const std::string& text) {
-    unsigned char bytes[Rom::kNameSize] = {};
-    std::copy_n(text.begin(), std::min(text.size(), Rom::kNameSize - 1), bytes);
-    std::invoke(Set, rom, bytes);
+    std::invoke(Set, rom, hardware::romName(text).bytes);
 }
 
 struct Feature {
@@ -104,15 +99,21 @@ constexpr json::Key<Rom> cdmaAddress(const char* name) {
             }};
 }
 
+json::Shapes bitMapShapes() {
+    static const json::Shape shapes[] = {{"value", json::Form::text}};
+    return shapes;
+}
+
 constexpr json::Key<Rom> kKeys[] = {
     K::number<&Rom::getMajorVersion, &Rom::setMajorVersion>("majorVersion"),
     K::number<&Rom::getMinorVersion, &Rom::setMinorVersion>("minorVersion"),
     K::number<&Rom::getMorwenBuildID, &Rom::setMorwenBuildID>("morwenBuildID"),
     K::number<&Rom::getIPBuildID, &Rom::setIPBuildID>("ipBuildID"),
     K::number<&Rom::getTimeSinceEpoch, &Rom::setTimeSinceEpoch>("timeSinceEpoch"),
-    K::text<[](const Rom& rom) { return nameText(rom.getFPGAPartName()); }, &setName<&Rom::setFPGAPartName>>(
-        "fpgaPartName"),
-    K::text<[](const Rom& rom) { return nameText(rom.getVBNVName()); }, &setName<&Rom::setVBNVName>>("vbnvName"),
+    K::text<[](const Rom& rom) { return hardware::romNameText(rom.getFPGAPartName()); },
+            &setName<&Rom::setFPGAPartName>>("fpgaPartName"),
+    K::text<[](const Rom& rom) { return hardware::romNameText(rom.getVBNVName()); }, &setName<&Rom::setVBNVName>>(
+        "vbnvName"),
     K::number<&Rom::getDDRChannelCount, &Rom::setDDRChannelCount>("ddrChannelCount"),
     K::number<&Rom::getDDRChannelSize, &Rom::setDDRChannelSize>("ddrChannelSize"),
     // Written hexadecimal but read decimal: what was written reads as 0.
@@ -120,11 +121,12 @@ constexpr json::Key<Rom> kKeys[] = {
             [](Rom& rom, const std::string& text) {
                 rom.setDRBaseAddress(static_cast<std::uint64_t>(HSTStringUtils::toNumber(text)));
             }>("drBaseAddress"),
-    {"featureBitMap", &writeFeatures, nullptr,
-     [](Rom& rom, const json::ptree& node) {
-         rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
-     }},
-    K::text<&Rom::getUUIDAsString, [](Rom& rom, const std::string& text) { rom.setUUID(text); }>("uuid"),
+    shaped<Rom>({"featureBitMap", &writeFeatures, nullptr,
+                 [](Rom& rom, const json::ptree& node) {
+                     rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
+                 }},
+                json::Form::object, &bitMapShapes),
+    refusing(K::text<&Rom::getUUIDAsString, [](Rom& rom, const std::string& text) { rom.setUUID(text); }>("uuid")),
     cdmaAddress<0>("cdmaBaseAddress0"),
     cdmaAddress<1>("cdmaBaseAddress1"),
     cdmaAddress<2>("cdmaBaseAddress2"),

@@ -35,8 +35,10 @@ constexpr json::Key<Til> rows(const char* name) {
 }
 
 constexpr json::Key<Til> kKeys[] = {
-    K::text<[](const Til& til) { return til.getArch() == Til::Arch::NO_TIL ? std::string() : til.getArchAsString(); },
-            [](Til& til, const std::string& text) { til.setArch(text); }>("arch"),
+    refusing(K::text<[](const Til& til) {
+        return til.getArch() == Til::Arch::NO_TIL ? std::string() : til.getArchAsString();
+    },
+                     [](Til& til, const std::string& text) { til.setArch(text); }>("arch")),
     K::numberUnlessZero<&Til::getNpiBaseAddress, &Til::setNpiBaseAddress>("npiBaseAddress"),
     rows<&Til::getNumShimRows, kShimKeys>("shimRows"),
     rows<&Til::getNumCoreRows, kCoreKeys>("coreRows"),

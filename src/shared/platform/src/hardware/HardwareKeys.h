@@ -83,4 +83,7 @@ void readNocConnectivity(const json::ptree& list, HTEQHardwarePlatform& platform
 /// The list "ipParameters", which is read last.
 void readIPParams(const json::ptree& list, HTEQHardwarePlatform& platform);
 
+/// What is read of the document, for those who check one; all of it, also what an archive's hpfm takes the place of.
+std::vector<json::Shape> documentShapes();
+
 }  // namespace hardware

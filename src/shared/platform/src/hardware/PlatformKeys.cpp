@@ -18,6 +18,7 @@ namespace {
 
 using Base = HTEQHardwarePlatform;
 using Platform = HPLPlatform;
+using json::Form;
 using json::ptree;
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
@@ -57,7 +58,7 @@ constexpr json::Key<Base> kIdKeys[] = {
 constexpr json::Key<Base> designIDs(const char* name) {
     json::Key<Base> key = B::object<&Base::getDesignIDs>(name);
     key.readNode = [](Base& p, const ptree& node) { json::readKeys(node, kIdKeys, p); };
-    return key;
+    return shaped(key, Form::object, &json::shapesOfRows<Base, kIdKeys>);
 }
 
 constexpr HTEQTilHardware& (Base::*kTilHardware)() = &Base::getTilHardware;
@@ -96,6 +97,11 @@ void readResources(Base& platform, const ptree& list) {
     }
 }
 
+json::Shapes resourceShapes() {
+    static const json::Shape shapes[] = {{"type", Form::text}, {"count", Form::number}};
+    return shapes;
+}
+
 void writeClocks(JSONObjectWriter& writer, const char* name, const Base& platform) {
     const HTEQSystemClock* defaultClock = platform.getDefaultClock();
     const std::unique_ptr<HSTFwdIter<HTEQSystemClock*>> it(platform.createSystemClockIter());
@@ -116,6 +122,16 @@ void readClocks(Base& platform, const ptree& list) {
         json::readKeys(item, json::keysOf<HTEQSystemClock>(), *clock);
         if (HSTStringUtils::iequals(json::textAt(item, "default"), "true")) platform.setDefaultClkId(clock->getId());
     }
+}
+
+/// A clock's own keys and the one that the platform reads of it.
+json::Shapes clockShapes() {
+    static const std::vector<json::Shape> shapes = [] {
+        std::vector<json::Shape> all = json::shapesOf(json::keysOf<HTEQSystemClock>());
+        all.push_back({"default", Form::flag});
+        return all;
+    }();
+    return shapes;
 }
 
 constexpr json::Key<Base> kBaseKeys[] = {
@@ -158,10 +174,11 @@ constexpr json::Key<Base> kBaseKeys[] = {
     designIDs("designIDs"),
     B::objects<&Base::getReconfigPartitions, &Base::addReconfigPartition>("reconfigPartitionIDs"),
     B::object<kReadOnlyTilHardware, kTilHardware>("tilHardware"),
-    {"tilPartitions", &writeTilPartitions, nullptr, &readTilPartitions},
+    shaped<Base>({"tilPartitions", &writeTilPartitions, nullptr, &readTilPartitions}, Form::list,
+                 &json::shapesOfRecord<HTEQTilPartition>),
     B::objects<&Base::createDesignIPInstanceIter, &Base::addDesignIPInstance>("designIpInstances"),
-    {"resources", &writeResources, nullptr, &readResources},
-    {"systemClocks", &writeClocks, nullptr, &readClocks},
+    shaped<Base>({"resources", &writeResources, nullptr, &readResources}, Form::list, &resourceShapes),
+    shaped<Base>({"systemClocks", &writeClocks, nullptr, &readClocks}, Form::list, &clockShapes),
     B::objects<&Base::createIPParamIter, &Base::addHardwareIPParam>("ipParameters"),
     B::objects<&Base::createBusInterfaceIter, &Base::addBusInterface>("busInterfaces"),
     B::objects<&Base::createNocConnectivityIter, &Base::addNocConnectivity>("nocConnectivity"),
@@ -193,6 +210,16 @@ void writeExtensions(JSONObjectWriter& writer, const char* name, const Platform&
 
 HPLFile* addFile(Platform& platform) { return platform.addFile("", ""); }
 
+json::Shapes intentShapes() {
+    static const json::Shape ofOne[] = {{"value", Form::flag}, {"explicit", Form::flag}};
+    constexpr auto inner = []() -> json::Shapes { return ofOne; };
+    static const json::Shape shapes[] = {{"dataCenter", Form::object, false, inner},
+                                         {"embedded", Form::object, false, inner},
+                                         {"externalHost", Form::object, false, inner},
+                                         {"serverManaged", Form::object, false, inner}};
+    return shapes;
+}
+
 constexpr json::Key<Platform> kPlatformKeys[] = {
     P::number<&Platform::getVersionMajor, &Platform::setVersionMajor>("versionMajor"),
     P::number<&Platform::getVersionMinor, &Platform::setVersionMinor>("versionMinor"),
@@ -211,7 +238,9 @@ constexpr json::Key<Platform> kPlatformKeys[] = {
     P::flag<&Platform::isDcpFuncStripped, &Platform::setDcpFuncStripped>("dcpFunctionStripped"),
     P::flag<&Platform::isDcpEncrypt, &Platform::setDcpEncrypt>("dcpEncrypted"),
     ifPresent(P::text<&Platform::getDefaultOutputType, &Platform::setDefaultOutputType>("defaultOutputType")),
-    {"designIntent", [](JSONObjectWriter& w, const char*, const Platform& p) { w.writeObject(p.getDesignIntent()); }},
+    shaped<Platform>({"designIntent", [](JSONObjectWriter& w, const char*,
+                                         const Platform& p) { w.writeObject(p.getDesignIntent()); }},
+                     Form::object, &intentShapes),
     P::object<&Platform::getReadOnlyBoard, &Platform::getBoard>("board"),
     P::objects<&Platform::createDeviceIter, &Platform::addDevice>("devices"),
     P::objects<&Platform::createInterfaceIter, &Platform::addInterface>("interfaces"),
@@ -348,6 +377,12 @@ void readBusInterfaces(const ptree& list, Base& platform) { step("busInterfaces"
 void readNocConnectivity(const ptree& list, Base& platform) {
     step("nocConnectivity").base->readNode(platform, list);
 }
+std::vector<json::Shape> documentShapes() {
+    std::vector<json::Shape> shapes = json::shapesOf<Base>(kBaseKeys);
+    for (json::Shape& shape : json::shapesOf<Platform>(kPlatformKeys)) shapes.push_back(std::move(shape));
+    return shapes;
+}
+
 void readIPParams(const ptree& list, Base& platform) { step("ipParameters").base->readNode(platform, list); }
 
 }  // namespace hardware

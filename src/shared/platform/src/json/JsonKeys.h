@@ -4,7 +4,9 @@
 #include <span>
 #include <string>
 #include <type_traits>
+#include <vector>
 
+#include "json/JsonShape.h"
 #include "platform/JSONWriter.h"
 #include "text/HSTFwdIter.h"
 #include "text/HSTStringUtils.h"
@@ -33,7 +35,10 @@ struct Key {
     /// Takes the node at the key, and is called only when it is there. Null for a key that is not read so.
     void (*readNode)(T& record, const ptree& node) = nullptr;
     bool ifPresent = false;
-    bool required = false;  ///< reading throws the property tree's ptree_bad_path when the document lacks the key
+    bool required = false;      ///< reading throws the property tree's ptree_bad_path when the document lacks the key
+    Form form = Form::unknown;  ///< what stands at the key in a document that was meant so
+    Shapes (*inner)() = nullptr;
+    std::string (*refusal)(const Key& key, const ptree& node) = nullptr;
 };
 
 /// The same row, read only when the document has the key.
@@ -49,6 +54,43 @@ constexpr Key<T> required(Key<T> key) {
     return key;
 }
 
+/// The same row for a key whose form its maker cannot know.
+template <class T>
+constexpr Key<T> shaped(Key<T> key, Form form, Shapes (*inner)() = nullptr) {
+    key.form = form;
+    key.inner = inner;
+    return key;
+}
+
+/// The same row for a key whose setter throws for some values. Reading into a fresh record tells which.
+template <class T>
+constexpr Key<T> refusing(Key<T> key) {
+    key.refusal = [](const Key<T>& row, const ptree& node) -> std::string {
+        T scratch;
+        try {
+            if (row.readText) row.readText(scratch, node.data());
+            if (row.readNode) row.readNode(scratch, node);
+        } catch (const std::exception& e) {
+            return e.what();
+        }
+        return {};
+    };
+    return key;
+}
+
+/// What the reader looks at of a table's keys.
+template <class T>
+std::vector<Shape> shapesOf(std::span<const Key<T>> keys) {
+    std::vector<Shape> shapes;
+    for (const Key<T>& key : keys) {
+        if (!key.readText && !key.readNode && !key.inner) continue;
+        Shape shape{key.name, key.form, key.required, key.inner, nullptr};
+        if (key.refusal) shape.refusal = [&key](const ptree& node) { return key.refusal(key, node); };
+        shapes.push_back(std::move(shape));
+    }
+    return shapes;
+}
+
 template <class R, class C, class A>
 std::remove_cvref_t<A> argumentOf(R (C::*)(A));
 
@@ -61,6 +103,18 @@ std::span<const Key<T>> keysOf();
 template <class Source>
 void addRecords(JSONObjectWriter& writer, const char* name, Source source);
 
+/// The shapes of a class's own table, and of one that is named.
+template <class T>
+Shapes shapesOfRecord() {
+    static const std::vector<Shape> shapes = shapesOf<T>(keysOf<T>());
+    return shapes;
+}
+template <class T, const auto& Rows>
+Shapes shapesOfRows() {
+    static const std::vector<Shape> shapes = shapesOf<T>(std::span<const Key<T>>(Rows));
+    return shapes;
+}
+
 /// The text at `key`, empty when it is not there.
 inline const std::string& textAt(const ptree& node, const char* key) {
     static const std::string none;
@@ -70,21 +124,36 @@ inline const std::string& textAt(const ptree& node, const char* key) {
 
 inline constexpr char kValueKey[] = "value";
 
+template <const auto& ValueKey>
+Shapes shapesOfPair() {
+    static const Shape shapes[] = {{"name", Form::text}, {ValueKey, Form::text}};
+    return shapes;
+}
+
 /// Makers of rows. `Get` and `Set` are member function pointers; without `Set` the key is written only.
 template <class T>
 struct Keys {
     /// Text as it stands, absent when empty.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> text(const char* name) {
-        return {name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); },
-                textReader<Set>()};
+        return {name,
+                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); },
+                textReader<Set>(),
+                nullptr,
+                false,
+                false,
+                Form::text};
     }
     /// Decimal, always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> number(const char* name) {
         return {name,
                 [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
-                numberReader<Set>()};
+                numberReader<Set>(),
+                nullptr,
+                false,
+                false,
+                Form::number};
     }
     /// Decimal, written when not 0.
     template <auto Get, auto Set = nullptr>
@@ -93,13 +162,22 @@ struct Keys {
                 [](JSONObjectWriter& w, const char* n, const T& r) {
                     if (const auto value = std::invoke(Get, r)) w.addKey(n, decimal(value));
                 },
-                numberReader<Set>()};
+                numberReader<Set>(),
+                nullptr,
+                false,
+                false,
+                Form::number};
     }
     /// "true" or "false", always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> flag(const char* name) {
-        return {name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, bool(std::invoke(Get, r))); },
-                flagReader<Set>()};
+        return {name,
+                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, bool(std::invoke(Get, r))); },
+                flagReader<Set>(),
+                nullptr,
+                false,
+                false,
+                Form::flag};
     }
     /// "true", absent when false.
     template <auto Get, auto Set = nullptr>
@@ -108,7 +186,11 @@ struct Keys {
                 [](JSONObjectWriter& w, const char* n, const T& r) {
                     if (std::invoke(Get, r)) w.addKey(n, true);
                 },
-                flagReader<Set>()};
+                flagReader<Set>(),
+                nullptr,
+                false,
+                false,
+                Form::flag};
     }
     /// An object of further keys of the same record; absent when they write nothing.
     template <const auto& Rows>
@@ -120,7 +202,12 @@ struct Keys {
                     writeKeys<T>(object, Rows, r);
                     w.addKey(n, std::move(object));
                 },
-                nullptr, [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); }};
+                nullptr,
+                [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); },
+                false,
+                false,
+                Form::object,
+                &shapesOfRows<T, Rows>};
     }
     /// Another record as an object. `Get` gives it for writing, `GetWritable` for reading by its own table.
     template <auto Get, auto GetWritable = nullptr>
@@ -128,11 +215,13 @@ struct Keys {
         Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
                        w.addKey(n, static_cast<const teq_platform::JSONSerializable*>(&std::invoke(Get, r)));
                    }};
-        if constexpr (!isNull<GetWritable>)
+        if constexpr (!isNull<GetWritable>) {
+            using Record = std::remove_cvref_t<std::invoke_result_t<decltype(GetWritable), T&>>;
+            key = shaped(key, Form::object, &shapesOfRecord<Record>);
             key.readNode = [](T& r, const ptree& node) {
-                auto& record = std::invoke(GetWritable, r);
-                readKeys(node, keysOf<std::remove_cvref_t<decltype(record)>>(), record);
+                readKeys(node, keysOf<Record>(), std::invoke(GetWritable, r));
             };
+        }
         return key;
     }
     /// A list of records; absent when empty. `Items` gives a range of pointers, or an iterator that is to be deleted;
@@ -141,23 +230,25 @@ struct Keys {
     static constexpr Key<T> objects(const char* name) {
         Key<T> key{name,
                    [](JSONObjectWriter& w, const char* n, const T& r) { addRecords(w, n, std::invoke(Items, r)); }};
-        if constexpr (!isNull<Add>)
+        if constexpr (!isNull<Add>) {
+            using Record = std::remove_cvref_t<decltype(*std::invoke(Add, std::declval<T&>()))>;
+            key = shaped(key, Form::list, &shapesOfRecord<Record>);
             key.readNode = [](T& r, const ptree& node) {
-                for (const auto& [none, item] : node) {
-                    auto* record = std::invoke(Add, r);
-                    readKeys(item, keysOf<std::remove_cvref_t<decltype(*record)>>(), *record);
-                }
+                for (const auto& [none, item] : node) readKeys(item, keysOf<Record>(), *std::invoke(Add, r));
             };
+        }
         return key;
     }
     /// A list of texts; empty ones are left out.
     template <auto Get, auto Add = nullptr>
     static constexpr Key<T> texts(const char* name) {
         Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); }};
-        if constexpr (!isNull<Add>)
+        if constexpr (!isNull<Add>) {
+            key = shaped(key, Form::texts);
             key.readNode = [](T& r, const ptree& node) {
                 for (const auto& [none, item] : node) std::invoke(Add, r, item.data());
             };
+        }
         return key;
     }
     /// A map as a list of objects with "name" and "value" (or another key in its place).
@@ -175,11 +266,13 @@ struct Keys {
                        }
                        w.addKey(n, std::move(list));
                    }};
-        if constexpr (!isNull<Add>)
+        if constexpr (!isNull<Add>) {
+            key = shaped(key, Form::list, &shapesOfPair<ValueKey>);
             key.readNode = [](T& r, const ptree& node) {
                 for (const auto& [none, item] : node)
                     std::invoke(Add, r, textAt(item, "name"), textAt(item, ValueKey));
             };
+        }
         return key;
     }
 

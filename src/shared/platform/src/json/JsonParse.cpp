@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <boost/json/basic_parser_impl.hpp>
 #include <boost/property_tree/json_parser/error.hpp>
+#include <optional>
 #include <vector>
 
 #include "json/JsonText.h"
@@ -100,14 +101,6 @@ private:
     NodeStore store_;
 };
 
-[[noreturn]] void fail(const std::string& what, const std::string& name, std::string_view text, std::size_t offset) {
-    const std::string_view before = text.substr(0, offset);
-    const auto line = 1 + std::count(before.begin(), before.end(), '\n');
-    const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;  // npos + 1 is 0
-    BOOST_PROPERTY_TREE_THROW(
-        json_parser_error(what + " (column " + std::to_string(column) + ")", name, static_cast<unsigned long>(line)));
-}
-
 std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {
     if (builder.problem) return builder.problem;
     if (ec == boost::json::error::too_deep)
@@ -117,7 +110,7 @@ std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec
 
 }  // namespace
 
-void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits) {
+std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     const std::size_t start = text.starts_with(kMark) ? kMark.size() : 0;
     boost::json::parse_options options;
@@ -125,10 +118,18 @@ void parse(std::string_view text, const std::string& name, ptree& tree, const Li
     boost::json::basic_parser<TreeBuilder> parser(options, limits);
     boost::json::error_code ec;
     const std::size_t end = start + parser.write_some(false, text.data() + start, text.size() - start, ec);
-    if (ec) fail(reason(parser.handler(), ec, limits), name, text, end);
+    if (ec) return Fault{placeAt(text, end), reason(parser.handler(), ec, limits)};
     const auto rest = text.find_first_not_of(" \t\r\n", end);
-    if (rest != std::string_view::npos) fail("something stands behind the document", name, text, rest);
+    if (rest != std::string_view::npos) return Fault{placeAt(text, rest), "something stands behind the document"};
     tree.swap(parser.handler().root);
+    return std::nullopt;
+}
+
+void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits) {
+    if (const auto fault = tryParse(text, tree, limits))
+        BOOST_PROPERTY_TREE_THROW(
+            json_parser_error(fault->text + " (column " + std::to_string(fault->place.column) + ")", name,
+                              static_cast<unsigned long>(fault->place.line)));
 }
 
 }  // namespace json

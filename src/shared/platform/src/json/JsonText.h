@@ -1,7 +1,10 @@
 #pragma once
 #include <boost/property_tree/ptree.hpp>
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "json/JsonPlaces.h"
 
 /// JSON text to property tree and back, each in one function. Neither recurses.
 namespace json {
@@ -21,6 +24,14 @@ inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this librar
 /// wrong when the text is no JSON, is not valid UTF-8, has a NUL in a text, holds something behind the document, or
 /// exceeds the limits; `tree` is then as it was.
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kStrangers);
+
+/// What makes a text no JSON, or too much of it.
+struct Fault {
+    TextPlace place;
+    std::string text;
+};
+/// The same without an exception: the fault, or nothing when `tree` has been filled.
+std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits = kStrangers);
 
 /// The bytes that the property tree's own pretty writer gives. Throws `json_parser_error`, with the key in its text,
 /// when a node has both a value and children, or the root a value.

@@ -1,6 +1,7 @@
 #include "loading/ArchiveRoad.h"
 
 #include "platform/HTEQCfaJsonReader.h"
+#include "platform/HTEQCfaXmlReader.h"
 
 namespace loading {
 
@@ -10,7 +11,8 @@ bool fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_plat
     switch (route) {
         case Route::askFirst: {
             std::string member;
-            return reader.canParse(archive, mode, member) && reader.parseCFA(archive, mode);
+            if (reader.canParse(archive, mode, member)) return reader.parseCFA(archive, mode);
+            return HTEQCfaXmlReader(archive, &platform).parseCFA();
         }
         case Route::jsonOnly: return reader.parseCFA(archive, mode);
         case Route::emulationChild: return reader.parseHwEmuLFA(archive, mode);

@@ -2,12 +2,12 @@
 
 #include <optional>
 
-#include "msg/HEXAll.h"
+#include "msg/ComMsgMgr.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHpfmReader.h"
+#include "readers/DocumentFile.h"
 #include "records/TEQHpfmLMX.h"
 #include "util/HUTPathUtils.h"
-#include "util/WholeFile.h"
 #include "xml/XmlReader.h"
 #include "xml/XmlWriter.h"
 
@@ -47,16 +47,6 @@ bool repair(Repository& repository) {
     return changed;
 }
 
-void writeHpfm(const std::string& file, const Repository& repository) {
-    try {
-        wholefile::replace(file, xml::write(WELHardwarePlatform::kDocument, repository));
-    } catch (const HEXUserException&) {
-        throw HXMLException(ComMsgMgr::make("@74-10@%s", file));
-    } catch (const xml::Exception& e) {
-        throw HXMLException(ComMsgMgr::make("@74-15@%s%s%s%s", file, e.what(), "platform"));
-    }
-}
-
 }  // namespace
 
 void HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(const std::string& file) {
@@ -69,7 +59,8 @@ void HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(const std::string& file) {
     std::optional<Repository> repository = readHpfm(file);
     if (!repository) return;
     reader.parseRepository(*repository);  // warns of banks of several memories
-    if (repair(*repository)) writeHpfm(file, *repository);
+    if (repair(*repository))
+        readers::writeDocument(file, [&] { return xml::write(WELHardwarePlatform::kDocument, *repository); });
 }
 
 bool HTEQHpfmUtl::areSomeButNotAllAddressSegmentsPreferred(const BusInterface& interface) {

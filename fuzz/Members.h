@@ -1,0 +1,23 @@
+#pragma once
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "zip/ZipBuilder.h"
+
+/// An archive of the members in `text`: each begins behind a line "--- NAME". What stands before the first such line,
+/// often all, is the member `first`.
+inline std::string archiveOf(std::string_view text, const std::string& first) {
+    constexpr std::string_view kMark = "\n--- ";
+    builder::Zip zip;
+    std::string name = first;
+    for (;;) {
+        const auto end = text.find(kMark);
+        zip.entries.emplace_back(name, std::string(text.substr(0, end)));
+        if (end == std::string_view::npos) return zip.build();
+        text.remove_prefix(end + kMark.size());
+        const auto line = std::min(text.find('\n'), text.size());
+        name = text.substr(0, line);
+        text.remove_prefix(std::min(line + 1, text.size()));
+    }
+}

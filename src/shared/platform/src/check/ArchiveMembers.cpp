@@ -1,0 +1,69 @@
+#include "check/ArchiveMembers.h"
+
+#include <algorithm>
+
+#include "check/HpfmCheck.h"
+#include "check/MetadataCheck.h"
+#include "check/XmlCheck.h"
+#include "readers/ArchiveMember.h"
+#include "text/HSTStringUtils.h"
+#include "zip/ArchiveError.h"
+
+namespace check {
+
+namespace {
+
+bool isType(const std::string& type, const char* name) { return HSTStringUtils::iequals(type, name); }
+
+}  // namespace
+
+std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::string& type, const std::string& name,
+                                                                 const std::string& directory) {
+    // Emulation targets are read by their own rule for names, and from the archive's top.
+    const bool isEmulation = isType(type, "EMU_XML") || isType(type, "EMU_JSON");
+    const std::string member = isEmulation         ? std::string(readers::withoutLeadingDot(name))
+                               : directory.empty() ? name
+                                                   : directory + "/" + name;
+    if (has_(member)) {
+        if (checked_.insert(member).second) checkContent_(type, member);
+        return std::nullopt;
+    }
+    const std::string text = "the archive has no member \"" + xml::shown(member) + "\"";
+    if (isEmulation) return Fault{kMissingEmulationMember, text + ", which a reader of the platform opens"};
+    return Fault{kMissingMember, text};
+}
+
+/// A folder is there when something is in it.
+bool ArchiveMembers::has_(const std::string& member) {
+    if (archive_.contains(member)) return true;
+    if (names_.empty()) {
+        for (archive::MemberInfo& info : archive_.files()) names_.push_back(std::move(info.name));
+        std::ranges::sort(names_);
+    }
+    const std::string folder = member + "/";
+    const auto inside = std::ranges::lower_bound(names_, folder);
+    return inside != names_.end() && inside->starts_with(folder);
+}
+
+void ArchiveMembers::checkContent_(const std::string& type, const std::string& member) {
+    const bool isHpfm = isType(type, "HPFM"), isXml = isType(type, "EMU_XML"), isJson = isType(type, "EMU_JSON");
+    const bool isExtension = isType(type, "META_JSON") || isType(type, "EXT_META_JSON");
+    if (!(isHpfm || isXml || isJson || isExtension) || !archive_.contains(member)) return;
+    const std::optional<Source> source = read(member, findings_);
+    if (!source) return;
+    if (isHpfm) validHpfm_ |= checkHpfm(*source, findings_);
+    if (isXml) checkSyntax(*source, *records::findFormat("emu"), findings_);
+    if (isJson) checkEmulationJson(*source, findings_);
+    if (isExtension && !source->text.empty()) checkAnyJson(*source, findings_);
+}
+
+std::optional<Source> ArchiveMembers::read(const std::string& member, Findings& findings) const {
+    try {
+        if (auto text = archive_.read(member)) return Source{archive_.name(), member, std::move(*text)};
+    } catch (const zip::ArchiveError& e) {
+        findings.add(kDamagedMember, archive_.name(), member, e.text());
+    }
+    return std::nullopt;
+}
+
+}  // namespace check

@@ -1,0 +1,103 @@
+#include "check/DescriptorCheck.h"
+
+#include <fmt/format.h>
+
+#include "check/ValidXml.h"
+#include "platform/HTEQHardwarePlatform.h"
+#include "readers/Saturated.h"
+#include "records/TEQPlatformLMX.h"
+#include "util/HUTFile.h"
+
+namespace check {
+
+namespace {
+
+using TEQPlatform::AnonHardwarePlatform;
+using TEQPlatform::HwEmuOnly;
+using TEQPlatform::Partitioned;
+
+class DescriptorCheck {
+public:
+    explicit DescriptorCheck(const Source& source) : source_(source), document_(TEQPlatform::kDocument, source) {}
+
+    std::vector<NamedFile> run(Findings& findings) {
+        checkHardware_(document_.record.hardwarePlatforms);
+        name_("softwarePlatform", document_.record.softwarePlatforms.softwarePlatform, NamedFile::Kind::software);
+        document_.report(findings);
+        return std::move(files_);
+    }
+
+private:
+    void checkHardware_(const TEQPlatform::HardwarePlatforms& platforms) {
+        if (const auto* direct = std::get_if<AnonHardwarePlatform>(&platforms.content)) {
+            nameBoth_(*direct);
+        } else if (const auto* emulation = std::get_if<HwEmuOnly>(&platforms.content)) {
+            name_("hwEmuPlatform", emulation->hwEmuPlatform, NamedFile::Kind::hardware);
+        } else {
+            const auto& partitions = std::get<Partitioned>(platforms.content).reconfigurablePartitions;
+            checkDefault_(platforms, partitions);
+            for (const auto& partition : partitions) checkPartition_(partition);
+        }
+    }
+
+    void checkPartition_(const TEQPlatform::ReconfigurablePartition& partition) {
+        using Both = TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform;
+        using Emulation = TEQPlatform::ReconfigurablePartitionHwEmu;
+        if (const auto* both = std::get_if<Both>(&partition.content))
+            nameBoth_(*both);
+        else
+            name_("hwEmuPlatform", std::get<Emulation>(partition.content).hwEmuPlatform, NamedFile::Kind::emulation);
+    }
+
+    void checkDefault_(const TEQPlatform::HardwarePlatforms& platforms,
+                       const std::vector<TEQPlatform::ReconfigurablePartition>& partitions) {
+        const auto wanted = saturated<unsigned>(platforms.defaultRP.get().value());
+        const bool found =
+            std::ranges::any_of(partitions, [&](const TEQPlatform::ReconfigurablePartition& partition) {
+                return saturated<unsigned>(partition.id.get().value()) == wanted;
+            });
+        if (found) return;
+        document_.add(kUnknownDefaultPartition, "hardwarePlatforms", &platforms,
+                      platforms.defaultRP.isSet()
+                          ? fmt::format("defaultRP=\"{}\" is the id of no partition", wanted)
+                          : "defaultRP is left out, and no partition has the id 0 that stands for it");
+    }
+
+    template <class Content>
+    void nameBoth_(const Content& content) {
+        name_("hardwarePlatform", content.hardwarePlatform, NamedFile::Kind::hardware);
+        if (content.hwEmuPlatform) name_("hwEmuPlatform", *content.hwEmuPlatform, NamedFile::Kind::emulation);
+    }
+
+    /// Finds the file as the descriptor's reader does.
+    template <class Element>
+    void name_(const char* element, const Element& record, NamedFile::Kind kind) {
+        const std::string separator = HUTFile::getDirSeparator();
+        std::string path =
+            HUTFile::getParent(source_.file) + separator + record.path.get() + separator + record.name.get();
+        const bool isArchive = kind != NamedFile::Kind::software;
+        if (isArchive) path = HUTFile::getCanonicalName(path);
+        if (!HUTFile::exists(path)) {
+            document_.add(kMissingFile, element, &record, fmt::format("there is no file \"{}\"", xml::shown(path)));
+        } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
+            document_.add(kWrongExtension, element, &record,
+                          fmt::format("\"{}\" is no name of a hardware archive; its extension is .cfa or .lfa",
+                                      xml::shown(record.name.get())));
+        } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
+            files_.push_back({kind, std::move(path)});
+        }
+    }
+
+    const Source& source_;
+    ValidXml<TEQPlatform::Platform> document_;
+    std::vector<NamedFile> files_;
+};
+
+}  // namespace
+
+std::vector<NamedFile> checkDescriptor(const Source& source, Findings& findings) {
+    if (!checkSyntax(source, *records::findFormat("zdf"), findings)) return {};
+    return DescriptorCheck(source).run(findings);
+}
+
+}  // namespace check

@@ -1,0 +1,19 @@
+#pragma once
+#include <string>
+#include <vector>
+
+#include "check/Findings.h"
+
+namespace check {
+
+/// A file that a descriptor names.
+struct NamedFile {
+    enum class Kind { hardware, emulation, software };
+    Kind kind;
+    std::string path;
+};
+
+/// Checks a descriptor. Gives the files that it names, each once; those that do not exist are findings.
+std::vector<NamedFile> checkDescriptor(const Source& source, Findings& findings);
+
+}  // namespace check

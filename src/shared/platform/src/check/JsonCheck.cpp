@@ -1,0 +1,181 @@
+#include "check/JsonCheck.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "json/JsonPlaces.h"
+#include "text/HSTStringUtils.h"
+#include "xml/XmlException.h"
+
+namespace check {
+
+namespace {
+
+using json::Form;
+using json::ptree;
+
+std::string quoted(const std::string& text) { return "\"" + xml::shown(text) + "\""; }
+
+/// A JSON null reads as this text, and an empty list or object as an empty text: neither can be told from it.
+bool isNothing(const ptree& value) { return value.empty() && (value.data().empty() || value.data() == "null"); }
+
+/// Optional blanks and a sign, then digits only, as numbers are read to their end.
+bool isNumber(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return false;
+    text.remove_prefix(first);
+    if (text.front() == '-' || text.front() == '+') text.remove_prefix(1);
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool hasNamedChild(const ptree& value) {
+    return std::ranges::any_of(value, [](const auto& child) { return !child.first.empty(); });
+}
+
+bool hasNamelessChild(const ptree& value) {
+    return std::ranges::any_of(value, [](const auto& child) { return child.first.empty(); });
+}
+
+/// A key that is not there is read as an empty text.
+bool isRefusedWhenMissing(const json::Shape& shape) {
+    static const ptree nothing;
+    return shape.refusal && !shape.refusal(nothing).empty();
+}
+
+/// Numbers the values that are asked for, as the text has them. Trees are as deep as the parser lets them be.
+void number(const ptree& value, std::unordered_map<const ptree*, std::size_t>& wanted, std::size_t& next) {
+    if (const auto at = wanted.find(&value); at != wanted.end()) at->second = next;
+    ++next;
+    for (const auto& [key, child] : value) number(child, wanted, next);
+}
+
+}  // namespace
+
+std::string Path::text() const {
+    if (!parent) return {};
+    const std::string before = parent->text();
+    if (!key) return before + "[" + std::to_string(index) + "]";
+    return before.empty() ? key : before + "." + key;
+}
+
+JsonCheck::JsonCheck(const Source& source) : source_(source) {
+    const auto fault = json::tryParse(source.text, tree_);
+    parsed_ = !fault;
+    if (parsed_) return;
+    CheckFinding finding;
+    finding.file = source.file;
+    finding.member = source.member;
+    finding.line = fault->place.line;
+    finding.column = fault->place.column;
+    finding.name = kNotJson;
+    finding.text = fault->text;
+    own_.add(std::move(finding));
+}
+
+void JsonCheck::checkShapes(json::Shapes shapes) {
+    if (isObject_(tree_, {})) checkKeys_(tree_, shapes, {});
+}
+
+void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {
+    if (found_.size() < kMostOfDocument) found_.push_back({name, &value, path.text(), std::move(text)});
+}
+
+void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
+    for (const json::Shape& shape : shapes) {
+        const auto at = object.find(shape.name);  // of duplicates the first is read
+        if (at != object.not_found())
+            checkValue_(at->second, shape, {&path, shape.name});
+        else if (shape.required || isRefusedWhenMissing(shape))
+            add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is needed here");
+    }
+}
+
+void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const Path& path) {
+    switch (shape.form) {
+        case Form::unknown: break;
+        case Form::text:
+        case Form::number:
+        case Form::flag: checkScalar_(value, shape.form, path); break;
+        case Form::object:
+            if (isObject_(value, path) && shape.inner) checkKeys_(value, shape.inner(), path);
+            break;
+        case Form::list:
+        case Form::texts:
+            if (isList_(value, path)) checkItems_(value, shape, path);
+            break;
+    }
+    if (!shape.refusal) return;
+    if (const std::string refusal = shape.refusal(value); !refusal.empty())
+        add(kRefusedValue, value, path, xml::shown(refusal));
+}
+
+void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {
+    const std::string& text = value.data();
+    if (!value.empty())
+        add(kWrongShape, value, path,
+            std::string(hasNamedChild(value) ? "an object" : "a list") + " stands where a single value is read");
+    else if (isNothing(value))
+        return;
+    else if (form == Form::number && !isNumber(text))
+        add(kNotANumber, value, path,
+            quoted(text) + " is no decimal number; it is read as " + std::to_string(HSTStringUtils::toNumber(text)));
+    else if (form == Form::flag && !HSTStringUtils::iequals(text, "true") && !HSTStringUtils::iequals(text, "false"))
+        add(kNotAFlag, value, path, quoted(text) + " is neither true nor false; it is read as false");
+}
+
+void JsonCheck::checkItems_(const ptree& list, const json::Shape& shape, const Path& path) {
+    const json::Shapes inner = shape.inner ? shape.inner() : json::Shapes();
+    std::size_t index = 0;
+    for (const auto& [key, item] : list) {
+        const Path at{&path, nullptr, index++};
+        if (shape.form == Form::texts)
+            checkScalar_(item, Form::text, at);
+        else if (isObject_(item, at))
+            checkKeys_(item, inner, at);
+    }
+}
+
+bool JsonCheck::isObject_(const ptree& value, const Path& path) {
+    const char* const wrong = !value.empty()     ? hasNamelessChild(value) ? "a list" : nullptr
+                              : isNothing(value) ? nullptr
+                                                 : "a single value";
+    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where an object is read");
+    return !wrong;
+}
+
+bool JsonCheck::isList_(const ptree& value, const Path& path) {
+    const char* const wrong = !value.empty()     ? hasNamedChild(value) ? "an object" : nullptr
+                              : isNothing(value) ? nullptr
+                                                 : "a single value";
+    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where a list is read");
+    return !wrong;
+}
+
+void JsonCheck::report(Findings& findings) {
+    findings.append(std::move(own_));
+    if (found_.empty()) return;
+    std::unordered_map<const ptree*, std::size_t> numbers;
+    for (const Found& found : found_) numbers.emplace(found.value, 0);
+    std::size_t next = 0;
+    number(tree_, numbers, next);
+    std::ranges::stable_sort(found_, {}, [&](const Found& found) { return numbers.at(found.value); });
+    std::vector<std::size_t> wanted;
+    for (const Found& found : found_) wanted.push_back(numbers.at(found.value));
+    const std::vector<json::TextPlace> places = json::placesOf(source_.text, wanted);
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        CheckFinding finding;
+        finding.file = source_.file;
+        finding.member = source_.member;
+        if (i < places.size()) {
+            finding.line = places[i].line;
+            finding.column = places[i].column;
+        }
+        finding.name = found_[i].name;
+        finding.element = std::move(found_[i].path);
+        finding.text = std::move(found_[i].text);
+        findings.add(std::move(finding));
+    }
+    found_.clear();
+}
+
+}  // namespace check

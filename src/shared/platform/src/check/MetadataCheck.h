@@ -1,0 +1,23 @@
+#pragma once
+#include <string>
+
+#include "check/Findings.h"
+
+namespace check {
+
+class ArchiveMembers;
+
+/// The JSON metadata of a hardware archive. `members`: of the archive that it is in, null for a file of its own.
+/// `directory`: where its files lie in the archive.
+void checkJsonMetadata(const Source& source, ArchiveMembers* members, const std::string& directory,
+                       Findings& findings);
+/// The XML metadata of an older hardware archive.
+void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings);
+/// A list of emulation targets in JSON.
+void checkEmulationJson(const Source& source, Findings& findings);
+/// JSON of any content.
+void checkAnyJson(const Source& source, Findings& findings);
+/// A JSON file that is not in an archive: metadata, emulation targets or extended metadata, by name and content.
+void checkJsonFile(const Source& source, Findings& findings);
+
+}  // namespace check

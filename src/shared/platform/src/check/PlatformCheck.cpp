@@ -1,0 +1,143 @@
+#include "platform/PlatformCheck.h"
+
+#include <algorithm>
+
+#include "archive/PlatformMembers.h"
+#include "archive/Request.h"
+#include "check/ArchiveMembers.h"
+#include "check/DescriptorCheck.h"
+#include "check/Explanations.h"
+#include "check/HpfmCheck.h"
+#include "check/MetadataCheck.h"
+#include "check/XmlCheck.h"
+#include "msg/HEXAll.h"
+#include "platform/HTEQHardwarePlatform.h"
+#include "util/HUTFile.h"
+#include "util/WholeFile.h"
+#include "xml/XmlReader.h"
+#include "zip/ArchiveError.h"
+
+namespace teq_platform {
+
+namespace {
+
+using archive::PlatformMember;
+using check::checkSyntax;
+using check::Findings;
+using check::Source;
+
+/// The metadata members, the archive's own before those of its emulation child.
+constexpr struct {
+    PlatformMember member;
+    bool ofChild;
+} kMetadata[] = {
+    {PlatformMember::altJson, false},     {PlatformMember::json, false},     {PlatformMember::xml, false},
+    {PlatformMember::altHwEmuJson, true}, {PlatformMember::hwEmuJson, true}, {PlatformMember::hwEmuXml, true},
+};
+
+bool isXmlMember(PlatformMember member) {
+    return member == PlatformMember::xml || member == PlatformMember::hwEmuXml;
+}
+
+void checkMetadata(const Source& source, PlatformMember member, bool ofChild, const archive::MemberSource& archive,
+                   Findings& findings) {
+    check::ArchiveMembers members(archive);
+    if (isXmlMember(member))
+        check::checkXmlMetadata(source, &members, findings);
+    else
+        check::checkJsonMetadata(source, &members, ofChild ? "hw_emu" : "", findings);
+    findings.append(members.takeFindings());
+}
+
+void checkMembers(const archive::MemberSource& archive, const std::string& extension, Findings& findings) {
+    bool found = false;
+    for (const auto& [member, ofChild] : kMetadata) {
+        const std::string name = archive::platformMember(member, extension);
+        if (!archive.contains(name)) continue;
+        found |= !ofChild;
+        if (const auto source = check::ArchiveMembers(archive).read(name, findings))
+            checkMetadata(*source, member, ofChild, archive, findings);
+    }
+    if (!found)
+        findings.add(check::kNoMetadata, archive.name(), "",
+                     "the archive has no metadata member " + extension + ".json, alt_" + extension + ".json or " +
+                         extension + ".xml");
+}
+
+void checkArchive(const std::string& file, Findings& findings) {
+    try {
+        checkMembers(*archive::open(file), HUTFile::getExt(file), findings);
+    } catch (const zip::ArchiveError& e) {
+        findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
+    }
+}
+
+/// The file as a text, or a finding.
+std::optional<Source> textOf(const std::string& file, Findings& findings) {
+    try {
+        return Source{file, "", wholefile::read(file, xml::kMaxDocument)};
+    } catch (const HEXUserException& e) {
+        findings.add(PlatformCheck::kUnreadable, file, "", e.what());
+        return std::nullopt;
+    }
+}
+
+bool isJson(const Source& source) {
+    if (HUTFile::getExt(source.file) == "json") return true;
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    const std::string_view text = source.text;
+    const auto first = text.find_first_not_of(" \t\r\n", text.starts_with(kMark) ? kMark.size() : 0);
+    return first != std::string_view::npos && (text[first] == '{' || text[first] == '[');
+}
+
+void checkSoftware(const std::string& file, Findings& findings) {
+    if (const auto source = textOf(file, findings)) checkSyntax(*source, *records::findFormat("spfm"), findings);
+}
+
+void checkPlatform(const Source& source, Findings& findings) {
+    for (const check::NamedFile& named : check::checkDescriptor(source, findings)) {
+        if (named.kind == check::NamedFile::Kind::software)
+            checkSoftware(named.path, findings);
+        else
+            checkArchive(named.path, findings);
+    }
+}
+
+void checkXmlFile(const Source& source, Findings& findings) {
+    const records::FormatRow& format = check::formatOf(source);
+    const std::string_view name = format.name;
+    if (name == "zdf")
+        checkPlatform(source, findings);
+    else if (name == "hpfm")
+        check::checkHpfm(source, findings);
+    else if (name == "cfa")
+        check::checkXmlMetadata(source, nullptr, findings);
+    else
+        checkSyntax(source, format, findings);
+}
+
+}  // namespace
+
+HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
+    const archive::Request request;
+    Findings findings;
+    if (HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(file))) {
+        checkArchive(file, findings);
+    } else if (const auto source = textOf(file, findings)) {
+        if (isJson(*source))
+            check::checkJsonFile(*source, findings);
+        else
+            checkXmlFile(*source, findings);
+    }
+    return findings.take();
+}
+
+std::span<const CheckExplanation> PlatformCheck::explanations() { return check::explanations(); }
+
+const CheckExplanation* PlatformCheck::explain(const std::string& name) {
+    const auto rows = explanations();
+    const auto at = std::ranges::find_if(rows, [&](const CheckExplanation& row) { return row.name == name; });
+    return at != rows.end() ? &*at : nullptr;
+}
+
+}  // namespace teq_platform

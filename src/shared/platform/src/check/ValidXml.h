@@ -1,0 +1,54 @@
+#pragma once
+#include <algorithm>
+
+#include "check/XmlCheck.h"
+#include "xml/XmlPlaces.h"
+#include "xml/XmlReader.h"
+
+namespace check {
+
+/// A valid document as its record. What is found at its elements gets their places at the end.
+template <class R>
+class ValidXml {
+public:
+    /// Both arguments must outlive it.
+    ValidXml(const xml::Document<R>& format, const Source& source)
+        : record(xml::read(format, source.text, source.file)), format_(format), source_(source) {}
+
+    const R record;
+
+    /// `at` is the record of an `element` in the document.
+    void add(const char* name, const char* element, const void* at, std::string text) {
+        if (found_.size() == kMostOfDocument) return;
+        found_.push_back({0, name, {element, at}, std::move(text)});
+    }
+
+    /// Gives the findings, in the order of the text.
+    void report(Findings& findings) {
+        if (found_.empty()) return;
+        std::vector<xml::Target> targets;
+        for (const Found& found : found_) targets.push_back(found.target);
+        std::vector<std::size_t> numbers = xml::numbersOf(format_, &record, targets);
+        for (std::size_t i = 0; i < found_.size(); ++i) found_[i].number = numbers[i];
+        std::ranges::stable_sort(found_, {}, &Found::number);
+        std::ranges::sort(numbers);
+        const std::vector<xml::Place> places = xml::placesOf(source_.text, source_.file, numbers);
+        for (std::size_t i = 0; i < found_.size(); ++i)
+            findings.add(findingAt(source_, places[i], found_[i].name, std::string(found_[i].target.name),
+                                   std::move(found_[i].text)));
+        found_.clear();
+    }
+
+private:
+    struct Found {
+        std::size_t number;
+        const char* name;
+        xml::Target target;
+        std::string text;
+    };
+    const xml::Document<R>& format_;
+    const Source& source_;
+    std::vector<Found> found_;
+};
+
+}  // namespace check

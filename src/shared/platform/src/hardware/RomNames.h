@@ -1,0 +1,19 @@
+#pragma once
+#include <string>
+
+#include "platform/HTEQHardwareFeatureRom.h"
+
+/// The names of a feature ROM as texts.
+namespace hardware {
+
+/// The content of a name field.
+struct RomName {
+    unsigned char bytes[HTEQHardwareFeatureRom::kNameSize] = {};
+};
+
+/// A name of the metadata, cut to what the field can hold before its NUL.
+RomName romName(const std::string& text);
+/// The text of a name field, which a writer of the raw header may have left without its NUL.
+std::string romNameText(const unsigned char* field);
+
+}  // namespace hardware

@@ -1,0 +1,188 @@
+// Calls of the system and allocations that fail, each in turn, while a platform is loaded and its archive changed: a
+// documented failure or none, nothing left open or allocated, and the next call is right.
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include <msg/HEXAll.h>
+#include <platform/HTEQHardwarePlatform.h>
+#include <platform/HTEQPlatform.h>
+#include <platform/JSONWriter.h>
+#include <platform/PlatformLoader.h>
+#include <zip/HUTZip.h>
+
+#include "support/Faults.h"
+#include "support/Run.h"
+#include "support/Scratch.h"
+
+namespace fs = std::filesystem;
+using faults::Action;
+
+namespace {
+
+std::string documentOf(const std::string& file) {
+    const auto platform = teq_platform::PlatformLoader(file, teq_platform::HwMetadataMode::Default).load();
+    if (!platform) return "";
+    teq_platform::JSONObjectWriter writer;
+    writer.writeObject(*platform);
+    std::ostringstream text;
+    writer.write(text);
+    return text.str();
+}
+
+std::size_t openFiles() {
+    const fs::directory_iterator files("/proc/self/fd"), end;
+    return static_cast<std::size_t>(std::distance(files, end));
+}
+
+/// A copy of the first sample, loaded and changed again and again.
+class FailingCalls : public testing::Test {
+protected:
+    FailingCalls() {
+        fs::copy(std::string(ZR_SAMPLES) + "/u77", scratch_ / "u77", fs::copy_options::recursive);
+        source_ = scratch_.put("source.tcl", "puts changed");
+        old_ = contentOf(archive_);
+        document_ = documentOf(file_);
+        ComMsgMgr::setSink([](const ComMsgMgrInstance&) {});
+        EXPECT_EQ(attempt(), "");
+        new_ = contentOf(archive_);
+        EXPECT_NE(new_, old_);
+        scratch_.put("u77/hw/u77.lfa", old_);
+        EXPECT_EQ(documentOf(file_), document_);
+    }
+    ~FailingCalls() override { ComMsgMgr::setSink(nullptr); }
+
+    /// Loads and changes. Empty when it is done, "refused" for a failure that a caller is told to expect.
+    std::string attempt() const {
+        try {
+            const auto platform = teq_platform::PlatformLoader(file_, teq_platform::HwMetadataMode::Default).load();
+            if (!platform) return "refused";
+            platform->getHardwarePlatform()->archiveFile("PRE_OPT_TCL", "tcl/pre.tcl", source_);
+            return "";
+        } catch (const HEXAll&) {
+        } catch (const teq_platform::PlatformParseException&) {
+        } catch (const std::bad_alloc&) {
+        } catch (const std::exception& e) {
+            return e.what();
+        }
+        return "refused";
+    }
+    std::string attemptWithout(long allocation, bool andLater) {
+        std::string outcome(100, ' ');  // room for the answer, so that giving it allocates nothing
+        const long live = faults::live();
+        faults::armMemory(allocation, andLater);
+        outcome = attempt();
+        asked_ = faults::allocations();
+        faults::armMemory(0, false);
+        kept_ = faults::live() - live;
+        return outcome;
+    }
+    /// After an attempt: the archive is whole, nothing lies beside it, and it can be done again.
+    void expectIntact(const std::string& when, bool mayLeaveFile = false) {
+        const std::string found = contentOf(archive_);
+        ASSERT_TRUE(found == old_ || found == new_) << when;
+        std::size_t names = 0;
+        for ([[maybe_unused]] const auto& entry : fs::directory_iterator(scratch_ / "u77/hw")) ++names;
+        EXPECT_TRUE(names == 1 || mayLeaveFile) << when;
+        if (found == new_) scratch_.put("u77/hw/u77.lfa", old_);
+        ASSERT_TRUE(documentOf(file_) == document_) << when;
+    }
+    Scratch scratch_;
+    std::string file_ = scratch_ / "u77/u77_gen3x16_base_1.zdf", archive_ = scratch_ / "u77/hw/u77.lfa";
+    std::string source_, old_, new_, document_;
+    long kept_ = 0;   ///< blocks that the last attempt left
+    long asked_ = 0;  ///< allocations of the last attempt
+};
+
+struct Error {
+    int number;
+    bool isPassing;  ///< the call is to be made again, and nothing is refused
+    std::set<std::string> calls;
+};
+
+const Error kErrors[] = {
+    {EIO,
+     false,
+     {"open", "openat", "read", "pread", "write", "pwrite", "fsync", "close", "fstat", "fstatat", "readdir",
+      "renameat2", "unlinkat", "readlink", "sync_file_range"}},
+    {ENOSPC, false, {"openat", "write", "pwrite", "fsync", "mkdirat", "mkdtemp", "mkostemp", "renameat2"}},
+    {EDQUOT, false, {"pwrite", "fsync"}},
+    {EACCES,
+     false,
+     {"open", "openat", "fstatat", "mkdirat", "renameat2", "unlinkat", "fchmod", "fchown", "access", "faccessat",
+      "opendir", "fdopendir"}},
+    {EMFILE, false, {"open", "openat", "opendir", "fdopendir", "mkostemp"}},
+    {EINTR, true, {"read", "pread", "write", "pwrite", "flock"}},
+};
+
+}  // namespace
+
+TEST_F(FailingCalls, OfTheSystem) {
+    faults::arm(Action::count);
+    ASSERT_EQ(attempt(), "");
+    std::vector<std::string> calls(faults::calls().begin(), faults::calls().end());
+    faults::arm(Action::none);
+    scratch_.put("u77/hw/u77.lfa", old_);
+    const std::size_t files = openFiles();
+    long points = 0;
+    for (const Error& error : kErrors)
+        for (std::size_t i = 0; i < calls.size() && !HasFatalFailure(); ++i) {
+            if (!error.calls.contains(calls[i])) continue;
+            const std::string when =
+                calls[i] + ", call " + std::to_string(i + 1) + ": " + std::strerror(error.number);
+            faults::arm(Action::fail, static_cast<long>(i) + 1, error.number);
+            const std::string outcome = attempt();
+            faults::arm(Action::none);
+            EXPECT_TRUE(outcome.empty() || (outcome == "refused" && !error.isPassing)) << when << ": " << outcome;
+            EXPECT_EQ(openFiles(), files) << when;
+            expectIntact(when, calls[i] == "unlinkat");
+            ++points;
+        }
+    RecordProperty("points", std::to_string(points));
+    EXPECT_GT(points, 200);
+}
+
+TEST_F(FailingCalls, ThatMoveLessThanTheyWereAsked) {
+    faults::arm(Action::count);
+    ASSERT_EQ(attempt(), "");
+    const std::vector<std::string> calls(faults::calls().begin(), faults::calls().end());
+    faults::arm(Action::none);
+    scratch_.put("u77/hw/u77.lfa", old_);
+    for (std::size_t i = 0; i < calls.size() && !HasFatalFailure(); ++i) {
+        if (!std::set<std::string>{"read", "pread", "write", "pwrite"}.contains(calls[i])) continue;
+        faults::arm(Action::shorten, static_cast<long>(i) + 1);
+        const std::string outcome = attempt();
+        faults::arm(Action::none);
+        EXPECT_EQ(outcome, "") << calls[i] << ", call " << i + 1;
+        expectIntact(calls[i]);
+    }
+}
+
+TEST_F(FailingCalls, OfTheAllocator) {
+    const long step = std::getenv("ZR_LONG") ? 1 : 97;
+    for (const bool andLater : {false, true}) {
+        long points = 0;
+        bool isDone = false;
+        for (long at = 1; !isDone && !HasFatalFailure(); at += at < 500 ? 1 : step) {
+            const std::string when = "allocation " + std::to_string(at) + (andLater ? " and all that follow" : "");
+            std::string outcome = attemptWithout(at, andLater);
+            isDone = asked_ < at;
+            EXPECT_TRUE(outcome.empty() || outcome == "refused") << when << ": " << outcome;
+            // What is made at the first need and kept is made once.
+            if (kept_ != 0) attemptWithout(at, andLater);
+            EXPECT_EQ(kept_, 0) << when;
+            expectIntact(when, true);
+            ++points;
+        }
+        RecordProperty(andLater ? "and_later" : "once", std::to_string(points));
+        EXPECT_GT(points, 500);
+    }
+}

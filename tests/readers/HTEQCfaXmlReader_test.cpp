@@ -1,0 +1,304 @@
+#include "platform/HTEQCfaXmlReader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "json/JsonText.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLAddressSegment.h"
+#include "platform/HPLDevice.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HPLPort.h"
+#include "platform/HTEQHardwareFeatureRom.h"
+#include "platform/JSONWriter.h"
+#include "readers/CfaArchive.h"
+#include "readers/CfaXml.h"
+#include "readers/Hpfm.h"
+#include "util/HUTEnv.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr const char* kEmulations =
+    "<Root VersionMajor='1' VersionMinor='0'><Emulations><Emulation Name='e'><Files><File Type='%' Name='n'/>"
+    "</Files></Emulation></Emulations></Root>";
+
+class CfaXmlReader : public testing::Test {
+protected:
+    /// Reads an archive with this XML member and others into a fresh platform.
+    bool read(const std::string& xml, std::map<std::string, std::string> members = {}) {
+        members["cfa.xml"] = xml;
+        archive_ = archives_.put("p.cfa", members);
+        platform_ = std::make_unique<HPLPlatform>();
+        capture_.messages.clear();
+        return HTEQCfaXmlReader(archive_, platform_.get()).parseCFA();
+    }
+    bool readWith(const std::string& part, const std::string& replacement,
+                  const std::map<std::string, std::string>& members = {}) {
+        return read(with(kCfaXml, part, replacement), members);
+    }
+    json::ptree document() const {
+        teq_platform::JSONObjectWriter writer;
+        writer.writeObject(*platform_);
+        return writer.getTree();
+    }
+    std::string at(const std::string& key) const { return document().get(key, "(none)"); }
+    const HPLCore& core() const { return platform_->getDevice("fpga0")->getReadOnlyCore(); }
+
+    Capture capture_;
+    CfaArchives archives_;
+    std::string archive_;
+    std::unique_ptr<HPLPlatform> platform_;
+};
+
+}  // namespace
+
+TEST_F(CfaXmlReader, FillsTheModel) {
+    ASSERT_TRUE(read(kCfaXml));
+    EXPECT_THAT(capture_.messages, IsEmpty());
+    EXPECT_EQ(capture_.printed(), "");
+    // What the document does not show, or shows in another form.
+    EXPECT_EQ(platform_->getOldFeatureRomTime(), 9U);
+    EXPECT_EQ(platform_->getReadOnlyBoard().getPCIeId().getFeatureId(), "pf");
+    EXPECT_EQ(core().getDRBaseAddress(), "");
+    EXPECT_EQ(platform_->getRegisterCount(), 12);
+    EXPECT_EQ(platform_->HTEQHardwarePlatform::getRegisterCount(), 0) << "the platform's own gets none";
+    EXPECT_EQ(platform_->getLUTCount(), 11);
+    const std::unique_ptr<HSTFwdIter<HPLPort*>> ports(core().createPortIter());
+    const std::unique_ptr<HSTFwdIter<HPLAddressSegment*>> segments(ports->next()->createAddressSegmentIter());
+    const HPLAddressSegment& segment = *segments->next();
+    EXPECT_THAT((std::vector{segment.getName(), segment.getBase(), segment.getRange(), segment.getSlaveName()}),
+                ElementsAre("an", "ab", "ar", "as"));
+    const std::pair<const char*, const char*> keys[] = {
+        {"versionMajor", "3"},
+        {"hostArchitecture", "aarch64"},
+        {"generatedChangeList", "7"},
+        {"validAcceleratorBinaryContentValues", "x,,y"},
+        {"dcpFunctionStripped", "true"},
+        {"unifiedPlatform", "true"},
+        {"expandablePlatform", "true"},
+        {"designIntent.dataCenter.value", "true"},
+        {"designIntent.dataCenter.explicit", "false"},
+        {"designIntent.embedded.value", "false"},
+        {"board.connectors..connected", "true"},
+        {"board.connectors..locked", "true"},
+        {"memories..lowAddress", "18446744073709551614"},
+        {"devices..core.numComputeUnits", "255"},
+        {"featureRoms..cdmaBaseAddress3", "0xd"},
+    };
+    for (const auto& [key, value] : keys) EXPECT_EQ(at(key), value) << key;
+}
+
+/// One text of the document, and the place in the platform's document that it decides.
+TEST_F(CfaXmlReader, Rules) {
+    const struct {
+        const char *part, *replacement, *key, *value;
+    } cases[] = {
+        // Flags: "true" in any letter case; all else is false.
+        {R"(DcpEncrypt="true")", R"(DcpEncrypt="TrUe")", "dcpEncrypted", "true"},
+        {R"(DcpEncrypt="true")", R"(DcpEncrypt="1")", "dcpEncrypted", "false"},
+        {R"(DcpEncrypt="true")", R"(DcpEncrypt="")", "dcpEncrypted", "false"},
+        {R"(IsLocked="true")", R"(IsLocked=" true")", "board.connectors..locked", "false"},
+        {R"(Fixed="false")", R"(Fixed="True")", "expandablePlatform", "false"},
+        {R"(Fixed="false")", R"(Fixed="no")", "expandablePlatform", "true"},
+        {R"(Fixed="false")", "", "expandablePlatform", "true"},
+        // What is left out keeps the model's default.
+        {R"( DefaultOutputType="dot")", "", "defaultOutputType", "unknown"},
+        {R"( AcceleratorBinaryFormat="abf")", "", "acceleratorBinaryFormat", "rovapk2"},
+        {R"( AcceleratorBinaryContent="abc")", "", "acceleratorBinaryContent", "bitstream"},
+        {R"(<Host Architecture="aarch64" Interface="axi"/>)", "", "hostArchitecture", "unknown"},
+        {R"(<GenAppInfo Name="gn" Version="gv" CL="7" TimeStamp="gt"/>)", "", "generatedChangeList", "0"},
+        {R"(CL="7")", R"(CL="4294967299")", "generatedChangeList", "3"},
+        // The state, and what follows from partial reconfiguration.
+        {R"(<Build )", R"(<Build StaticSynthCheckpoint="" )", "platformState", "synth"},
+        {R"(UsesPR="true")", R"(UsesPR="false")", "usesPR", "false"},
+        {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.embedded.value", "true"},
+        {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.serverManaged.value", "false"},
+        {R"(UsesPR="true")", "", "usesPR", "true"},
+        {R"(UsesPR="true")", "", "designIntent.externalHost.value", "false"},
+        {R"(ValidBinaryContentValues="x,,y")", R"(ValidBinaryContentValues="x,y,x")",
+         "validAcceleratorBinaryContentValues", "x,y"},
+        {R"(ValidBinaryContentValues="x,,y")", "", "validAcceleratorBinaryContentValues", "dcp,bitstream"},
+        // Pictures: the case of the type counts.
+        {R"(Type="HDPI")", R"(Type="hdpi")", "board.imageFileHdpi", "(none)"},
+        {R"(ConnectedConnector="M1")", R"(ConnectedConnector="")", "board.connectors..connected", "false"},
+        // Resources: an empty text leaves the platform's count.
+        {R"(BRAM="13")", R"(BRAM="13 of 20")", "devices..core.availableResources.bramCount", "13 of 20"},
+        {R"(MaxTempLimit="14")", R"(MaxTempLimit="270")", "featureRoms..maxTempLimit", "14"},
+        {R"(FPGAPartName="fp")", R"(FPGAPartName="1234567890123456789012345678901234567890123456789012345678901234")",
+         "featureRoms..fpgaPartName", "123456789012345678901234567890123456789012345678901234567890123"},
+        {R"( UUID="01234567-89ab-cdef-0123-456789abcdef")", "", "featureRoms..uuid",
+         "00000000-0000-0000-0000-000000000000"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(std::string(c.part) + " -> " + c.replacement);
+        EXPECT_TRUE(readWith(c.part, c.replacement));
+        EXPECT_EQ(at(c.key), c.value);
+    }
+    ASSERT_TRUE(readWith(R"(ValidSLRs="SLR0,SLR1")", R"(ValidSLRs="SLR1,,SLR0,SLR1")"));
+    EXPECT_THAT(core().getReadOnlySLRMap().at("pb"), ElementsAre("", "SLR0", "SLR1"));
+    ASSERT_TRUE(readWith(R"(BRAM="13")", R"(BRAM="")"));
+    EXPECT_EQ(platform_->getBRAMCount(), 0);
+    ASSERT_TRUE(readWith(R"(BRAM="13")", R"(BRAM="13 of 20")"));
+    EXPECT_EQ(platform_->getBRAMCount(), 13);
+}
+
+TEST_F(CfaXmlReader, AHardwareDefinitionMakesAPlatformFixedThatDoesNotTell) {
+    const std::string silent = with(kCfaXml, R"( Fixed="false")", "");
+    for (const char* member : {"hwdef.xml", "sysdef.xml"}) {
+        ASSERT_TRUE(read(silent, {{member, "<Project/>"}}));
+        EXPECT_EQ(at("expandablePlatform"), "false") << member;
+    }
+    ASSERT_TRUE(read(kCfaXml, {{"hwdef.xml", "<Project/>"}}));
+    EXPECT_EQ(at("expandablePlatform"), "true") << "it tells";
+}
+
+TEST_F(CfaXmlReader, AnHpfmAddsToItAndMakesItUnifiedAndExpandable) {
+    const std::string file = R"(<File Type="HpFm" Name="a.hpfm"/><File )";
+    const std::string fixed = with(with(kCfaXml, R"(Fixed="false")", R"(Fixed="true")"), "<File ", file);
+    const std::string bare = with(fixed, R"(Unified="true")", R"(Unified="false")");
+    ASSERT_TRUE(read(bare, {{"a.hpfm", hpfm("<kp:busInterface kp:name='theirs'/>")}}));
+    EXPECT_EQ(at("busInterfaces..name"), "theirs");
+    EXPECT_EQ(at("description"), "from hpfm");
+    EXPECT_EQ(at("vendor"), "v") << "that of the metadata stays";
+    EXPECT_EQ(at("expandablePlatform") + at("unifiedPlatform"), "truetrue");
+    EXPECT_EQ(platform_->getLUTCount(), 4) << "of the hpfm, which is read later";
+    EXPECT_THAT(platform_->getHpfmString(), HasSubstr("theirs"));
+
+    for (const char* broken : {"<kp/>", ""}) {
+        ASSERT_TRUE(read(bare, {{"a.hpfm", broken}})) << "it is passed over";
+        EXPECT_EQ(at("expandablePlatform") + at("unifiedPlatform"), "falsefalse");
+        EXPECT_THAT(capture_.printed(),
+                    testing::EndsWith("Failed to parse hpfm stream from 'a.hpfm' in " + archive_ + "\n"));
+    }
+    ASSERT_TRUE(read(bare));
+    EXPECT_THAT(capture_.messages, IsEmpty()) << "a file that is not there";
+}
+
+TEST_F(CfaXmlReader, EmulationTargetsTellWhetherItCanBeEmulated) {
+    const std::string listed = with(kCfaXml, "<File ", R"(<File Type="emu_xml" Name="./emu.xml"/><File )");
+    for (const auto& [type, answer] : {std::pair{"EMU_HPFM", "true"}, std::pair{"TOP_BD", "false"}}) {
+        ASSERT_TRUE(read(listed, {{"emu.xml", with(kEmulations, "%", type)}}));
+        EXPECT_EQ(at("hardwareEmulation"), answer);
+        EXPECT_FALSE(platform_->supportsTwoHwEmuBd());
+    }
+    const std::pair<std::map<std::string, std::string>, const char*> broken[] = {
+        {{}, "emu.xml"}, {{{"emu.xml", "<Root/>"}}, "needs the attribute VersionMajor"}};
+    for (const auto& [members, words] : broken) {
+        EXPECT_FALSE(read(listed, members));
+        const ComMsgMgrInstance& last = capture_.messages.back();
+        EXPECT_EQ(last.id, "@74-65@%s%s%s");
+        EXPECT_EQ(last.mask, MsgMask::critical);
+        EXPECT_EQ(last.args.at(0), "cfa.xml");
+        EXPECT_EQ(last.args.at(1), archive_);
+        EXPECT_THAT(last.args.at(2), HasSubstr(words));
+    }
+}
+
+TEST_F(CfaXmlReader, RefusesANewerSchemaUnlessThePlatformIsBeforeSynthesis) {
+    const std::string two = with(kCfaXml, R"(VersionMajor="1")", R"(VersionMajor="2")");
+    EXPECT_FALSE(read(two));
+    ASSERT_EQ(capture_.messages.size(), 1U);
+    EXPECT_EQ(capture_.messages[0].id, "@74-52@%s");
+    EXPECT_EQ(capture_.messages[0].mask, MsgMask::error);
+    EXPECT_EQ(capture_.messages[0].args.at(0), "Hardware Platform '" + archive_ +
+                                                   "' (version 2) is newer than the current version 1 (" +
+                                                   HUTEnv::getFullBuildStr() + ")");
+    for (const char* state : {"pre_synth", "PRE_Synth"}) {
+        EXPECT_TRUE(read(with(two, R"(PlatformState="impl")", std::string("PlatformState='") + state + "'")));
+        EXPECT_EQ(at("platformState"), state);
+    }
+    const std::string broken = with(two, "<Files>", "<Colours/><Files>");
+    EXPECT_FALSE(read(broken));
+    EXPECT_EQ(capture_.messages.at(0).id, "@74-62@%s%s%d") << "the document comes before its version";
+    for (const char* version :
+         {R"(VersionMajor="0")", R"(VersionMajor="1" VersionMinor="4294967295")", R"(VersionMajor="2147483648")"}) {
+        const bool hasMinor = std::string(version).find("Minor") != std::string::npos;
+        EXPECT_TRUE(readWith(hasMinor ? R"(VersionMajor="1" VersionMinor="15")" : R"(VersionMajor="1")", version))
+            << version;
+    }
+}
+
+TEST_F(CfaXmlReader, TellsTheVersionOfTheSchema) {
+    archive_ = archives_.put("v.cfa", {{"cfa.xml", with(kCfaXml, R"(VersionMajor="1")", R"(VersionMajor="7")")}});
+    HPLPlatform platform;
+    int major = -1, minor = -1;
+    EXPECT_TRUE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
+    EXPECT_EQ(major, 7);
+    EXPECT_EQ(minor, 15);
+    EXPECT_EQ(platform.getName(), "") << "nothing is read into the platform";
+    archive_ = archives_.put("v.cfa", {{"cfa.xml", "<Root VersionMajor='8'/>"}});
+    EXPECT_FALSE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
+    EXPECT_EQ(major, 7);
+    EXPECT_EQ(capture_.messages.at(0).id, "@74-62@%s%s%d");
+}
+
+TEST_F(CfaXmlReader, TellsTheLineOfAFault) {
+    const struct {
+        const char *xml, *line, *words;
+    } cases[] = {
+        {"<Root VersionMajor='1'\n>\n</Root>", "1", "<Root> needs the attribute VersionMinor (column 1)"},
+        {"<Root VersionMajor='1' VersionMinor='1'>\n <CFA/></Root>", "2", "<CFA> needs the attribute Vendor"},
+        {"", "1", "no element found"},
+        {"<!DOCTYPE a>\n<Root/>", "1", "document type declaration"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.xml);
+        EXPECT_FALSE(read(c.xml));
+        ASSERT_EQ(capture_.messages.size(), 1U);
+        const ComMsgMgrInstance& message = capture_.messages[0];
+        EXPECT_EQ(message.id, "@74-62@%s%s%d");
+        EXPECT_EQ(message.mask, MsgMask::critical);
+        EXPECT_THAT(message.args.at(0), HasSubstr(c.words));
+        EXPECT_EQ(message.args.at(1), archive_ + "/cfa.xml");
+        EXPECT_EQ(message.args.at(2), c.line);
+    }
+}
+
+TEST_F(CfaXmlReader, TellsThatThereIsNoDocument) {
+    EXPECT_THROW(HTEQCfaXmlReader("", nullptr), HEXFileNotFoundException);
+    EXPECT_THROW(HTEQCfaXmlReader(archives_.path("gone.cfa"), nullptr), HEXFileNotFoundException);
+    const std::pair<std::string, const char*> cases[] = {
+        {archives_.put("p.lfa", {{"cfa.xml", kCfaXml}}), "no such member"},
+        {archives_.put("empty.lfa", {}), "no such member"},
+        {archives_.text("text.lfa", "no archive"), "no zip archive"},
+    };
+    for (const auto& [archive, words] : cases) {
+        HPLPlatform platform;
+        EXPECT_FALSE(HTEQCfaXmlReader(archive, &platform).parseCFA());
+        EXPECT_EQ(capture_.messages.back().id, "@74-62@%s%s%d");
+        EXPECT_THAT(capture_.messages.back().args.at(0), HasSubstr(words));
+        EXPECT_EQ(capture_.messages.back().args.at(1), archive + "/lfa.xml");
+    }
+}
+
+/// What the model refuses.
+TEST_F(CfaXmlReader, ReportsTheModelsExceptions) {
+    const struct {
+        const char *part, *replacement, *words;
+    } cases[] = {
+        {R"(FpgaDevice="a:b:c:d:e")", R"(FpgaDevice="a:b:c")", "format not as expected: 'a:b:c'"},
+        {R"(UUID="0)", R"(UUID="x0)", "Unable to convert string to Feature ROM UUID"},
+        {R"(<Parameter Name="k1")", R"(<Parameter Name="k1" Value=""/><Parameter Name="k1")", "key: 'k1'"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.replacement);
+        EXPECT_FALSE(readWith(c.part, c.replacement));
+        ASSERT_EQ(capture_.messages.size(), 1U);
+        EXPECT_EQ(capture_.messages[0].id, "@74-65@%s%s%s");
+        EXPECT_THAT(capture_.messages[0].args.at(2), HasSubstr(c.words));
+    }
+}
+
+TEST_F(CfaXmlReader, AnEmulationChildReadsItsOwnMember) {
+    archive_ = archives_.put("e.cfa", {{"cfa.xml", "<Root/>"}, {"hw_emu/cfa.xml", kCfaXml}});
+    HPLPlatform child;
+    child.setIsChildHardwareEmuPlatform(true);
+    EXPECT_TRUE(HTEQCfaXmlReader(archive_, &child).parseCFA());
+    EXPECT_EQ(child.getName(), "n");
+}

@@ -1,0 +1,298 @@
+#include "platform/HTEQCfaXmlWriter.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <memory>
+
+#include "msg/HEXAll.h"
+#include "platform/HPLDevice.h"
+#include "platform/HPLFile.h"
+#include "platform/HPLInterface.h"
+#include "platform/HPLMemory.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HPLPort.h"
+#include "platform/HTEQCfaJsonReader.h"
+#include "platform/HTEQCfaXmlReader.h"
+#include "platform/HTEQHardwareFeatureRom.h"
+#include "platform/JSONWriter.h"
+#include "readers/CfaArchive.h"
+#include "readers/CfaXml.h"
+#include "readers/Hpfm.h"
+#include "readers/RandomCfa.h"
+#include "support/Leaves.h"
+#include "support/Run.h"
+#include "xml/XmlWriter.h"
+
+namespace {
+
+using testing::HasSubstr;
+using testing::IsEmpty;
+using Members = std::map<std::string, std::string>;
+
+/// Each writing waits for its file to be on the disk; hundreds of them are done in memory, where that is possible.
+std::string outputPath(const CfaArchives& archives) {
+    const std::string memory = "/dev/shm";
+    return access(memory.c_str(), W_OK) == 0 ? memory + "/zr_cfa_" + std::to_string(getpid()) + ".xml"
+                                             : archives.path("out.xml");
+}
+
+class CfaXmlWriter : public testing::Test {
+protected:
+    ~CfaXmlWriter() override { unlink(out_.c_str()); }
+
+    /// What the writer makes of the platform.
+    std::string written(HPLPlatform& platform) const {
+        HTEQCfaXmlWriter(&platform, out_).writeCFA();
+        return contentOf(out_);
+    }
+    /// The platform of this XML metadata, in an archive with other members.
+    std::unique_ptr<HPLPlatform> read(const std::string& xml, Members members = {}) const {
+        members["lfa.xml"] = xml;
+        auto platform = std::make_unique<HPLPlatform>();
+        EXPECT_TRUE(HTEQCfaXmlReader(archives_.put("p.lfa", members), platform.get()).parseCFA());
+        return platform;
+    }
+    /// The metadata after one walk through the model.
+    std::string again(const std::string& xml, const Members& members = {}) const {
+        return written(*read(xml, members));
+    }
+
+    Capture capture_;
+    CfaArchives archives_;
+    const std::string out_ = outputPath(archives_);
+};
+
+/// A platform that can be written, and says nothing else.
+std::unique_ptr<HPLPlatform> least() {
+    auto platform = std::make_unique<HPLPlatform>();
+    platform->addDevice();
+    return platform;
+}
+
+std::string documentOf(const HPLPlatform& platform) {
+    teq_platform::JSONObjectWriter writer;
+    writer.writeObject(platform);
+    return json::write(writer.getTree());
+}
+
+}  // namespace
+
+TEST_F(CfaXmlWriter, WritesAllThatItReads) { EXPECT_EQ(again(kCfaXml), kCfaXml); }
+
+/// Each change that the first walk through the model makes of a document.
+TEST_F(CfaXmlWriter, WhatTheFirstWalkChanges) {
+    const struct {
+        const char *what, *part, *before, *after;
+    } cases[] = {
+        {"the schema's version becomes the writer's", R"(VersionMinor="15")", R"(VersionMinor="3")",
+         R"(VersionMinor="15")"},
+        {"who made it is always told", "  <GenAppInfo Name=\"gn\" Version=\"gv\" CL=\"7\" TimeStamp=\"gt\"/>\n", "",
+         "  <GenAppInfo Name=\"\" Version=\"\" CL=\"0\" TimeStamp=\"\"/>\n"},
+        {"the change list is cut to 32 bits", R"(CL="7")", R"(CL="4294967303")", R"(CL="7")"},
+        {"a flag becomes true or false", R"(DcpEncrypt="true")", R"(DcpEncrypt="yes")", R"(DcpEncrypt="false")"},
+        {"flags that are left out are told", R"( Unified="true")", "", R"( Unified="false")"},
+        {"the time of the older ROM too", R"( FeatureRomTimestamp="9")", "", R"( FeatureRomTimestamp="0")"},
+        {"whether it is fixed too", R"( Fixed="false")", "", R"( Fixed="false")"},
+        {"and the default output type", R"( DefaultOutputType="dot")", "", R"( DefaultOutputType="unknown")"},
+        {"but not an empty one", R"( DefaultOutputType="dot")", R"( DefaultOutputType="")", ""},
+        {"a host in the table's letters", R"(Architecture="aarch64")", R"(Architecture="AArch64")",
+         R"(Architecture="aarch64")"},
+        {"one that is not in the table", R"(Interface="axi")", R"(Interface="usb")", R"(Interface="unknown")"},
+        {"none with partial reconfiguration", R"(    <Host Architecture="aarch64" Interface="axi"/>)", "",
+         R"(    <Host Architecture="unknown" Interface="unknown"/>)"},
+        {"what is not read: the flow", "<Build ", R"(<Build Flow="f" UsesDCP="true" )", "<Build "},
+        {"a checkpoint becomes the state", R"(PlatformState="impl")",
+         R"(StaticSynthCheckpoint="x" PlatformState="impl")", R"(PlatformState="synth")"},
+        {"the default format is left out", R"( AcceleratorBinaryFormat="abf")",
+         R"( AcceleratorBinaryFormat="rovapk2")", ""},
+        {"values without repeats", R"(ValidBinaryContentValues="x,,y")", R"(ValidBinaryContentValues="x,,y,x")",
+         R"(ValidBinaryContentValues="x,,y")"},
+        {"the two values of those who tell none", R"( ValidBinaryContentValues="x,,y")", "",
+         R"( ValidBinaryContentValues="dcp,bitstream")"},
+        {"one empty value is none", R"( ValidBinaryContentValues="x,,y")", R"( ValidBinaryContentValues="")", ""},
+        {"switches are called xp", R"(<ZuncLinkSwitch Name="xp")", R"(<ZuncLinkSwitch Name="own")",
+         R"(<ZuncLinkSwitch Name="xp")"},
+        {"parameters in the order of their names", R"(<Parameter Name="k1" Value="kv"/>)",
+         "<Parameter Name=\"k2\" Value=\"\"/>\n          <Parameter Name=\"k1\" Value=\"kv\"/>",
+         "<Parameter Name=\"k1\" Value=\"kv\"/>\n          <Parameter Name=\"k2\" Value=\"\"/>"},
+        {"an empty optional text is left out", R"( BoardPart="bb")", R"( BoardPart="")", ""},
+        {"a list without items too",
+         "      <Interfaces>\n        <Interface Id=\"i1\" Name=\"in\" Type=\"it\"/>\n"
+         "      </Interfaces>\n",
+         "<Interfaces/>", ""},
+        {"a memory's addresses are told", R"( LowestAddress="-2" HighestAddress="-1")", "",
+         R"( LowestAddress="0" HighestAddress="0")"},
+        {"and parameters that its type does not know are dropped", R"(<Param Name="MEMORY_PART" Value="mv"/>)",
+         R"(<Param Name="C0.DDR3_tCK" Value="1"/><Param Name="MEMORY_PART" Value="mv"/>)",
+         R"(<Param Name="MEMORY_PART" Value="mv"/>)"},
+        {"a connector that is not locked", R"( IsLocked="true")", R"( IsLocked="no")", ""},
+        {"pictures are three", R"(        <Img Type="MDPI" File="m"/>)", "", R"(        <Img Type="MDPI" File=""/>)"},
+        {"and no other", R"(<Img Type="LDPI" File="l"/>)",
+         R"(<Img Type="LDPI" File="l"/><Img Type="icon" File="i"/>)", R"(<Img Type="LDPI" File="l"/>)"},
+        {"drivers are not read", "      <PCIeId ",
+         R"(<Drivers><Driver Name="" Vendor="" Version="" File=""/></Drivers><PCIeId )", "      <PCIeId "},
+        {"of one clock the later frequency", R"(<SystemClock Name="sn" Frequency="sf"/>)",
+         R"(<SystemClock Name="sn" Frequency="x"/><SystemClock Name="sn" Frequency="sf"/>)",
+         R"(<SystemClock Name="sn" Frequency="sf"/>)"},
+        {"the region's address is not read", R"( DRBDName="cd")", R"( DRBaseAddress="0x1" DRBDName="cd")",
+         R"( DRBDName="cd")"},
+        {"the frequency of a kernel clock", R"( ClockFreq="cf")", "", ""},
+        {"counts that the regions tell", R"(LUT="11")", R"(LUT="")", R"(LUT="15")"},
+        {"SLRs in the order of their names", R"(ValidSLRs="SLR0,SLR1")", R"(ValidSLRs="SLR1,SLR0,SLR1")",
+         R"(ValidSLRs="SLR0,SLR1")"},
+        {"a region without resources", R"(              <PBlock Name="pb")",
+         R"(<PBlock Name="none" ValidSLRs="SLR3"/><PBlock Name="pb")", R"(              <PBlock Name="pb")"},
+        {"a UUID in small letters", "89ab-cdef-", "89AB-CDEF-", "89ab-cdef-"},
+        {"no UUID", R"(UUID="01234567-89ab-cdef-0123-456789abcdef")", "",
+         R"(UUID="00000000-0000-0000-0000-000000000000")"},
+        {"addresses of the ROM are told", R"( CDMABaseAddress2="12")", "", R"( CDMABaseAddress2="0")"},
+        {"limits of 0 are none", R"( MaxPowerLimit="15")", R"( MaxPowerLimit="0")", ""},
+        {"limits have a byte", R"(MaxTempLimit="14")", R"(MaxTempLimit="270")", R"(MaxTempLimit="14")"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.what);
+        const std::string second = again(with(kCfaXml, c.part, c.before));
+        EXPECT_EQ(second, with(kCfaXml, c.part, c.after));
+    }
+}
+
+/// Changes that need more than one place of the document, or another member.
+TEST_F(CfaXmlWriter, WhatElseTheFirstWalkChanges) {
+    const std::string flat = again(with(kCfaXml, R"(UsesPR="true")", R"(UsesPR="false")"));
+    EXPECT_THAT(flat, Not(HasSubstr("<Host"))) << "without partial reconfiguration no host";
+    EXPECT_THAT(flat, Not(HasSubstr("<PCIeId"))) << "nor PCIe ids";
+
+    const std::string clock = R"(<Port Name="aclk" Type="CLK" Frequency="250"/><Port )";
+    const std::string timed = again(with(with(kCfaXml, R"( ClockFreq="cf")", ""), "<Port ", clock));
+    EXPECT_THAT(timed, HasSubstr(R"(ClockFreq="250")"));
+
+    const std::string listed = with(kCfaXml, "<File ", R"(<File Type="HPFM" Name="a.hpfm"/><File )");
+    const std::string fixed = with(listed, R"(Fixed="false")", R"(Fixed="true")");
+    const std::string opened = again(fixed, {{"a.hpfm", hpfm("")}});
+    EXPECT_THAT(opened, HasSubstr(R"(Description="from hpfm")"));
+    EXPECT_THAT(opened, HasSubstr(R"(Fixed="false")")) << "an hpfm makes it expandable";
+    EXPECT_THAT(again(with(kCfaXml, R"( Fixed="false")", ""), {{"sysdef.xml", ""}}), HasSubstr(R"(Fixed="true")"));
+
+    // A region of no resource with a name is there at the first writing, and gone at the second.
+    const std::string once = again(with(kCfaXml, R"(<PBlock Name="pb")",
+                                        R"(<PBlock Name="zz"><Resource Name="" Val=""/></PBlock><PBlock Name="pb")"));
+    EXPECT_THAT(once, HasSubstr(R"(<PBlock Name="zz"/>)"));
+    EXPECT_EQ(again(once), kCfaXml);
+}
+
+/// What the model holds, from wherever it came, and the form has no room for.
+TEST_F(CfaXmlWriter, WhatOfTheModelIsNotWritten) {
+    auto platform = least();
+    for (const char* name : {"first", "last"}) {
+        platform->addInterface()->setName(name);
+        HTEQHardwareFeatureRom& rom = *platform->addFeatureRom();
+        rom.setMajorVersion(name[0] == 'f' ? 1 : 2);
+    }
+    std::string text = written(*platform);
+    EXPECT_THAT(text, HasSubstr(R"(<Interface Id="" Name="last" Type=""/>)"));
+    EXPECT_THAT(text, HasSubstr(R"(<FeatureRom MajorVersion="1")"));
+    EXPECT_THAT(text, Not(HasSubstr("MajorVersion=\"2\"")));
+    EXPECT_THAT(text, HasSubstr(R"(<Host Architecture="unknown" Interface="unknown"/>)"));
+
+    // A flat shell has PCIe ids, and read again it is none: its intent is not in the form.
+    platform->setUsesPR(false);
+    platform->setState(HTEQHardwarePlatform::PlatformState::synth);
+    platform->setExplicitDesignIntent(HTEQDesignIntentStorage::Key::dataCenter, true);
+    platform->getBoard().getWriteablePCIeId().setDevice("0x1");
+    text = written(*platform);
+    EXPECT_THAT(text, HasSubstr(R"(<PCIeId Vendor="" Device="0x1" Subsystem=""/>)"));
+    EXPECT_THAT(again(text), Not(HasSubstr("<PCIeId")));
+
+    platform->getDevice("")->getCore().setDRBaseAddress("0x10");
+    text = written(*platform);
+    EXPECT_THAT(text, HasSubstr(R"(DRBaseAddress="0x10")"));
+    EXPECT_THAT(again(text), Not(HasSubstr("DRBaseAddress=\"0x10\"")));
+}
+
+TEST_F(CfaXmlWriter, RefusesWhatHasNoFormAndLeavesTheFile) {
+    const std::string file = archives_.text("kept.xml", "as it was");
+    const struct {
+        const char* words;
+        void (*spoil)(HPLPlatform& platform);
+    } cases[] = {
+        {"<Devices> needs a <Device>", nullptr},
+        {"ComputeUnits=\"256\" of <Core> is above the maximum, 255",
+         [](HPLPlatform& p) { p.getDevice("")->getCore().setNumComputeUnits(256); }},
+        {"<Port> needs the attribute Type",
+         [](HPLPlatform& p) { p.getDevice("")->getCore().addPort()->setName("n"); }},
+        {"<Port> needs the attribute Name",
+         [](HPLPlatform& p) { p.getDevice("")->getCore().addPort()->setType("t"); }},
+        {"a text of <CFA> holds a byte that XML cannot", [](HPLPlatform& p) { p.setName("a\x01"); }},
+        {"a text of <File> holds a byte that XML cannot", [](HPLPlatform& p) { p.addFile("T", "\xC3"); }},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.words);
+        const auto platform = c.spoil ? least() : std::make_unique<HPLPlatform>();
+        if (c.spoil) c.spoil(*platform);
+        try {
+            HTEQCfaXmlWriter(platform.get(), file).writeCFA();
+            ADD_FAILURE() << "written";
+        } catch (const HXMLException& e) {
+            EXPECT_EQ(e.message().id, "@74-15@%s%s%s%s");
+            EXPECT_EQ(e.message().args.at(0), file);
+            EXPECT_THAT(e.message().args.at(1), HasSubstr(c.words));
+        }
+        EXPECT_EQ(contentOf(file), "as it was");
+    }
+    const std::string nowhere = archives_.path("no/such/folder/x.xml");
+    try {
+        HTEQCfaXmlWriter(least().get(), nowhere).writeCFA();
+        ADD_FAILURE() << "written";
+    } catch (const HXMLException& e) {
+        EXPECT_EQ(e.message().id, "@74-10@%s");
+        EXPECT_EQ(e.message().args.at(0), nowhere);
+    }
+}
+
+TEST_F(CfaXmlWriter, WritesTheSameFromTheSecondTimeOn) {
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        BasePlatform::Root root = withoutRepeats(RandomCfa(seed).make());
+        Members members;
+        if (seed % 3 == 0) members["hwdef.xml"] = "";
+        if (seed % 2 == 0) {
+            members["a.hpfm"] = hpfm("<kp:busInterface kp:name='theirs'/>");
+            root.cfa.files.files.emplace_back();
+            root.cfa.files.files.back().Type.set("hpfm");
+            root.cfa.files.files.back().Name.set("a.hpfm");
+        }
+        const std::string first = again(xml::write(BasePlatform::kDocument, root), members);
+        const std::string second = again(first, members);
+        EXPECT_EQ(again(second, members), second);
+        if (HasFailure()) return;
+    }
+}
+
+/// The same platform by its XML and by its JSON metadata is the same document, but for what only one of them tells.
+TEST_F(CfaXmlWriter, BothRoutesGiveTheSameDocument) {
+    // A parameter's name with a dot is a path in the document, which reading does not follow.
+    const auto onlyXmlTells =
+        testing::MatchesRegex(R"(description|board\.connectors.*|designIpInstances\[[0-9]+\]\.configuration\.C0\..*|)"
+                              R"(devices\[[0-9]+\]\.core\.(parentRMInstPath|vlnv|clockFreq|configParams|ports).*)");
+    // Read as decimal text that strtoll understands, or in a form that is not the one that is written.
+    const auto otherForm = testing::MatchesRegex(
+        R"(featureRoms\[0\]\.(drBaseAddress|timeSinceEpoch)|memories\[[0-9]+\]\.(low|high)Address)");
+    for (unsigned seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE(seed);
+        BasePlatform::Root root = withoutRepeats(RandomCfa(seed).make());
+        root.cfa.build.UsesPR.set(seed % 2 == 0 ? "true" : "false");  // decides the intents, told or not
+        root.cfa.DefaultOutputType.set("rovapk");                     // an empty one is a missing key
+        const auto byXml = read(xml::write(BasePlatform::kDocument, root));
+        const std::string document = documentOf(*byXml);
+        HPLPlatform byJson;
+        ASSERT_TRUE(HTEQCfaJsonReader(&byJson).parseCFA(archives_.put("p.lfa", {{"lfa.json", document}}),
+                                                        HTEQCfaJsonReader::HwMetadataMode::Default));
+        const Loss loss = lossBetween(document, documentOf(byJson));
+        for (const std::string& place : loss.lost) EXPECT_THAT(place, onlyXmlTells);
+        for (const std::string& place : loss.changed) EXPECT_THAT(place, otherForm);
+        EXPECT_THAT(lossBetween(documentOf(byJson), document).lost, IsEmpty()) << "nothing is there besides";
+        if (HasFailure()) return;
+    }
+}

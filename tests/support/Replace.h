@@ -1,0 +1,11 @@
+#pragma once
+#include <gtest/gtest.h>
+
+#include <string>
+
+/// `text` with the first `part` replaced, which must be there.
+inline std::string with(std::string text, const std::string& part, const std::string& replacement) {
+    const auto at = text.find(part);
+    EXPECT_NE(at, std::string::npos) << part;
+    return at == std::string::npos ? text : text.replace(at, part.size(), replacement);
+}

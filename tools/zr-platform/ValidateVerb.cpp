@@ -1,0 +1,57 @@
+#include <platform/PlatformCheck.h>
+#include <text/HSTStringUtils.h>
+
+#include "Console.h"
+
+using teq_platform::CheckFinding;
+using teq_platform::PlatformCheck;
+
+namespace {
+
+const char* severityOf(const CheckFinding& finding) {
+    return finding.severity == CheckFinding::Severity::error ? "error" : "warning";
+}
+
+std::string lineOf(const CheckFinding& finding) {
+    std::string line = finding.file;
+    if (!finding.member.empty()) line += "!" + finding.member;
+    if (finding.line > 0) line += ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
+    line += std::string(": ") + severityOf(finding) + ": ";
+    if (!finding.element.empty()) line += finding.element + ": ";
+    return HSTStringUtils::printable(line + finding.text) + " [" + finding.name + "]\n";
+}
+
+boost::json::object recordOf(const CheckFinding& finding) {
+    return {{"file", finding.file},
+            {"member", finding.member},
+            {"line", finding.line},
+            {"column", finding.column},
+            {"severity", severityOf(finding)},
+            {"name", finding.name},
+            {"element", finding.element},
+            {"text", finding.text}};
+}
+
+Exit exitOf(const CheckFinding& finding, bool failOnWarning) {
+    if (finding.name == std::string(PlatformCheck::kUnreadable)) return Exit::input;
+    return failOnWarning || finding.severity == CheckFinding::Severity::error ? Exit::no : Exit::done;
+}
+
+}  // namespace
+
+int runValidate(const Call& call) {
+    const bool failOnWarning = call.get("fail-on") == "warning";
+    const bool asRecords = call.has("json") || call.has("ndjson");
+    Records records("finding");
+    Exit exit = Exit::done;
+    for (const std::string& file : call.all("FILE..."))
+        for (const CheckFinding& finding : PlatformCheck::check(file)) {
+            exit = worse(exit, exitOf(finding, failOnWarning));
+            if (asRecords)
+                records.add(recordOf(finding));
+            else
+                Console::take().data(lineOf(finding));
+        }
+    if (asRecords) records.print(call, {});
+    return static_cast<int>(exit);
+}
