@@ -3,7 +3,7 @@
 
 usage: scripts/corpora.py FOLDER [TOOL]
 
-FOLDER holds zip/, json/ and xml/, each with a manifest.tsv: a row for each file, with the columns "file" and "expect"
+FOLDER holds zip/, json/ and xml/, each with a manifest.tsv: a row for each file, with the columns "#file" and "expect"
 (accept, reject or either), for JSON also "expect_embedded", of the text as a value in a document. A zip file is given
 to the tool as a hardware archive and unpacked by its digest check; JSON text becomes the metadata member of an archive;
 XML text a descriptor, a software file and the hpfm of an archive. Exit: 0 when every answer is the expected one, nothing
@@ -72,7 +72,7 @@ def main():
         with open(folder / kind / "manifest.tsv", newline="", encoding="utf-8") as manifest:
             rows = list(csv.DictReader(manifest, delimiter="\t", quoting=csv.QUOTE_NONE))
         for row in rows:
-            content = (folder / kind / row["file"]).read_bytes()
+            content = (folder / kind / row["#file"]).read_bytes()
             with tempfile.TemporaryDirectory() as directory:
                 scratch = pathlib.Path(directory)
                 for way, arguments, expected in ways(kind, row, content, scratch):
@@ -82,10 +82,10 @@ def main():
                     good = not left and (got == expected or (expected == "either" and got in ("accept", "reject")))
                     total += 1
                     wrong += not good
-                    slowest = max(slowest, (seconds, f"{kind}/{row['file']} as {way}"))
+                    slowest = max(slowest, (seconds, f"{kind}/{row['#file']} as {way}"))
                     counts[(way, got)] = counts.get((way, got), 0) + 1
                     if not good:
-                        print(f"{kind}/{row['file']} as {way}: expected {expected}, got {got}{' and left files' if left else ''}: {words[:200]}")
+                        print(f"{kind}/{row['#file']} as {way}: expected {expected}, got {got}{' and left files' if left else ''}: {words[:200]}")
         print(f"{kind}: {len(rows)} files; " + ", ".join(f"{way} {got} {n}" for (way, got), n in sorted(counts.items())))
     print(f"{total} runs, {total - wrong} as expected, {wrong} not; slowest {slowest[0]:.2f} s ({slowest[1]})")
     return 1 if wrong else 0
