@@ -26,7 +26,7 @@ const std::vector<std::string>& platforms() {
         zip.entries = {
             builder::Entry("lfa.json", R"({"name": "n", "versionMajor": 1234567, "expandablePlatform": false,
                 "memories": [{"name": "m", "lowAddress": "1234567890", "size": "1.5 GB"}],
-                "featureRoms": [{"timeSinceEpoch": 1700000000, "uuid": "0123456789ABCDEF0123456789abcdef"}],
+                "featureRoms": [{"timeSinceEpoch": 1700000000, "uuid": "00112233-4455-6677-8899-AABBccddeeff"}],
                 "files": [{"type": "TILPRJ", "name": "prj/x.tilprj"}, {"type": "BOARD_REPO_PATH", "name": "repo"}]})"),
             builder::Entry("prj/x.tilprj", project.build(), true), builder::Entry("repo/board.xml", "<b/>")};
         std::vector<std::string> result{scratch.put("x.lfa", zip.build())};
