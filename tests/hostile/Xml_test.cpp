@@ -5,6 +5,7 @@
 #include <string>
 
 #include "hostile/Trial.h"
+#include "readers/CfaXml.h"
 #include "support/Platforms.h"
 #include "zip/ZipBuilder.h"
 
@@ -73,6 +74,20 @@ std::string file(const std::string& name, const std::string& text) {
     return path;
 }
 
+/// An archive with XML metadata, and further members.
+std::string xmlArchive(const std::string& metadata, const std::vector<builder::Entry>& others = {}) {
+    builder::Zip zip;
+    zip.entries = {builder::Entry("lfa.xml", metadata, true)};
+    zip.entries.insert(zip.entries.end(), others.begin(), others.end());
+    return file("x.lfa", zip.build());
+}
+
+/// XML metadata whose list of files has this row so many times.
+std::string listed(const std::string& type, const std::string& name, int times = 1) {
+    return with(kCfaXml, R"(<File Type="T1" Name="f1" UsedIn="u" ProcessingOrder="po"/>)",
+                repeated("<File Type='" + type + "' Name='" + name + "'/>", static_cast<std::size_t>(times)));
+}
+
 }  // namespace
 
 TEST(HostileXml, Descriptors) {
@@ -109,6 +124,53 @@ TEST(HostileXml, HpfmAndEmulationMembers) {
             EXPECT_EQ(answer.document.find(R"("name": "kept")") != std::string::npos,
                       kind.outcome == std::string("loads"));
         }
+    }
+}
+
+TEST(HostileXml, Metadata) {
+    for (const Case& c : faults()) {
+        SCOPED_TRACE(c.what);
+        expectAnswer(xmlArchive(c.text), "null", c.words);
+    }
+}
+
+TEST(HostileXml, ValuesOfTheMetadata) {
+    static const struct {
+        std::string part, replacement;
+        const char *outcome, *words;
+    } cases[] = {
+        {"ComputeUnits=\"255\"", "ComputeUnits=\"255\"", "loads", ""},
+        {"ComputeUnits=\"255\"", "ComputeUnits=\"many\"", "null", "lfa.xml:47: "},
+        {"ComputeUnits=\"255\"", "ComputeUnits=\"-1\"", "null", "is below the minimum, 0"},
+        {"ComputeUnits=\"255\"", "ComputeUnits=\"256\"", "null", "is above the maximum, 255"},
+        {"VersionMajor=\"1\"", "VersionMajor=\"2\"", "null", "is newer than the current version 1"},
+        {"CL=\"7\"", "CL=\"" + std::string(10'000, '9') + "\"", "null", "is above the maximum"},
+        {"<Core>", repeated("<Core>", 100'000), "null", "<Core> stands in <Core>"},
+        {"<Board ", "<Board><Nested xmlns='urn:x'/></Board><Board ", "null", ""},
+        {"<GenAppInfo", "<Unknown/><GenAppInfo", "null", "<Unknown>"},
+        {"<CFA ", "<CFA" + repeated(" a=''", 1) + " a='' ", "null", "duplicate attribute"},
+        {"UUID=\"01234567-89ab-cdef-0123-456789abcdef\"", "UUID=\"&#27;[2J\"", "null", ""},
+        {"LUT=\"11\"", "LUT=\"" + std::string(10'000, '9') + "\"", "loads", ""},
+        {"Size=\"16GB\"", "Size=\"" + std::string(100'000, '9') + "GB\"", "", ""},
+        {"Value=\"kv\"", "Value=\"" + std::string(1'000'000, 'v') + "\"", "loads", ""},
+        {"Name=\"k1\"", "Name=\"" + repeated("a.", 4'500) + "\"", "null", "too many levels between its dots"},
+        {"Name=\"k1\"", "Name=\"" + repeated("a.", 63) + "a\"", "loads", ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.replacement.substr(0, 100));
+        expectAnswer(xmlArchive(with(kCfaXml, c.part, c.replacement)), c.outcome, c.words);
+    }
+}
+
+/// A member that the metadata lists a hundred thousand times is read in time; names that lead elsewhere, nowhere.
+TEST(HostileXml, FilesOfTheMetadata) {
+    const std::string hpfm = "<!--" + std::string(1'000'000, ' ') + "--><a/>";
+    const builder::Entry entry("x.xml", hpfm, true);
+    for (const char* type : {"HPFM", "EMU_XML"}) {
+        SCOPED_TRACE(type);
+        tried(xmlArchive(listed(type, "x.xml", 100'000), {entry}));
+        for (const char* name : {"../../x.xml", "/etc/passwd", "/dev/zero", "a//b", "", "&#10;", "x.lfa!x.xml"})
+            tried(xmlArchive(listed(type, name)));
     }
 }
 
