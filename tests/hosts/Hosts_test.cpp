@@ -32,7 +32,8 @@ const std::vector<std::string>& platforms() {
         std::vector<std::string> result{scratch.put("x.lfa", zip.build())};
         for (const auto& entry : fs::recursive_directory_iterator(ZR_SAMPLES)) {
             const std::string extension = entry.path().extension();
-            if (entry.is_regular_file() && (extension == ".zdf" || extension == ".spfm" || extension == ".lfa")) result.push_back(entry.path());
+            if (entry.is_regular_file() && (extension == ".zdf" || extension == ".spfm" || extension == ".lfa"))
+                result.push_back(entry.path());
         }
         return result;
     }();

@@ -5,8 +5,7 @@
 namespace readers {
 
 /// The name of a member without the "./" that some archives' metadata puts in front: one character of any kind and
-/// all slashes behind it are cut off, unless the name has a
-/// line end.
+/// all slashes behind it are cut off, unless the name has a line end.
 std::string_view withoutLeadingDot(std::string_view member);
 
 /// The bytes of a member, its name taken without the leading dot. Throws `HEXError` ("@74-34@%s%s") when the archive
