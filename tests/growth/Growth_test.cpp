@@ -10,7 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "support/Platforms.h"
+#include "readers/CfaXml.h"
+#include "readers/Hpfm.h"
 #include "support/Scratch.h"
 #include "zip/ZipBuilder.h"
 
@@ -48,10 +49,10 @@ Use useOf(const std::vector<std::string>& arguments) {
 }
 
 /// `count` times `item`, in which "#" becomes the number.
-std::string listOf(const std::string& item, int count) {
+std::string listOf(const std::string& item, int count, const char* between = ",") {
     std::string text;
     for (int i = 0; i < count; ++i) {
-        if (i > 0) text += ',';
+        if (i > 0) text += between;
         std::size_t from = 0;
         for (auto mark = item.find('#'); mark != std::string::npos; from = mark + 1, mark = item.find('#', from)) {
             text.append(item, from, mark - from);
@@ -62,14 +63,14 @@ std::string listOf(const std::string& item, int count) {
     return text;
 }
 
-/// A file that grows with a number, and what its text has of nodes.
+/// A file that grows with a number.
 struct Input {
     const char* what;
     const char* name;
     int most;      ///< of the number
-    double nodes;  ///< for each
+    double nodes;  ///< values, elements and attributes of the text for each, or of its document when that has more
     std::function<std::string(int)> text;
-    bool isPacked = true;  ///< the text is the metadata of an archive of that name
+    std::string member = "lfa.json";  ///< of an archive of that name, which the text is; empty: the text is the file
     int exit = 0;
 };
 
@@ -80,11 +81,26 @@ Input listInput(const char* key, int most, double nodes, const std::string& item
             [key, item](int count) { return std::string("{\"") + key + "\": [" + listOf(item, count) + "]}"; }};
 }
 
+/// Metadata that lists a member whose name is its type.
+std::string listOfAll(const std::string& type) {
+    return R"({"files": [{"type": ")" + type + R"(", "name": ")" + type + "\"}]}";
+}
+
+/// XML metadata in which `item` stands so many times in front of `part`.
+Input xmlInput(const char* what, int most, double nodes, const std::string& part, const std::string& item) {
+    return {what,
+            "x.lfa",
+            most,
+            nodes,
+            [part, item](int count) { return with(kCfaXml, part, listOf(item, count, "") + part); },
+            "lfa.xml"};
+}
+
 const std::vector<Input>& inputs() {
     static const std::vector<Input> all{
         {"values", "x.lfa", 990'000, 1, [](int n) { return "{\"unknown\": [" + listOf("1", n) + "]}"; }},
         {"keys", "x.lfa", 990'000, 1, [](int n) { return "{" + listOf("\"key#\": 1", n) + "}"; }},
-        {"keys of a configuration", "x.lfa", 200'000, 3,
+        {"keys of a configuration", "x.lfa", 200'000, 1,
          [](int n) {
              return R"({"designIpInstances": [{"vlnv": "v", "configuration": {)" + listOf("\"key#\": 1", n) + "}}]}";
          }},
@@ -92,31 +108,64 @@ const std::vector<Input>& inputs() {
          [](int n) { return R"({"name": ")" + std::string(static_cast<std::size_t>(n) * 1'000'000, 'n') + "\"}"; }},
         {"blanks", "x.lfa", 33, 0,
          [](int n) { return "{" + std::string(static_cast<std::size_t>(n) * 1'000'000, ' ') + "}"; }},
-        listInput("devices", 50'000, 8, R"({"name": "fpga#", "core": {"name": "c#", "instPath": "p#"}})"),
-        listInput("memories", 50'000, 10,
+        listInput("devices", 50'000, 5, R"({"name": "fpga#", "core": {"name": "c#", "instPath": "p#"}})"),
+        listInput("memories", 50'000, 8,
                   R"({"name": "m#", "type": "ddr#", "size": "4 GB", "configParams": [{"name": "a", "value": "b"}]})"),
         listInput("interfaces", 50'000, 6, kItem),
-        listInput("files", 50'000, 6, R"({"name": "f#", "type": "DCP#"})"),
-        listInput("systemClocks", 50'000, 10, kItem),
+        listInput("files", 50'000, 3, R"({"name": "f#", "type": "DCP#"})"),
+        listInput("systemClocks", 50'000, 6, kItem),
         listInput(
-            "busInterfaces", 50'000, 14,
+            "busInterfaces", 50'000, 10,
             R"({"name": "b#", "mode": "Master", "spTag": "t#", "clockRef": "n#", "busTypeRef": "x", "addressSegments": [{"name": "s#", "spTag": "DDR[#]"}]})"),
-        listInput("nocConnectivity", 50'000, 8, R"({"instRef": "i#", "busInterfaces": [{"name": "b#"}]})"),
-        listInput("designIpInstances", 50'000, 8, R"({"vlnv": "v#", "instance": "i", "configuration": {"a#": 1}})"),
-        listInput("reconfigPartitionIDs", 50'000, 6, R"({"designID": "#", "nodeID": "#"})"),
-        listInput("tilPartitions", 50'000, 6, R"({"tilInst": "t#", "numColumns": "#"})"),
+        listInput("nocConnectivity", 50'000, 5, R"({"instRef": "i#", "busInterfaces": [{"name": "b#"}]})"),
+        listInput("designIpInstances", 50'000, 5, R"({"vlnv": "v#", "instance": "i", "configuration": {"a#": 1}})"),
+        listInput("reconfigPartitionIDs", 50'000, 3, R"({"designID": "#", "nodeID": "#"})"),
+        listInput("tilPartitions", 50'000, 3, R"({"tilInst": "t#", "numColumns": "#"})"),
         listInput("featureRoms", 20'000, 24,
                   R"({"majorVersion": "#", "vbnvName": "v#", "featureBitMap": [{"value": "1"}]})"),
-        listInput("ipParameters", 50'000, 6, R"({"name": "n#", "value": "v#"})"),
-        listInput("resources", 50'000, 6, R"({"type": "LUT", "count": "#"})"),
-        listInput("zuncCompileXPSwitches", 200'000, 2, "\"s#\""),
-        {"pBlocks", "x.lfa", 50'000, 12,
+        listInput("ipParameters", 50'000, 3, R"({"name": "n#", "value": "v#"})"),
+        listInput("resources", 50'000, 3, R"({"type": "LUT", "count": "#"})"),
+        listInput("zuncCompileXPSwitches", 200'000, 1, "\"s#\""),
+        {"pBlocks", "x.lfa", 50'000, 8,
          [](int n) {
              return R"({"devices": [{"name": "fpga0", "core": {"availableResources": {"pBlocks": [)" +
                     listOf(R"({"name": "p#", "validSlrs": ["s#"], "resources": [{"name": "r#", "value": "1"}]})", n) +
                     "]}}}]}";
          }},
-        {"software", "x.spfm", 30'000, 12,
+        xmlInput("memories of XML", 50'000, 6, R"(<Memory Name="mn" )",
+                 R"(<Memory Name="m#" Type="ddr4" Size="4GB"><Config><Param Name="a" Value="b"/></Config></Memory>)"
+                 "\n"),
+        xmlInput("ports of XML", 50'000, 8, R"(<Port Name="q" )",
+                 R"(<Port Name="p#" Type="addressable"><AddressSegments><AddressSegment Name="s#" Base="b" )"
+                 R"(Range="r" Slave="s"/></AddressSegments></Port>)"),
+        xmlInput("files of XML", 50'000, 3, "<File ", R"(<File Type="T#" Name="f#"/>)"),
+        xmlInput("parameters of XML", 100'000, 3, R"(<Parameter Name="k1" )", R"(<Parameter Name="x#" Value="v"/>)"),
+        {"hpfm", "x.lfa", 50'000, 10,
+         [](int n) {
+             return hpfm(
+                 listOf("<kp:busInterface kp:name='b#' kp:mode='master' kp:instanceRef='i#' "
+                        "kp:componentRef='hbm_memory_subsystem'><kp:addressSegment kp:auto='true' "
+                        "kp:name='s#'/></kp:busInterface>",
+                        n, ""));
+         },
+         "HPFM"},
+        {"emulation XML", "x.lfa", 50'000, 6,
+         [](int n) {
+             return "<Root VersionMajor='1' VersionMinor='1'><Emulations>" +
+                    listOf("<Emulation Name='e#'><Files><File Type='EMU_HPFM' Name='f#'/></Files></Emulation>", n,
+                           "") +
+                    "</Emulations></Root>";
+         },
+         "EMU_XML"},
+        {"emulation JSON", "x.lfa", 50'000, 7,
+         [](int n) {
+             return R"({"emulations": [)" +
+                    listOf(R"({"name": "e#", "files": [{"type": "EMU_HPFM", "name": "f#"}]})", n) + "]}";
+         },
+         "EMU_JSON"},
+        {"extension metadata", "x.lfa", 200'000, 2,
+         [](int n) { return "{" + listOf(R"("key#": {"a": "b"})", n) + "}"; }, "EXT_META_JSON"},
+        {"software", "x.spfm", 30'000, 4,
          [](int n) {
              std::string text =
                  "<teq:platform xmlns:teq='urn:torvane:teq:platform:1.0' teq:vendor='v' teq:library='l' teq:name='n' "
@@ -126,24 +175,24 @@ const std::vector<Input>& inputs() {
                          "' teq:displayName='C'><teq:description/></teq:configuration>";
              return text + "</teq:systemConfigurations></teq:platform>";
          },
-         false},
+         ""},
         {"an open tag", "x.zdf", 30, 0,
-         [](int n) { return "<" + std::string(static_cast<std::size_t>(n) * 1'000'000, 'a'); }, false, 3},
+         [](int n) { return "<" + std::string(static_cast<std::size_t>(n) * 1'000'000, 'a'); }, "", 3},
         {"open elements", "x.zdf", 30, 0,
          [](int n) {
              std::string text;
              for (int i = 0; i < n * 300'000; ++i) text += "<a>";
              return text;
          },
-         false, 3},
-        {"members", "x.lfa", 60'000, 1,
+         "", 3},
+        {"members", "x.lfa", 60'000, 0,
          [](int n) {
              builder::Zip zip;
              zip.entries = {builder::Entry("lfa.json", "{}")};
              for (int i = 0; i < n; ++i) zip.entries.emplace_back(std::to_string(i) + "/a/name/of/usual/length.dcp");
              return zip.build();
          },
-         false},
+         ""},
     };
     return all;
 }
@@ -154,12 +203,13 @@ protected:
     std::size_t write(const Input& input, int number) const {
         const std::string text = input.text(number);
         std::string bytes;
-        if (input.isPacked) {
+        if (!input.member.empty()) {
             builder::Zip zip;
-            zip.entries = {builder::Entry("lfa.json", text, true)};
+            zip.entries = {builder::Entry(input.member, text, true)};
+            if (!input.member.starts_with("lfa.")) zip.entries.emplace_back("lfa.json", listOfAll(input.member));
             bytes = zip.build();
         }
-        scratch_.put(input.name, input.isPacked ? bytes : text);
+        scratch_.put(input.name, input.member.empty() ? text : bytes);
         return text.size();
     }
     Scratch scratch_;
@@ -175,15 +225,15 @@ TEST_P(Growth, IsLinear) {
         const int number = input.most / part;
         const auto size = static_cast<double>(write(input, number));
         Use used = useOf({"json", scratch_ / input.name});
-        for (int again = 0; again < 2; ++again)
+        // n log n for four times as much is below 5; a small time tells nothing, and a large one may be the
+        // machine's.
+        const auto grows = [&] { return part == 1 && used.seconds > 0.2 && used.seconds > 6.5 * before; };
+        for (int again = 0; again < 3 && grows(); ++again)
             used.seconds = std::min(used.seconds, useOf({"json", scratch_ / input.name}).seconds);
+        EXPECT_FALSE(grows()) << used.seconds << " s after " << before;
         EXPECT_EQ(used.exit, input.exit);
         EXPECT_LT(used.seconds, kMostSeconds);
         EXPECT_LT(used.peak, 12 * size + 700 * input.nodes * number + 64 * kMiB) << size;
-        // n log n for four times as much is below 5; a small time tells nothing.
-        if (part == 1 && used.seconds > 0.2) {
-            EXPECT_LT(used.seconds / before, 6.5) << used.seconds;
-        }
         std::printf("  %-24s %8d: %10.0f bytes, %.2f s, %.0f MiB\n", input.what, number, size, used.seconds,
                     used.peak / kMiB);
         before = used.seconds;
@@ -195,7 +245,7 @@ INSTANTIATE_TEST_SUITE_P(All, Growth, testing::Range<std::size_t>(0, inputs().si
 /// A thousandfold at each of two levels: refused by what comes out, not by what is promised.
 TEST(Bombs, TwoLevels) {
     const Scratch scratch;
-    for (const int size : {1'000'000, 1'000'000'000}) {
+    for (const int size : {1'000'000, 500'000'000}) {
         builder::Zip inner, outer;
         inner.entries = {builder::Entry("bomb", std::string(static_cast<std::size_t>(size), '\0'), true)};
         const std::string packed = inner.build();
