@@ -16,6 +16,7 @@
 #include "util/HUTFileUtils.h"
 #include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
+#include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 using archive::MemberSource;
@@ -163,4 +164,17 @@ TEST_F(Requests, SeeAChangedFile) {
     EXPECT_EQ(old->read("lfa.json"), "{}") << "who holds the old one goes on with it";
     fs::remove(at("a.lfa"));
     EXPECT_THROW(archive::open(at("a.lfa")), zip::ArchiveError);
+}
+
+TEST_F(Requests, OpenArchivesTwoDeepAndNoDeeper) {
+    std::string bytes = "{}";
+    for (int depth = 0; depth < 4; ++depth) {
+        builder::Zip zip;
+        zip.entries.emplace_back("x.zip", bytes, true);
+        bytes = zip.build();
+    }
+    write(at("deep.lfa"), bytes);
+    const auto inner = archive::open(at("deep.lfa"))->openNested("x.zip")->openNested("x.zip");
+    ASSERT_NE(inner, nullptr);
+    EXPECT_THROW(inner->openNested("x.zip"), zip::ArchiveError);
 }

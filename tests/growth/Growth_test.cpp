@@ -185,10 +185,11 @@ const std::vector<Input>& inputs() {
              return text;
          },
          "", 3},
-        {"members", "x.lfa", 60'000, 0,
+        {"members", "x.lfa", 999'999, 0,
          [](int n) {
              builder::Zip zip;
              zip.entries = {builder::Entry("lfa.json", "{}")};
+             zip.isZip64 = true;
              for (int i = 0; i < n; ++i) zip.entries.emplace_back(std::to_string(i) + "/a/name/of/usual/length.dcp");
              return zip.build();
          },

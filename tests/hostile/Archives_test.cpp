@@ -33,36 +33,43 @@ TEST(HostileArchives, LiesThatTheDirectoryTells) {
     static const struct {
         const char* what;
         std::function<void(Zip&)> change;
+        const char* words;
     } cases[] = {
-        {"bytes before", [](Zip& z) { z.before = "#!/bin/sh\n", z.offset = 0; }},
-        {"bytes behind", [](Zip& z) { z.behind = "x"; }},
-        {"count", [](Zip& z) { z.count = 1; }},
-        {"offset", [](Zip& z) { z.offset = 1; }},
-        {"size", [](Zip& z) { z.size = -1; }},
-        {"comment length", [](Zip& z) { z.commentSize = 10; }},
-        {"second end record in the comment", [](Zip& z) { z.comment = Zip().build(); }},
-        {"second end record in a name", [](Zip& z) { z.entries.emplace_back("PK\5\6" + std::string(18, 'x')); }},
-        {"split", [](Zip& z) { z.disk = 1; }},
-        {"a thousand million members", [](Zip& z) { z.isZip64 = true, z.count64 = 1'000'000'000; }},
-        {"one name twice", [](Zip& z) { z.entries.push_back(z.entries[0]); }},
-        {"NUL in a name", [](Zip& z) { z.entries.emplace_back(std::string("a\0b", 3)); }},
-        {"overlap", [](Zip& z) { z.entries[1].offset = 0; }},
-        {"encrypted", [](Zip& z) { z.entries[0].both(&Header::flags, 1); }},
-        {"unknown method", [](Zip& z) { z.entries[0].both(&Header::method, 99); }},
-        {"stored with two sizes", [](Zip& z) { z.entries[1].both(&Header::size, 5); }},
-        {"more than can be packed", [](Zip& z) { z.entries[0].both(&Header::size, 0x7FFFFFFF); }},
+        {"bytes before", [](Zip& z) { z.before = "#!/bin/sh\n", z.offset = 0; }, "10 bytes stand before"},
+        {"bytes behind", [](Zip& z) { z.behind = "x"; }, "1 bytes follow"},
+        {"count", [](Zip& z) { z.count = 1; }, "counts 4 members"},
+        {"offset", [](Zip& z) { z.offset = 1; }, "does not end at"},
+        {"size", [](Zip& z) { z.size = -1; }, "does not end at"},
+        {"comment length", [](Zip& z) { z.commentSize = 10; }, "a comment of 10 bytes"},
+        {"second end record in the comment", [](Zip& z) { z.comment = Zip().build(); }, "two end records"},
+        {"second end record in a name", [](Zip& z) { z.entries.emplace_back("PK\5\6" + std::string(18, 'x')); },
+         "a second end record"},
+        {"split", [](Zip& z) { z.disk = 1; }, "split archive"},
+        {"a million members and one", [](Zip& z) { z.isZip64 = true, z.count64 = 1'000'001 - 3; },
+         "it has 1000001 members; at most 1000000 are read"},
+        {"a thousand million members", [](Zip& z) { z.isZip64 = true, z.count64 = 1'000'000'000; },
+         "at most 1000000 are read"},
+        {"one name twice", [](Zip& z) { z.entries.push_back(z.entries[0]); }, "lfa.json: two members"},
+        {"NUL in a name", [](Zip& z) { z.entries.emplace_back(std::string("a\0b", 3)); }, "a NUL"},
+        {"overlap", [](Zip& z) { z.entries[1].offset = 0; }, "where the next member begins"},
+        {"encrypted", [](Zip& z) { z.entries[0].both(&Header::flags, 1); }, "lfa.json: it is encrypted"},
+        {"unknown method", [](Zip& z) { z.entries[0].both(&Header::method, 99); }, "method 99"},
+        {"stored with two sizes", [](Zip& z) { z.entries[1].both(&Header::size, 5); }, "x.dcp: it is stored"},
+        {"more than can be packed", [](Zip& z) { z.entries[0].both(&Header::size, 0x7FFFFFFF); },
+         "cannot hold 2147483647"},
         {"sizes above 2^63",
          [](Zip& z) {
              auto& h = z.entries[1].central;
              h.size = h.packedSize = 0xFFFFFFFF;
              h.extra = builder::extra(1, builder::le(~0ULL - 1, 8) + builder::le(~0ULL - 1, 8));
-         }},
+         },
+         "x.dcp: its 18446744073709551614"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.what);
         Zip zip = sample();
         c.change(zip);
-        expectAnswer(written(zip.build()), "null", "Failed to parse Hardware Platform metadata file");
+        expectAnswer(written(zip.build()), "null", c.words);
     }
 }
 
