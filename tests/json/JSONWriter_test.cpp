@@ -69,6 +69,37 @@ TEST(JSONWriter, ReplacesTextsAndRepeatsTrees) {
     EXPECT_EQ(out.str(), "") << "nothing half written";
 }
 
+/// As the tree's own `put` and `add_child`, which assert that no path ends in a dot; strangers' keys do.
+TEST(JSONWriter, KeysArePaths) {
+    std::vector<std::string> keys{""};
+    for (std::size_t i = 0; keys.size() < 40; ++i)
+        for (const char* piece : {"a", "b", "."}) keys.push_back(keys[i] + piece);
+    for (const std::string& first : keys) {
+        for (const std::string& second : keys) {
+            if (first.ends_with('.') || second.ends_with('.')) continue;
+            JSONObjectWriter writer, child;
+            writer.addKey(first, "1");
+            writer.addKey(second, "2");
+            ptree expected;
+            expected.put(first, "1");
+            expected.put(second, "2");
+            child.addKey("k", "v");
+            if (!first.empty()) {
+                writer.addKey(first, child);
+                expected.add_child(first, child.getTree());
+            }
+            EXPECT_EQ(writer.getTree(), expected) << first << " and " << second;
+        }
+    }
+    JSONObjectWriter writer;
+    writer.addKey("a.", "1");
+    writer.addKey(".", "2");
+    ptree expected;
+    expected.push_back({"a", ptree()})->second.push_back({"", ptree("1")});
+    expected.push_back({"", ptree()})->second.push_back({"", ptree("2")});
+    EXPECT_EQ(writer.getTree(), expected);
+}
+
 TEST(JSONListWriter, ABooleanItemNeverReturnsAndGrowsNothing) {
     const pid_t child = fork();
     if (child == 0) {

@@ -14,6 +14,19 @@ namespace {
 /// Whether `key` names a child directly. The empty key is a path too: to the node itself.
 bool isPlain(const std::string& key) { return !key.empty() && key.find('.') == std::string::npos; }
 
+/// Where the path `key` leads but for its last part, which is what remains of `key`. Made where it is missing. The
+/// tree's own walk asserts that no path ends in a dot, and strangers' keys do.
+ptree& parentOf(ptree& tree, std::string& key) {
+    ptree* at = &tree;
+    for (auto dot = key.find('.'); dot != std::string::npos; dot = key.find('.')) {
+        const std::string part = key.substr(0, dot);
+        const auto child = at->find(part);
+        at = child != at->not_found() ? &child->second : &at->push_back({part, ptree()})->second;
+        key.erase(0, dot + 1);
+    }
+    return *at;
+}
+
 /// What `object` writes, in a writer that shares the nodes of `parent`.
 JSONObjectWriter writerOf(const JSONSerializable* object, JSONWriter& parent) {
     JSONObjectWriter writer;
@@ -51,17 +64,26 @@ ptree& JSONWriter::append(const std::string& key) {
 }
 
 void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
-    if (!isPlain(key)) {
-        getTree().put(key, value);
-        return;
+    if (isPlain(key)) {
+        const auto at = getTree().find(key);
+        ptree& node = at != getTree().not_found() ? at->second : append(key);
+        node.data() = value;
+    } else if (key.empty()) {
+        getTree().data() = value;
+    } else {
+        std::string last = key;
+        ptree& parent = parentOf(getTree(), last);
+        const auto at = parent.find(last);
+        ptree& node = at != parent.not_found() ? at->second : parent.push_back({last, ptree()})->second;
+        node.data() = value;
     }
-    const auto at = getTree().find(key);
-    ptree& node = at != getTree().not_found() ? at->second : append(key);
-    node.data() = value;
 }
 
 ptree& JSONObjectWriter::addNode_(const std::string& key) {
-    return isPlain(key) ? append(key) : getTree().add_child(key, ptree());
+    if (isPlain(key)) return append(key);
+    std::string last = key;
+    ptree& parent = parentOf(getTree(), last);
+    return parent.push_back({last, ptree()})->second;
 }
 
 void JSONObjectWriter::addKey(const std::string& key, const std::string& value) {
