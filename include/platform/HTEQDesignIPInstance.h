@@ -17,7 +17,7 @@ public:
     void setVLNV(std::string value) { vlnv_ = std::move(value); }
     /// Replaces what `out` holds.
     void getConfigParamMap(std::map<std::string, std::string>& out) const { out = configParams_; }
-    /// Throws HEXAlgException, and changes nothing, when the key is already there, or is a path of more than 64 levels.
+    /// Throws HEXAlgException, and changes nothing, when the key is there already or leads deeper than 64 levels.
     void addConfigParam(const std::string& key, const std::string& value);
 
 private:

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <sched.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <boost/core/demangle.hpp>
 #include <chrono>
@@ -32,8 +34,15 @@ constexpr std::size_t kStack = 256UL * 1024;
 constexpr double kMostSeconds = 10;
 #endif
 
-void* runCall(void* call) {
-    (*static_cast<const std::function<void()>*>(call))();
+struct Call {
+    const std::function<void()>& work;
+    pid_t thread;
+};
+
+void* runCall(void* argument) {
+    Call& call = *static_cast<Call*>(argument);
+    call.thread = ::gettid();
+    call.work();
     return nullptr;
 }
 
@@ -70,9 +79,12 @@ void onSmallStack(const std::function<void()>& call) {
     ::pthread_attr_init(&attributes);
     ASSERT_EQ(::pthread_attr_setstacksize(&attributes, kStack), 0);
     pthread_t thread{};
-    ASSERT_EQ(::pthread_create(&thread, &attributes, runCall, const_cast<std::function<void()>*>(&call)), 0);
+    Call running{call, 0};
+    ASSERT_EQ(::pthread_create(&thread, &attributes, runCall, &running), 0);
     ::pthread_join(thread, nullptr);
     ::pthread_attr_destroy(&attributes);
+    // The kernel lists the thread a little longer.
+    while (fs::exists("/proc/self/task/" + std::to_string(running.thread))) ::sched_yield();
 }
 
 Answer ask(const std::string& path) {
