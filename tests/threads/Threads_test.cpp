@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kThreads = 16;
 #if defined(__SANITIZE_THREAD__) || defined(__SANITIZE_ADDRESS__)
-constexpr int kRounds = 5;
+constexpr int kRounds = 20;
 #else
 constexpr int kRounds = 50;
 #endif
