@@ -1,6 +1,6 @@
 #include "platform/HTEQCfaXmlWriter.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <limits>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "platform/HTEQHpfmReader.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "msg/ComMsgMgr.h"
 #include "platform/HTEQHardwareAddressSegment.h"
