@@ -1,7 +1,7 @@
 #include "xml/XmlReader.h"
 
 #include <expat.h>
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstring>

@@ -1,6 +1,6 @@
 #include "zip/ArchiveError.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <utility>
 

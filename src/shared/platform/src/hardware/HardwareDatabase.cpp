@@ -12,9 +12,7 @@ bool hasDefinition(const std::string& archive) {
 }
 
 std::string makeDatabaseOf(const std::string& archive) {
-    HHSMHwManager& manager = HHSMHwManager::getHsmHwManager();
-    if (!manager.openDefFile(archive)) return {};
-    const HHSMHardwareDb* database = manager.createHardwareDb(archive);
+    const HHSMHardwareDb* database = HHSMHwManager::getHsmHwManager().createHardwareDb(archive);
     return database ? database->getName() : std::string();
 }
 
