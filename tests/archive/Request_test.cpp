@@ -155,6 +155,19 @@ TEST_F(Requests, ShareOneOpening) {
     EXPECT_EQ(alone->read("lfa.json"), "{}");
 }
 
+TEST_F(Requests, KeepTwelveArchivesOpen) {
+    const archive::Request request;
+    const auto held = archive::open(at("a.lfa"));
+    int open = 0;
+    for (int i = 0; i < 40; ++i) {
+        fs::copy(at("a.lfa"), at(std::to_string(i) + ".lfa"));
+        EXPECT_EQ(archive::open(at(std::to_string(i) + ".lfa"))->read("lfa.json"), "{}");
+    }
+    for (int i = 0; i < 40; ++i) open += openOn(at(std::to_string(i) + ".lfa"));
+    EXPECT_EQ(open, 12);
+    EXPECT_EQ(held->read("lfa.json"), "{}") << "who holds one goes on with it";
+}
+
 TEST_F(Requests, SeeAChangedFile) {
     const archive::Request request;
     const auto old = archive::open(at("a.lfa"));
