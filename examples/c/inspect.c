@@ -47,7 +47,12 @@ int main(int argc, char** argv) {
     zr_platform_free(platform);
 
     if (zr_validate(argv[1], NULL, &findings, &error) != ZR_OK) return fail(error);
-    printf("%lu findings\n", (unsigned long)zr_findings_count(findings));
+    for (uint64_t i = 0; i < zr_findings_count(findings); ++i) {
+        zr_finding finding = {.size = sizeof finding};
+        if (zr_findings_get(findings, i, &finding, NULL) == ZR_OK)
+            printf("%s %s:%lu: %s [%s]\n", finding.file, finding.member, (unsigned long)finding.line, finding.text,
+                   finding.name);
+    }
     zr_findings_free(findings);
     return exit;
 }
