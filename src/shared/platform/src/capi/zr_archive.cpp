@@ -130,7 +130,8 @@ zr_code zr_archive_verify(const zr_archive* archive, zr_verification** verificat
     if (verification) *verification = nullptr;
     return guarded(error, fileOf(archive), [&] {
         need(verification, "verification");
-        *verification = new zr_verification{zip::checkArchive(need(archive, "archive").archive)};
+        *verification =
+            std::make_unique<zr_verification>(zip::checkArchive(need(archive, "archive").archive)).release();
     });
 }
 

@@ -26,7 +26,7 @@ zr_code zr_validate(const char* file, const zr_options* options, zr_findings** f
         need(findings, "findings");
         const std::string path = needText(file, "file");
         const archive::Request request(readOptions(options).budget);
-        *findings = new zr_findings{PlatformCheck::check(path)};
+        *findings = std::make_unique<zr_findings>(PlatformCheck::check(path)).release();
     });
 }
 

@@ -73,7 +73,10 @@ Options capi::readOptions(const zr_options* given) {
             options.max_unpacked > 0 ? options.max_unpacked : kMost};
 }
 
-void capi::give(zr_text** to, std::string bytes) { need(to, "the result") = new zr_text{std::move(bytes)}; }
+void capi::give(zr_text** to, std::string bytes) {
+    zr_text*& result = need(to, "the result");
+    result = new zr_text{std::move(bytes)};
+}
 
 const char* zr_library_version() noexcept { return ZR_VERSION; }
 std::uint32_t zr_interface_version() noexcept { return ZR_INTERFACE_VERSION; }
