@@ -70,6 +70,13 @@ static const char descriptor[] =
     "teq:name='x.lfa'/></teq:hardwarePlatforms><teq:softwarePlatforms><teq:softwarePlatform teq:path='.' "
     "teq:name='s.spfm'/></teq:softwarePlatforms></teq:platform>";
 
+/* It names a hardware archive that is not there. */
+static const char lone[] = "<teq:platform " NAMESPACE " " IDENTITY
+                           "><teq:description>words</teq:description><teq:hardwarePlatforms><teq:hardwarePlatform "
+                           "teq:path='.' teq:name='gone.lfa'/></teq:hardwarePlatforms><teq:softwarePlatforms>"
+                           "<teq:softwarePlatform teq:path='.' teq:name='s.spfm'/></teq:softwarePlatforms>"
+                           "</teq:platform>";
+
 static void testPack(void) {
     zr_error* error = NULL;
     mkdir(at("in"), 0755);
@@ -156,7 +163,8 @@ static void testErrors(void) {
         const char *id, *text;
     } cases[] = {
         {"gone.zdf", NULL, ZR_NOT_FOUND, "", 0, 0, "", "no such file"},
-        {"gone.lfa", NULL, ZR_BAD_INPUT, "", 0, 0, "74-60", "does not exist"},
+        {"gone.lfa", NULL, ZR_NOT_FOUND, "", 0, 0, "", "no such file"},
+        {"lone.zdf", lone, ZR_BAD_INPUT, "", 0, 0, "74-60", "gone.lfa' does not exist"},
         {"root.zdf", "<?xml version='1.0'?>\n\n<platform/>\n", ZR_BAD_INPUT, "", 3, 1, "74-9", "platform"},
         {"empty.spfm", "", ZR_BAD_INPUT, "", 1, 1, "74-51", "no element found"},
         {"text.lfa", "no archive, but long enough for an end", ZR_BAD_INPUT, "", 0, 0, "", ""},
@@ -429,7 +437,7 @@ static void testMessages(void) {
     int taken = 0;
     zr_platform* platform = NULL;
     CHECK(zr_set_message_function(takeMessage, &taken, NULL) == ZR_OK);
-    CHECK(zr_platform_load(at("gone.lfa"), NULL, &platform, NULL) == ZR_BAD_INPUT && taken == 1);
+    CHECK(zr_platform_load(at("lone.zdf"), NULL, &platform, NULL) == ZR_BAD_INPUT && taken == 1);
     CHECK(zr_platform_load(at("x.lfa"), NULL, &platform, NULL) == ZR_OK && taken == 1);
     zr_platform_free(platform);
     CHECK(zr_set_message_function(ignoreMessage, NULL, NULL) == ZR_OK);

@@ -13,6 +13,7 @@
 #include "platform/HTEQCfaXmlWriter.h"
 #include "platform/JSONWriter.h"
 #include "platform/PlatformLoader.h"
+#include "util/HUTFile.h"
 #include "zip/OutputBudget.h"
 
 using namespace capi;
@@ -105,6 +106,7 @@ zr_code zr_platform_load(const char* file, const zr_options* options, zr_platfor
         auto made = std::make_unique<zr_platform>();
         made->file = needText(file, "file");
         made->options = readOptions(options);
+        if (!HUTFile::exists(made->file)) notFound(made->file, "no such file");
         const archive::Request request(made->options.budget);
         made->loaded = teq_platform::PlatformLoader::open(made->file, made->options.mode);
         made->fields = fieldsOf(*made->loaded);
