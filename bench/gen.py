@@ -115,6 +115,73 @@ def archive(path, document, members, big):
         made.writestr("bit/full.bit", bitstream(big), zipfile.ZIP_DEFLATED, 1)
 
 
+def tag(element, **attributes):
+    return "<%s %s" % (element, " ".join('%s="%s"' % pair for pair in attributes.items()))
+
+
+def xml_metadata(body, ports):
+    """XML metadata of a platform; `body` has what stands below CFA, by element."""
+    return ('<?xml version="1.0" encoding="UTF-8"?>\n<Root VersionMajor="1" VersionMinor="15">\n'
+            '  <CFA Vendor="torvane.com" BoardId="u77" Name="older_sample" VersionMajor="5" VersionMinor="1" '
+            'Description="" Fixed="false">\n    <Build UsesPR="true"/>\n    <DesignIPs>\n%s    </DesignIPs>\n'
+            '    <Board Name="b" Vendor="v" Part="p">\n      <Images/>\n    </Board>\n    <Devices>\n'
+            '      <Device Name="fpga0" Type="fpga" FpgaDevice="tzvirtu:tzu77:fsvh2104:-2:e">\n'
+            '        <Core Name="OCL_REGION_0" Type="clc_region" ComputeUnits="60">\n          <Core>\n%s'
+            '            <AvailableResources LUT="1" REG="2" BRAM="3" DSP="4">\n%s            </AvailableResources>\n'
+            '          </Core>\n        </Core>\n      </Device>\n    </Devices>\n    <Files>\n%s    </Files>\n'
+            '  </CFA>\n</Root>\n' % (body["ips"], ports, body["pblocks"], body["files"])).encode()
+
+
+def same_platform(size):
+    """XML metadata of about `size` bytes, and the JSON metadata of the same platform."""
+    body, length = {"ips": "", "pblocks": "", "files": ""}, 0
+    ips, pblocks, files = [], [], []
+    while length < size:
+        instance, parameters = name(), {"CONFIG_%d" % k: name(2) for k in range(8)}
+        text = "      " + tag("IP", InstanceName=instance, VLNV="torvane.com:ip:x:1.0") + ">\n        <Configuration>\n"
+        for key, value in parameters.items():
+            text += "          " + tag("Parameter", Name=key, Value=value) + "/>\n"
+        body["ips"] += text + "        </Configuration>\n      </IP>\n"
+        ips.append({"vlnv": "torvane.com:ip:x:1.0", "instance": instance, "configuration": parameters})
+        length += len(text)
+        region, resources = name(), {kind: str(RANDOM.randrange(100000)) for kind in ("BRAM", "DSP", "LUT", "REG")}
+        text = "              " + tag("PBlock", Name=region, ValidSLRs="SLR0") + ">\n"
+        for key, value in resources.items():
+            text += "                " + tag("Resource", Name=key, Val=value) + "/>\n"
+        body["pblocks"] += text + "              </PBlock>\n"
+        pblocks.append({"name": region, "validSlrs": ["SLR0"],
+                        "resources": [{"name": k, "value": v} for k, v in resources.items()]})
+        length += len(text)
+        for _ in range(4):
+            file = {"type": "T_" + name(1).upper(), "name": "prj/%s.tcl" % name(), "usedIn": "synthesis"}
+            text = "      " + tag("File", Type=file["type"], Name=file["name"], UsedIn=file["usedIn"]) + "/>\n"
+            body["files"] += text
+            files.append(file)
+            length += len(text)
+    core = {"name": "OCL_REGION_0", "type": "clc_region", "numComputeUnits": "60", "availableResources": {
+        "bramCount": "3", "dspCount": "4", "lutCount": "1", "registerCount": "2", "pBlocks": pblocks}}
+    document = {"vendor": "torvane.com", "boardId": "u77", "name": "older_sample", "versionMajor": "5",
+                "versionMinor": "1", "usesPR": "true", "validAcceleratorBinaryContentValues": "dcp,bitstream",
+                "acceleratorBinaryFormat": "rovapk2", "acceleratorBinaryContent": "bitstream",
+                "designIpInstances": ips, "board": {"name": "b", "vendor": "v", "part": "p"},
+                "resources": [{"type": k, "count": v} for k, v in (("BRAM", "3"), ("DSP", "4"), ("LUT", "1"))],
+                "devices": [{"name": "fpga0", "type": "fpga", "fpgaPart": "tzvirtu:tzu77:fsvh2104:-2:e", "core": core}],
+                "files": files}
+    return xml_metadata(body, ""), json.dumps(document, indent=4).encode() + b"\n"
+
+
+def with_ports(count):
+    ports = "".join("            " + tag("Port", Name="M%05d_%s" % (i, name(1)), Type="addressable", Mode="master",
+                                         Protocol="AXI4", Base="0x%x" % (i << 20), Range="0x100000", DataWidth="512",
+                                         AddressWidth="64") + "/>\n" for i in range(count))
+    return xml_metadata({"ips": "", "pblocks": "", "files": ""}, ports)
+
+
+def one_member(path, member, content):
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED, compresslevel=6) as made:
+        made.writestr(member, content)
+
+
 def put(file, content):
     with open(os.path.join(OUT, file), "wb") as made:
         made.write(content)
@@ -139,6 +206,12 @@ def make_all():
         made.writestr("lfa.json", documents["400k"])
         for file in json.loads(documents["400k"])["files"]:
             made.writestr(file["name"], b"")
+    xml, document = same_platform(400_000)
+    put("older400k.xml", xml)
+    one_member(os.path.join(OUT, "byxml.lfa"), "lfa.xml", xml)
+    one_member(os.path.join(OUT, "byjson.lfa"), "lfa.json", document)
+    for count in (5_000, 50_000):
+        one_member(os.path.join(OUT, "ports%d.lfa" % count), "lfa.xml", with_ports(count))
 
 
 def make_300():

@@ -1,5 +1,6 @@
 // The library's parts against what they stand in for. usage: bench_library (in the directory that gen.py filled)
 #include <benchmark/benchmark.h>
+#include <expat.h>
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
+#include <memory>
 #include <sstream>
 
 #include "ByLibzip.h"
@@ -16,6 +18,8 @@
 #include "json/JsonText.h"
 #include "platform/PlatformCheck.h"
 #include "platform/PlatformLoader.h"
+#include "records/TEQCfaXmlLMX.h"
+#include "xml/XmlReader.h"
 #include "zip/Archive.h"
 
 namespace {
@@ -36,17 +40,18 @@ void textToTree(benchmark::State& state, const char* file) {
 }
 BENCHMARK_CAPTURE(textToTree, 400k, "m400k.json")->Unit(benchmark::kMillisecond);
 
-/// In a process of its own, as a one-shot tool sees it: fresh memory, page faults included.
-void textToTreeFresh(benchmark::State& state, const char* file) {
-    const std::string text = contentOf(file);
+/// Times `work` in a process of its own, as a one-shot tool sees it: fresh memory, page faults included. What it
+/// gives is not destroyed.
+template <class Work>
+void inFreshProcesses(benchmark::State& state, Work work) {
     for (auto _ : state) {
         int ends[2];
         if (pipe(ends) != 0) std::abort();
         const pid_t child = fork();
         if (child == 0) {
             const auto start = std::chrono::steady_clock::now();
-            json::ptree tree;
-            json::parse(text, file, tree);
+            const auto result = work();
+            benchmark::DoNotOptimize(&result);
             const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
             _exit(write(ends[1], &seconds, sizeof seconds) == sizeof seconds ? 0 : 1);
         }
@@ -57,6 +62,15 @@ void textToTreeFresh(benchmark::State& state, const char* file) {
         close(ends[1]);
         state.SetIterationTime(seconds);
     }
+}
+
+void textToTreeFresh(benchmark::State& state, const char* file) {
+    const std::string text = contentOf(file);
+    inFreshProcesses(state, [&] {
+        auto tree = std::make_unique<json::ptree>();  // its end is not timed
+        json::parse(text, file, *tree);
+        return tree;
+    });
 }
 BENCHMARK_CAPTURE(textToTreeFresh, 400k, "m400k.json")->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(textToTreeFresh, 4m, "m4m.json")->UseManualTime()->Unit(benchmark::kMillisecond);
@@ -104,6 +118,35 @@ void checkClean(benchmark::State& state) {
         if (!teq_platform::PlatformCheck::check("aclean.lfa").empty()) std::abort();
 }
 BENCHMARK(checkClean)->Unit(benchmark::kMillisecond);
+
+void load(benchmark::State& state, const char* archive) {
+    inFreshProcesses(state, [&] {
+        auto platform = teq_platform::PlatformLoader(archive, teq_platform::HwMetadataMode::Default).load();
+        if (!platform) std::abort();
+        return platform;
+    });
+}
+BENCHMARK_CAPTURE(load, by_json, "byjson.lfa")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(load, by_xml, "byxml.lfa")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(load, ports_5000, "ports5000.lfa")->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(load, ports_50000, "ports50000.lfa")->UseManualTime()->Unit(benchmark::kMillisecond);
+
+void xmlToRecords(benchmark::State& state) {
+    const std::string text = contentOf("older400k.xml");
+    for (auto _ : state) benchmark::DoNotOptimize(xml::read(BasePlatform::kDocument, text, "older400k.xml"));
+}
+BENCHMARK(xmlToRecords)->Unit(benchmark::kMillisecond);
+
+/// The least that it can be: a parser with namespaces that looks at nothing.
+void xmlByExpat(benchmark::State& state) {
+    const std::string text = contentOf("older400k.xml");
+    for (auto _ : state) {
+        XML_Parser parser = XML_ParserCreateNS(nullptr, '|');
+        if (XML_Parse(parser, text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK) std::abort();
+        XML_ParserFree(parser);
+    }
+}
+BENCHMARK(xmlByExpat)->Unit(benchmark::kMillisecond);
 
 constexpr const char* kCopy = "copy.bit";
 

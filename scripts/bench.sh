@@ -38,7 +38,7 @@ if [ "${1:-}" = 300 ]; then
     exit
 fi
 rounds=${1:-60}
-[ -f "$data/aclean.lfa" ] || python3 bench/gen.py "$data"
+[ -f "$data/ports50000.lfa" ] || python3 bench/gen.py "$data"
 cd "$data"
 
 documents() { # TITLE BASE
@@ -50,6 +50,8 @@ documents() { # TITLE BASE
 documents "document, 400 KB of metadata" a400k
 documents "document, 40 KB of metadata" a40k
 documents "document, 4 MB of metadata" a4m
+echo "== loading and writing, 400 KB of XML metadata and the JSON metadata of the same platform"
+"$bin/interleave" "$rounds" "by JSON" "$bin/document byjson.lfa" -- "by XML" "$bin/document byxml.lfa"
 echo "== 10 and 100 partitions (the ratio counts)"
 "$bin/interleave" "$rounds" "10 partitions" "$bin/document p10.zdf" -- "100 partitions" "$bin/document p100.zdf"
 echo "== start of a process"

@@ -1,4 +1,6 @@
 #pragma once
+#include <cstdint>
+#include <set>
 #include <string>
 
 #include "text/ZrApi.h"
@@ -81,4 +83,6 @@ private:
 
     std::string archive_;
     HPLPlatform* platform_;
+    std::uint64_t hpfmBytes_ = 0;           ///< of all that were read
+    std::set<std::string> emulationsRead_;  ///< members
 };

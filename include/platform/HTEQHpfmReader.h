@@ -1,5 +1,5 @@
 #pragma once
-#include <optional>
+#include <memory>
 #include <string>
 
 #include "text/ZrApi.h"
@@ -42,7 +42,7 @@ public:
     const std::string& getErrorMsg() const { return errorMsg_; }
 
 private:
-    std::optional<WELHardwarePlatform::Repository> readStream_();
+    const WELHardwarePlatform::Repository* readStream_();
     void parseComponent_(const WELHardwarePlatform::Component& record);
     void parseSystemClocks_(const WELHardwarePlatform::SystemClocks& record);
     void parseParam_(const WELHardwarePlatform::Parameter& record);
@@ -54,4 +54,5 @@ private:
     std::string hpfm_;
     HTEQHardwarePlatform* platform_;
     std::string file_, errorMsg_;
+    std::shared_ptr<const WELHardwarePlatform::Repository> repository_;  ///< of `hpfm_`, once it has been read
 };

@@ -185,6 +185,7 @@ TEST(PlatformCheck, TellsAFilesKindByNameAndContent) {
         {"b.xml", "<Root VersionMajor='1' VersionMinor='0'><Emulations><Emulation/></Emulations></Root>",
          "missing-attribute"},
         {"b.xml", "<Root VersionMajor='1' VersionMinor='0'><CFA/></Root>", "missing-attribute"},
+        {"b.xml", "<Root VersionMajor='1' VersionMinor='x'/>", "bad-value"},
         {"cfa.xml", documents::kEmulation, "unknown-element"},
         {"hw_emu.json", "{}", "missing-key"},
         {"a.json", "{\"emulations\": [{}]}", "missing-key"},

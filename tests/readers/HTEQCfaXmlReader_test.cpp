@@ -295,6 +295,17 @@ TEST_F(CfaXmlReader, ReportsTheModelsExceptions) {
     }
 }
 
+TEST_F(CfaXmlReader, BoundsWhatALongListOfFilesReads) {
+    std::string hpfms, emulations;
+    for (int i = 0; i < 40; ++i) hpfms += R"(<File Type="HPFM" Name="a.hpfm"/>)";
+    for (int i = 0; i < 20'000; ++i) emulations += R"(<File Type="EMU_XML" Name="emu.xml"/>)";
+    const std::string large = hpfm("<!--" + std::string(1 << 20, ' ') + "-->");
+    EXPECT_FALSE(readWith("<File ", hpfms + "<File ", {{"a.hpfm", large}}));
+    EXPECT_THAT(capture_.messages.back().args.at(2), HasSubstr("hold more than 33554432 bytes in all"));
+    const std::string targets = with(kEmulations, "%", "EMU_HPFM") + "<!--" + std::string(1 << 20, ' ') + "-->";
+    EXPECT_TRUE(readWith("<File ", emulations + "<File ", {{"emu.xml", targets}})) << "20 GB, were each row read";
+}
+
 TEST_F(CfaXmlReader, AnEmulationChildReadsItsOwnMember) {
     archive_ = archives_.put("e.cfa", {{"cfa.xml", "<Root/>"}, {"hw_emu/cfa.xml", kCfaXml}});
     HPLPlatform child;

@@ -15,6 +15,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <utility>
 
 namespace {
@@ -33,6 +34,7 @@ std::vector<Event>* log = nullptr;
 struct {
     bool isArmed = false, andLater = false;
     long at = 0, count = 0, live = 0;
+    const void* refused = nullptr;  ///< who asked for allocation `at`
 } memory;
 
 /// What is armed, put aside while this file itself calls.
@@ -127,9 +129,10 @@ ssize_t written(const char* name, int file, const void* bytes, std::size_t size,
     return done;
 }
 
-bool isRefused() {
+bool isRefused(const void* caller) {
     if (!memory.isArmed) return false;
     ++memory.count;
+    if (memory.at > 0 && memory.count == memory.at) memory.refused = caller;
     return memory.at > 0 && (memory.count == memory.at || (memory.andLater && memory.count > memory.at));
 }
 
@@ -163,11 +166,18 @@ const std::vector<const char*>& calls() { return *made; }
 
 void armMemory(long at, bool andLater) {
     const long live = memory.live;
-    memory = {at > 0 || andLater, andLater, at, 0, live};
+    const void* const refused = at > 0 ? nullptr : memory.refused;
+    memory = {at > 0 || andLater, andLater, at, 0, live, refused};
 }
 
 long allocations() { return memory.count; }
 long live() { return memory.live; }
+
+std::string refused() {
+    Dl_info library;
+    if (!memory.refused || !dladdr(memory.refused, &library)) return "";
+    return std::filesystem::path(library.dli_fname).filename();
+}
 
 void startLog() { log = new std::vector<Event>; }
 
@@ -189,19 +199,21 @@ void* __libc_realloc(void*, std::size_t);
 void* __libc_memalign(std::size_t, std::size_t);
 void __libc_free(void*);
 
-void* malloc(std::size_t size) noexcept { return counted(isRefused() ? nullptr : __libc_malloc(size)); }
+void* malloc(std::size_t size) noexcept {
+    return counted(isRefused(__builtin_return_address(0)) ? nullptr : __libc_malloc(size));
+}
 void* calloc(std::size_t n, std::size_t size) noexcept {
-    return counted(isRefused() ? nullptr : __libc_calloc(n, size));
+    return counted(isRefused(__builtin_return_address(0)) ? nullptr : __libc_calloc(n, size));
 }
 void* realloc(void* block, std::size_t size) noexcept {
-    if (isRefused()) {
+    if (isRefused(__builtin_return_address(0))) {
         errno = ENOMEM;
         return nullptr;
     }
     return block ? __libc_realloc(block, size) : counted(__libc_realloc(block, size));
 }
 void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
-    return counted(isRefused() ? nullptr : __libc_memalign(alignment, size));
+    return counted(isRefused(__builtin_return_address(0)) ? nullptr : __libc_memalign(alignment, size));
 }
 void free(void* block) noexcept {
     if (block) __atomic_sub_fetch(&memory.live, 1, __ATOMIC_RELAXED);

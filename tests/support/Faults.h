@@ -29,6 +29,8 @@ const std::vector<const char*>& calls();
 void armMemory(long at, bool andLater);
 long allocations();  ///< since `armMemory`
 long live();         ///< blocks that are allocated now
+/// The library whose allocation `at` it was, such as "libzip.so.4"; empty when none has failed since `armMemory`.
+std::string refused();
 
 /// What the calls since `startLog` did to files.
 struct Event {

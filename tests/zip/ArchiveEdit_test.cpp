@@ -1,7 +1,7 @@
 #include "zip/ArchiveEdit.h"
 
 #include <fcntl.h>
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

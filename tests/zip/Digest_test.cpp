@@ -1,6 +1,6 @@
 #include "zip/Digest.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "support/Run.h"
 #include "util/HUTFile.h"

@@ -1,6 +1,6 @@
 #include "zip/HUTZip.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 

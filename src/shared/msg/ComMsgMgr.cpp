@@ -1,7 +1,7 @@
 #include "msg/ComMsgMgr.h"
 
 #include <fmt/args.h>
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cstdio>
 #include <functional>

@@ -1,6 +1,6 @@
 #include "xml/XmlException.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "text/HSTStringUtils.h"
 

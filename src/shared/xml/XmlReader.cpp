@@ -1,9 +1,10 @@
 #include "xml/XmlReader.h"
 
 #include <expat.h>
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 #include "msg/HEXAll.h"
@@ -44,28 +45,31 @@ std::string listed(const std::vector<std::string>& items) {
     return result;
 }
 
-/// Adds the children that may come next according to `rows` from `frame.row` on. True when the element may end
-/// instead.
-bool addExpected(std::span<const Child> rows, const Frame& frame, std::vector<std::string>& names) {
+/// Whether an element may end here.
+bool mayEnd(const Frame& frame) {
+    for (std::size_t i = frame.row; i < frame.rows.size(); ++i)
+        if (frame.rows[i].neededToRead() && frame.countOf(i) == 0) return false;
+    return !frame.undecided();
+}
+
+/// Adds the children that may come next according to `rows` from `frame.row` on.
+void addExpected(std::span<const Child> rows, const Frame& frame, std::vector<std::string>& names) {
     for (std::size_t i = frame.row; i < rows.size(); ++i) {
         const std::size_t have = frame.countOf(i);
         if (have == 0 || rows[i].repeats()) names.push_back(fmt::format("<{}>", rows[i].name));
-        if (have == 0 && rows[i].neededToRead()) return false;
+        if (have == 0 && rows[i].neededToRead()) return;
     }
-    return true;
 }
 
 std::string expectedIn(const Frame& frame) {
     std::vector<std::string> names;
-    bool mayEnd = true;
     if (frame.undecided()) {
-        mayEnd = false;
         for (const Alternative& alternative : frame.element->alternatives)
             addExpected(alternative.children, frame, names);
     } else {
-        mayEnd = addExpected(frame.rows, frame, names);
+        addExpected(frame.rows, frame, names);
     }
-    if (mayEnd) names.push_back(fmt::format("the end of <{}>", frame.name));
+    if (mayEnd(frame)) names.push_back(fmt::format("the end of <{}>", frame.name));
     return listed(names);
 }
 
@@ -78,7 +82,15 @@ bool canBegin(std::span<const Child> rows, std::string_view name) {
     return false;
 }
 
-bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\n\r") == std::string_view::npos; }
+bool isBlank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
+}
+
+/// Equality without a look at the whole of `name` first: most comparisons differ in the first letter.
+bool isCalled(std::string_view local, const char* name) {
+    return std::strncmp(name, local.data(), local.size()) == 0 && name[local.size()] == '\0';
+}
 
 /// The parser would guess the order of the bytes.
 bool isWideWithoutMark(std::string_view text) { return text.size() > 1 && (text[0] == '\0') != (text[1] == '\0'); }
@@ -317,7 +329,7 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
     for (std::size_t i = frame.row; ours_(name) && i < frame.rows.size(); ++i) {
         const Child& row = frame.rows[i];
         const std::size_t have = frame.countOf(i);
-        if (name.local == row.name && (have == 0 || row.repeats())) {
+        if (isCalled(name.local, row.name) && (have == 0 || row.repeats())) {
             if (missing) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
             if (have == row.most)
                 stopWith_(fault::kLimit, name.local,
@@ -364,8 +376,7 @@ void Reader::end_() {
         return;
     }
     const Frame& frame = frames_.back();
-    std::vector<std::string> names;
-    if (frame.undecided() || !addExpected(frame.rows, frame, names))
+    if (!mayEnd(frame))
         fail_(fault::kMissingElement, frame.name,
               fmt::format("<{}> ends where {} is expected", frame.name, expectedIn(frame)));
     scopes_.shrink(frame.scopes);
@@ -417,7 +428,7 @@ void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_vi
     const std::span<const Attribute> rows = frame.element->attributes;
     for (std::size_t i = 0; ours_(name) && i < rows.size(); ++i) {
         const Attribute& row = rows[(next + i) % rows.size()];
-        if (name.local != row.name) continue;
+        if (!isCalled(name.local, row.name)) continue;
         next = (next + i + 1) % rows.size();
         void* attr = row.member(frame.record);
         if (row.type->isSet(attr) || isFaulty_(row)) {

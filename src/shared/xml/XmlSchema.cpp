@@ -1,6 +1,6 @@
 #include "xml/XmlSchema.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <map>

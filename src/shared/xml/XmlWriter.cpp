@@ -1,6 +1,6 @@
 #include "xml/XmlWriter.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <cstdint>
 

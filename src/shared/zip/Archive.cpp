@@ -1,6 +1,6 @@
 #include "zip/Archive.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <libdeflate.h>
 
 #include <utility>

@@ -11,11 +11,11 @@
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "util/Successor.h"
 #include "zip/ArchiveLock.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/MemoryBytes.h"
-#include "zip/Successor.h"
 
 namespace zip {
 namespace {
@@ -77,7 +77,7 @@ FileStamp ArchiveEdit::commit(Digest digest) {
     if (changes_.empty() && removed_.size() == archive_->members().size()) refuse("no member would be left in it");
     const Stamp fields = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
 
-    Successor successor(path_, 0600);
+    util::Successor successor(path_, 0600);
     write(fields, [&successor](std::uint64_t offset, std::string_view bytes) { successor.write(offset, bytes); });
     checkSources();
     checkResult(successor.descriptor());
@@ -176,7 +176,7 @@ void ArchiveEdit::checkKept(const Archive& made) const {
 
 /// What cannot be read again, or is not what was hashed, does not take the archive's place.
 void ArchiveEdit::checkResult(int descriptor) const {
-    Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
+    util::Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
     if (!own.isOpen()) refuse(std::generic_category().message(errno));
     const Archive made(std::make_unique<FileBytes>(std::move(own)), path_ + " (changed)");
     for (const Member& member : made.members()) made.checkHeader(member);

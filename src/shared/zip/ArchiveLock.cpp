@@ -1,6 +1,6 @@
 #include "zip/ArchiveLock.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 #include <sys/file.h>
 
 #include <cerrno>

@@ -7,8 +7,8 @@
 #include <system_error>
 
 #include "msg/HEXAll.h"
+#include "util/Descriptor.h"
 #include "util/HUTFile.h"
-#include "zip/Descriptor.h"
 #include "zip/NewFile.h"
 
 namespace {
@@ -20,7 +20,7 @@ using Fill = std::function<void(const std::function<void(std::string_view)>&)>;
 }
 
 void writeStream(const std::string& path, const Fill& fill) {
-    zip::Descriptor stream(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
+    util::Descriptor stream(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     if (!stream.isOpen()) fail(path, errno);
     fill([&](std::string_view bytes) {
         while (!bytes.empty()) {
@@ -35,7 +35,7 @@ void writeStream(const std::string& path, const Fill& fill) {
 void writeFile(const std::string& path, const Fill& fill, bool mayReplace) {
     const std::string target = HUTFile::getCanonicalName(path);  // of a link, what it points to is replaced
     const std::string directory = HUTFile::getParent(target);
-    const zip::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const util::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!parent.isOpen()) fail(path, errno);
     zip::NewFile file(parent.get(), target.substr(target.rfind('/') + 1), path, 0666);
     fill([&file](std::string_view bytes) { file.write(bytes); });

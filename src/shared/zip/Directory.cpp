@@ -1,6 +1,6 @@
 #include "zip/Directory.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <algorithm>
 #include <cstring>

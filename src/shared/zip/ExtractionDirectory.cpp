@@ -30,29 +30,30 @@ ExtractionDirectory::ExtractionDirectory(std::string path)
     if (!directory_.isOpen()) fail(path_, errno);
 }
 
-Descriptor ExtractionDirectory::openDirectory(std::string_view relativePath) const {
-    Descriptor at(::openat(directory_.get(), ".", kDirectory));
+util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePath) const {
+    util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
     if (relativePath.empty()) return at;
     for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
         ::mkdirat(at.get(), part.c_str(), 0755);  // what is in the way instead shows when it is opened
-        at = Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
+        at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
         if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
     }
     return at;
 }
 
-Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {
+util::Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {
     std::vector<std::string> parts = HSTStringUtils::split(name, '/');
     const std::string last = std::move(parts.back());
     parts.pop_back();
     const std::string path = path_ + "/" + std::string(name);
-    Descriptor at(::openat(directory_.get(), ".", kDirectory));
+    util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
     for (const std::string& part : parts) {
-        at = Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
+        at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
         if (!at.isOpen() && errno == ENOENT) return at;
         if (!at.isOpen()) fail(path, errno);
     }
-    Descriptor file(::openat(at.get(), last.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    util::Descriptor file(
+        ::openat(at.get(), last.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file.isOpen() && errno == ENOENT) return file;
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0) fail(path, errno);
@@ -70,7 +71,7 @@ void ExtractionDirectory::extract(const Archive& archive, const Member& member, 
 
     const auto separator = name.rfind('/');
     const bool isNested = separator != std::string::npos;
-    const Descriptor directory = openDirectory(isNested ? std::string_view(name).substr(0, separator) : "");
+    const util::Descriptor directory = openDirectory(isNested ? std::string_view(name).substr(0, separator) : "");
     if (member.isDirectory()) return;
     NewFile file(directory.get(), isNested ? name.substr(separator + 1) : name, path_ + "/" + name, 0644);
     archive.copyTo(

@@ -2,8 +2,8 @@
 #include <string>
 #include <string_view>
 
+#include "util/Descriptor.h"
 #include "zip/Archive.h"
-#include "zip/Descriptor.h"
 
 namespace zip {
 
@@ -18,16 +18,16 @@ public:
 
     /// What stands at a member's name already, when only this user can have put it there: a regular file, no link on
     /// the way, no second name. Closed when nothing stands there; anything else throws `HEXUserException`.
-    Descriptor openOwnFile(std::string_view name) const;
+    util::Descriptor openOwnFile(std::string_view name) const;
 
     /// Writes one member, and makes the directories that its name tells.
     void extract(const Archive& archive, const Member& member, bool overwrite, OutputBudget& budget) const;
 
 private:
-    Descriptor openDirectory(std::string_view relativePath) const;
+    util::Descriptor openDirectory(std::string_view relativePath) const;
 
     std::string path_;
-    Descriptor directory_;
+    util::Descriptor directory_;
 };
 
 }  // namespace zip

@@ -14,9 +14,9 @@ namespace {
 
 std::string reason(int error) { return std::generic_category().message(error); }
 
-zip::Descriptor openRegular(const std::string& path, int access) {
+util::Descriptor openRegular(const std::string& path, int access) {
     if (path.find('\0') != std::string::npos) throw zip::ArchiveError(path, "", "the path has a NUL in it");
-    zip::Descriptor descriptor(::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    util::Descriptor descriptor(::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     const bool isOpen = descriptor.isOpen() && ::fstat(descriptor.get(), &status) == 0;
     // A directory does not even open for writing.
@@ -44,7 +44,7 @@ bool FileStamp::operator==(const FileStamp& other) const {
            changed.tv_sec == other.changed.tv_sec && changed.tv_nsec == other.changed.tv_nsec;
 }
 
-FileBytes::FileBytes(Descriptor descriptor)
+FileBytes::FileBytes(util::Descriptor descriptor)
     : descriptor_(std::move(descriptor)), stamp_(statusOf(descriptor_.get())) {}
 FileBytes::FileBytes(const std::string& path) : FileBytes(openRegular(path, O_RDONLY)) {}
 
@@ -56,7 +56,7 @@ bool FileBytes::isAsOpened() const { return FileStamp(statusOf(descriptor_.get()
 
 std::unique_ptr<FileBytes> FileBytes::makeTemporary() {
     std::string path = HUTEnv::getJUNTmpDir() + "/nested-XXXXXX";
-    Descriptor descriptor(::mkostemp(path.data(), O_CLOEXEC));
+    util::Descriptor descriptor(::mkostemp(path.data(), O_CLOEXEC));
     if (!descriptor.isOpen()) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
     ::unlink(path.c_str());
     return std::make_unique<FileBytes>(std::move(descriptor));

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "util/Descriptor.h"
 #include "zip/ByteSource.h"
-#include "zip/Descriptor.h"
 
 namespace zip {
 
@@ -29,7 +29,7 @@ public:
     /// The same for a file that is going to be replaced, whose own permission to be written counts then.
     static std::unique_ptr<FileBytes> openForChange(const std::string& path);
     /// Of a file that is open already.
-    explicit FileBytes(Descriptor descriptor);
+    explicit FileBytes(util::Descriptor descriptor);
     /// A new file without a name, in the thread's temporary directory; `write` fills it. Throws `HEXUserException`.
     static std::unique_ptr<FileBytes> makeTemporary();
     std::uint64_t size() const override { return static_cast<std::uint64_t>(stamp_.size); }
@@ -43,7 +43,7 @@ public:
     void append(const char* bytes, std::size_t count);
 
 private:
-    Descriptor descriptor_;
+    util::Descriptor descriptor_;
     FileStamp stamp_;
 };
 

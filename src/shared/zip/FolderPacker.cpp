@@ -16,10 +16,10 @@
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
+#include "util/Successor.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/SourceFile.h"
-#include "zip/Successor.h"
 #include "zip/ZipWriter.h"
 
 namespace {
@@ -78,7 +78,7 @@ public:
         collect();
         if (entries_.empty()) throw HEXUserException("folder '" + folder_ + "' is empty: there is nothing to pack");
         std::ranges::sort(entries_, {}, &Entry::member);
-        zip::Successor made(archive, 0666);
+        util::Successor made(archive, 0666);
         write(made);
         made.sync();
         if (accept) accept(made.path());
@@ -86,7 +86,7 @@ public:
     }
 
 private:
-    void write(zip::Successor& made) const {
+    void write(util::Successor& made) const {
         ZipWriter writer(folder_, {},
                          [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
         std::vector<zip::DigestRow> rows;

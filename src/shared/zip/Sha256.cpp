@@ -1,5 +1,6 @@
 #include "zip/Sha256.h"
 
+#include <openssl/err.h>
 #include <openssl/evp.h>
 
 #include <new>
@@ -17,6 +18,8 @@ struct Libcrypto {
     decltype(&EVP_DigestInit_ex) init;
     decltype(&EVP_DigestUpdate) update;
     decltype(&EVP_DigestFinal_ex) final;
+    decltype(&ERR_set_mark) setMark;
+    decltype(&ERR_pop_to_mark) popToMark;
 };
 
 Libcrypto load() {
@@ -28,6 +31,8 @@ Libcrypto load() {
     library.find(crypto.init, "EVP_DigestInit_ex");
     library.find(crypto.update, "EVP_DigestUpdate");
     library.find(crypto.final, "EVP_DigestFinal_ex");
+    library.find(crypto.setMark, "ERR_set_mark");
+    library.find(crypto.popToMark, "ERR_pop_to_mark");
     return crypto;
 }
 
@@ -36,13 +41,24 @@ const Libcrypto& libcrypto() {
     return loaded;
 }
 
+/// The host may look at the thread's queue of libcrypto's errors for its own: ours are taken out again.
+class HostsErrors {
+public:
+    HostsErrors() { libcrypto().setMark(); }
+    ~HostsErrors() { libcrypto().popToMark(); }
+    HostsErrors(const HostsErrors&) = delete;
+    HostsErrors& operator=(const HostsErrors&) = delete;
+};
+
 void check(int isGood) {
     if (isGood != 1) throw HEXUserException(ZR_LIBCRYPTO_SONAME " does not give SHA-256 here");
 }
 
 }  // namespace
 
-Sha256::Sha256() : context_(libcrypto().contextNew()) {
+Sha256::Sha256() {
+    const HostsErrors hosts;
+    context_.reset(libcrypto().contextNew());
     if (!context_) throw std::bad_alloc();
     begin();
 }
@@ -51,9 +67,13 @@ void Sha256::Free::operator()(evp_md_ctx_st* context) const { libcrypto().contex
 
 void Sha256::begin() { check(libcrypto().init(context_.get(), libcrypto().sha256(), nullptr)); }
 
-void Sha256::add(std::string_view bytes) { check(libcrypto().update(context_.get(), bytes.data(), bytes.size())); }
+void Sha256::add(std::string_view bytes) {
+    const HostsErrors hosts;
+    check(libcrypto().update(context_.get(), bytes.data(), bytes.size()));
+}
 
 Hash Sha256::finish() {
+    const HostsErrors hosts;
     Hash hash;
     check(libcrypto().final(context_.get(), reinterpret_cast<unsigned char*>(hash.data()), nullptr));
     begin();

@@ -6,10 +6,12 @@
 #include <string_view>
 #include <vector>
 
+#include "zip/Archive.h"
+
 namespace archive {
 
 /// Members larger than this are not read whole unless the caller says so.
-inline constexpr std::uint64_t kMetadataBound = 32UL * 1024 * 1024;
+inline constexpr std::uint64_t kMetadataBound = zip::Archive::kMetadataBound;
 
 struct MemberInfo {
     std::string name;  ///< a stranger's text

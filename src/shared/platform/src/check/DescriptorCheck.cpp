@@ -1,6 +1,6 @@
 #include "check/DescriptorCheck.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "check/ValidXml.h"
 #include "platform/HTEQHardwarePlatform.h"

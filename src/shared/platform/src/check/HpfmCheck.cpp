@@ -1,6 +1,6 @@
 #include "check/HpfmCheck.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <set>
 

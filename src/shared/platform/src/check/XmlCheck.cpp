@@ -29,14 +29,17 @@ const records::FormatRow& formatOf(const Source& source) {
     if (name == "hw_emu.xml") return *records::findFormat("emu");
     if (name == "cfa.xml" || name == "lfa.xml") return *records::findFormat("cfa");
     if (const records::FormatRow* row = records::findFormat(HUTFile::getExt(source.file))) return *row;
-    const records::FormatRow* best = nullptr;
+    const records::FormatRow* best = &records::formats().front();
     std::uint64_t furthest = 0;
     for (const records::FormatRow& row : records::formats()) {
         const xml::Violations violations = row.check(source.text, source.file, 1);
         if (violations.empty()) return row;
-        if (best && violations.front().place.offset <= furthest) continue;
+        const xml::Violation& first = violations.front();
+        // A fault in the document element itself stands where that of another root stands.
+        const std::uint64_t reached = first.name == xml::fault::kWrongRoot ? 0 : first.place.offset + 1;
+        if (reached <= furthest) continue;
         best = &row;
-        furthest = violations.front().place.offset;
+        furthest = reached;
     }
     return *best;
 }

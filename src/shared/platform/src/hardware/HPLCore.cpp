@@ -1,10 +1,10 @@
 #include "platform/HPLCore.h"
 
 #include <algorithm>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "hardware/HardwareKeys.h"
+#include "hardware/SlrIndex.h"
 #include "platform/HPLPort.h"
 #include "text/HSTStringUtils.h"
 
@@ -12,25 +12,9 @@ namespace {
 
 using Core = HPLCore;
 using K = json::Keys<Core>;
+using hardware::SlrIndex;
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
-using SlrMap = std::map<std::string, std::set<std::string>>;
-
-/// The SLR names of each pblock, found by the pblock's name in lower case. Of several names that differ in case only
-/// the last one in key order answers.
-class SlrIndex {
-public:
-    explicit SlrIndex(const SlrMap& names) {
-        for (const auto& [pblock, slrs] : names) byLowerName_[HSTStringUtils::toLower(pblock)] = &slrs;
-    }
-    const std::set<std::string>* find(const std::string& pblock) const {
-        const auto at = byLowerName_.find(HSTStringUtils::toLower(pblock));
-        return at != byLowerName_.end() ? at->second : nullptr;
-    }
-
-private:
-    std::unordered_map<std::string, const std::set<std::string>*> byLowerName_;
-};
 
 void writePblocks(JSONObjectWriter& writer, const char* name, const Core& core) {
     const SlrIndex slrs(core.getReadOnlySLRMap());
@@ -166,10 +150,7 @@ void HPLCore::addSLRInfo(const std::string& pblock, const std::set<std::string>&
 }
 
 void HPLCore::getSLRNames(const std::string& pblock, std::set<std::string>& out) const {
-    const std::set<std::string>* found = nullptr;
-    for (const auto& [name, slrs] : slrNames_)
-        if (HSTStringUtils::iequals(name, pblock)) found = &slrs;
-    if (found) out = *found;
+    if (const auto* found = SlrIndex(slrNames_).find(pblock)) out = *found;
 }
 
 void HPLCore::getValidSLRNames(HSTVector<std::string>& out) const {

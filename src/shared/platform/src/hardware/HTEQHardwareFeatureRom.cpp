@@ -157,39 +157,53 @@ HTEQHardwareFeatureRom::~HTEQHardwareFeatureRom() = default;
 
 void HTEQHardwareFeatureRom::toJSON(JSONObjectWriter& writer) const { json::writeKeys(writer, kKeys, *this); }
 
-std::uint8_t Rom::getMajorVersion() const { return header_[kMajorVersion]; }
-void Rom::setMajorVersion(std::uint8_t value) { header_[kMajorVersion] = value; }
-std::uint8_t Rom::getMinorVersion() const { return header_[kMinorVersion]; }
-void Rom::setMinorVersion(std::uint8_t value) { header_[kMinorVersion] = value; }
-std::uint32_t Rom::getMorwenBuildID() const { return load<std::uint32_t>(header_.get(), kMorwenBuildID); }
-void Rom::setMorwenBuildID(std::uint32_t value) { store(header_.get(), kMorwenBuildID, value); }
-std::uint32_t Rom::getIPBuildID() const { return load<std::uint32_t>(header_.get(), kIPBuildID); }
-void Rom::setIPBuildID(std::uint32_t value) { store(header_.get(), kIPBuildID, value); }
-std::uint64_t Rom::getTimeSinceEpoch() const { return load<std::uint64_t>(header_.get(), kTimeSinceEpoch); }
-void Rom::setTimeSinceEpoch(std::uint64_t seconds) { store(header_.get(), kTimeSinceEpoch, seconds); }
-std::uint8_t Rom::getDDRChannelCount() const { return header_[kDDRChannelCount]; }
-void Rom::setDDRChannelCount(std::uint8_t value) { header_[kDDRChannelCount] = value; }
-std::uint8_t Rom::getDDRChannelSize() const { return header_[kDDRChannelSize]; }
-void Rom::setDDRChannelSize(std::uint8_t value) { header_[kDDRChannelSize] = value; }
-std::uint64_t Rom::getDRBaseAddress() const { return load<std::uint64_t>(header_.get(), kDRBaseAddress); }
-void Rom::setDRBaseAddress(std::uint64_t value) { store(header_.get(), kDRBaseAddress, value); }
-std::uint64_t Rom::getFeatureBitMap() const { return load<std::uint64_t>(header_.get(), kFeatureBitMap); }
-void Rom::setFeatureBitMap(std::uint64_t value) { store(header_.get(), kFeatureBitMap, value); }
-std::uint8_t Rom::getMaxTempLimit() const { return header_[kMaxTempLimit]; }
-void Rom::setMaxTempLimit(std::uint8_t value) { header_[kMaxTempLimit] = value; }
-std::uint8_t Rom::getMaxPowerLimit() const { return header_[kMaxPowerLimit]; }
-void Rom::setMaxPowerLimit(std::uint8_t value) { header_[kMaxPowerLimit] = value; }
+std::uint8_t HTEQHardwareFeatureRom::getMajorVersion() const { return header_[kMajorVersion]; }
+void HTEQHardwareFeatureRom::setMajorVersion(std::uint8_t value) { header_[kMajorVersion] = value; }
+std::uint8_t HTEQHardwareFeatureRom::getMinorVersion() const { return header_[kMinorVersion]; }
+void HTEQHardwareFeatureRom::setMinorVersion(std::uint8_t value) { header_[kMinorVersion] = value; }
+std::uint32_t HTEQHardwareFeatureRom::getMorwenBuildID() const {
+    return load<std::uint32_t>(header_.get(), kMorwenBuildID);
+}
+void HTEQHardwareFeatureRom::setMorwenBuildID(std::uint32_t value) { store(header_.get(), kMorwenBuildID, value); }
+std::uint32_t HTEQHardwareFeatureRom::getIPBuildID() const { return load<std::uint32_t>(header_.get(), kIPBuildID); }
+void HTEQHardwareFeatureRom::setIPBuildID(std::uint32_t value) { store(header_.get(), kIPBuildID, value); }
+std::uint64_t HTEQHardwareFeatureRom::getTimeSinceEpoch() const {
+    return load<std::uint64_t>(header_.get(), kTimeSinceEpoch);
+}
+void HTEQHardwareFeatureRom::setTimeSinceEpoch(std::uint64_t seconds) {
+    store(header_.get(), kTimeSinceEpoch, seconds);
+}
+std::uint8_t HTEQHardwareFeatureRom::getDDRChannelCount() const { return header_[kDDRChannelCount]; }
+void HTEQHardwareFeatureRom::setDDRChannelCount(std::uint8_t value) { header_[kDDRChannelCount] = value; }
+std::uint8_t HTEQHardwareFeatureRom::getDDRChannelSize() const { return header_[kDDRChannelSize]; }
+void HTEQHardwareFeatureRom::setDDRChannelSize(std::uint8_t value) { header_[kDDRChannelSize] = value; }
+std::uint64_t HTEQHardwareFeatureRom::getDRBaseAddress() const {
+    return load<std::uint64_t>(header_.get(), kDRBaseAddress);
+}
+void HTEQHardwareFeatureRom::setDRBaseAddress(std::uint64_t value) { store(header_.get(), kDRBaseAddress, value); }
+std::uint64_t HTEQHardwareFeatureRom::getFeatureBitMap() const {
+    return load<std::uint64_t>(header_.get(), kFeatureBitMap);
+}
+void HTEQHardwareFeatureRom::setFeatureBitMap(std::uint64_t value) { store(header_.get(), kFeatureBitMap, value); }
+std::uint8_t HTEQHardwareFeatureRom::getMaxTempLimit() const { return header_[kMaxTempLimit]; }
+void HTEQHardwareFeatureRom::setMaxTempLimit(std::uint8_t value) { header_[kMaxTempLimit] = value; }
+std::uint8_t HTEQHardwareFeatureRom::getMaxPowerLimit() const { return header_[kMaxPowerLimit]; }
+void HTEQHardwareFeatureRom::setMaxPowerLimit(std::uint8_t value) { header_[kMaxPowerLimit] = value; }
 
-const unsigned char* Rom::getFPGAPartName() const { return &header_[kFPGAPartName]; }
-const unsigned char* Rom::getVBNVName() const { return &header_[kVBNVName]; }
-void Rom::setFPGAPartName(const unsigned char (&bytes)[kNameSize]) {
+const unsigned char* HTEQHardwareFeatureRom::getFPGAPartName() const { return &header_[kFPGAPartName]; }
+const unsigned char* HTEQHardwareFeatureRom::getVBNVName() const { return &header_[kVBNVName]; }
+void HTEQHardwareFeatureRom::setFPGAPartName(const unsigned char (&bytes)[kNameSize]) {
     storeName(&header_[kFPGAPartName], bytes, "FPGAPartName");
 }
-void Rom::setVBNVName(const unsigned char (&bytes)[kNameSize]) { storeName(&header_[kVBNVName], bytes, "VBNVName"); }
+void HTEQHardwareFeatureRom::setVBNVName(const unsigned char (&bytes)[kNameSize]) {
+    storeName(&header_[kVBNVName], bytes, "VBNVName");
+}
 
-void Rom::setUUID(const unsigned char (&bytes)[16]) { std::copy(bytes, std::end(bytes), &header_[kUUID]); }
+void HTEQHardwareFeatureRom::setUUID(const unsigned char (&bytes)[16]) {
+    std::copy(bytes, std::end(bytes), &header_[kUUID]);
+}
 
-void Rom::setUUID(const std::string& text) {
+void HTEQHardwareFeatureRom::setUUID(const std::string& text) {
     if (text.empty()) return;
     try {
         const auto uuid = boost::lexical_cast<boost::uuids::uuid>(text);
@@ -199,7 +213,7 @@ void Rom::setUUID(const std::string& text) {
     }
 }
 
-std::string Rom::getUUIDAsString() const {
+std::string HTEQHardwareFeatureRom::getUUIDAsString() const {
     constexpr char kDigits[] = "0123456789abcdef";
     std::string text;
     for (unsigned i = 0; i < 16; ++i) {
@@ -210,7 +224,9 @@ std::string Rom::getUUIDAsString() const {
     return text;
 }
 
-void Rom::setCDMABaseAddress(unsigned index, std::uint32_t value) { store(header_.get(), cdmaOffset(index), value); }
-std::uint32_t Rom::getCDMABaseAddress(unsigned index) const {
+void HTEQHardwareFeatureRom::setCDMABaseAddress(unsigned index, std::uint32_t value) {
+    store(header_.get(), cdmaOffset(index), value);
+}
+std::uint32_t HTEQHardwareFeatureRom::getCDMABaseAddress(unsigned index) const {
     return load<std::uint32_t>(header_.get(), cdmaOffset(index));
 }

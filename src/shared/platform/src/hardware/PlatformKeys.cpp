@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <span>
 #include <string_view>
 
 #include "hardware/HardwareKeys.h"
@@ -321,6 +322,24 @@ constexpr Step kBehindIntent[] = {
     step("featureRoms"),
     step("systemClocks"),
 };
+
+/// Read apart, since those of an hpfm count for more.
+constexpr std::string_view kReadBehindHpfm[] = {"busInterfaces", "nocConnectivity", "ipParameters"};
+
+consteval bool isStep(std::string_view name) {
+    for (std::span<const Step> steps : {std::span<const Step>(kBeforeIntent), std::span<const Step>(kBehindIntent)})
+        for (const Step& step : steps)
+            if (name == (step.base ? step.base->name : step.own->name)) return true;
+    return std::ranges::find(kReadBehindHpfm, name) != std::end(kReadBehindHpfm);
+}
+
+template <class Rows>
+consteval bool areSteps(const Rows& rows) {
+    for (const auto& key : rows)
+        if ((key.readText || key.readNode) && !isStep(key.name)) return false;
+    return true;
+}
+static_assert(areSteps(kBaseKeys) && areSteps(kPlatformKeys), "a key that is read needs its place among the steps");
 
 void readSteps(const ptree& document, std::span<const Step> steps, Platform& platform) {
     for (const Step& step : steps) {

@@ -136,78 +136,55 @@ struct Keys {
     /// Text as it stands, absent when empty.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> text(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); },
-                textReader<Set>(),
-                nullptr,
-                false,
-                false,
-                Form::text};
+        return scalar(
+            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); },
+            textReader<Set>(), Form::text);
     }
     /// Decimal, always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> number(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
-                numberReader<Set>(),
-                nullptr,
-                false,
-                false,
-                Form::number};
+        return scalar(
+            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
+            numberReader<Set>(), Form::number);
     }
     /// Decimal, written when not 0.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> numberUnlessZero(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) {
-                    if (const auto value = std::invoke(Get, r)) w.addKey(n, decimal(value));
-                },
-                numberReader<Set>(),
-                nullptr,
-                false,
-                false,
-                Form::number};
+        return scalar(
+            name,
+            [](JSONObjectWriter& w, const char* n, const T& r) {
+                if (const auto value = std::invoke(Get, r)) w.addKey(n, decimal(value));
+            },
+            numberReader<Set>(), Form::number);
     }
     /// "true" or "false", always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> flag(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, bool(std::invoke(Get, r))); },
-                flagReader<Set>(),
-                nullptr,
-                false,
-                false,
-                Form::flag};
+        return scalar(
+            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, bool(std::invoke(Get, r))); },
+            flagReader<Set>(), Form::flag);
     }
     /// "true", absent when false.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> flagWhenTrue(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) {
-                    if (std::invoke(Get, r)) w.addKey(n, true);
-                },
-                flagReader<Set>(),
-                nullptr,
-                false,
-                false,
-                Form::flag};
+        return scalar(
+            name,
+            [](JSONObjectWriter& w, const char* n, const T& r) {
+                if (std::invoke(Get, r)) w.addKey(n, true);
+            },
+            flagReader<Set>(), Form::flag);
     }
     /// An object of further keys of the same record; absent when they write nothing.
     template <const auto& Rows>
     static constexpr Key<T> group(const char* name) {
-        return {name,
-                [](JSONObjectWriter& w, const char* n, const T& r) {
-                    JSONObjectWriter object;
-                    object.shareNodesOf(w);
-                    writeKeys<T>(object, Rows, r);
-                    w.addKey(n, std::move(object));
-                },
-                nullptr,
-                [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); },
-                false,
-                false,
-                Form::object,
-                &shapesOfRows<T, Rows>};
+        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
+                       JSONObjectWriter object;
+                       object.shareNodesOf(w);
+                       writeKeys<T>(object, Rows, r);
+                       w.addKey(n, std::move(object));
+                   }};
+        key.readNode = [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); };
+        return shaped(key, Form::object, &shapesOfRows<T, Rows>);
     }
     /// Another record as an object. `Get` gives it for writing, `GetWritable` for reading by its own table.
     template <auto Get, auto GetWritable = nullptr>
@@ -280,21 +257,28 @@ private:
     template <auto F>
     static constexpr bool isNull = std::is_same_v<decltype(F), std::nullptr_t>;
 
+    using ReadText = void (*)(T& record, const std::string& text);
+
+    static constexpr Key<T> scalar(const char* name, decltype(Key<T>::write) write, ReadText read, Form form) {
+        return shaped(Key<T>{name, write, read}, form);
+    }
+
+    /// A char type is a number here.
     template <class N>
     static std::string decimal(N value) {
         return std::to_string(+value);
-    }  // + : a char type is a number here
+    }
 
     template <auto Set>
-    static constexpr auto textReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+    static constexpr ReadText textReader() {
+        if constexpr (isNull<Set>)
             return nullptr;
         else
             return [](T& r, const std::string& text) { std::invoke(Set, r, text); };
     }
     template <auto Set>
-    static constexpr auto numberReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+    static constexpr ReadText numberReader() {
+        if constexpr (isNull<Set>)
             return nullptr;
         else
             return [](T& r, const std::string& text) {
@@ -302,8 +286,8 @@ private:
             };
     }
     template <auto Set>
-    static constexpr auto flagReader() -> void (*)(T&, const std::string&) {
-        if constexpr (std::is_same_v<decltype(Set), std::nullptr_t>)
+    static constexpr ReadText flagReader() {
+        if constexpr (isNull<Set>)
             return nullptr;
         else
             return [](T& r, const std::string& text) { std::invoke(Set, r, HSTStringUtils::iequals(text, "true")); };

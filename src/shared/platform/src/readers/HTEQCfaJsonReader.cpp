@@ -2,6 +2,7 @@
 
 #include <exception>
 #include <memory>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -143,10 +144,11 @@ bool HTEQCfaJsonReader::parseJsonString(const std::string& text) {
 void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
     hardware::readDocument(document, *platform_);
     readEmulationFiles(archive_, *platform_);
-    const std::string hpfm = getHpfmStr();
-    if (const ptree* list = listAt(document, "busInterfaces"); !readHpfmBusInterfaces(hpfm) && list)
+    std::optional<HTEQHpfmReader> hpfm;  // one for both, so that the text is parsed once
+    if (std::string text = getHpfmStr(); !text.empty()) hpfm.emplace(std::move(text), platform_);
+    if (const ptree* list = listAt(document, "busInterfaces"); !(hpfm && hpfm->parseBusInterfaces()) && list)
         hardware::readBusInterfaces(*list, *platform_);
-    if (const ptree* list = listAt(document, "nocConnectivity"); !readHpfmNocConnectivity(hpfm) && list)
+    if (const ptree* list = listAt(document, "nocConnectivity"); !(hpfm && hpfm->parseNocConnectivity()) && list)
         hardware::readNocConnectivity(*list, *platform_);
     if (const ptree* list = listAt(document, "ipParameters")) hardware::readIPParams(*list, *platform_);
 }

@@ -257,6 +257,11 @@ void HTEQCfaXmlReader::parseFiles_(const BasePlatform::Files& record) {
 void HTEQCfaXmlReader::parseHpfm_(const std::string& member) {
     const std::optional<std::string> text = archive::open(archive_)->read(member);
     if (!text) return;
+    // Each row of the list adds what its file says, and a stranger may list one file a hundred thousand times.
+    hpfmBytes_ += text->size();
+    if (hpfmBytes_ > archive::kMetadataBound)
+        throw HEXUserException("the hpfm files that '" + archive_ + "' lists hold more than " +
+                               std::to_string(archive::kMetadataBound) + " bytes in all");
     platform_->setHpfmString(*text);
     if (!HTEQHpfmReader(*text, platform_).parseStream()) {
         readers::print("Failed to parse hpfm stream from '" + member + "' in " + archive_ + "\n");
@@ -267,6 +272,7 @@ void HTEQCfaXmlReader::parseHpfm_(const std::string& member) {
 }
 
 void HTEQCfaXmlReader::parseEmulations_(const std::string& member) {
+    if (!emulationsRead_.insert(member).second) return;
     HTEQEmulations emulations;
     HTEQEmulationXMLReader::parseFromCfa(archive_, member, &emulations);
     for (const HTEQEmulation* emulation : emulations.getEmulations())

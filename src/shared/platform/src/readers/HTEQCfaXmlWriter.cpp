@@ -1,11 +1,12 @@
 #include "platform/HTEQCfaXmlWriter.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <limits>
 #include <memory>
 
 #include "hardware/RomNames.h"
+#include "hardware/SlrIndex.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "readers/CfaXmlTexts.h"
 #include "readers/DocumentFile.h"
@@ -224,13 +225,13 @@ void HTEQCfaXmlWriter::writeResources_(const HPLCore& core, BasePlatform::InnerC
     using BasePlatform::Resource;
     BasePlatform::AvailableResources& to = record.availableResources.emplace();
     writeTexts(core, to);
+    const hardware::SlrIndex slrs(core.getReadOnlySLRMap());
     for (const auto& [name, resources] : core.getReadOnlyPBlockToResourceMap()) {
         BasePlatform::PBlock& pblock = to.pblocks.emplace_back();
         pblock.Name.set(name);
-        std::set<std::string> slrs;
-        core.getSLRNames(name, slrs);
-        if (std::string names = HSTStringUtils::join({slrs.begin(), slrs.end()}, ","); !names.empty())
-            pblock.ValidSLRs.set(std::move(names));
+        if (const auto* found = slrs.find(name))
+            if (std::string names = HSTStringUtils::join({found->begin(), found->end()}, ","); !names.empty())
+                pblock.ValidSLRs.set(std::move(names));
         writePairs<&Resource::Name, &Resource::Val>(resources, pblock.resources);
     }
 }

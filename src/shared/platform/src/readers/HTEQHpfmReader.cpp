@@ -1,6 +1,6 @@
 #include "platform/HTEQHpfmReader.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "msg/ComMsgMgr.h"
 #include "platform/HTEQHardwareAddressSegment.h"
@@ -46,25 +46,29 @@ bool HTEQHpfmReader::parseFile() {
     }
 }
 
-std::optional<WELHardwarePlatform::Repository> HTEQHpfmReader::readStream_() {
+const WELHardwarePlatform::Repository* HTEQHpfmReader::readStream_() {
+    using WELHardwarePlatform::Repository;
     try {
-        return xml::read(WELHardwarePlatform::kDocument, hpfm_, "hpfm");
+        if (!repository_)
+            repository_ =
+                std::make_shared<const Repository>(xml::read(WELHardwarePlatform::kDocument, hpfm_, "hpfm"));
+        return repository_.get();
     } catch (const xml::Exception& e) {
         errorMsg_ = "Error parsing hardware platform stream from CFA\n" + lineText(e);
         readers::print(errorMsg_);
         ComMsgMgr::sendMsg("@74-31@");
-        return std::nullopt;
+        return nullptr;
     }
 }
 
 bool HTEQHpfmReader::parseStream() {
-    const auto repository = readStream_();
+    const auto* const repository = readStream_();
     if (repository) parseRepository(*repository);
-    return repository.has_value();
+    return repository != nullptr;
 }
 
 bool HTEQHpfmReader::parseBusInterfaces() {
-    const auto repository = readStream_();
+    const auto* const repository = readStream_();
     if (!repository) return false;
     for (const auto& record : repository->component.busInterfaces)
         parseBusInterface_(record, *platform_->addBusInterface());
@@ -72,7 +76,7 @@ bool HTEQHpfmReader::parseBusInterfaces() {
 }
 
 bool HTEQHpfmReader::parseNocConnectivity() {
-    const auto repository = readStream_();
+    const auto* const repository = readStream_();
     if (!repository) return false;
     for (const auto& record : repository->component.nocConnectivity) parseNocConnectivity_(record);
     return true;

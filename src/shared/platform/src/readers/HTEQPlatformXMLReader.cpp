@@ -1,6 +1,6 @@
 #include "platform/HTEQPlatformXMLReader.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <memory>
 

@@ -1,6 +1,6 @@
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"

@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "zip/Descriptor.h"
+#include "util/Descriptor.h"
 
-namespace zip {
+namespace util {
 
-/// The file that is going to take an archive's place: it is made beside it, and until it takes its name nothing of
-/// the archive changes. Its own name is ".zr-edit-" and numbers, with the archive's extension, and it is locked
+/// The file that is going to take another's place: it is made beside it, and until it takes its name nothing of
+/// the other changes. Its own name is ".zr-edit-" and numbers, with the other's extension, and it is locked
 /// (flock) while its maker lives, so that what a killed one leaves can be told, and is removed by the next. Throws
 /// `HEXUserException`.
 class Successor {
@@ -43,4 +43,4 @@ private:
     bool isMade_ = false;
 };
 
-}  // namespace zip
+}  // namespace util

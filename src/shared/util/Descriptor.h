@@ -3,7 +3,7 @@
 
 #include <utility>
 
-namespace zip {
+namespace util {
 
 /// Owns a file descriptor; -1 is none.
 class Descriptor {
@@ -27,4 +27,4 @@ private:
     int number_;
 };
 
-}  // namespace zip
+}  // namespace util

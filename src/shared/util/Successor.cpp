@@ -1,4 +1,4 @@
-#include "zip/Successor.h"
+#include "util/Successor.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -15,7 +15,7 @@
 #include "msg/HEXAll.h"
 #include "util/HUTFile.h"
 
-namespace zip {
+namespace util {
 namespace {
 
 constexpr std::uint64_t kStretch = 8UL * 1024 * 1024;
@@ -77,8 +77,7 @@ Successor::~Successor() {
 }
 
 void Successor::fail(int error) const {
-    throw HEXUserException("archive '" + target_ +
-                           "' could not be written: " + std::generic_category().message(error));
+    throw HEXUserException("file '" + target_ + "' could not be written: " + std::generic_category().message(error));
 }
 
 void Successor::make(mode_t mode) {
@@ -137,4 +136,4 @@ void Successor::takePlace(bool mayReplace) {
     removeStrays(directory_.get());
 }
 
-}  // namespace zip
+}  // namespace util
