@@ -1,6 +1,6 @@
 #include "msg/HEXFileFault.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <utility>
 

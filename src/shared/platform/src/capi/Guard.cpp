@@ -1,6 +1,6 @@
 #include "capi/Guard.h"
 
-#include <fmt/format.h>
+#include <fmt/core.h>
 
 #include <boost/property_tree/exceptions.hpp>
 #include <exception>
