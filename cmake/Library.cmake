@@ -15,7 +15,8 @@ target_include_directories(zr_platform PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/zr_platform>)
 target_compile_features(zr_platform PUBLIC cxx_std_20)
 
-file(GLOB_RECURSE zr_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/*.h)
+file(GLOB_RECURSE zr_headers CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/include/*.h
+    ${PROJECT_SOURCE_DIR}/include/*.hpp)
 target_sources(zr_platform PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/include FILES ${zr_headers})
 set_target_properties(zr_platform PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 

@@ -40,7 +40,7 @@ def public_headers(rooms):
         for header in headers:
             owner[header] = name
     result, problems = {}, []
-    for header in sorted((ROOT / "include").rglob("*.h")):
+    for header in sorted((ROOT / "include").rglob("*.h*")):
         if header.stem in owner:
             result[str(header.relative_to(ROOT / "include"))] = owner[header.stem]
         else:

@@ -27,8 +27,11 @@ public:
     /// has no such form (no device, a port without name or type, more than 255 compute units, a text that XML cannot
     /// hold), with "@74-10@%s" when the file cannot be written.
     void writeCFA();
+    /// What `writeCFA` would write. Throws as it does for a platform that has no such form.
+    std::string getText() const;
 
 private:
+    std::string document_() const;
     void writeGenAppInfo_(BasePlatform::Root& record) const;
     void writeCFA_(BasePlatform::CFA& record) const;
     void writeHostArchitecture_(BasePlatform::CFA& record) const;

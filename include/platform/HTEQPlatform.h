@@ -25,6 +25,8 @@ public:
 
     /// The whole document, hardware and software included.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
+    /// Only "uniqueName", "file" and "description", each when not empty.
+    void shortToJSON(teq_platform::JSONObjectWriter& writer) const;
     ~HTEQPlatform() override;
 
     /// @name From the descriptor: its attributes and description; empty for a lone hardware archive or software file.

@@ -32,6 +32,10 @@ public:
     /// any more. A second call after success reads nothing again.
     std::shared_ptr<HTEQPlatform> load();
 
+    /// The platform of a file, or an exception that tells why there is none and where: `HEXFileFault`, or
+    /// `HEXFileNotFoundException` for a descriptor, or an empty path.
+    static std::shared_ptr<HTEQPlatform> open(const std::string& file, HwMetadataMode mode);
+
     /// @name What the descriptor says, before `load` too; not after a failed `load`
     /// @{
     const std::string& getVersion() const { return platform_->getVersion(); }

@@ -25,6 +25,8 @@ public:
     /// The text for a line that a person reads: what a terminal would obey (control characters of one and of two
     /// bytes) and what is not UTF-8 is shown as "\xNN".
     static std::string printable(std::string_view text);
+    /// The same of the first 60 bytes, with "..." behind them when there are more.
+    static std::string excerpt(std::string_view text);
 
     /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed,
     /// what follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the

@@ -15,16 +15,32 @@ export PKG_CONFIG_PATH=$(dirname "$(find "$scratch/prefix" -name zr_platform.pc)
 cc -std=c11 -Wall -Werror "$source/examples/c/describe.c" -o "$scratch/describe" $(pkg-config --cflags --libs zr_platform)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/describe" "$sample" | grep '"vendor": "torvane"'
 
+# The C interface, as a program outside of the tree sees it.
+strict=(-std=c11 -Wall -Wextra -Wpedantic -Werror)
+cc "${strict[@]}" "$source/examples/c/inspect.c" -o "$scratch/inspect" $(pkg-config --cflags --libs zr_platform)
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/inspect" "$sample" | grep 'u77.hpfm:18: .*\[partly-default-hbm\]'
+cc "${strict[@]}" "$source/tests/c/zr_platform_test.c" -o "$scratch/c" $(pkg-config --cflags --libs zr_platform)
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/c" "$source/examples/harrier/hw/harrier.cfa" \
+    "$source/examples/expected/harrier.xml"
+echo '#include <platform/zr_platform.hpp>' >"$scratch/wrapper.cpp"
+c++ -std=c++17 -Wall -Wextra -Wpedantic -Werror -fsyntax-only "$scratch/wrapper.cpp" $(pkg-config --cflags zr_platform)
+
 sed -n '/^```cpp$/,/^```$/p' "$source/docs/interface.md" | grep -v '^```' >"$scratch/page.cpp"
 c++ -std=c++20 -Wall -Wextra -Werror "$scratch/page.cpp" -o "$scratch/page" $(pkg-config --cflags --libs zr_platform)
 (cd "$scratch" && LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) ./page "$sample" && grep -q repository out.hpfm)
 
 library=$(find "$scratch/prefix" -name 'libzr_platform.so.*.*.*')
 readelf -d "$library" | grep -F 'SONAME' | grep -F 'libzr_platform.so.2026'
-# Nothing but the public names: the three C functions, and members, type information and tables of public classes.
+# Each function of the C interface is exported, and called by its test; no other is exported.
+grep -oE '\bzr_[a-z_]+\(' "$source/include/platform/zr_platform.h" | tr -d '(' | sort -u >"$scratch/declared"
+nm -D --defined-only "$library" | grep -oE ' zr_[a-z_]+$' | tr -d ' ' | sort -u | diff "$scratch/declared" - ||
+    { echo "declared (<) and exported (>) differ" && exit 1; }
+grep -oE '\bzr_[a-z_]+\(' "$source/tests/c/zr_platform_test.c" | tr -d '(' | sort -u | comm -23 "$scratch/declared" - |
+    { ! grep . || { echo "not called by tests/c/zr_platform_test.c" && exit 1; }; }
+# Nothing but the public names: the C functions, and members, type information and tables of public classes.
 public=$(find "$source/include" -name '*.h' -exec basename {} .h \; | paste -sd'|')
-extra=$(nm -D --defined-only -C "$library" | cut -d' ' -f3- | grep -vE '^hteq_|^(\w+ )*(typeinfo( name)?|vtable|VTT|(non-virtual|virtual) thunk) (for|to) ' |
-    grep -vE "^(teq_platform::|teq::platform::)?($public|JSONObjectWriter|JSONListWriter|HEX[A-Za-z]+|HXMLException|ComMsgMgrInstance|HHSMHardwareDb)(::|\b)" || true)
+extra=$(nm -D --defined-only -C "$library" | cut -d' ' -f3- | grep -vE '^hteq_|^zr_|^(\w+ )*(typeinfo( name)?|vtable|VTT|(non-virtual|virtual) thunk) (for|to) ' |
+    grep -vE "^(teq_platform::|teq::platform::)?($public|JSONObjectWriter|JSONListWriter|HEX[A-Za-z]+|HXMLException|FileProblem|ComMsgMgrInstance|HHSMHardwareDb)(::|\b)" || true)
 if [ -n "$extra" ]; then
     echo "exported, and not public:" && echo "$extra" && exit 1
 fi

@@ -39,20 +39,14 @@ std::string Problem::line_() const {
     return place + "error: " + HSTStringUtils::printable(text) + (id.empty() ? "" : " [" + id + "]");
 }
 
-Problem archiveProblem(const std::string& archive, const std::string& words) {
-    Problem problem = Problem::of(Exit::input, archive, words);
-    if (!words.starts_with(archive)) return problem;
-    std::string rest = words.substr(archive.size());
-    const std::size_t colon = rest.find(": ");
-    if (colon == std::string::npos) return problem;
-    if (rest.starts_with("!")) problem.member = rest.substr(1, colon - 1);
-    problem.text = rest.substr(colon + 2);
+Problem Problem::of(const FileProblem& fault) {
+    Problem problem;
+    static_cast<FileProblem&>(problem) = fault;
     return problem;
 }
 
 struct Console::State {
-    std::ostringstream library;  ///< words that the library wrote on the standard streams
-    std::vector<ComMsgMgrInstance> messages;
+    std::stringbuf library;  ///< words that the library wrote on the standard streams
     std::string out;
     bool verbose = false, quiet = false, json = false;
 
@@ -75,106 +69,9 @@ void writeAll(int file, std::string_view bytes) {
 /// "74-60" of "@74-60@%s".
 std::string shortId(const std::string& id) { return id.empty() ? "" : id.substr(1, id.rfind('@') - 1); }
 
-unsigned long numberOf(const std::string& text) { return std::strtoul(text.c_str(), nullptr, 10); }
-
-bool isNumber(std::string_view text) {
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
-/// Takes a " (column N)" from the end of a text.
-unsigned long takeColumn(std::string& text) {
-    constexpr std::string_view kOpen = " (column ";
-    const auto at = text.rfind(kOpen);
-    if (at == std::string::npos || text.back() != ')') return 0;
-    const std::string number = text.substr(at + kOpen.size(), text.size() - 1 - at - kOpen.size());
-    if (!isNumber(number)) return 0;
-    text.erase(at);
-    return numberOf(number);
-}
-
-/// What stands behind "Line number:N. " on a line of what was printed; empty when there is no such line.
-std::string faultOnLine(const std::string& printed) {
-    constexpr std::string_view kLine = "Line number:";
-    const auto at = printed.find(kLine);
-    const auto point = at == std::string::npos ? at : printed.find(". ", at);
-    if (point == std::string::npos || !isNumber(printed.substr(at + kLine.size(), point - at - kLine.size())))
-        return "";
-    return printed.substr(point + 2, printed.find('\n', point) - (point + 2));
-}
-
-/// The fault of a file that the XML readers tell: the line is in the message, the text was printed.
-Problem xmlProblem(const ComMsgMgrInstance& message, const std::string& printed) {
-    Problem problem;
-    problem.file = message.args.at(0);
-    problem.line = numberOf(message.args.at(1));
-    problem.text = faultOnLine(printed);
-    if (problem.text.empty()) problem.text = message.text;
-    problem.column = takeColumn(problem.text);
-    return problem;
-}
-
-/// Takes what stands up to the last "(LINE): " from a text.
-unsigned long takeLine(std::string& text) {
-    constexpr std::string_view kClose = "): ";
-    for (auto close = text.rfind(kClose); close != std::string::npos && close > 0;
-         close = text.rfind(kClose, close - 1)) {
-        const auto open = text.rfind('(', close);
-        if (open == std::string::npos) return 0;
-        const std::string number = text.substr(open + 1, close - open - 1);
-        if (!isNumber(number)) continue;
-        text.erase(0, close + kClose.size());
-        return numberOf(number);
-    }
-    return 0;
-}
-
-/// The fault of an archive's member: member, archive and "member(line): what is wrong".
-Problem memberProblem(const ComMsgMgrInstance& message) {
-    Problem problem;
-    problem.member = message.args.at(0);
-    problem.file = message.args.at(1);
-    problem.text = message.args.at(2);
-    problem.line = takeLine(problem.text);
-    problem.column = takeColumn(problem.text);
-    return problem;
-}
-
-/// The fault of an archive's XML member: what is wrong, "archive/member" and the line.
-Problem xmlMemberProblem(const ComMsgMgrInstance& message) {
-    Problem problem;
-    problem.text = message.args.at(0);
-    problem.line = numberOf(message.args.at(2));
-    problem.column = takeColumn(problem.text);
-    const std::string& path = message.args.at(1);
-    std::size_t slash = path.rfind('/');
-    if (path.substr(0, slash).ends_with("/hw_emu")) slash -= std::string_view("/hw_emu").size();
-    problem.file = path.substr(0, slash);
-    problem.member = path.substr(slash + 1);
-    return problem;
-}
-
-Problem problemOf(const ComMsgMgrInstance& message, const std::string& file, const std::string& printed) {
-    const std::string id = shortId(message.id);
-    Problem problem;
-    if (id == "74-9" || id == "74-51") {
-        problem = xmlProblem(message, printed);
-    } else if (id == "74-62") {
-        problem = xmlMemberProblem(message);
-    } else if (id == "74-64" || id == "74-65") {
-        problem = memberProblem(message);
-    } else {
-        problem.file = file;
-        problem.text = message.args.empty() ? message.text : message.args.back();
-        if (id != "74-60") problem.text = message.text;
-    }
-    problem.id = id;
-    return problem;
-}
-
 }  // namespace
 
 void Console::State::onMessage(const ComMsgMgrInstance& message) {
-    messages.push_back(message);
     if (quiet || !(verbose || json)) return;
     if (json) {
         boost::json::array args(message.args.begin(), message.args.end());
@@ -189,8 +86,8 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
 }
 
 Console::Console() : state_(new State) {
-    std::cout.rdbuf(state_->library.rdbuf());
-    std::cerr.rdbuf(state_->library.rdbuf());
+    std::cout.rdbuf(&state_->library);
+    std::cerr.rdbuf(&state_->library);
     ComMsgMgr::setSink([state = state_](const ComMsgMgrInstance& message) { state->onMessage(message); });
 }
 
@@ -210,7 +107,14 @@ void Console::data(std::string_view bytes) {
     if (state_->out.size() > 1 << 16) flush();
 }
 
+void Console::sayKept() {
+    const std::string said = state_->library.str();
+    state_->library.str("");
+    if (state_->verbose && !said.empty()) words(HSTStringUtils::printable(said));
+}
+
 void Console::flush() {
+    sayKept();
     const std::string out = std::exchange(state_->out, {});
     writeAll(1, out);
 }
@@ -219,18 +123,9 @@ void Console::words(const std::string& line) {
     if (!state_->quiet) writeAll(2, line + "\n");
 }
 
-void Console::problem(const Problem& problem) { words(problem.line_()); }
-
-std::vector<Problem> Console::takeProblems(const std::string& file) {
-    const std::string printed = state_->library.str();
-    state_->library.str("");
-    if (state_->verbose && !printed.empty()) words(HSTStringUtils::printable(printed));
-    std::vector<Problem> problems;
-    for (const ComMsgMgrInstance& message : std::exchange(state_->messages, {}))
-        problems.push_back(problemOf(message, file, printed));
-    // The loader's own message only repeats that something failed, unless it is the only one.
-    std::stable_partition(problems.begin(), problems.end(), [](const Problem& p) { return p.id != "74-60"; });
-    return problems;
+void Console::problem(const Problem& problem) {
+    sayKept();
+    words(problem.line_());
 }
 
 bool Console::wide() const { return isatty(1) == 1; }

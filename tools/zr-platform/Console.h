@@ -4,6 +4,8 @@
 #include <string_view>
 #include <vector>
 
+#include <msg/HEXFileFault.h>
+
 #include "Verbs.h"
 
 /// Exit codes, and how bad they are: of several files the worst counts.
@@ -11,23 +13,15 @@ enum class Exit { done = 0, no = 1, usage = 2, input = 3, environment = 4, fault
 Exit worse(Exit a, Exit b);
 
 /// One thing that went wrong, with its place as far as it is known.
-struct Problem {
+struct Problem : FileProblem {
     Exit exit = Exit::input;
-    std::string file;
-    std::string member;  ///< of an archive; empty for the file itself
-    unsigned long line = 0;
-    unsigned long column = 0;
-    std::string text;
-    std::string id;  ///< of the library's message; may be empty
 
     static Problem of(Exit exit, std::string file, std::string text);
+    static Problem of(const FileProblem& fault);
 
     /// "file:line:column: error: text [id]", for a member "archive!member:line:column: ...".
     std::string line_() const;
 };
-
-/// A fault of an archive from the library's words "archive: text" or "archive!member: text".
-Problem archiveProblem(const std::string& archive, const std::string& words);
 
 /// Standard output and standard error of the tool. The library writes words on the standard streams in places and
 /// sends messages: both are taken in here, so that standard output holds data only.
@@ -44,12 +38,12 @@ public:
     void problem(const Problem& problem);
     void flush();
 
-    /// What the library has said since the last call, as problems; the most telling one first.
-    std::vector<Problem> takeProblems(const std::string& file);
     bool wide() const;  ///< standard output is a terminal
 
 private:
     Console();
+    /// What the library has printed since the last call, for --verbose.
+    void sayKept();
     struct State;
     State* state_;
 };

@@ -9,9 +9,7 @@ int runJson(const Call& call) {
     const auto platform = loaded(call["FILE"], call);
     teq_platform::JSONObjectWriter writer;
     if (call.has("short")) {
-        writer.addKey("uniqueName", platform->getUniqueName());
-        writer.addKey("file", platform->getPlatformFile());
-        writer.addKey("description", platform->getDescription());
+        platform->shortToJSON(writer);
     } else {
         writer.writeObject(*platform);
     }

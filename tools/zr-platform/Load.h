@@ -6,7 +6,8 @@
 
 #include "Console.h"
 
-/// The platform of `file`, by the metadata that --metadata asks for. Throws a `Problem` that tells why there is none.
+/// The platform of `file`, by the metadata that --metadata asks for. Throws what `PlatformLoader::open`
+/// throws.
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call);
 
 /// The same without an exception: null, and the reason in `problem`.

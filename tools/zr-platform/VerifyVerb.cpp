@@ -1,4 +1,4 @@
-#include <msg/HEXAll.h>
+#include <msg/HEXFileFault.h>
 #include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
@@ -35,8 +35,8 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
                      {"digest", stateName(found.digest)},
                      {"differences", differences}});
         return good ? Exit::done : Exit::no;
-    } catch (const HEXDataException& e) {
-        const Problem problem = archiveProblem(archive, e.what());
+    } catch (const HEXFileFault& e) {
+        const Problem problem = Problem::of(e.problem());
         Console::take().problem(problem);
         records.add({{"archive", archive}, {"good", false}, {"digest", nullptr}, {"problem", problem.text}});
         return Exit::input;

@@ -2,8 +2,7 @@
 #include <exception>
 #include <new>
 
-#include <msg/HEXAll.h>
-#include <platform/PlatformParseException.h>
+#include <msg/HEXFileFault.h>
 
 #include "CommandLine.h"
 #include "Console.h"
@@ -18,6 +17,8 @@ Problem caught() {
         return problem;
     } catch (const HEXFileNotFoundException& e) {
         return Problem::of(Exit::input, e.what(), "no such file");
+    } catch (const HEXFileFault& e) {
+        return Problem::of(e.problem());
     } catch (const HEXUserException& e) {
         return Problem::of(Exit::environment, "", e.what());
     } catch (const HEXAll& e) {

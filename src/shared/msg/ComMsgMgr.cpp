@@ -7,6 +7,8 @@
 #include <functional>
 #include <utility>
 
+#include "msg/Capture.h"
+#include "msg/ShortId.h"
 #include "text/HSTStringUtils.h"
 
 namespace {
@@ -21,11 +23,8 @@ const char* severityName(MsgMask mask) {
     return "ERROR";
 }
 
-/// "74-60" of "@74-60@%s".
-std::string_view number(std::string_view id) { return id.substr(1, id.rfind('@') - 1); }
-
 void toStandardError(const ComMsgMgrInstance& message) {
-    const std::string_view id = message.id.empty() ? "0-0" : number(message.id);
+    const std::string_view id = message.id.empty() ? "0-0" : msg::shortId(message.id);
     std::fprintf(stderr, "%s: [%s %.*s] %s\n", severityName(message.mask), message.module.c_str(),
                  static_cast<int>(id.size()), id.data(), HSTStringUtils::printable(message.text).c_str());
 }
@@ -46,7 +45,10 @@ std::string compose(std::string_view text, const std::vector<std::string>& args)
 
 void ComMsgMgr::setSink(Sink sink) { currentSink() = sink ? std::move(sink) : Sink(toStandardError); }
 
-void ComMsgMgr::send(const ComMsgMgrInstance& message) { currentSink()(message); }
+void ComMsgMgr::send(const ComMsgMgrInstance& message) {
+    msg::Capture::take(message);
+    currentSink()(message);
+}
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {
     std::string text = compose(row.text, args);

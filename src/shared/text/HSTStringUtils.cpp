@@ -93,6 +93,19 @@ std::string HSTStringUtils::printable(std::string_view text) {
     return result;
 }
 
+std::string HSTStringUtils::excerpt(std::string_view text) {
+    constexpr std::size_t kLongest = 60;
+    const bool cut = text.size() > kLongest;
+    if (cut) {
+        std::size_t end = kLongest;
+        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not inside a character
+        text = text.substr(0, end);
+    }
+    std::string result = printable(text);
+    if (cut) result += "...";
+    return result;
+}
+
 long long HSTStringUtils::toNumber(std::string_view text) {
     using Limits = std::numeric_limits<long long>;
     const auto first = text.find_first_not_of(kBlanks);

@@ -1,7 +1,13 @@
 #include "util/HUTFile.h"
 
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 
@@ -20,10 +26,28 @@ fs::file_status statusOf(const std::string& path) {
     return fs::status(path, error);
 }
 
+// What removes is called by destructors and so allocates nothing itself.
+
 /// Nothing there, not even a link to nowhere.
 bool isGone(const std::string& path) {
-    std::error_code error;
-    return fs::symlink_status(path, error).type() == fs::file_type::not_found;
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
+
+/// Removes what has this name in an open directory, with everything in it; as much as can be.
+void removeAt(int directory, const char* name) {
+    if (::unlinkat(directory, name, 0) == 0 || errno == ENOENT) return;
+    const int opened = ::openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (opened < 0) return;
+    if (DIR* const list = ::fdopendir(opened)) {
+        while (const dirent* const entry = ::readdir(list))
+            if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
+                removeAt(opened, entry->d_name);
+        ::closedir(list);
+    } else {
+        ::close(opened);
+    }
+    ::unlinkat(directory, name, AT_REMOVEDIR);
 }
 
 std::string withoutEndSeparator(const fs::path& path) {
@@ -77,14 +101,12 @@ void HUTFile::ensureWritableDirectory(const std::string& path) {
 
 bool HUTFile::rm(const std::string& path) {
     if (hasNul(path)) return false;
-    std::error_code error;
-    fs::remove(path, error);
+    ::remove(path.c_str());
     return isGone(path);
 }
 
 bool HUTFile::rmRecursive(const std::string& path) {
     if (hasNul(path)) return false;
-    std::error_code error;
-    fs::remove_all(path, error);
+    if (!path.empty()) removeAt(AT_FDCWD, path.c_str());
     return isGone(path);
 }

@@ -66,7 +66,4 @@ private:
     std::string what_;
 };
 
-/// `text` of a document for a message: control characters escaped, and cut when it is long.
-std::string shown(std::string_view text);
-
 }  // namespace xml

@@ -97,7 +97,7 @@ bool isWideWithoutMark(std::string_view text) { return text.size() > 1 && (text[
 
 std::string complaint(const Attribute& row, const char* element, std::string_view text, Fault fault) {
     const ValueType& type = *row.type;
-    const std::string what = fmt::format("{}=\"{}\" of <{}> is ", row.name, shown(text), element);
+    const std::string what = fmt::format("{}=\"{}\" of <{}> is ", row.name, HSTStringUtils::excerpt(text), element);
     switch (fault) {
         case Fault::belowMinimum: return what + fmt::format("below the minimum, {}", type.lowest);
         case Fault::aboveMaximum: return what + fmt::format("above the maximum, {}", type.highest);
@@ -196,8 +196,9 @@ void Reader::onDoctype(void* self, const char*, const char*, const char*, int) {
 void Reader::onDeclaration(void* self, const char*, const char* encoding, int) {
     guarded(self, [encoding](Reader& reader) {
         if (encoding && !HSTStringUtils::iequals(encoding, "UTF-8") && !HSTStringUtils::iequals(encoding, "UTF-16"))
-            reader.stopWith_(fault::kEncoding, "",
-                             fmt::format("the encoding is \"{}\"; expected UTF-8 or UTF-16", shown(encoding)));
+            reader.stopWith_(
+                fault::kEncoding, "",
+                fmt::format("the encoding is \"{}\"; expected UTF-8 or UTF-16", HSTStringUtils::excerpt(encoding)));
     });
 }
 void Reader::onComment(void* self, const char*) {
@@ -304,8 +305,8 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
         const std::string space =
             *format_.uri ? fmt::format("in the namespace \"{}\"", format_.uri) : "in no namespace";
         fail_(fault::kWrongRoot, name.local,
-              fmt::format("the document element is <{}>; expected <{}> {}", shown(name.qualified), format_.root,
-                          space));
+              fmt::format("the document element is <{}>; expected <{}> {}", HSTStringUtils::excerpt(name.qualified),
+                          format_.root, space));
         return false;
     }
     push_(format_.root, *format_.element, record_, scopes);
@@ -357,8 +358,8 @@ bool Reader::isKnownIn_(const Frame& frame, const Name& name) const {
 }
 
 std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
-    return fmt::format("<{}> stands in <{}> where {} is expected", shown(name.qualified), frame.name,
-                       expectedIn(frame));
+    return fmt::format("<{}> stands in <{}> where {} is expected", HSTStringUtils::excerpt(name.qualified),
+                       frame.name, expectedIn(frame));
 }
 
 void Reader::decide_(Frame& frame, const Name& name) {
@@ -396,8 +397,8 @@ void Reader::text_(std::string_view text) {
     } else if (!frame.strayTextReported && !isBlank(text)) {
         frame.strayTextReported = true;
         fail_(fault::kStrayText, frame.name,
-              fmt::format("the text \"{}\" stands in <{}> where {} is expected", shown(text), frame.name,
-                          expectedIn(frame)));
+              fmt::format("the text \"{}\" stands in <{}> where {} is expected", HSTStringUtils::excerpt(text),
+                          frame.name, expectedIn(frame)));
     }
 }
 
@@ -451,12 +452,12 @@ std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) cons
     for (const Attribute& row : frame.element->attributes) {
         if (name.local == row.name)
             return *format_.uri ? fmt::format("the attribute {} of <{}> must be in the namespace \"{}\"",
-                                              shown(name.qualified), frame.name, format_.uri)
+                                              HSTStringUtils::excerpt(name.qualified), frame.name, format_.uri)
                                 : fmt::format("the attribute {} of <{}> must be in no namespace",
-                                              shown(name.qualified), frame.name);
+                                              HSTStringUtils::excerpt(name.qualified), frame.name);
         names.emplace_back(row.name);
     }
-    return fmt::format("<{}> has no attribute {}; it has {}", frame.name, shown(name.qualified),
+    return fmt::format("<{}> has no attribute {}; it has {}", frame.name, HSTStringUtils::excerpt(name.qualified),
                        names.empty() ? "none" : listed(names));
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/HSTStringUtils.h"
 #include "xml/XmlException.h"
 
 namespace xml {
@@ -24,7 +25,8 @@ std::string Scopes::declare(std::string_view attribute, std::string_view uri) {
     const std::string_view prefix = isDefault ? std::string_view() : attribute.substr(kDeclaration.size() + 1);
     const bool isXml = uri == kXmlUri;
     if (!isDefault && (uri.empty() || prefix.empty() || prefix == kDeclaration || isXml != (prefix == "xml")))
-        return shown(attribute) + "=\"" + shown(uri) + "\" is no valid namespace declaration";
+        return HSTStringUtils::excerpt(attribute) + "=\"" + HSTStringUtils::excerpt(uri) +
+               "\" is no valid namespace declaration";
     const Space space = uri.empty()                 ? Space::none
                         : uri == formatUri_         ? Space::format
                         : uri == kSchemaInstanceUri ? Space::schemaInstance
@@ -49,13 +51,13 @@ std::string Scopes::resolve_(std::string_view qualified, bool attribute, Name& n
     name = {qualified, local, Space::none};
     if (bare && attribute) return {};
     if (!bare && (prefix.empty() || local.empty() || local.find(':') != std::string_view::npos))
-        return shown(qualified) + " is no valid name: it has a colon where none can stand";
+        return HSTStringUtils::excerpt(qualified) + " is no valid name: it has a colon where none can stand";
     if (prefix == "xml") {
         name.space = Space::xml;
         return {};
     }
     const Binding* binding = find_(prefix);
-    if (!bare && !binding) return "the prefix of " + shown(qualified) + " is not declared";
+    if (!bare && !binding) return "the prefix of " + HSTStringUtils::excerpt(qualified) + " is not declared";
     if (binding) name.space = binding->space;
     return {};
 }

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "text/HSTStringUtils.h"
+
 namespace xml {
 
 namespace {
@@ -45,7 +47,8 @@ void checkText(const char* element, std::string_view text) {
     for (std::string_view rest = text; !rest.empty();) {
         const std::size_t length = characterLength(rest);
         if (length == 0)
-            fail(element, fmt::format("a text of <{}> holds a byte that XML cannot: \"{}\"", element, shown(rest)));
+            fail(element, fmt::format("a text of <{}> holds a byte that XML cannot: \"{}\"", element,
+                                      HSTStringUtils::excerpt(rest)));
         rest.remove_prefix(length);
     }
 }

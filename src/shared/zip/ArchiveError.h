@@ -1,27 +1,26 @@
 #pragma once
 #include <string>
 
-#include "msg/HEXAll.h"
+#include "msg/HEXFileFault.h"
 
 namespace zip {
 
 /// An archive that cannot be read: missing, damaged, of a form that is not read, or lying about itself. `what` is
 /// "ARCHIVE: TEXT" or "ARCHIVE!MEMBER: TEXT", with what was found and what was expected.
-class ArchiveError : public HEXDataException {
+class ArchiveError : public HEXFileFault {
 public:
     enum class Fault { other, crc, size };  ///< of a member whose bytes are not those that the directory tells
 
     ArchiveError(std::string archive, std::string member, std::string text, Fault fault = Fault::other);
     ~ArchiveError() override;
 
-    const std::string& archive() const { return archive_; }
+    const std::string& archive() const { return problem().file; }
     /// Empty when the fault is the archive's own.
-    const std::string& member() const { return member_; }
-    const std::string& text() const { return text_; }
+    const std::string& member() const { return problem().member; }
+    const std::string& text() const { return problem().text; }
     Fault fault() const { return fault_; }
 
 private:
-    std::string archive_, member_, text_;
     Fault fault_;
 };
 

@@ -32,25 +32,26 @@ void writeStream(const std::string& path, const Fill& fill) {
     if (!stream.close()) fail(path, errno);
 }
 
-void writeFile(const std::string& path, const Fill& fill) {
+void writeFile(const std::string& path, const Fill& fill, bool mayReplace) {
     const std::string target = HUTFile::getCanonicalName(path);  // of a link, what it points to is replaced
     const std::string directory = HUTFile::getParent(target);
     const util::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!parent.isOpen()) fail(path, errno);
     zip::NewFile file(parent.get(), target.substr(target.rfind('/') + 1), path, 0666);
     fill([&file](std::string_view bytes) { file.write(bytes); });
-    file.commit(true);
+    file.commit(mayReplace);
 }
 
 }  // namespace
 
-void zip::writeDestination(const std::string& path, const Fill& fill) {
+void zip::writeDestination(const std::string& path, const Fill& fill, bool mayReplace) {
     if (path.empty() || path.find('\0') != std::string::npos) fail(path, EINVAL);
     struct stat status {};
     const bool exists = ::stat(path.c_str(), &status) == 0;
     if ((exists && S_ISDIR(status.st_mode)) || path.back() == '/') fail(path, EISDIR);
+    if (exists && S_ISREG(status.st_mode) && !mayReplace) fail(path, EEXIST);
     if (exists && !S_ISREG(status.st_mode))
         writeStream(path, fill);
     else
-        writeFile(path, fill);
+        writeFile(path, fill, mayReplace);
 }

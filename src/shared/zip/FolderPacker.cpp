@@ -1,14 +1,18 @@
 #include "zip/FolderPacker.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
-#include <filesystem>
+#include <cerrno>
 #include <memory>
 #include <string_view>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "util/FolderNames.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
@@ -17,8 +21,6 @@
 #include "zip/MemberName.h"
 #include "zip/SourceFile.h"
 #include "zip/ZipWriter.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -113,43 +115,43 @@ private:
         return writer.add(std::string(row.name), {row.size, LateFile(path, file.bytes().stamp())});
     }
 
-    [[noreturn]] static void refuse(const fs::path& path, const std::string& text) {
-        throw HEXUserException("'" + path.native() + "' cannot be packed: " + text);
+    [[noreturn]] static void refuse(const std::string& path, const std::string& text) {
+        throw HEXUserException("'" + path + "' cannot be packed: " + text);
     }
 
     void collect() {
-        std::error_code error;
-        fs::recursive_directory_iterator at(folder_, error), end;
-        while (!error && at != end) {
-            add(at);
-            at.increment(error);
+        std::vector<std::string> folders{""};
+        while (!folders.empty()) {
+            const std::string inside = std::exchange(folders.back(), {});
+            folders.pop_back();
+            const std::vector<std::string> names = folderNames(folder_ + "/" + inside);
+            if (names.empty() && !inside.empty()) entries_.push_back({inside, ""});
+            for (const std::string& name : names) add(inside + name, folders);
         }
-        if (error) refuse(folder_, error.message());
     }
 
-    void add(fs::recursive_directory_iterator& at) {
-        std::error_code error;
-        const fs::path& path = at->path();
-        std::string member = path.native().substr(folder_.size() + 1);
+    /// A folder that is no archive is put behind `folders`, with "/" at its end.
+    void add(std::string member, std::vector<std::string>& folders) {
+        const std::string path = folder_ + "/" + member;
         if (const auto fault = zip::memberNameFault(member, false); !fault.empty())
             refuse(path, "its name " + std::string(fault));
-        const fs::file_status status = at->symlink_status(error);
-        if (fs::is_regular_file(status)) {
-            entries_.push_back({std::move(member), path.native()});
-        } else if (!fs::is_directory(status)) {
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) != 0) refuse(path, std::generic_category().message(errno));
+        if (S_ISREG(status.st_mode)) {
+            entries_.push_back({std::move(member), path});
+        } else if (!S_ISDIR(status.st_mode)) {
             refuse(path, "it is neither a file nor a folder");
         } else if (becomesArchive(member)) {
-            at.disable_recursion_pending();
             entries_.push_back({std::move(member), packNested(path)});
-        } else if (fs::is_empty(path, error)) {
-            entries_.push_back({member + "/", ""});
+        } else {
+            folders.push_back(std::move(member) + "/");
         }
     }
 
-    std::string packNested(const fs::path& folder) {
+    std::string packNested(const std::string& folder) {
         if (depth_ == kDeepestArchive) refuse(folder, "archives are nested at most two deep");
         std::string file = work_.file(entries_.size());
-        Packer(folder.native(), depth_ + 1).packTo(file);
+        Packer(folder, depth_ + 1).packTo(file);
         return file;
     }
 

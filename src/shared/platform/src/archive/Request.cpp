@@ -23,7 +23,7 @@ constexpr std::size_t kMostOpen = 12;
 
 struct Sessions {
     std::deque<Session> open;  ///< the oldest first
-    std::shared_ptr<zip::OutputBudget> budget = std::make_shared<zip::OutputBudget>();
+    std::shared_ptr<zip::OutputBudget> budget;
 };
 
 /// Of the thread's outermost request; null outside of one.
@@ -43,8 +43,8 @@ bool isCurrent(const Session& session) {
 
 }  // namespace
 
-Request::Request() : isOutermost_(!sessions) {
-    if (isOutermost_) sessions = new Sessions;
+Request::Request(std::uint64_t budget) : isOutermost_(!sessions) {
+    if (isOutermost_) sessions = new Sessions{{}, std::make_shared<zip::OutputBudget>(budget)};
 }
 
 Request::~Request() {

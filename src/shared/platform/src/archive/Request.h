@@ -1,8 +1,10 @@
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <string>
 
 #include "archive/MemberSource.h"
+#include "zip/OutputBudget.h"
 
 namespace archive {
 
@@ -11,7 +13,8 @@ namespace archive {
 /// several, the outermost one keeps the archives.
 class Request {
 public:
-    Request();
+    /// `budget`: how many bytes may be unpacked; that of the outermost one counts.
+    explicit Request(std::uint64_t budget = zip::OutputBudget::kOfCall);
     ~Request();
     Request(const Request&) = delete;
     Request& operator=(const Request&) = delete;

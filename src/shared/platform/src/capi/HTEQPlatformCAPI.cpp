@@ -35,11 +35,8 @@ char* hteq_get_platform_json(const char* file) {
 }
 
 char* hteq_get_short_platform_json(const char* file) {
-    return document(file, [](JSONObjectWriter& writer, const HTEQPlatform& platform) {
-        writer.addKey("uniqueName", platform.getUniqueName());
-        writer.addKey("file", platform.getPlatformFile());
-        writer.addKey("description", platform.getDescription());
-    });
+    return document(file,
+                    [](JSONObjectWriter& writer, const HTEQPlatform& platform) { platform.shortToJSON(writer); });
 }
 
 void hteq_free_json_string(char* text) { delete[] text; }

@@ -6,6 +6,7 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "readers/Saturated.h"
 #include "records/TEQPlatformLMX.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 
 namespace check {
@@ -78,11 +79,12 @@ private:
         const bool isArchive = kind != NamedFile::Kind::software;
         if (isArchive) path = HUTFile::getCanonicalName(path);
         if (!HUTFile::exists(path)) {
-            document_.add(kMissingFile, element, &record, fmt::format("there is no file \"{}\"", xml::shown(path)));
+            document_.add(kMissingFile, element, &record,
+                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path)));
         } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
             document_.add(kWrongExtension, element, &record,
                           fmt::format("\"{}\" is no name of a hardware archive; its extension is .cfa or .lfa",
-                                      xml::shown(record.name.get())));
+                                      HSTStringUtils::excerpt(record.name.get())));
         } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
             files_.push_back({kind, std::move(path)});
         }

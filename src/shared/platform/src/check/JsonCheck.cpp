@@ -14,7 +14,7 @@ namespace {
 using json::Form;
 using json::ptree;
 
-std::string quoted(const std::string& text) { return "\"" + xml::shown(text) + "\""; }
+std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::excerpt(text) + "\""; }
 
 /// A JSON null reads as this text, and an empty list or object as an empty text: neither can be told from it.
 bool isNothing(const ptree& value) { return value.empty() && (value.data().empty() || value.data() == "null"); }
@@ -106,7 +106,7 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
     }
     if (!shape.refusal) return;
     if (const std::string refusal = shape.refusal(value); !refusal.empty())
-        add(kRefusedValue, value, path, xml::shown(refusal));
+        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal));
 }
 
 void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {

@@ -3,7 +3,7 @@
 #include <stdexcept>
 
 #include "hardware/MemorySize.h"
-#include "xml/XmlException.h"
+#include "text/HSTStringUtils.h"
 
 namespace check {
 
@@ -14,7 +14,7 @@ std::string sizeFault(const std::string& size) {
     } catch (const std::logic_error&) {
         // A number that something else stands in front of, or one that is too large.
     }
-    return "the size \"" + xml::shown(size) + "\" counts as 0; a number and GB count, as in \"16GB\"";
+    return "the size \"" + HSTStringUtils::excerpt(size) + "\" counts as 0; a number and GB count, as in \"16GB\"";
 }
 
 }  // namespace check

@@ -34,7 +34,7 @@ void checkValue(Document& document, const char* element, const void* at, Give gi
     try {
         give();
     } catch (const std::exception& e) {
-        document.add(kRefusedValue, element, at, xml::shown(e.what()));
+        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what()));
     }
 }
 
@@ -51,9 +51,9 @@ void checkValues(Document& document) {
         std::set<std::string_view> names;
         for (const auto& parameter : ip.configuration->parameters)
             if (!names.insert(parameter.Name.get()).second)
-                document.add(
-                    kRefusedValue, "Parameter", &parameter,
-                    fmt::format("a parameter before has the name \"{}\" too", xml::shown(parameter.Name.get())));
+                document.add(kRefusedValue, "Parameter", &parameter,
+                             fmt::format("a parameter before has the name \"{}\" too",
+                                         HSTStringUtils::excerpt(parameter.Name.get())));
     }
 }
 

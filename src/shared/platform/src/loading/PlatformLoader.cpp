@@ -4,7 +4,8 @@
 
 #include "archive/Request.h"
 #include "loading/ArchiveRoad.h"
-#include "msg/ComMsgMgr.h"
+#include "loading/LoadFault.h"
+#include "msg/Capture.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQPlatformXMLReader.h"
 #include "platform/HTEQReconfigurablePartition.h"
@@ -68,6 +69,21 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::load() {
     }
     loaded_ = true;
     return platform_;
+}
+
+std::shared_ptr<HTEQPlatform> PlatformLoader::open(const std::string& file, HwMetadataMode mode) {
+    if (file.empty()) throw HEXFileNotFoundException(file);
+    const archive::Request request;
+    const msg::Capture said(msg::Capture::Words::print);
+    std::string hardwareFile;
+    try {
+        PlatformLoader loader(file, mode);
+        hardwareFile = loader.getHardwarePlatformFile();
+        if (auto platform = loader.load()) return platform;
+    } catch (const PlatformParseException& e) {
+        throw HEXFileFault(loading::readFault(file, said, e.what()));
+    }
+    throw HEXFileFault(loading::loadFault(file, hardwareFile, mode, said));
 }
 
 void PlatformLoader::attachAll() {

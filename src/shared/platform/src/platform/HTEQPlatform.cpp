@@ -52,6 +52,12 @@ HTEQPlatform::~HTEQPlatform() {
     delete hardwareEmu_;
 }
 
+void HTEQPlatform::shortToJSON(JSONObjectWriter& writer) const {
+    writer.addKey("uniqueName", getUniqueName());
+    writer.addKey("file", platformFile_);
+    writer.addKey("description", description_);
+}
+
 void HTEQPlatform::toJSON(JSONObjectWriter& writer) const {
     json::writeKeys(writer, kKeys, *this);
     writePlatforms(writer);

@@ -6,13 +6,20 @@
 
 namespace readers {
 
-void writeDocument(const std::string& file, const std::function<std::string()>& document) {
+std::string makeDocument(const std::string& file, const std::function<std::string()>& document) {
     try {
-        wholefile::replace(file, document());
-    } catch (const HEXUserException&) {
-        throw HXMLException(ComMsgMgr::make("@74-10@%s", file));
+        return document();
     } catch (const xml::Exception& e) {
         throw HXMLException(ComMsgMgr::make("@74-15@%s%s%s%s", file, e.what(), "platform"));
+    }
+}
+
+void writeDocument(const std::string& file, const std::function<std::string()>& document) {
+    const std::string bytes = makeDocument(file, document);
+    try {
+        wholefile::replace(file, bytes);
+    } catch (const HEXUserException&) {
+        throw HXMLException(ComMsgMgr::make("@74-10@%s", file));
     }
 }
 

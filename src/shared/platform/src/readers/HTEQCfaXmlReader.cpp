@@ -1,6 +1,5 @@
 #include "platform/HTEQCfaXmlReader.h"
 
-#include <iostream>
 #include <memory>
 
 #include "archive/Request.h"
@@ -11,6 +10,7 @@
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/HTEQHpfmReader.h"
 #include "readers/CfaXmlTexts.h"
+#include "readers/Printed.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -264,7 +264,7 @@ void HTEQCfaXmlReader::parseHpfm_(const std::string& member) {
                                std::to_string(archive::kMetadataBound) + " bytes in all");
     platform_->setHpfmString(*text);
     if (!HTEQHpfmReader(*text, platform_).parseStream()) {
-        std::cout << "Failed to parse hpfm stream from '" << member << "' in " << archive_ << std::endl;
+        readers::print("Failed to parse hpfm stream from '" + member + "' in " + archive_ + "\n");
         return;
     }
     platform_->setUnifiedPlatform(true);

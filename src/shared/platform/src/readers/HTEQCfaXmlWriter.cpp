@@ -71,14 +71,20 @@ HTEQCfaXmlWriter::HTEQCfaXmlWriter(HPLPlatform* platform, std::string file)
     : platform_(platform), file_(std::move(file)) {}
 
 void HTEQCfaXmlWriter::writeCFA() {
-    readers::writeDocument(file_, [this] {
-        BasePlatform::Root root;
-        root.VersionMajor.set(root.VersionMajor.get());
-        root.VersionMinor.set(root.VersionMinor.get());
-        writeGenAppInfo_(root);
-        writeCFA_(root.cfa);
-        return xml::write(BasePlatform::kDocument, root);
-    });
+    readers::writeDocument(file_, [this] { return document_(); });
+}
+
+std::string HTEQCfaXmlWriter::getText() const {
+    return readers::makeDocument(file_, [this] { return document_(); });
+}
+
+std::string HTEQCfaXmlWriter::document_() const {
+    BasePlatform::Root root;
+    root.VersionMajor.set(root.VersionMajor.get());
+    root.VersionMinor.set(root.VersionMinor.get());
+    writeGenAppInfo_(root);
+    writeCFA_(root.cfa);
+    return xml::write(BasePlatform::kDocument, root);
 }
 
 void HTEQCfaXmlWriter::writeGenAppInfo_(BasePlatform::Root& record) const {

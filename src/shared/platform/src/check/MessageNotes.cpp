@@ -1,5 +1,6 @@
-#include "MessageNotes.h"
+#include "check/MessageNotes.h"
 
+namespace check {
 namespace {
 
 constexpr MessageNote kNotes[] = {
@@ -48,3 +49,5 @@ constexpr MessageNote kNotes[] = {
 }  // namespace
 
 std::span<const MessageNote> messageNotes() { return kNotes; }
+
+}  // namespace check

@@ -1,12 +1,13 @@
-#include "Changes.h"
+#include "json/JsonChanges.h"
 
 #include <boost/json/parse.hpp>
 #include <boost/json/serialize.hpp>
 #include <charconv>
 #include <unordered_map>
 
-#include "Console.h"
+#include "msg/HEXAll.h"
 
+namespace json {
 namespace {
 
 using boost::json::value;
@@ -87,7 +88,7 @@ value parsed(const std::string& text) {
     options.max_depth = 256;
     boost::json::error_code error;
     value json = boost::json::parse(text, error, {}, options);
-    if (error) throw Problem::of(Exit::input, "", "the metadata cannot be compared: " + error.message());
+    if (error) throw HEXDataException("the metadata cannot be compared: " + error.message());
     return json;
 }
 
@@ -99,3 +100,5 @@ std::vector<std::string> lostOrChanged(const std::string& before, const std::str
     comparison.compare("", parsed(before), &now);
     return comparison.found;
 }
+
+}  // namespace json

@@ -2,6 +2,8 @@
 #include <span>
 #include <string_view>
 
+namespace check {
+
 /// What a user can make of a message of the library, beside its text in the catalogue.
 struct MessageNote {
     std::string_view id;  ///< without its argument format, "74-60"
@@ -11,3 +13,5 @@ struct MessageNote {
 };
 
 std::span<const MessageNote> messageNotes();
+
+}  // namespace check

@@ -1,0 +1,261 @@
+/// C++17 around zr_platform.h: objects that free themselves, texts that are std::string, exceptions. Header only, and
+/// nothing of C++ passes between the program and the library, so that both may be built by different compilers.
+///
+/// Every function throws `zr::Error` for what zr_platform.h tells as a failure of the call below it, and
+/// std::bad_alloc for want of memory.
+#ifndef ZR_PLATFORM_ZR_PLATFORM_HPP
+#define ZR_PLATFORM_ZR_PLATFORM_HPP
+
+#include <cstdint>
+#include <memory>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/zr_platform.h"
+
+namespace zr {
+
+/// A call that failed. `what` is "file!member:line:column: text [id]", with what there is of it.
+class Error : public std::runtime_error {
+public:
+    explicit Error(const zr_error* error)
+        : std::runtime_error(words(error)),
+          code_(zr_error_code(error)),
+          line_(zr_error_line(error)),
+          column_(zr_error_column(error)),
+          text_(zr_error_text(error)),
+          file_(zr_error_file(error)),
+          member_(zr_error_member(error)),
+          id_(zr_error_id(error)) {}
+
+    zr_code code() const { return code_; }
+    const std::string& text() const { return text_; }
+    const std::string& file() const { return file_; }
+    const std::string& member() const { return member_; }
+    std::uint64_t line() const { return line_; }
+    std::uint64_t column() const { return column_; }
+    const std::string& id() const { return id_; }
+
+private:
+    static std::string words(const zr_error* error) {
+        std::string words = zr_error_file(error);
+        if (*zr_error_member(error) != '\0') words += std::string("!") + zr_error_member(error);
+        if (zr_error_line(error) > 0)
+            words += ":" + std::to_string(zr_error_line(error)) + ":" + std::to_string(zr_error_column(error));
+        if (!words.empty()) words += ": ";
+        words += zr_error_text(error);
+        if (*zr_error_id(error) != '\0') words += std::string(" [") + zr_error_id(error) + "]";
+        return words;
+    }
+
+    zr_code code_;
+    std::uint64_t line_, column_;
+    std::string text_, file_, member_, id_;
+};
+
+struct Options {
+    zr_metadata metadata = ZR_METADATA_DEFAULT;
+    std::uint64_t maxUnpacked = 0;  ///< bytes; 0: the library's own limit
+};
+
+struct Member {
+    std::string name;  ///< as it stands in the archive; not fit for a path
+    std::uint64_t bytes = 0, packedBytes = 0;
+    std::uint32_t crc = 0;
+    bool isDirectory = false;
+};
+
+struct Difference {
+    std::string member, text;
+    zr_reason reason = ZR_REASON_CRC;
+};
+
+struct Verification {
+    zr_digest digest = ZR_DIGEST_NONE;
+    std::vector<Difference> differences;
+    bool isSound() const { return differences.empty() && digest != ZR_DIGEST_BROKEN; }
+};
+
+struct Finding {
+    std::string file, member;
+    std::uint64_t line = 0, column = 0;
+    zr_severity severity = ZR_ERROR;
+    std::string name, element, text;
+};
+
+namespace detail {
+
+/// Frees an object of the C interface.
+struct Free {
+    void operator()(zr_error* error) const { zr_error_free(error); }
+    void operator()(zr_text* text) const { zr_text_free(text); }
+    void operator()(zr_platform* platform) const { zr_platform_free(platform); }
+    void operator()(zr_archive* archive) const { zr_archive_free(archive); }
+    void operator()(zr_verification* verification) const { zr_verification_free(verification); }
+    void operator()(zr_findings* findings) const { zr_findings_free(findings); }
+};
+template <class T>
+using Owned = std::unique_ptr<T, Free>;
+
+[[noreturn]] inline void fail(zr_error* made) {
+    const Owned<zr_error> error(made);
+    if (zr_error_code(made) == ZR_NO_MEMORY) throw std::bad_alloc();
+    throw Error(made);
+}
+
+/// Calls a function of the C interface; its last argument is the error.
+template <class Function, class... Arguments>
+void call(Function function, Arguments... arguments) {
+    zr_error* error = nullptr;
+    if (function(arguments..., &error) != ZR_OK) fail(error);
+}
+
+/// Calls one that gives an object through its last argument but one.
+template <class T, class Function, class... Arguments>
+Owned<T> make(Function function, Arguments... arguments) {
+    T* made = nullptr;
+    call(function, arguments..., &made);
+    return Owned<T>(made);
+}
+
+inline std::string stringOf(const zr_text* text) { return std::string(zr_text_data(text), zr_text_size(text)); }
+
+template <class Function, class... Arguments>
+std::string textOf(Function function, Arguments... arguments) {
+    return stringOf(make<zr_text>(function, arguments...).get());
+}
+
+inline zr_options optionsOf(const Options& options) {
+    zr_options given{};
+    given.size = sizeof given;
+    given.metadata = options.metadata;
+    given.max_unpacked = options.maxUnpacked;
+    return given;
+}
+
+/// The item that `function` gives of an object's list.
+template <class Item, class Function, class T>
+Item itemOf(Function function, const T* list, std::uint64_t index) {
+    Item item{};
+    item.size = sizeof item;
+    call(function, list, index, &item);
+    return item;
+}
+
+}  // namespace detail
+
+/// A descriptor, a hardware archive or a software file, loaded with all that it names.
+class Platform {
+public:
+    explicit Platform(const std::string& file, const Options& options = {}) {
+        const zr_options given = detail::optionsOf(options);
+        handle_ = detail::make<zr_platform>(zr_platform_load, file.c_str(), &given);
+    }
+    std::string get(zr_field field) const {
+        const char* const text = zr_platform_get(handle_.get(), field);
+        return text ? text : "";
+    }
+    std::string name() const { return get(ZR_FIELD_NAME); }
+    std::string vendor() const { return get(ZR_FIELD_VENDOR); }
+    std::string version() const { return get(ZR_FIELD_VERSION); }
+    std::string document() const { return detail::textOf(zr_platform_document, handle_.get()); }
+    std::string shortDocument() const { return detail::textOf(zr_platform_short_document, handle_.get()); }
+    std::string xml() const { return detail::textOf(zr_platform_xml, handle_.get()); }
+
+private:
+    detail::Owned<zr_platform> handle_;
+};
+
+/// Any zip archive, opened to be read.
+class Archive {
+public:
+    explicit Archive(const std::string& file, const Options& options = {}) {
+        const zr_options given = detail::optionsOf(options);
+        handle_ = detail::make<zr_archive>(zr_archive_open, file.c_str(), &given);
+    }
+    std::uint64_t count() const { return zr_archive_count(handle_.get()); }
+    Member member(std::uint64_t index) const {
+        const auto given = detail::itemOf<zr_member>(zr_archive_member, handle_.get(), index);
+        return {std::string(given.name, given.name_size), given.bytes, given.packed_bytes, given.crc,
+                given.is_directory != 0};
+    }
+    /// Nothing when there is no such member.
+    std::optional<std::uint64_t> find(const std::string& name) const {
+        std::uint64_t index = 0;
+        zr_error* error = nullptr;
+        const zr_code code = zr_archive_find(handle_.get(), name.c_str(), &index, &error);
+        if (code == ZR_OK) return index;
+        if (code != ZR_NOT_FOUND) detail::fail(error);
+        zr_error_free(error);
+        return std::nullopt;
+    }
+    /// `bound`: 0 stands for 32 MiB.
+    std::string read(std::uint64_t index, std::uint64_t bound = 0) const {
+        return detail::textOf(zr_archive_read, handle_.get(), index, bound);
+    }
+    void extract(std::uint64_t index, const std::string& file, std::uint32_t flags = 0) const {
+        detail::call(zr_archive_extract, handle_.get(), index, file.c_str(), flags);
+    }
+    void extractAll(const std::string& folder, std::uint32_t flags = 0) const {
+        detail::call(zr_archive_extract_all, handle_.get(), folder.c_str(), flags);
+    }
+    Verification verify() const {
+        const auto made = detail::make<zr_verification>(zr_archive_verify, handle_.get());
+        Verification result;
+        result.digest = zr_verification_digest(made.get());
+        for (std::uint64_t i = 0; i < zr_verification_count(made.get()); ++i) {
+            const auto given = detail::itemOf<zr_difference>(zr_verification_difference, made.get(), i);
+            result.differences.push_back({given.member, given.text, static_cast<zr_reason>(given.reason)});
+        }
+        return result;
+    }
+
+private:
+    detail::Owned<zr_archive> handle_;
+};
+
+inline std::string version() { return zr_library_version(); }
+
+inline void pack(const std::string& folder, const std::string& archive, std::uint32_t flags = 0) {
+    detail::call(zr_pack, folder.c_str(), archive.c_str(), flags);
+}
+
+/// `losses`, if any, is set to what the metadata loses, a line for each key, when it throws ZR_REFUSED, too.
+inline void setFile(const std::string& archive, const std::string& type, const std::string& member,
+                    const std::string& source, std::uint32_t flags = 0, const Options& options = {},
+                    std::string* losses = nullptr) {
+    const zr_options given = detail::optionsOf(options);
+    zr_text* made = nullptr;
+    zr_error* error = nullptr;
+    const zr_code code =
+        zr_set_file(archive.c_str(), type.c_str(), member.c_str(), source.c_str(), flags, &given, &made, &error);
+    detail::Owned<zr_error> caught(error);
+    const detail::Owned<zr_text> text(made);
+    if (losses) *losses = detail::stringOf(text.get());
+    if (code != ZR_OK) detail::fail(caught.release());
+}
+
+inline void stampDigest(const std::string& archive) { detail::call(zr_stamp_digest, archive.c_str()); }
+
+inline std::vector<Finding> validate(const std::string& file, const Options& options = {}) {
+    const zr_options given = detail::optionsOf(options);
+    const auto made = detail::make<zr_findings>(zr_validate, file.c_str(), &given);
+    std::vector<Finding> findings;
+    for (std::uint64_t i = 0; i < zr_findings_count(made.get()); ++i) {
+        const auto f = detail::itemOf<zr_finding>(zr_findings_get, made.get(), i);
+        findings.push_back(
+            {f.file, f.member, f.line, f.column, static_cast<zr_severity>(f.severity), f.name, f.element, f.text});
+    }
+    return findings;
+}
+
+inline std::string explain(const std::string& name) { return detail::textOf(zr_explain, name.c_str()); }
+inline std::string schema(const std::string& format) { return detail::textOf(zr_schema, format.c_str()); }
+
+}  // namespace zr
+
+#endif
