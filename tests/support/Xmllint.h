@@ -1,7 +1,6 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -19,8 +18,7 @@ inline std::vector<bool> validBy(const std::string& schema, const std::vector<st
     EXPECT_NE(result.exit, 127) << "xmllint is not installed";
     EXPECT_NE(result.exit, 5) << result.err;
     std::vector<bool> verdicts(documents.size(), false);
-    static const std::regex form("document(\\d+)\\.xml validates\n");
-    for (std::sregex_iterator it(result.err.begin(), result.err.end(), form), end; it != end; ++it)
-        verdicts[std::stoul((*it)[1])] = true;
+    for (std::size_t i = 0; i < documents.size(); ++i)
+        verdicts[i] = result.err.find("/document" + std::to_string(i) + ".xml validates\n") != std::string::npos;
     return verdicts;
 }
