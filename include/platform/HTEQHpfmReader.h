@@ -26,8 +26,7 @@ public:
 
     void setPlatformFile(const std::string& file) { file_ = file; }
     /// Parses the file and makes it the platform's file. False when it is not there or not valid; of the latter
-    /// message
-    /// "@74-12@" is sent.
+    /// message "@74-12@" is sent.
     bool parseFile();
     /// Parses the text. False when it is not valid; message "@74-31@" is then sent.
     bool parseStream();

@@ -17,8 +17,8 @@ public:
     /// Repairs the high-bandwidth memory of the file, and replaces the file only when there was something to repair.
     /// The new file is written beside it and renamed. Leaves it alone, and sends a message, when it is not there
     /// ("@74-12@"), is not valid ("@74-260@%s%s%s"), or a further high-bandwidth memory follows the one that needs
-    /// the repair
-    /// ("@74-261@"). Throws `HXMLException` when the file cannot be written ("@74-10@%s", "@74-15@%s%s%s%s").
+    /// the repair ("@74-261@"). Throws `HXMLException` when the file cannot be written ("@74-10@%s",
+    /// "@74-15@%s%s%s%s").
     static void ChangeAndWriteHpfmIfNeeded(const std::string& file);
 
     static bool areSomeButNotAllAddressSegmentsPreferred(const WELHardwarePlatform::BusInterface& interface);

@@ -99,15 +99,13 @@ std::string findings() {
     using Severity = teq_platform::CheckFinding::Severity;
     std::string page =
         "# Findings of `validate`\n\nMade from the library's own table by `./dev docs`; `zr-platform explain NAME` "
-        "prints "
-        "one of them.\n\n"
+        "prints one of them.\n\n"
         "A finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what stands there, what is allowed [NAME]`, of a "
         "member "
         "of an\narchive `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` give the same as records. Names "
         "stay "
         "the same whatever\nthe words become. At most 1000 findings are told of each document. A program gets them "
-        "from "
-        "`platform/PlatformCheck.h`.\n\n"
+        "from `platform/PlatformCheck.h`.\n\n"
         "Samples are the content of the file that is named, or a list of files and members of archives: `== file`,\n"
         "`== archive!member`, with the text of each behind it.\n";
     for (const Severity severity : {Severity::error, Severity::warning}) {

@@ -24,8 +24,7 @@ const std::vector<Verb> kVerbs = {
      "Describe a platform for people",
      "Identity and type, device and resources, memories and banks, clocks, interfaces that a linker can attach to, "
      "tile partitions, processor groups and boot images, and the files in the archive. Where a file is missing, it "
-     "says "
-     "what can be read and why not the rest.",
+     "says what can be read and why not the rest.",
      "u77/u77_gen3x16_base_1.zdf",
      runShow},
     {"pack",
@@ -67,8 +66,7 @@ const std::vector<Verb> kVerbs = {
      "Put a file into an archive and list it in the metadata",
      "One rewrite for member, metadata and digest: the archive is the old one or the new one, whatever happens. The "
      "metadata is written anew by the library, which does not hold all that other makers' documents may say: each "
-     "key "
-     "that would be lost or changed is named, and nothing is written without --force.",
+     "key that would be lost or changed is named, and nothing is written without --force.",
      "u77/hw/u77.lfa PRE_OPT_TCL tcl/pre_opt.tcl u77/u77_gen3x16_base_1.zdf --dry-run --force",
      runSetFile},
     {"verify",
@@ -76,8 +74,7 @@ const std::vector<Verb> kVerbs = {
      {{"require-digest", nullptr, "an archive without a digest is a finding too"}, kJson, kNdjson},
      "Check archives against their CRCs and their digest",
      "All is computed from the bytes. The digest tells damage and change, not who made the archive: whoever changes "
-     "it "
-     "can stamp it anew.",
+     "it can stamp it anew.",
      "u77/hw/u77.lfa",
      runVerify},
     {"schema",

@@ -25,9 +25,11 @@
 ///         std::vector<Clock> clocks;
 ///         bool operator==(const Clocks&) const = default;
 ///     };
-///     constexpr auto kClockAttributes = attributes<Clock>(required<&Clock::name>("name"),
-///     optional<&Clock::id>("id")); constexpr auto kClock = element(kClockAttributes); constexpr auto kClocksChildren
-///     = children<Clocks>(many<&Clocks::clocks>("clock", kClock)); constexpr auto kClocks = element(kClocksChildren);
+///     constexpr auto kClockAttributes = attributes<Clock>(
+///         required<&Clock::name>("name", "Name of the clock."), optional<&Clock::id>("id", "Its number."));
+///     constexpr auto kClock = element(kClockAttributes);
+///     constexpr auto kClocksChildren = children<Clocks>(many<&Clocks::clocks>("clock", kClock, "A clock."));
+///     constexpr auto kClocks = element(kClocksChildren);
 ///     constexpr auto kDocument = document("", "", "clocks", kClocks);
 namespace xml {
 
