@@ -89,7 +89,8 @@ bool isBlank(std::string_view text) {
 
 /// Equality without a look at the whole of `name` first: most comparisons differ in the first letter.
 bool isCalled(std::string_view local, const char* name) {
-    return std::strncmp(name, local.data(), local.size()) == 0 && name[local.size()] == '\0';
+    return !local.empty() && *name == local.front() && std::strncmp(name, local.data(), local.size()) == 0 &&
+           name[local.size()] == '\0';
 }
 
 /// The parser would guess the order of the bytes.
@@ -314,12 +315,10 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
 }
 
 void Reader::push_(const char* name, const Element& element, void* record, std::size_t scopes) {
-    Frame frame{name, &element, record, scopes, {}};
-    if (element.alternatives.empty()) {
-        frame.rows = element.children;
-        frame.rowsRecord = record;
-    }
-    frames_.push_back(frame);
+    Frame& frame = frames_.emplace_back(Frame{name, &element, record, scopes, {}});
+    if (!element.alternatives.empty()) return;
+    frame.rows = element.children;
+    frame.rowsRecord = record;
 }
 
 /// The row for the next child, or null after a fault. A child that leaves out one before it is reported once and
@@ -428,9 +427,9 @@ void Reader::readAttributes_(const char** attributes) {
 void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next) {
     const std::span<const Attribute> rows = frame.element->attributes;
     for (std::size_t i = 0; ours_(name) && i < rows.size(); ++i) {
-        const Attribute& row = rows[(next + i) % rows.size()];
+        if (next == rows.size()) next = 0;
+        const Attribute& row = rows[next++];
         if (!isCalled(name.local, row.name)) continue;
-        next = (next + i + 1) % rows.size();
         void* attr = row.member(frame.record);
         if (row.type->isSet(attr) || isFaulty_(row)) {
             fail_(fault::kRepeatedAttribute, frame.name,

@@ -15,11 +15,6 @@ constexpr std::string_view kDeclaration = "xmlns";
 
 }  // namespace
 
-bool Scopes::isDeclaration(std::string_view attribute) {
-    return attribute.starts_with(kDeclaration) &&
-           (attribute.size() == kDeclaration.size() || attribute[kDeclaration.size()] == ':');
-}
-
 std::string Scopes::declare(std::string_view attribute, std::string_view uri) {
     const bool isDefault = attribute == kDeclaration;
     const std::string_view prefix = isDefault ? std::string_view() : attribute.substr(kDeclaration.size() + 1);

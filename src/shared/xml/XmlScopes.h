@@ -1,4 +1,5 @@
 #pragma once
+#include <cstring>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,7 +26,11 @@ public:
     /// `formatUri` is the one that counts as `Space::format`; empty for a format in no namespace.
     explicit Scopes(std::string_view formatUri) : formatUri_(formatUri) {}
 
-    static bool isDeclaration(std::string_view attribute);
+    /// Whether the name of an attribute is "xmlns", or begins with "xmlns:".
+    static bool isDeclaration(const char* attribute) {
+        return *attribute == 'x' && std::strncmp(attribute, "xmlns", 5) == 0 &&
+               (attribute[5] == '\0' || attribute[5] == ':');
+    }
     /// Adds a declaration of the tag that is being read. Empty, or what is wrong with it.
     std::string declare(std::string_view attribute, std::string_view uri);
     std::size_t size() const { return bindings_.size(); }
