@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "readers/CfaXml.h"
 #include "readers/Hpfm.h"
+#include "support/CfaXml.h"
 #include "support/Scratch.h"
 #include "zip/ZipBuilder.h"
 

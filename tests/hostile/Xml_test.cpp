@@ -5,7 +5,7 @@
 #include <string>
 
 #include "hostile/Trial.h"
-#include "readers/CfaXml.h"
+#include "support/CfaXml.h"
 #include "support/Platforms.h"
 #include "zip/ZipBuilder.h"
 

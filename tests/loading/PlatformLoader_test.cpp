@@ -10,7 +10,7 @@
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/JSONWriter.h"
-#include "readers/CfaXml.h"
+#include "support/CfaXml.h"
 #include "support/Platforms.h"
 
 namespace {

@@ -14,8 +14,8 @@
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/JSONWriter.h"
 #include "readers/CfaArchive.h"
-#include "readers/CfaXml.h"
 #include "readers/Hpfm.h"
+#include "support/CfaXml.h"
 #include "util/HUTEnv.h"
 
 namespace {
