@@ -26,9 +26,12 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
             const std::string place = archive + (difference.member.empty() ? "" : "!" + difference.member);
             lines += HSTStringUtils::printable(place + ": " + difference.text) + " [" + reason + "]\n";
         }
-        const bool lacksDigest = requireDigest && found.digest == HUTZip::DigestState::none;
-        const bool good = found.isSound() && found.digest != HUTZip::DigestState::broken && !lacksDigest;
-        lines += HSTStringUtils::printable(archive) + ": " + (good ? "good" : "differs") +
+        const bool same = found.isSound() && found.digest != HUTZip::DigestState::broken;
+        const bool good = same && !(requireDigest && found.digest == HUTZip::DigestState::none);
+        lines += HSTStringUtils::printable(archive) + ": " +
+                 (good   ? "good"
+                  : same ? "not stamped"
+                         : "differs") +
                  ", digest: " + stateName(found.digest) + "\n";
         records.add({{"archive", archive},
                      {"good", good},
