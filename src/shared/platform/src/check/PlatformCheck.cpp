@@ -11,6 +11,7 @@
 #include "check/MetadataCheck.h"
 #include "check/XmlCheck.h"
 #include "msg/HEXAll.h"
+#include "platform/HTEQEmulations.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
@@ -45,7 +46,7 @@ void checkMetadata(const Source& source, PlatformMember member, bool ofChild, co
     if (isXmlMember(member))
         check::checkXmlMetadata(source, &members, findings);
     else
-        check::checkJsonMetadata(source, &members, ofChild ? "hw_emu" : "", findings);
+        check::checkJsonMetadata(source, &members, ofChild ? HTEQEmulations::getEmuDirName() : "", findings);
     findings.append(members.takeFindings());
 }
 

@@ -5,10 +5,12 @@
 #include <string_view>
 
 #include "archive/PlatformMembers.h"
+#include "archive/Request.h"
+#include "hardware/PlatformFiles.h"
 #include "msg/Capture.h"
 #include "msg/ShortId.h"
+#include "platform/HTEQEmulations.h"
 #include "util/HUTFile.h"
-#include "zip/Archive.h"
 
 namespace loading {
 namespace {
@@ -84,7 +86,8 @@ FileProblem xmlMemberProblem(const ComMsgMgrInstance& message) {
     problem.column = takeColumn(problem.text);
     const std::string& path = message.args.at(1);
     std::size_t slash = path.rfind('/');
-    if (path.substr(0, slash).ends_with("/hw_emu")) slash -= std::string_view("/hw_emu").size();
+    const std::string emulation = "/" + HTEQEmulations::getEmuDirName();
+    if (path.substr(0, slash).ends_with(emulation)) slash -= emulation.size();
     problem.file = path.substr(0, slash);
     problem.member = path.substr(slash + 1);
     return problem;
@@ -111,7 +114,7 @@ bool isArchive(const std::string& file) { return file.ends_with(".lfa") || file.
 FileProblem whyNoMetadata(const std::string& file, HwMetadataMode mode) {
     using archive::PlatformMember;
     try {
-        const zip::Archive archive(file);
+        archive::open(file);
     } catch (const HEXFileFault& e) {
         return e.problem();
     }
@@ -122,14 +125,6 @@ FileProblem whyNoMetadata(const std::string& file, HwMetadataMode mode) {
     if (mode == HwMetadataMode::Default)
         names = name(PlatformMember::json) + ", " + name(PlatformMember::altJson) + " or " + names;
     return {.file = file, .text = "the archive has no metadata member " + names};
-}
-
-bool hasMember(const std::string& file, const std::string& member) {
-    try {
-        return zip::Archive(file).find(member) != nullptr;
-    } catch (const HEXFileFault&) {
-        return false;
-    }
 }
 
 /// Readers tell any exception as the fault of a file.
@@ -156,7 +151,7 @@ FileProblem loadFault(const std::string& file, const std::string& hardwareFile, 
     const std::string archive = isArchive(file) ? file : hardwareFile;
     const bool nothingSaid = first.id == "74-60" && first.text.starts_with("Failed to parse Hardware");
     if (nothingSaid && isArchive(archive) && HUTFile::exists(archive)) return whyNoMetadata(archive, mode);
-    const bool noXml = first.id == "74-62" && !hasMember(first.file, first.member);
+    const bool noXml = first.id == "74-62" && !hardware::hasMember(first.file, first.member);
     return noXml ? whyNoMetadata(first.file, mode) : first;
 }
 
