@@ -26,7 +26,7 @@ public:
     /// bytes) and what is not UTF-8 is shown as "\xNN".
     static std::string printable(std::string_view text);
     /// The same of the first 60 bytes, with "..." behind them when there are more.
-    static std::string excerpt(std::string_view text);
+    static std::string excerpt(std::string_view text, std::size_t longest = 60);
 
     /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed,
     /// what follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the

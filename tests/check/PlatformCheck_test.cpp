@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "records/Documents.h"
+#include "support/CfaXml.h"
 #include "support/Platforms.h"
 #include "support/Scratch.h"
 
@@ -146,6 +147,20 @@ TEST(PlatformCheck, ChecksOlderMetadata) {
                      "cfa.xml:9:17: Memory [uncounted-memory]", "cfa.xml:10:14: Device [refused-value]",
                      "cfa.xml:13:7: File [missing-member]", "cfa.xml:14:7: File [missing-emulation-member]",
                      "cfa.xml:15:5: FeatureRom [refused-value]"}));
+}
+
+TEST(PlatformCheck, TellsWhatLoadsButCannotBeWritten) {
+    const std::string before = R"({"designIpInstances": [{}, {"configuration": )";
+    EXPECT_EQ(foundIn({{"lfa.json", before + R"({"a.b.c": 1, "a": 2, "ab": 3, "d": "", "d.e": 4, ".f": 5}}]})"}}),
+              Lines({"lfa.json:1:56: designIpInstances[1].configuration [clashing-parameter]"}));
+    std::string deep;
+    for (int i = 0; i < 64; ++i) deep += "a.";
+    const std::string parameters =
+        "<Parameter Name='a.b.c' Value=''/>\n<Parameter Name='a' Value='2'/>\n<Parameter Name='" + deep +
+        "' Value=''/>";
+    EXPECT_EQ(foundIn({{"cfa.xml", with(kCfaXml, R"(<Parameter Name="k1" Value="kv"/>)", parameters)}, {"f1", ""}},
+                      "x.cfa"),
+              Lines({"cfa.xml:17:11: Parameter [clashing-parameter]", "cfa.xml:19:1: Parameter [refused-value]"}));
 }
 
 TEST(PlatformCheck, FollowsADescriptorToItsFiles) {

@@ -93,11 +93,10 @@ std::string HSTStringUtils::printable(std::string_view text) {
     return result;
 }
 
-std::string HSTStringUtils::excerpt(std::string_view text) {
-    constexpr std::size_t kLongest = 60;
-    const bool cut = text.size() > kLongest;
+std::string HSTStringUtils::excerpt(std::string_view text, std::size_t longest) {
+    const bool cut = text.size() > longest;
     if (cut) {
-        std::size_t end = kLongest;
+        std::size_t end = longest;
         while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not inside a character
         text = text.substr(0, end);
     }

@@ -275,6 +275,15 @@ constexpr CheckExplanation kExplanations[] = {
 )",
      R"({"devices": [{"fpgaPart": "tzvirtu:tzu77:fsq2892:-2L", "core": {}}]}
 )"},
+    {kClashingParameter, error,
+     "The name of an IP's parameter begins with the name of another one and a dot, and the other has a value. The "
+     "dots "
+     "of a name are levels of the document, so no document can hold both: the platform loads, but cannot be written.",
+     "Give one of them another name.", "lfa.json",
+     R"({"designIpInstances": [{"configuration": {"CLK": "100", "CLK.JITTER": "5"}}]}
+)",
+     R"({"designIpInstances": [{"configuration": {"CLK.FREQ": "100", "CLK.JITTER": "5"}}]}
+)"},
     {kMissingFile, error, "A descriptor names a file that is not there. Paths are relative to the descriptor.",
      "Correct path and name, or put the file there.", "sample.zdf",
      R"(== sample.zdf

@@ -16,6 +16,7 @@ inline constexpr char kNotJson[] = "not-json";
 inline constexpr char kWrongShape[] = "wrong-shape";
 inline constexpr char kMissingKey[] = "missing-key";
 inline constexpr char kRefusedValue[] = "refused-value";
+inline constexpr char kClashingParameter[] = "clashing-parameter";
 inline constexpr char kNotANumber[] = "not-a-number";
 inline constexpr char kNotAFlag[] = "not-a-flag";
 inline constexpr char kMissingFile[] = "missing-file";

@@ -4,6 +4,7 @@
 #include "check/JsonCheck.h"
 #include "check/MemorySizes.h"
 #include "check/MetadataCheck.h"
+#include "check/ParameterPaths.h"
 #include "hardware/HardwareKeys.h"
 #include "text/HSTStringUtils.h"
 #include "xml/XmlException.h"
@@ -68,6 +69,19 @@ void checkMemories(JsonCheck& check, const ptree& document) {
     });
 }
 
+void checkParameters(JsonCheck& check, const ptree& document) {
+    forEachItem(document, "designIpInstances", [&](const ptree& ip, const Path& path) {
+        const auto configuration = ip.find("configuration");
+        if (configuration == ip.not_found()) return;
+        std::map<std::string, std::string> parameters;
+        for (const auto& [name, value] : configuration->second) parameters.emplace(name, value.data());
+        const Path at{&path, "configuration"};
+        for (const auto& [name, value] : configuration->second)
+            if (const std::string fault = pathFault(name, parameters); !fault.empty())
+                check.add(kClashingParameter, value, at, fault);
+    });
+}
+
 void checkFiles(JsonCheck& check, const ptree& document, ArchiveMembers& members, const std::string& directory) {
     forEachItem(document, "files", [&](const ptree& file, const Path& path) {
         if (const auto fault = members.checkListed(textAt(file, "type"), textAt(file, "name"), directory))
@@ -102,6 +116,7 @@ void checkJsonMetadata(const Source& source, ArchiveMembers* members, const std:
         check.checkShapes(shapesOfMetadata(members && directory.empty() && members->hasValidHpfm()));
         checkClocks(check, *document);
         checkMemories(check, *document);
+        checkParameters(check, *document);
     }
     check.report(findings);
 }

@@ -1,12 +1,12 @@
 #include <fmt/core.h>
 
-#include <set>
-
 #include "check/ArchiveMembers.h"
 #include "check/MemorySizes.h"
 #include "check/MetadataCheck.h"
+#include "check/ParameterPaths.h"
 #include "check/ValidXml.h"
 #include "platform/HPLDevice.h"
+#include "platform/HTEQDesignIPInstance.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "records/TEQCfaXmlLMX.h"
 #include "text/HSTStringUtils.h"
@@ -34,7 +34,7 @@ void checkValue(Document& document, const char* element, const void* at, Give gi
     try {
         give();
     } catch (const std::exception& e) {
-        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what()));
+        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what(), 200));
     }
 }
 
@@ -45,16 +45,19 @@ void checkValues(Document& document) {
     if (cfa.featureRom)
         checkValue(document, "FeatureRom", &*cfa.featureRom,
                    [&] { HTEQHardwareFeatureRom().setUUID(cfa.featureRom->UUID.get()); });
-    if (!cfa.designIPs) return;
-    for (const auto& ip : cfa.designIPs->ips) {
-        if (!ip.configuration) continue;
-        std::set<std::string_view> names;
-        for (const auto& parameter : ip.configuration->parameters)
-            if (!names.insert(parameter.Name.get()).second)
-                document.add(kRefusedValue, "Parameter", &parameter,
-                             fmt::format("a parameter before has the name \"{}\" too",
-                                         HSTStringUtils::excerpt(parameter.Name.get())));
-    }
+}
+
+void checkParameters(Document& document, const BasePlatform::Configuration& configuration) {
+    HTEQDesignIPInstance ip;
+    for (const auto& parameter : configuration.parameters)
+        checkValue(document, "Parameter", &parameter,
+                   [&] { ip.addConfigParam(parameter.Name.get(), parameter.Value.get()); });
+    std::map<std::string, std::string> parameters;
+    ip.getConfigParamMap(parameters);
+    for (const auto& parameter : configuration.parameters)
+        if (parameters.contains(parameter.Name.get()))
+            if (const std::string fault = pathFault(parameter.Name.get(), parameters); !fault.empty())
+                document.add(kClashingParameter, "Parameter", &parameter, fault);
 }
 
 }  // namespace
@@ -65,6 +68,9 @@ void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& f
     const BasePlatform::CFA& cfa = document.record.cfa;
     checkVersion(document);
     checkValues(document);
+    if (cfa.designIPs)
+        for (const auto& ip : cfa.designIPs->ips)
+            if (ip.configuration) checkParameters(document, *ip.configuration);
     if (cfa.board.memories)
         for (const auto& memory : cfa.board.memories->memories)
             if (const std::string fault = sizeFault(memory.Size.get()); !fault.empty())
