@@ -18,7 +18,7 @@ struct CheckFinding {
     Severity severity = Severity::error;
     const char* name = "";  ///< stays the same whatever the words become; a row of `PlatformCheck::explanations`
     std::string element;    ///< name of the element, path of the JSON value ("devices[0].core"); may be empty
-    std::string text;       ///< what stands there and what is allowed, in one line
+    std::string text;       ///< what stands there and what is allowed: printable, in one line
 };
 
 /// What a name means, with a bad and a good sample. Of what the samples are: see `file`.

@@ -5,8 +5,9 @@
  * object is put there, to be given back through zr_error_free; on success NULL is. Results behind pointers are NULL
  * or untouched on failure. No C++ exception leaves any function, and none stops the process for want of memory.
  *
- * Texts. Paths, names and texts are UTF-8 and end in NUL. What comes from a file is a stranger's text: escape it
- * before a terminal sees it. A `const char*` that is returned is never NULL (but where it is said), may be "", and
+ * Texts. Paths, names and texts are UTF-8 and end in NUL. The words of errors, findings, differences and messages are
+ * one line, in which control characters and what is no UTF-8 stand as "\x0a". All else that comes from a file is a
+ * stranger's text as it is: escape it before a terminal sees it. A `const char*` that is returned is never NULL (but where it is said), may be "", and
  * lives as long as the object that it was asked of.
  *
  * Ownership. Each object has one function that frees it, which takes NULL too. Objects do not depend on each other
@@ -104,8 +105,8 @@ typedef struct zr_options {
     size_t size;
     uint32_t metadata; /* a zr_metadata */
     uint32_t reserved; /* 0 */
-    uint64_t
-        max_unpacked; /* bytes that one call may unpack of archives; 0 and the most: 1 GiB. Verifying has no limit. */
+    /* Bytes that one call may unpack of archives; 0 and the most: 1 GiB. Verifying has no limit. */
+    uint64_t max_unpacked;
 } zr_options;
 
 /* Comes out. */

@@ -60,7 +60,7 @@ public:
     struct Difference {
         std::string member;  ///< a stranger's text; empty when it cannot be told which one
         Reason reason = Reason::crc;
-        std::string text;  ///< for people
+        std::string text;  ///< for people: printable, in one line
     };
     struct Verification {
         DigestState digest = DigestState::none;

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "text/HSTStringUtils.h"
 #include "zip/ArchiveError.h"
 #include "zip/Digest.h"
 #include "zip/ExtraFields.h"
@@ -35,7 +36,7 @@ public:
 
 private:
     void add(std::string_view member, Reason reason, std::string text) {
-        report_.differences.push_back({std::string(member), reason, std::move(text)});
+        report_.differences.push_back({std::string(member), reason, HSTStringUtils::printable(text)});
     }
 
     void checkBytes(const Member& member) {

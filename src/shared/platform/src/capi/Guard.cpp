@@ -8,6 +8,7 @@
 #include <new>
 
 #include "platform/PlatformParseException.h"
+#include "text/HSTStringUtils.h"
 
 /// Views only, so that the one for want of memory needs none.
 struct zr_error {
@@ -26,11 +27,12 @@ constexpr zr_error noMemory{ZR_NO_MEMORY, "out of memory", "", "", "", 0, 0};
 
 struct OwnedError : zr_error {
     OwnedError(zr_code code, FileProblem&& from) : zr_error{}, problem(std::move(from)) {
+        problem.text = HSTStringUtils::printable(problem.text);
         static_cast<zr_error&>(*this) = {
             code,         problem.text.c_str(), problem.file.c_str(), problem.member.c_str(), problem.id.c_str(),
             problem.line, problem.column};
     }
-    const FileProblem problem;
+    FileProblem problem;
 };
 
 /// The words of an exception, and of the ones that are nested in it.

@@ -13,6 +13,7 @@
 #include "platform/HTEQCfaXmlWriter.h"
 #include "platform/JSONWriter.h"
 #include "platform/PlatformLoader.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/OutputBudget.h"
 
@@ -87,7 +88,8 @@ zr_code zr_set_message_function(zr_message_function function, void* user, zr_err
         if (!function) return ComMsgMgr::setSink(nullptr);
         ComMsgMgr::setSink([function, user](const ComMsgMgrInstance& message) {
             const std::string id(msg::shortId(message.id));
-            const zr_message given{sizeof(zr_message), id.c_str(), message.text.c_str(),
+            const std::string text = HSTStringUtils::printable(message.text);
+            const zr_message given{sizeof(zr_message), id.c_str(), text.c_str(),
                                    static_cast<std::uint32_t>(message.mask), 0};
             function(user, &given);
         });

@@ -2,6 +2,8 @@
 
 #include <iterator>
 
+#include "text/HSTStringUtils.h"
+
 namespace check {
 
 void Findings::add(const char* name, const std::string& file, const std::string& member, std::string text) {
@@ -15,6 +17,7 @@ void Findings::add(const char* name, const std::string& file, const std::string&
 
 void Findings::add(CheckFinding finding) {
     finding.severity = teq_platform::PlatformCheck::explain(finding.name)->severity;
+    finding.text = HSTStringUtils::printable(finding.text);
     list_.push_back(std::move(finding));
 }
 
