@@ -209,6 +209,7 @@ TEST(PlatformCheck, TellsAFilesKindByNameAndContent) {
         {"a", " [1]", "wrong-shape"},
         {"a.json", "", "not-json"},
         {"a.xml", "", "not-well-formed"},
+        {"a.zdf", "{\"featureRoms\": [{}]}", "not-well-formed"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.name) + ": " + c.text.substr(0, 80));

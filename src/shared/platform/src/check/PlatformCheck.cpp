@@ -83,8 +83,11 @@ std::optional<Source> textOf(const std::string& file, Findings& findings) {
     }
 }
 
+/// Content decides only where the name does not: the loader goes by the name.
 bool isJson(const Source& source) {
-    if (HUTFile::getExt(source.file) == "json") return true;
+    const std::string extension = HUTFile::getExt(source.file);
+    if (extension == "json") return true;
+    if (extension == "xml" || records::findFormat(extension)) return false;
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     const std::string_view text = source.text;
     const auto first = text.find_first_not_of(" \t\r\n", text.starts_with(kMark) ? kMark.size() : 0);
