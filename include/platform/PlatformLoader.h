@@ -36,6 +36,11 @@ public:
     /// `HEXFileNotFoundException` for a descriptor, or an empty path.
     static std::shared_ptr<HTEQPlatform> open(const std::string& file, HwMetadataMode mode);
 
+    /// The whole document of a platform: pretty-printed JSON, every value a text, a line end at the end. `file` is what
+    /// it was loaded from. Throws `HEXFileFault` when an archive's extension metadata is no JSON, and when names of an
+    /// IP's parameters clash, so that no document can hold them.
+    static std::string document(const HTEQPlatform& platform, const std::string& file);
+
     /// @name What the descriptor says, before `load` too; not after a failed `load`
     /// @{
     const std::string& getVersion() const { return platform_->getVersion(); }

@@ -1,23 +1,41 @@
 #include "msg/Capture.h"
 
+#include "msg/ShortId.h"
+
 namespace msg {
+
+namespace {
+
+/// Of the message that is being sent; null when it tells all that there is to tell.
+thread_local const FileProblem* known = nullptr;
+
+}  // namespace
 
 thread_local Capture* Capture::innermost = nullptr;
 
-void Capture::take(const ComMsgMgrInstance& message) {
-    constexpr std::size_t kMost = 100;
-    for (Capture* at = innermost; at; at = at->outer_)
-        if (at->messages_.size() < kMost) at->messages_.push_back(message);
+void Capture::send(const ComMsgMgrInstance& message, const FileProblem& problem) {
+    const struct Known {
+        explicit Known(const FileProblem* problem) { known = problem; }
+        ~Known() { known = nullptr; }
+        Known(const Known&) = delete;
+        Known& operator=(const Known&) = delete;
+    } whileSent(&problem);
+    ComMsgMgr::send(message);
 }
 
-bool Capture::takeWords(std::string_view words) {
-    constexpr std::size_t kMost = 1024UL * 1024;
-    bool isPrinted = true;
+void Capture::take(const ComMsgMgrInstance& message) {
+    constexpr std::size_t kMost = 100;
     for (Capture* at = innermost; at; at = at->outer_) {
-        at->printed_ += words.substr(0, kMost - at->printed_.size());
-        isPrinted = isPrinted && at->words_ == Words::print;
+        if (at->problems_.size() == kMost) continue;
+        at->problems_.push_back(known ? *known : FileProblem{.text = message.text});
+        at->problems_.back().id = shortId(message.id);
     }
-    return isPrinted;
+}
+
+bool Capture::printsWords() {
+    for (const Capture* at = innermost; at; at = at->outer_)
+        if (at->words_ == Words::drop) return false;
+    return true;
 }
 
 }  // namespace msg

@@ -8,6 +8,7 @@
 #include <new>
 
 #include "platform/PlatformParseException.h"
+#include "readers/Problem.h"
 #include "text/HSTStringUtils.h"
 
 /// Views only, so that the one for want of memory needs none.
@@ -68,7 +69,7 @@ Failure caught(const char* file) {
     } catch (const teq_platform::PlatformParseException& e) {
         return plain(ZR_BAD_INPUT, e);
     } catch (const boost::property_tree::ptree_error& e) {
-        return plain(ZR_BAD_INPUT, e);
+        return {ZR_BAD_INPUT, readers::problemOf(e, file ? file : "")};
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& e) {

@@ -27,7 +27,7 @@ template <class Body>
 zr_code guarded(zr_error** error, const char* file, Body body) noexcept {
     if (error) *error = nullptr;
     try {
-        const msg::Capture said(msg::Capture::Words::keep);
+        const msg::Capture said(msg::Capture::Words::drop);
         body();
         return ZR_OK;
     } catch (...) {

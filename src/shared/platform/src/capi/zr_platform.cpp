@@ -19,6 +19,7 @@
 
 using namespace capi;
 using teq_platform::JSONObjectWriter;
+using teq_platform::PlatformLoader;
 
 namespace {
 
@@ -110,7 +111,7 @@ zr_code zr_platform_load(const char* file, const zr_options* options, zr_platfor
         made->options = readOptions(options);
         if (!HUTFile::exists(made->file)) notFound(made->file, "no such file");
         const archive::Request request(made->options.budget);
-        made->loaded = teq_platform::PlatformLoader::open(made->file, made->options.mode);
+        made->loaded = PlatformLoader::open(made->file, made->options.mode);
         made->fields = fieldsOf(*made->loaded);
         *platform = made.release();
     });
@@ -137,11 +138,8 @@ zr_code giveOf(const zr_platform* platform, zr_text** text, zr_error** error, Ma
 }  // namespace
 
 zr_code zr_platform_document(const zr_platform* platform, zr_text** document, zr_error** error) noexcept {
-    return giveOf(platform, document, error, [](const HTEQPlatform& loaded) {
-        JSONObjectWriter writer;
-        writer.writeObject(loaded);
-        return json::write(writer.getTree());
-    });
+    return giveOf(platform, document, error,
+                  [&](const HTEQPlatform& loaded) { return PlatformLoader::document(loaded, platform->file); });
 }
 
 zr_code zr_platform_short_document(const zr_platform* platform, zr_text** document, zr_error** error) noexcept {

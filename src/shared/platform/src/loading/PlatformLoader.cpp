@@ -1,8 +1,10 @@
 #include "platform/PlatformLoader.h"
 
+#include <boost/property_tree/json_parser.hpp>
 #include <filesystem>
 
 #include "archive/Request.h"
+#include "json/JsonText.h"
 #include "loading/ArchiveRoad.h"
 #include "loading/LoadFault.h"
 #include "msg/Capture.h"
@@ -11,6 +13,8 @@
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
+#include "platform/JSONWriter.h"
+#include "readers/Problem.h"
 #include "util/HUTFile.h"
 
 namespace teq_platform {
@@ -63,7 +67,7 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::load() {
     try {
         attachAll();
     } catch (const PlatformParseException& e) {
-        ComMsgMgr::sendMsg("@74-60@%s", e.what());
+        msg::Capture::send(ComMsgMgr::make("@74-60@%s", e.what()), {.text = e.what()});
         platform_.reset();
         return nullptr;
     }
@@ -84,6 +88,19 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::open(const std::string& file, HwMe
         throw HEXFileFault(loading::readFault(file, said, e.what()));
     }
     throw HEXFileFault(loading::loadFault(file, hardwareFile, mode, said));
+}
+
+std::string PlatformLoader::document(const HTEQPlatform& platform, const std::string& file) {
+    try {
+        JSONObjectWriter writer;
+        writer.writeObject(platform);
+        return json::write(writer.getTree());
+    } catch (const boost::property_tree::json_parser_error& e) {
+        // What is still read now is a member of the hardware archive; otherwise the document could not be written.
+        const HTEQHardwarePlatform* hardware = platform.getHardwarePlatform();
+        throw HEXFileFault(
+            readers::problemOf(e, hardware && !e.filename().empty() ? hardware->getPlatformFile() : file));
+    }
 }
 
 void PlatformLoader::attachAll() {

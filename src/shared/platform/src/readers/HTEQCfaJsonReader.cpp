@@ -9,13 +9,14 @@
 #include "archive/Request.h"
 #include "hardware/HardwareKeys.h"
 #include "json/JsonFile.h"
-#include "msg/ComMsgMgr.h"
+#include "msg/Capture.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQEmulationJsonReader.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHpfmReader.h"
+#include "readers/Problem.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 
@@ -118,7 +119,8 @@ bool HTEQCfaJsonReader::parseMember(const std::string& member) {
     try {
         return parseJsonString(source_->read(member).value_or(""));
     } catch (const std::exception& e) {
-        ComMsgMgr::sendMsg("@74-64@%s%s%s", member, archive_, e.what());
+        msg::Capture::send(ComMsgMgr::make("@74-64@%s%s%s", member, archive_, e.what()),
+                           readers::problemOf(e, archive_, member));
     } catch (...) {
         ComMsgMgr::sendMsg("@74-63@%s%s", member, archive_);
     }

@@ -4,6 +4,7 @@
 
 #include "archive/Request.h"
 #include "hardware/RomNames.h"
+#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
@@ -11,6 +12,7 @@
 #include "platform/HTEQHpfmReader.h"
 #include "readers/CfaXmlTexts.h"
 #include "readers/Printed.h"
+#include "readers/Problem.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -69,9 +71,12 @@ bool HTEQCfaXmlReader::withRoot_(Use use) {
         member = platform_->getXmlFileName();
         return use(xml::read(BasePlatform::kDocument, textOf_(member), archive_ + "!" + member));
     } catch (const xml::Exception& e) {
-        ComMsgMgr::sendMsg("@74-62@%s%s%d", e.what(), archive_ + HUTFile::getDirSeparator() + member, e.line());
+        msg::Capture::send(
+            ComMsgMgr::make("@74-62@%s%s%d", e.what(), archive_ + HUTFile::getDirSeparator() + member, e.line()),
+            readers::problemOf(e, archive_, member));
     } catch (const std::exception& e) {
-        ComMsgMgr::sendMsg("@74-65@%s%s%s", member, archive_, e.what());
+        msg::Capture::send(ComMsgMgr::make("@74-65@%s%s%s", member, archive_, e.what()),
+                           readers::problemOf(e, archive_, member));
     }
     return false;
 }

@@ -1,17 +1,19 @@
 #include "platform/HTEQEmulationXMLReader.h"
 
+#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQEmulations.h"
 #include "readers/ArchiveMember.h"
+#include "readers/Problem.h"
 #include "records/TEQEmulationLMX.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 
 namespace {
 
-[[noreturn]] void report(const xml::Exception& e) {
+[[noreturn]] void report(const xml::Exception& e, const std::string& file, const std::string& member = "") {
     HXMLException error(e.describe());
-    ComMsgMgr::send(error.message());
+    msg::Capture::send(error.message(), readers::problemOf(e, file, member));
     throw error;
 }
 
@@ -26,7 +28,7 @@ void HTEQEmulationXMLReader::parseXml() {
     try {
         parseRoot_(xml::readFile(TEQEmulation::kDocument, file_));
     } catch (const xml::Exception& e) {
-        report(e);
+        report(e, file_);
     }
 }
 
@@ -37,7 +39,7 @@ void HTEQEmulationXMLReader::parseFromCfa(const std::string& archive, const std:
         const TEQEmulation::Root root = xml::read(TEQEmulation::kDocument, text, archive + "!" + member);
         HTEQEmulationXMLReader(emulations).parseRoot_(root);
     } catch (const xml::Exception& e) {
-        report(e);
+        report(e, archive, member);
     }
 }
 

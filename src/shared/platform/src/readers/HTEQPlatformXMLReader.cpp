@@ -4,10 +4,12 @@
 
 #include <memory>
 
+#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "readers/Printed.h"
+#include "readers/Problem.h"
 #include "readers/Saturated.h"
 #include "records/TEQPlatformLMX.h"
 #include "util/HUTFile.h"
@@ -27,7 +29,7 @@ bool HTEQPlatformXMLReader::parseFile() {
     } catch (const xml::Exception& e) {
         errorMsg_ = fmt::format("Error parsing platform file: {}\nLine number:{}. {}\n", file_, e.line(), e.what());
         readers::print(errorMsg_);
-        ComMsgMgr::sendMsg("@74-9@%s", file_, e.line());
+        msg::Capture::send(ComMsgMgr::make("@74-9@%s", file_, e.line()), readers::problemOf(e, file_));
         return false;
     }
 }

@@ -2,12 +2,14 @@
 
 #include <fmt/core.h>
 
+#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
 #include "readers/Printed.h"
+#include "readers/Problem.h"
 #include "records/TEQSoftwarePlatformLMX.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
@@ -27,7 +29,7 @@ bool HTEQSoftwarePlatformXMLReader::parseFile() {
         errorMsg_ =
             fmt::format("Error parsing software platform file: {}\nLine number:{}. {}", file_, e.line(), e.what());
         readers::print(errorMsg_ + "\n");
-        ComMsgMgr::sendMsg("@74-51@%s%d", file_, e.line());
+        msg::Capture::send(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), readers::problemOf(e, file_));
         return false;
     }
 }

@@ -9,7 +9,7 @@ namespace readers {
 
 /// Prints lines that name files of strangers: nothing in them reaches a terminal as an order.
 inline void print(std::string_view lines) {
-    if (!msg::Capture::takeWords(lines)) return;
+    if (!msg::Capture::printsWords()) return;
     while (!lines.empty()) {
         const auto end = lines.find('\n');
         std::cout << HSTStringUtils::printable(lines.substr(0, end));
