@@ -79,7 +79,8 @@ TEST_F(Wrapper, TellsThePlaceInEveryMember) {
          "<Root VersionMajor='1'\n VersionMinor='0'><x/></Root>", "!other:2:19: ", "<x> stands in <Root>"},
         {R"({"files": [{"name": "other", "type": "META_JSON"}]})", "{\n \"a\": [}", "!other:2:8: ", "no valid JSON"},
         {R"x({"tilHardware": {"arch": "x(7): y (column 3)"}})x", "", "!lfa.json: ", "x(7): y (column 3)"},
-        {R"({"designIpInstances": [{"configuration": {"a": "1", "a.b": "2"}}]})", "", ": ", "\"a\" has a value"},
+        {R"x({"designIpInstances": [{"configuration": {"a (column 3)": "1", "a (column 3).b": "2"}}]})x", "", ": ",
+         "\"a (column 3)\" has a value"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.metadata);

@@ -1,10 +1,9 @@
 #include "platform/MetadataLosses.h"
 
 #include "archive/Request.h"
+#include "hardware/PlatformText.h"
 #include "json/JsonChanges.h"
-#include "json/JsonText.h"
 #include "platform/HPLPlatform.h"
-#include "platform/JSONWriter.h"
 
 namespace teq_platform {
 
@@ -17,11 +16,10 @@ HSTVector<std::string> MetadataLosses::find(const HPLPlatform& platform, const s
     if (!before)
         return {"the metadata is XML only: a new member " + member + " would be read in the place of " +
                 platform.getXmlFileName()};
-    JSONObjectWriter writer;
-    writer.writeObject(platform);
-    if (!platform.writesPlatformFile()) writer.getTree().erase("platformFile");
-    HSTVector<std::string> found = json::lostOrChanged(*before, json::write(writer.getTree()));
-    if (!platform.writesPlatformFile())
+    const bool writesFile = platform.writesPlatformFile();
+    HSTVector<std::string> found = json::lostOrChanged(
+        *before, hardware::textOf(platform, &platform, archive, writesFile ? "" : "platformFile"));
+    if (!writesFile)
         std::erase_if(found, [](const std::string& change) { return change.starts_with("platformFile: "); });
     return found;
 }

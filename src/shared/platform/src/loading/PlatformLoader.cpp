@@ -1,10 +1,9 @@
 #include "platform/PlatformLoader.h"
 
-#include <boost/property_tree/json_parser.hpp>
 #include <filesystem>
 
 #include "archive/Request.h"
-#include "json/JsonText.h"
+#include "hardware/PlatformText.h"
 #include "loading/ArchiveRoad.h"
 #include "loading/LoadFault.h"
 #include "msg/Capture.h"
@@ -13,8 +12,6 @@
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
-#include "platform/JSONWriter.h"
-#include "readers/Problem.h"
 #include "util/HUTFile.h"
 
 namespace teq_platform {
@@ -91,16 +88,7 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::open(const std::string& file, HwMe
 }
 
 std::string PlatformLoader::document(const HTEQPlatform& platform, const std::string& file) {
-    try {
-        JSONObjectWriter writer;
-        writer.writeObject(platform);
-        return json::write(writer.getTree());
-    } catch (const boost::property_tree::json_parser_error& e) {
-        // What is still read now is a member of the hardware archive; otherwise the document could not be written.
-        const HTEQHardwarePlatform* hardware = platform.getHardwarePlatform();
-        throw HEXFileFault(
-            readers::problemOf(e, hardware && !e.filename().empty() ? hardware->getPlatformFile() : file));
-    }
+    return hardware::textOf(platform, platform.getHardwarePlatform(), file);
 }
 
 void PlatformLoader::attachAll() {

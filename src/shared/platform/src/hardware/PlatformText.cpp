@@ -1,0 +1,24 @@
+#include "hardware/PlatformText.h"
+
+#include "json/JsonProblem.h"
+#include "json/JsonText.h"
+#include "platform/HTEQHardwarePlatform.h"
+#include "platform/JSONWriter.h"
+
+namespace hardware {
+
+std::string textOf(const teq_platform::JSONSerializable& object, const HTEQHardwarePlatform* hardware,
+                   const std::string& file, const char* without) {
+    try {
+        teq_platform::JSONObjectWriter writer;
+        writer.writeObject(object);
+        writer.getTree().erase(without);
+        return json::write(writer.getTree());
+    } catch (const boost::property_tree::json_parser_error& e) {
+        // What is read only now is a member of the archive.
+        const bool isRead = hardware && !e.filename().empty();
+        throw HEXFileFault(json::problemOf(e, isRead ? hardware->getPlatformFile() : file));
+    }
+}
+
+}  // namespace hardware
