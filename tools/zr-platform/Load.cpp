@@ -5,16 +5,12 @@
 
 using teq_platform::HwMetadataMode;
 
-namespace {
-
 HwMetadataMode modeOf(const Call& call) {
     const std::string mode = call.get("metadata");
     if (mode == "primary") return HwMetadataMode::PrimaryJsonOnly;
     if (mode == "xml") return HwMetadataMode::XmlOnly;
     return HwMetadataMode::Default;
 }
-
-}  // namespace
 
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call) {
     return teq_platform::PlatformLoader::open(file, modeOf(call));

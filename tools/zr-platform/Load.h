@@ -3,8 +3,12 @@
 #include <string>
 
 #include <platform/HTEQPlatform.h>
+#include <platform/HwMetadataMode.h>
 
 #include "Console.h"
+
+/// What --metadata asks for.
+teq_platform::HwMetadataMode modeOf(const Call& call);
 
 /// The platform of `file`, by the metadata that --metadata asks for. Throws what `PlatformLoader::open`
 /// throws.

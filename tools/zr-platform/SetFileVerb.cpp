@@ -1,5 +1,4 @@
-#include <platform/HPLPlatform.h>
-#include <platform/MetadataLosses.h>
+#include <platform/PlatformEdit.h>
 #include <text/HSTStringUtils.h>
 
 #include "Console.h"
@@ -7,19 +6,14 @@
 
 int runSetFile(const Call& call) {
     const std::string& archive = call["ARCHIVE"];
-    const auto loadedPlatform = loaded(archive, call);
-    auto* platform = dynamic_cast<HPLPlatform*>(loadedPlatform->getHardwarePlatform());
-    if (!platform) throw Problem::of(Exit::input, archive, "this is no hardware archive");
-    platform->setWritesPlatformFile(!call.has("strip-paths"));
-    const std::vector<std::string> lost = teq_platform::MetadataLosses::find(*platform, archive);
+    teq_platform::PlatformEdit edit(archive, modeOf(call), call.has("strip-paths"));
     Console& console = Console::take();
-    for (const std::string& change : lost)
+    for (const std::string& change : edit.lost())
         console.words(HSTStringUtils::printable(std::string(archive).append(": ").append(change)));
-    if (!lost.empty() && !call.has("force")) {
+    if (!edit.lost().empty() && !call.has("force")) {
         console.words("nothing was written; --force writes all the same");
         return static_cast<int>(Exit::no);
     }
-    if (call.has("dry-run")) return 0;
-    platform->archiveFile(call["TYPE"], call["MEMBER"], call["SOURCE"]);
+    if (!call.has("dry-run")) edit.setFile(call["TYPE"], call["MEMBER"], call["SOURCE"]);
     return 0;
 }

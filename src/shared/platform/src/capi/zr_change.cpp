@@ -1,11 +1,10 @@
 // Making and changing archives.
+#include <memory>
+
 #include "archive/Request.h"
 #include "capi/Guard.h"
 #include "capi/Handles.h"
-#include "platform/HPLPlatform.h"
-#include "platform/HTEQPlatform.h"
-#include "platform/MetadataLosses.h"
-#include "platform/PlatformLoader.h"
+#include "platform/PlatformEdit.h"
 #include "platform/PlatformPacker.h"
 #include "platform/zr_platform.h"
 #include "util/HUTFile.h"
@@ -24,47 +23,25 @@ zr_code zr_pack(const char* folder, const char* archive, std::uint32_t flags, zr
     });
 }
 
-namespace {
-
-struct SetFile {
-    std::string archive, type, member, source;
-    std::uint32_t flags;
-
-    bool has(zr_flag flag) const { return (flags & flag) != 0; }
-    /// Gives what is lost before it refuses to.
-    void run(const Options& options, zr_text** losses) const {
-        const auto loaded = teq_platform::PlatformLoader::open(archive, options.mode);
-        auto* const platform = dynamic_cast<HPLPlatform*>(loaded->getHardwarePlatform());
-        if (!platform || loaded->isZdf())
-            throw HEXFileFault({.file = archive, .text = "this is no hardware archive"});
-        platform->setWritesPlatformFile(!has(ZR_STRIP_PATHS));
-        std::string lost;
-        for (const std::string& line : teq_platform::MetadataLosses::find(*platform, archive)) lost += line + "\n";
-        const bool isRefused = !lost.empty() && !has(ZR_LOSE_KEYS);
-        if (losses) give(losses, std::move(lost));
-        if (isRefused) refuse(archive, "keys of the metadata would be lost or changed");
-        if (!has(ZR_DRY_RUN)) platform->archiveFile(type, member, source);
-    }
-};
-
-}  // namespace
-
 zr_code zr_set_file(const char* archive, const char* type, const char* member, const char* source,
                     std::uint32_t flags, const zr_options* options, zr_text** losses, zr_error** error) noexcept {
     if (losses) *losses = nullptr;
+    std::unique_ptr<zr_text> lost;
     const zr_code code = guarded(error, archive, [&] {
-        const SetFile change{needText(archive, "archive"), needText(type, "type"), needText(member, "member"),
-                             needText(source, "source"), flags};
+        const std::string path = needText(archive, "archive"), asType = needText(type, "type"),
+                          asMember = needText(member, "member"), from = needText(source, "source");
         checkFlags(flags, ZR_LOSE_KEYS | ZR_STRIP_PATHS | ZR_DRY_RUN);
         const Options taken = readOptions(options);
-        if (!HUTFile::exists(change.archive)) notFound(change.archive, "no such file");
+        if (!HUTFile::exists(path)) notFound(path, "no such file");
         const archive::Request request(taken.budget);
-        change.run(taken, losses);
+        teq_platform::PlatformEdit edit(path, taken.mode, (flags & ZR_STRIP_PATHS) != 0);
+        lost = std::make_unique<zr_text>();
+        for (const std::string& line : edit.lost()) lost->bytes += line + "\n";
+        if (!edit.lost().empty() && (flags & ZR_LOSE_KEYS) == 0)
+            refuse(path, "keys of the metadata would be lost or changed");
+        if ((flags & ZR_DRY_RUN) == 0) edit.setFile(asType, asMember, from);
     });
-    if (losses && code != ZR_OK && code != ZR_REFUSED) {
-        zr_text_free(*losses);
-        *losses = nullptr;
-    }
+    if (losses && (code == ZR_OK || code == ZR_REFUSED)) *losses = lost.release();
     return code;
 }
 

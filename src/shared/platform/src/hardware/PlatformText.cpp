@@ -12,7 +12,7 @@ std::string textOf(const teq_platform::JSONSerializable& object, const HTEQHardw
     try {
         teq_platform::JSONObjectWriter writer;
         writer.writeObject(object);
-        writer.getTree().erase(without);
+        if (without) writer.getTree().erase(without);
         return json::write(writer.getTree());
     } catch (const boost::property_tree::json_parser_error& e) {
         // What is read only now is a member of the archive.

@@ -8,9 +8,9 @@ class HTEQHardwarePlatform;
 
 namespace hardware {
 
-/// The document of `object`, without its key `without`. Throws `HEXFileFault` when `hardware`, which may be null, has
+/// The document of `object`, if wanted without a key. Throws `HEXFileFault` when `hardware`, which may be null, has
 /// extension metadata that is no JSON, or when the document cannot be written: that is the fault of `file`.
 std::string textOf(const teq_platform::JSONSerializable& object, const HTEQHardwarePlatform* hardware,
-                   const std::string& file, const char* without = "");
+                   const std::string& file, const char* without = nullptr);
 
 }  // namespace hardware

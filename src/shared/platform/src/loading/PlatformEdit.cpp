@@ -1,0 +1,49 @@
+#include "platform/PlatformEdit.h"
+
+#include "archive/Request.h"
+#include "hardware/PlatformText.h"
+#include "json/JsonChanges.h"
+#include "msg/HEXFileFault.h"
+#include "platform/HPLPlatform.h"
+#include "platform/PlatformLoader.h"
+
+namespace teq_platform {
+
+namespace {
+
+/// What writing the platform's document would lose or change of the metadata that stands in `archive` now.
+HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& archive) {
+    const std::string member = platform.getJsonFileName(), alternative = platform.getAltJsonFileName();
+    const auto source = archive::open(archive);
+    if (source->contains(alternative))
+        return {"the member " + alternative + " stays as it is, and is read before " + member};
+    const auto before = source->read(member);
+    if (!before)
+        return {"the metadata is XML only: a new member " + member + " would be read in the place of " +
+                platform.getXmlFileName()};
+    const bool writesFile = platform.writesPlatformFile();
+    HSTVector<std::string> found = json::lostOrChanged(
+        *before, hardware::textOf(platform, &platform, archive, writesFile ? nullptr : "platformFile"));
+    if (!writesFile)
+        std::erase_if(found, [](const std::string& change) { return change.starts_with("platformFile: "); });
+    return found;
+}
+
+}  // namespace
+
+PlatformEdit::PlatformEdit(const std::string& archive, HwMetadataMode mode, bool stripPaths) {
+    const archive::Request request;
+    loaded_ = PlatformLoader::open(archive, mode);
+    platform_ = dynamic_cast<HPLPlatform*>(loaded_->getHardwarePlatform());
+    if (!platform_ || loaded_->isZdf()) throw HEXFileFault({.file = archive, .text = "this is no hardware archive"});
+    platform_->setWritesPlatformFile(!stripPaths);
+    lost_ = lossesOf(*platform_, archive);
+}
+
+PlatformEdit::~PlatformEdit() = default;
+
+void PlatformEdit::setFile(const std::string& type, const std::string& member, const std::string& source) {
+    platform_->archiveFile(type, member, source);
+}
+
+}  // namespace teq_platform
