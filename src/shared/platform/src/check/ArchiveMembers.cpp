@@ -28,7 +28,7 @@ std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::stri
         if (checked_.insert(member).second) checkContent_(type, member);
         return std::nullopt;
     }
-    const std::string text = "the archive has no member \"" + HSTStringUtils::excerpt(member) + "\"";
+    const std::string text = "the archive has no member \"" + HSTStringUtils::excerpt(member, kMostOfPath) + "\"";
     if (isEmulation) return Fault{kMissingEmulationMember, text + ", which a reader of the platform opens"};
     return Fault{kMissingMember, text};
 }

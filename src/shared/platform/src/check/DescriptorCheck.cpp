@@ -80,7 +80,7 @@ private:
         if (isArchive) path = HUTFile::getCanonicalName(path);
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
-                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path)));
+                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMostOfPath)));
         } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
             document_.add(kWrongExtension, element, &record,
                           fmt::format("\"{}\" is no name of a hardware archive; its extension is .cfa or .lfa",

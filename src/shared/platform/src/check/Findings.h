@@ -11,6 +11,10 @@ using teq_platform::CheckFinding;
 
 inline constexpr std::size_t kMostOfDocument = 1000;
 
+// How much of a text is shown: a path is no use without its end.
+inline constexpr std::size_t kMostOfPath = 1000;
+inline constexpr std::size_t kMostOfReason = 200;
+
 // The names of what is found behind the syntax of XML, whose own names are `xml::fault`.
 inline constexpr char kNotJson[] = "not-json";
 inline constexpr char kWrongShape[] = "wrong-shape";

@@ -106,7 +106,7 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
     }
     if (!shape.refusal) return;
     if (const std::string refusal = shape.refusal(value); !refusal.empty())
-        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal));
+        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMostOfReason));
 }
 
 void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {

@@ -34,7 +34,7 @@ void checkValue(Document& document, const char* element, const void* at, Give gi
     try {
         give();
     } catch (const std::exception& e) {
-        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what(), 200));
+        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what(), kMostOfReason));
     }
 }
 
