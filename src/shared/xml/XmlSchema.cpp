@@ -83,7 +83,7 @@ private:
         if (own) taken_.insert(type->schema);
     }
 
-    void line_(int depth, const std::string& text) { out_ += std::string(2 * depth, ' ') + text + '\n'; }
+    void line_(unsigned depth, const std::string& text) { out_ += std::string(2UL * depth, ' ') + text + '\n'; }
 
     void open_() {
         if (!*format_.uri) {

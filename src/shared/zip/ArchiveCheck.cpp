@@ -35,7 +35,7 @@ public:
     }
 
 private:
-    void add(std::string_view member, Reason reason, std::string text) {
+    void add(std::string_view member, Reason reason, std::string_view text) {
         report_.differences.push_back({std::string(member), reason, HSTStringUtils::printable(text)});
     }
 

@@ -160,6 +160,7 @@ void JsonCheck::report(Findings& findings) {
     number(tree_, numbers, next);
     std::ranges::stable_sort(found_, {}, [&](const Found& found) { return numbers.at(found.value); });
     std::vector<std::size_t> wanted;
+    wanted.reserve(found_.size());
     for (const Found& found : found_) wanted.push_back(numbers.at(found.value));
     const std::vector<json::TextPlace> places = json::placesOf(source_.text, wanted);
     for (std::size_t i = 0; i < found_.size(); ++i) {

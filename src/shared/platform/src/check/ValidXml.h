@@ -27,6 +27,7 @@ public:
     void report(Findings& findings) {
         if (found_.empty()) return;
         std::vector<xml::Target> targets;
+        targets.reserve(found_.size());
         for (const Found& found : found_) targets.push_back(found.target);
         std::vector<std::size_t> numbers = xml::numbersOf(format_, &record, targets);
         for (std::size_t i = 0; i < found_.size(); ++i) found_[i].number = numbers[i];

@@ -60,6 +60,18 @@ void checkParameters(Document& document, const BasePlatform::Configuration& conf
                 document.add(kClashingParameter, "Parameter", &parameter, fault);
 }
 
+void checkParameters(Document& document, const BasePlatform::DesignIPs& designIPs) {
+    for (const auto& ip : designIPs.ips)
+        if (ip.configuration) checkParameters(document, *ip.configuration);
+}
+
+void checkMemories(Document& document, const BasePlatform::Board& board) {
+    if (!board.memories) return;
+    for (const auto& memory : board.memories->memories)
+        if (const std::string fault = sizeFault(memory.Size.get()); !fault.empty())
+            document.add(kUncountedMemory, "Memory", &memory, fault);
+}
+
 }  // namespace
 
 void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings) {
@@ -68,13 +80,8 @@ void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& f
     const BasePlatform::CFA& cfa = document.record.cfa;
     checkVersion(document);
     checkValues(document);
-    if (cfa.designIPs)
-        for (const auto& ip : cfa.designIPs->ips)
-            if (ip.configuration) checkParameters(document, *ip.configuration);
-    if (cfa.board.memories)
-        for (const auto& memory : cfa.board.memories->memories)
-            if (const std::string fault = sizeFault(memory.Size.get()); !fault.empty())
-                document.add(kUncountedMemory, "Memory", &memory, fault);
+    if (cfa.designIPs) checkParameters(document, *cfa.designIPs);
+    checkMemories(document, cfa.board);
     if (members)
         for (const auto& file : cfa.files.files)
             if (const auto fault = members->checkListed(file.Type.get(), file.Name.get(), ""))
