@@ -7,8 +7,8 @@
  *
  * Texts. Paths, names and texts are UTF-8 and end in NUL. The words of errors, findings, differences and messages are
  * one line, in which control characters and what is no UTF-8 stand as "\x0a". All else that comes from a file is a
- * stranger's text as it is: escape it before a terminal sees it. A `const char*` that is returned is never NULL (but where it is said), may be "", and
- * lives as long as the object that it was asked of.
+ * stranger's text as it is: escape it before a terminal sees it. A `const char*` that is returned is never NULL (but
+ * where it is said), may be "", and lives as long as the object that it was asked of.
  *
  * Ownership. Each object has one function that frees it, which takes NULL too. Objects do not depend on each other
  * and are freed in any order. Text that a caller passes in is copied.
@@ -249,7 +249,7 @@ ZR_C_API zr_code zr_verification_difference(const zr_verification* verification,
 ZR_C_API zr_code zr_pack(const char* folder, const char* archive, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
 /* Puts `source` into a .cfa or .lfa as `member`, makes it the one file of its type in the metadata, and stamps the
  * digest. The metadata is written anew, and loses what the library does not hold: `losses` (NULL: not wanted) is a
- * line for each key, "" for none, and is there on success and with ZR_REFUSED. Takes ZR_LOSE_KEYS, ZR_STRIP_PATHS and
+ * line for each key, words like those of a message, "" for none, and is there on success and with ZR_REFUSED. Takes ZR_LOSE_KEYS, ZR_STRIP_PATHS and
  * ZR_DRY_RUN. */
 ZR_C_API zr_code zr_set_file(const char* archive, const char* type, const char* member, const char* source,
                              uint32_t flags, const zr_options* options, zr_text** losses,

@@ -25,7 +25,7 @@ public:
     /// The text for a line that a person reads: what a terminal would obey (control characters of one and of two
     /// bytes) and what is not UTF-8 is shown as "\xNN".
     static std::string printable(std::string_view text);
-    /// The same of the first 60 bytes, with "..." behind them when there are more.
+    /// The same of the first `longest` bytes, with "..." behind them when there are more.
     static std::string excerpt(std::string_view text, std::size_t longest = 60);
 
     /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed,

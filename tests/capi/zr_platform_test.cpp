@@ -152,6 +152,26 @@ TEST_F(Wrapper, FindsWhatIsWrong) {
     EXPECT_THAT(zr::explain(findings[0].name), HasSubstr("What to do"));
 }
 
+/// A stranger's line feed makes no second line, whoever takes the words.
+TEST_F(Wrapper, SaysEverythingInOneLine) {
+    std::vector<std::string> said;
+    const auto take = [](void* user, const zr_message* message) {
+        static_cast<std::vector<std::string>*>(user)->push_back(message->text);
+    };
+    zr_set_message_function(take, &said, nullptr);
+    const std::string bad = packed(scratch, "x.lfa", {{"lfa.json", R"({"tilHardware": {"arch": "a\nb\u001b"}})"}});
+    const zr::Error error = errorOf([&] { const zr::Platform platform(bad); });
+    zr_set_message_function(nullptr, nullptr, nullptr);
+    EXPECT_THAT(error.text(), testing::EndsWith("a\\x0ab\\x1b"));
+    EXPECT_THAT(said, testing::Contains(testing::HasSubstr("a\\x0ab\\x1b")));
+
+    const std::string strange = packed(scratch, "y.lfa", {{"lfa.json", R"({"a\nb": "c"})"}, {"file", ""}});
+    zr_text* losses = nullptr;
+    EXPECT_EQ(zr_set_file(strange.c_str(), "T", "file", strange.c_str(), 0, nullptr, &losses, nullptr), ZR_REFUSED);
+    EXPECT_STREQ(zr_text_data(losses), "a\\x0ab: lost\n");
+    zr_text_free(losses);
+}
+
 TEST_F(Wrapper, WorksInThreadsThatShareNoObject) {
     const std::string bad = scratch.put("bad.spfm", "\n<a/>");
     const std::string expected = zr::Platform(archive).document();

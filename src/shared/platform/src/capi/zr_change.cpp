@@ -7,6 +7,7 @@
 #include "platform/PlatformEdit.h"
 #include "platform/PlatformPacker.h"
 #include "platform/zr_platform.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/HUTZip.h"
 
@@ -36,7 +37,7 @@ zr_code zr_set_file(const char* archive, const char* type, const char* member, c
         const archive::Request request(taken.budget);
         teq_platform::PlatformEdit edit(path, taken.mode, (flags & ZR_STRIP_PATHS) != 0);
         lost = std::make_unique<zr_text>();
-        for (const std::string& line : edit.lost()) lost->bytes += line + "\n";
+        for (const std::string& line : edit.lost()) lost->bytes += HSTStringUtils::printable(line) + "\n";
         if (!edit.lost().empty() && (flags & ZR_LOSE_KEYS) == 0)
             refuse(path, "keys of the metadata would be lost or changed");
         if ((flags & ZR_DRY_RUN) == 0) edit.setFile(asType, asMember, from);

@@ -7,7 +7,7 @@ namespace json {
 
 namespace {
 
-/// Takes the " (COLUMN)" from the end of a text, where `json::parse` puts it.
+/// Takes the " (column N)" from the end of a text, where `parse` puts it.
 std::uint64_t takeColumn(std::string& text) {
     constexpr std::string_view kOpen = " (column ";
     const auto at = text.rfind(kOpen);
