@@ -249,8 +249,8 @@ ZR_C_API zr_code zr_verification_difference(const zr_verification* verification,
 ZR_C_API zr_code zr_pack(const char* folder, const char* archive, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
 /* Puts `source` into a .cfa or .lfa as `member`, makes it the one file of its type in the metadata, and stamps the
  * digest. The metadata is written anew, and loses what the library does not hold: `losses` (NULL: not wanted) is a
- * line for each key, words like those of a message, "" for none, and is there on success and with ZR_REFUSED. Takes ZR_LOSE_KEYS, ZR_STRIP_PATHS and
- * ZR_DRY_RUN. */
+ * line for each key, words like those of a message, "" for none, and is there on success and with ZR_REFUSED. Takes
+ * ZR_LOSE_KEYS, ZR_STRIP_PATHS and ZR_DRY_RUN. */
 ZR_C_API zr_code zr_set_file(const char* archive, const char* type, const char* member, const char* source,
                              uint32_t flags, const zr_options* options, zr_text** losses,
                              zr_error** error) ZR_NOEXCEPT;

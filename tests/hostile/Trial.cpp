@@ -18,7 +18,7 @@
 #include "hostile/HostState.h"
 #include "msg/ComMsgMgr.h"
 #include "platform/HTEQPlatformCAPI.h"
-#include "platform/zr_platform.h"
+#include "platform/zr_platform.hpp"
 #include "support/Platforms.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
@@ -73,75 +73,37 @@ void takeDocument(const std::string& path, Answer& answer) {
     }
 }
 
-/// A failure of the C interface that a file may cause: it names the file, in one line.
-void checkError(const std::string& call, zr_code code, zr_error* error) {
-    EXPECT_TRUE(code == ZR_BAD_INPUT || code == ZR_NOT_FOUND || code == ZR_ENVIRONMENT) << call << ": " << code;
-    EXPECT_EQ(zr_error_code(error), code) << call;
-    const std::string text = zr_error_text(error);
-    EXPECT_FALSE(text.empty() || text.find('\n') != std::string::npos) << call << ": " << text;
-    EXPECT_NE(*zr_error_file(error), '\0') << call << ": " << text;
-    zr_error_free(error);
-}
-
-/// Loads the file and writes its document: empty when one of the two failed.
-std::string documentByC(const char* path) {
-    std::string document;
-    zr_platform* platform = nullptr;
-    zr_text* text = nullptr;
-    zr_error* error = nullptr;
-    if (const zr_code code = zr_platform_load(path, nullptr, &platform, &error); code != ZR_OK)
-        checkError("load", code, error);
-    else if (const zr_code written = zr_platform_document(platform, &text, &error); written != ZR_OK)
-        checkError("document", written, error);
-    else
-        document = zr_text_data(text);
-    zr_text_free(text);
-    zr_platform_free(platform);
-    return document;
-}
-
-/// Whether validation finds an error.
-bool isFaultyByC(const char* path) {
-    zr_findings* findings = nullptr;
-    zr_error* error = nullptr;
-    if (const zr_code code = zr_validate(path, nullptr, &findings, &error); code != ZR_OK)
-        checkError("validate", code, error);
-    bool faulty = false;
-    for (std::uint64_t i = 0; i < zr_findings_count(findings); ++i) {
-        zr_finding finding{};
-        finding.size = sizeof finding;
-        EXPECT_EQ(zr_findings_get(findings, i, &finding, nullptr), ZR_OK);
-        EXPECT_EQ(std::string(finding.text).find('\n'), std::string::npos) << finding.text;
-        faulty |= finding.severity == ZR_ERROR;
+/// A call of the C interface fails with what a file may cause, names the file, and says why in one line.
+template <class Call>
+void tryByC(const Call& call) {
+    try {
+        call();
+    } catch (const zr::Error& e) {
+        EXPECT_TRUE(e.code() == ZR_BAD_INPUT || e.code() == ZR_NOT_FOUND || e.code() == ZR_ENVIRONMENT) << e.what();
+        EXPECT_FALSE(e.file().empty() || e.text().empty()) << e.what();
+        EXPECT_EQ(e.text().find('\n'), std::string::npos) << e.what();
     }
-    zr_findings_free(findings);
-    return faulty;
-}
-
-/// Compares the archive's bytes with what it says of them.
-void verifyByC(const char* path) {
-    zr_archive* archive = nullptr;
-    zr_verification* verification = nullptr;
-    zr_error* error = nullptr;
-    if (const zr_code code = zr_archive_open(path, nullptr, &archive, &error); code != ZR_OK)
-        checkError("open", code, error);
-    else if (const zr_code verified = zr_archive_verify(archive, &verification, &error); verified != ZR_OK)
-        checkError("verify", verified, error);
-    zr_verification_free(verification);
-    zr_archive_free(archive);
 }
 
 /// The same file by the calls of the C interface, which answer as the public road does.
 void checkByC(const std::string& path, const Answer& answer) {
     const Messages messages;
     const Printed printed;
+    std::string document;
+    bool isFaulty = false;
     onSmallStack([&] {
-        const bool loads = answer.outcome == "loads";
-        EXPECT_EQ(documentByC(path.c_str()), answer.document);
-        EXPECT_TRUE(loads || isFaultyByC(path.c_str()))
-            << "does not load, and validates: " << answer.outcome << " " << answer.words;
-        verifyByC(path.c_str());
+        tryByC([&] { document = zr::Platform(path).document(); });
+        tryByC([&] {
+            for (const zr::Finding& finding : zr::validate(path)) {
+                EXPECT_EQ(finding.text.find('\n'), std::string::npos) << finding.text;
+                isFaulty |= finding.severity == ZR_ERROR;
+            }
+        });
+        tryByC([&] { zr::Archive(path).verify(); });
     });
+    EXPECT_EQ(document, answer.document);
+    EXPECT_TRUE(answer.outcome == "loads" || isFaulty)
+        << "does not load, and validates: " << answer.outcome << " " << answer.words;
     EXPECT_EQ(printed.text(), "");
 }
 
