@@ -277,8 +277,8 @@ constexpr CheckExplanation kExplanations[] = {
 )"},
     {kClashingParameter, error,
      "The name of an IP's parameter begins with the name of another one and a dot, and the other has a value. The "
-     "dots "
-     "of a name are levels of the document, so no document can hold both: the platform loads, but cannot be written.",
+     "dots of a name are levels of the document, so no document can hold both: the platform loads, but cannot be "
+     "written.",
      "Give one of them another name.", "lfa.json",
      R"({"designIpInstances": [{"configuration": {"CLK": "100", "CLK.JITTER": "5"}}]}
 )",
