@@ -22,6 +22,10 @@ public:
     /// lone surrogates and an empty text too).
     static std::size_t utf8Length(std::string_view text);
 
+    /// The longest part at the front of `text` that has at most `longest` bytes and does not end inside a UTF-8
+    /// character.
+    static std::string_view utf8Prefix(std::string_view text, std::size_t longest);
+
     /// The text for a line that a person reads: what a terminal would obey (control characters of one and of two
     /// bytes) and what is not UTF-8 is shown as "\xNN".
     static std::string printable(std::string_view text);

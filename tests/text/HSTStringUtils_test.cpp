@@ -66,4 +66,20 @@ TEST(HSTStringUtils, MeasuresUtf8) {
     for (const auto& c : cases) EXPECT_EQ(U::utf8Length(c.text), c.length) << ::testing::PrintToString(c.text);
 }
 
+TEST(HSTStringUtils, CutsBetweenCharacters) {
+    const struct {
+        const char *text, *prefix;  // of at most 4 bytes
+    } cases[] = {
+        {"abcd", "abcd"},
+        {"abcdef", "abcd"},
+        {"abc\xC3\xA9", "abc"},
+        {"ab\xC3\xA9z", "ab\xC3\xA9"},
+        {"a\xF0\x9F\x98\x80", "a"},
+        {"\xF0\x9F\x98\x80z", "\xF0\x9F\x98\x80"},
+        {"\x80\x80\x80\x80\x80", "\x80\x80\x80\x80"},  // not UTF-8
+    };
+    for (const auto& c : cases) EXPECT_EQ(U::utf8Prefix(c.text, 4), c.prefix) << ::testing::PrintToString(c.text);
+    EXPECT_EQ(U::utf8Prefix("\xF0\x9F\x98\x80", 2), "");
+}
+
 }  // namespace

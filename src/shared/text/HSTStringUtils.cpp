@@ -74,6 +74,14 @@ std::size_t HSTStringUtils::utf8Length(std::string_view text) {
     return 0;
 }
 
+std::string_view HSTStringUtils::utf8Prefix(std::string_view text, std::size_t longest) {
+    if (text.size() <= longest) return text;
+    for (std::size_t back = 0; back < 4 && back <= longest; ++back)
+        if (const std::size_t start = longest - back; utf8Length(text.substr(start)) > back)
+            return text.substr(0, start);
+    return text.substr(0, longest);  // it is not UTF-8 there
+}
+
 std::string HSTStringUtils::printable(std::string_view text) {
     constexpr std::string_view kDigits = "0123456789abcdef";
     std::string result;
@@ -94,15 +102,7 @@ std::string HSTStringUtils::printable(std::string_view text) {
 }
 
 std::string HSTStringUtils::excerpt(std::string_view text, std::size_t longest) {
-    const bool cut = text.size() > longest;
-    if (cut) {
-        std::size_t end = longest;
-        while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80) --end;  // not inside a character
-        text = text.substr(0, end);
-    }
-    std::string result = printable(text);
-    if (cut) result += "...";
-    return result;
+    return printable(utf8Prefix(text, longest)) + (text.size() > longest ? "..." : "");
 }
 
 long long HSTStringUtils::toNumber(std::string_view text) {
