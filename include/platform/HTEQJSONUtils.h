@@ -1,6 +1,6 @@
 #pragma once
-#include <boost/optional/optional_fwd.hpp>
-#include <boost/property_tree/ptree_fwd.hpp>
+#include <boost/optional.hpp>
+#include <boost/property_tree/ptree.hpp>
 #include <string>
 
 #include "text/ZrApi.h"
@@ -10,7 +10,12 @@
 class ZR_API HTEQJSONUtils {
 public:
     using Tree = boost::property_tree::ptree;
-    using OptTree = boost::optional<const Tree&>;
+    /// What `get_child_optional` returns, for a tree that may be changed as for one that may not.
+    struct OptTree : boost::optional<const Tree&> {
+        OptTree(boost::none_t = boost::none) {}
+        OptTree(const boost::optional<const Tree&>& tree) : optional(tree) {}
+        OptTree(const boost::optional<Tree&>& tree) : optional(tree) {}
+    };
 
     static bool findKey(const Tree& tree, const std::string& key);
     static bool findKey(const OptTree& tree, const std::string& key);

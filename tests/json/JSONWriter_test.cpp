@@ -5,7 +5,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <boost/property_tree/json_parser/error.hpp>
+#include <boost/property_tree/json_parser.hpp>
+#include <random>
 #include <sstream>
 
 #include "json/JsonKeys.h"
@@ -67,37 +68,75 @@ TEST(JSONWriter, ReplacesTextsAndRepeatsTrees) {
     std::ostringstream out;
     EXPECT_THROW(writer.write(out), boost::property_tree::json_parser::json_parser_error);
     EXPECT_EQ(out.str(), "") << "nothing half written";
+    out.setstate(std::ios::failbit);
+    EXPECT_THROW(child.write(out), boost::property_tree::json_parser::json_parser_error);
 }
 
-/// As the tree's own `put` and `add_child`, which assert that no path ends in a dot; strangers' keys do.
-TEST(JSONWriter, KeysArePaths) {
-    std::vector<std::string> keys{""};
-    for (std::size_t i = 0; keys.size() < 40; ++i)
-        for (const char* piece : {"a", "b", "."}) keys.push_back(keys[i] + piece);
-    for (const std::string& first : keys) {
-        for (const std::string& second : keys) {
-            if (first.ends_with('.') || second.ends_with('.')) continue;
-            JSONObjectWriter writer, child;
-            writer.addKey(first, "1");
-            writer.addKey(second, "2");
-            ptree expected;
-            expected.put(first, "1");
-            expected.put(second, "2");
-            child.addKey("k", "v");
-            if (!first.empty()) {
-                writer.addKey(first, child);
-                expected.add_child(first, child.getTree());
-            }
-            EXPECT_EQ(writer.getTree(), expected) << first << " and " << second;
-        }
+TEST(JSONWriter, TakesItselfByItsContentBefore) {
+    JSONObjectWriter object;
+    object.addKey("a", "1");
+    object.addKey("b", object);
+    EXPECT_EQ(textOf(object), "{\n    \"a\": \"1\",\n    \"b\": {\n        \"a\": \"1\"\n    }\n}\n");
+    object.addKey("c", std::move(object));
+    EXPECT_EQ(object.getTree().size(), 1U);
+    EXPECT_EQ(object.getTree().get<std::string>("c.b.a"), "1");
+    JSONListWriter list;
+    list.addItem("x");
+    list.addItem(list);
+    list.addItem(std::move(list));
+    EXPECT_EQ(textOf(list), "{\n    \"\": [\n        \"x\",\n        [\n            \"x\"\n        ]\n    ]\n}\n");
+}
+
+/// What a document or a refusal to write it looks like.
+template <class Write>
+std::string written(Write write) {
+    std::ostringstream out;
+    try {
+        write(out);
+        return out.str();
+    } catch (const boost::property_tree::json_parser::json_parser_error&) {
+        return "refused";
     }
+}
+
+/// As the tree's own `put`, `add_child` and `write_json`, whatever parts of the keys are empty.
+TEST(JSONWriter, KeysArePaths) {
+    std::mt19937 random(1);
+    for (int keys = 0; keys < 100'000;) {
+        JSONObjectWriter writer, child;
+        ptree expected;
+        child.addKey("k", "v");
+        std::string used;
+        for (int i = 0; i < 5; ++i, ++keys) {
+            std::string key;
+            for (auto n = random() % 6; n > 0; --n) key += "ab.."[random() % 4];
+#ifndef NDEBUG  // the tree asserts that no path is empty or ends in a dot
+            if (key.empty() || key.back() == '.') key += 'a';
+#endif
+            used += "'" + key + "' ";
+            if (random() % 3 > 0) {
+                writer.addKey(key, std::to_string(i));
+                expected.put(key, std::to_string(i));
+            } else {
+                writer.addKey(key, child);
+                expected.add_child(key, child.getTree());
+            }
+        }
+        ASSERT_EQ(writer.getTree(), expected) << used;
+        ASSERT_EQ(written([&](auto& out) { writer.write(out); }),
+                  written([&](auto& out) { write_json(out, expected); }))
+            << used;
+    }
+}
+
+TEST(JSONWriter, TakesListsByTheirTypeAndOptionalTrees) {
     JSONObjectWriter writer;
-    writer.addKey("a.", "1");
-    writer.addKey(".", "2");
-    ptree expected;
-    expected.push_back({"a", ptree()})->second.push_back({"", ptree("1")});
-    expected.push_back({"", ptree()})->second.push_back({"", ptree("2")});
-    EXPECT_EQ(writer.getTree(), expected);
+    writer.addKey<std::string>("list", HSTVector<std::string>{"", "x"});
+    writer.addKey<std::string>("none", {});
+    EXPECT_EQ(textOf(writer), "{\n    \"list\": [\n        \"x\"\n    ]\n}\n");
+    EXPECT_EQ(HTEQJSONUtils::getValue(writer.getTree().get_child_optional("list"), ""), "");
+    EXPECT_TRUE(HTEQJSONUtils::hasKey(writer.getTree().get_child_optional("list"), ""));
+    EXPECT_FALSE(HTEQJSONUtils::hasKey(std::as_const(writer).getTree().get_child_optional("none"), ""));
 }
 
 TEST(JSONListWriter, ABooleanItemNeverReturnsAndGrowsNothing) {

@@ -1,8 +1,5 @@
 #include "platform/HTEQJSONUtils.h"
 
-#include <boost/optional.hpp>
-#include <boost/property_tree/ptree.hpp>
-
 #include "text/HSTStringUtils.h"
 
 namespace {
