@@ -35,7 +35,7 @@ public:
     bool parseBusInterfaces();
     bool parseNocConnectivity();
 
-    /// Fills the platform. Vendor, board id and name are set only where they are empty; the description always.
+    /// Fills the platform from a record of `records/TEQHpfmLMX.h`. Vendor, board id and name are set only where they are empty; the description always.
     void parseRepository(const WELHardwarePlatform::Repository& record);
 
     const std::string& getErrorMsg() const { return errorMsg_; }

@@ -1,11 +1,8 @@
 #pragma once
 #include <string>
 
+#include "records/TEQHpfmLMX.h"
 #include "text/ZrApi.h"
-
-namespace WELHardwarePlatform {
-struct BusInterface;
-}
 
 /// The one repair of hpfm files: when some, but not all, of the memory banks that a linker may assign by itself are
 /// marked as default banks ("preferred"), all of them become it.
@@ -21,6 +18,9 @@ public:
     /// "@74-15@%s%s%s%s").
     static void ChangeAndWriteHpfmIfNeeded(const std::string& file);
 
+    /// Both consider only the address segments of the interface whose `auto_` is set and is not "false". Whether at
+    /// least one, but not all of them are "preferred".
     static bool areSomeButNotAllAddressSegmentsPreferred(const WELHardwarePlatform::BusInterface& interface);
+    /// Makes all of them "preferred".
     static void markAllTrueAddressSegmentsPreferred(WELHardwarePlatform::BusInterface& interface);
 };

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "xml/XmlAttr.h"
 #include "xml/XmlValue.h"
 
 /// XML formats as tables. A record is a plain struct: an attribute is an `Attr<T>`, a child a value, a
@@ -32,27 +33,6 @@
 ///     constexpr auto kClocks = element(kClocksChildren);
 ///     constexpr auto kDocument = document("", "", "clocks", kClocks);
 namespace xml {
-
-/// The value of an attribute, and whether the document gives one.
-template <class T>
-class Attr {
-public:
-    Attr() = default;
-    /// A value to read while none is set.
-    explicit Attr(T initial) : value_(std::move(initial)) {}
-
-    bool isSet() const { return set_; }
-    const T& get() const { return value_; }
-    void set(T value) {
-        value_ = std::move(value);
-        set_ = true;
-    }
-    bool operator==(const Attr&) const = default;
-
-private:
-    T value_{};
-    bool set_ = false;
-};
 
 /// The operations of one value type, over an `Attr` of it.
 struct ValueType {

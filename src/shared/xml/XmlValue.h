@@ -5,23 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "text/HSTStringUtils.h"
+#include "xml/XmlAttr.h"
 
 namespace xml {
-
-/// An integer without bounds, kept as its digits so that writing gives back what was read.
-struct Integer {
-    std::string text = "0";
-    /// The nearest value that the type can hold.
-    long long value() const { return HSTStringUtils::toNumber(text); }
-    bool operator==(const Integer&) const = default;
-};
-
-/// A decimal number, kept as it stands in the file without the blanks around it.
-struct Decimal {
-    std::string text;
-    bool operator==(const Decimal&) const = default;
-};
 
 /// What is wrong with a value, in the order of testing.
 enum class Fault { none, form, belowMinimum, aboveMaximum };

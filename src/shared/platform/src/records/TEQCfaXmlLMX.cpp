@@ -305,10 +305,9 @@ constexpr auto kFeatureRomAttributes = xml::attributes<FeatureRom>(
     required<&FeatureRom::MorwenBuildID>("MorwenBuildID", "Build of the tool that made the platform."),
     required<&FeatureRom::IPBuildID>("IPBuildID", "Build of the tool's IP."),
     required<&FeatureRom::TimeSinceEpoch>("TimeSinceEpoch", "When the platform was made, in seconds since 1970."),
-    required<&FeatureRom::FPGAPartName>("FPGAPartName", "Part of the device; the first 63 bytes are kept."),
+    required<&FeatureRom::FPGAPartName>("FPGAPartName", "Part of the device; at most 63 bytes are kept."),
     required<&FeatureRom::VBNVName>(
-        "VBNVName",
-        "Vendor, board, name and version of the platform, joined by colons; the first 63 bytes are kept."),
+        "VBNVName", "Vendor, board, name and version of the platform, joined by colons; at most 63 bytes are kept."),
     required<&FeatureRom::DDRChannelCount>("DDRChannelCount", "Memory channels, 0 to 255."),
     required<&FeatureRom::DDRChannelSize>("DDRChannelSize", "Size of a memory channel, 0 to 255."),
     required<&FeatureRom::DRBaseAddress>("DRBaseAddress", "Base address of the dynamic region, a decimal number."),

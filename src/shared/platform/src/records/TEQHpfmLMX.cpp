@@ -1,5 +1,7 @@
 #include "records/TEQHpfmLMX.h"
 
+#include "xml/XmlRecord.h"
+
 namespace WELHardwarePlatform {
 
 namespace {

@@ -5,12 +5,17 @@
 #include <variant>
 #include <vector>
 
-#include "xml/XmlRecord.h"
+#include "xml/XmlAttr.h"
 
-/// Records of an hpfm file: the hardware as the generator of the platform sees it. A record is named after its
-/// element but for `BusInterfaceAddressSegment`, the child element `addressSegment` of a bus interface, which has an
-/// attribute of that name too. A member is named after its attribute or child element; frequencies and periods are
-/// texts without a unit.
+namespace xml {
+template <class R>
+struct Document;
+}
+
+/// Records of an hpfm file: the hardware as the generator of the platform sees it. A record has the name of its
+/// element, except `BusInterfaceAddressSegment`, which is the child element `addressSegment` of a bus interface: that
+/// element also has an attribute of this name. A member has the name of its attribute or child element; frequencies
+/// and periods are texts without a unit.
 namespace WELHardwarePlatform {
 
 using xml::Attr;
@@ -163,7 +168,7 @@ struct Repository {
 /// What the schema allows as a document element; a hardware archive holds a `Repository` only.
 using Kp = std::variant<Repository, BusInterface>;
 
-/// The whole format, for `xml::read` and `xml::write`.
+/// The whole format. For the library's own readers and writers; not exported.
 extern const xml::Document<Repository> kDocument;
 
 }  // namespace WELHardwarePlatform
