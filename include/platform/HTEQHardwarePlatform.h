@@ -51,7 +51,8 @@ public:
     HTEQHardwarePlatform& operator=(const HTEQHardwarePlatform&) = delete;
 
     // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes behind the last.
+    // rely on: a new one goes after the last. `getSystemClocks`, `getHardwareIPParams`, `getBusInterfaces` and
+    // `getFeatureRoms` walk what the `create...Iter` operation of their objects returns.
 
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HTEQHardwarePlatform() override;
@@ -235,6 +236,7 @@ public:
 
     /// @name What the files say of the platform
     /// @{
+    int getDefaultClkId() const { return defaultClkId_; }
     void setDefaultClkId(int id) { defaultClkId_ = id; }
     void setBRAMCount(int count) { bramCount_ = count; }
     void setDSPCount(int count) { dspCount_ = count; }
@@ -339,6 +341,8 @@ public:
     HHSMHardwareDb* createHwDb(const std::string& name) const;
     /// Whether the archive has a hardware definition.
     bool hasHardwareDef_() const;
+    /// Names the database that `getHwDb` looks for; with a name that is not empty none is made from the archive.
+    void setHwDbName(std::string name) { hwDbName_ = std::move(name); }
     /// @}
 
     /// @name Tile array
@@ -393,9 +397,10 @@ public:
     /// cannot be written; nothing is left there then. Directories are made as needed.
     /// @{
     bool extract(const std::string& member, const std::string& archive, const std::string& destination) const;
+    /// The file of a type. Of a child emulation platform, here and below, the member is that of its directory.
     bool extractFile(const std::string& type, const std::string& destination) const;
     bool extractFile(FileType type, const std::string& destination) const;
-    /// False also when either text is empty. Of a child emulation platform the member is that of its directory.
+    /// False also if either text is empty.
     bool extractFileFromPlatform(const std::string& member, const std::string& destination) const;
     /// `repair` marks all automatic HBM banks of the copy as default when only some are; it may throw HXMLException.
     /// Defined beside the hpfm reader.

@@ -5,11 +5,18 @@
 
 class HTEQHardwarePlatform;
 
-/// Copies files out of the tile-array project, which is an archive inside the platform's archive.
+/// Copies files out of the tile-array project, which is an archive inside the platform's archive. For the other
+/// members of a platform's archive see `PlatformFileExtractor`.
 class ZR_API PlatformTilprjFileExtractor {
 public:
     /// `platform` must outlive the extractor.
     explicit PlatformTilprjFileExtractor(const HTEQHardwarePlatform& platform) : platform_(platform) {}
+    /// Copies `member` of the platform's archive to the file `destination`, whose directory is made. For a platform
+    /// read from the emulation directory the member is looked for there. False if the archive is not a file, or the
+    /// archive or the member cannot be read, or the file cannot be written; nothing is then left at the destination.
+    bool extract(const std::string& member, const std::string& destination) const;
+    /// The same from another archive.
+    bool extract(const std::string& member, const std::string& archive, const std::string& destination) const;
     /// Copies the member `path` of the project to the file `destination`. False when there is no project, it has no
     /// such member, or the file cannot be written.
     bool extractFile(const std::string& path, const std::string& destination) const;

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "hardware/Documents.h"
+#include "hardware/RomNames.h"
 #include "hardware/RomNumbers.h"
 #include "msg/HEXAll.h"
 
@@ -90,6 +91,13 @@ TEST(FeatureRom, RefusesUuidsAndIndices) {
         "out of bounds (max is: '3')";
     EXPECT_EQ(refusalOf([&] { rom.setCDMABaseAddress(4, 1); }), words);
     EXPECT_EQ(refusalOf([&] { rom.getCDMABaseAddress(4); }), words);
+}
+
+TEST(FeatureRom, DocumentNamesAreCutBetweenCharacters) {
+    Rom rom;
+    readInto(rom, R"({"vbnvName": ")" + std::string(62, 'x') + "\xC3\xA9\"}");
+    EXPECT_EQ(documentOf(rom).find("\xC3"), std::string::npos);
+    EXPECT_EQ(hardware::romNameText(rom.getVBNVName()), std::string(62, 'x'));
 }
 
 TEST(FeatureRom, NumbersAsTexts) {

@@ -11,6 +11,8 @@
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQDesignIPInstance.h"
 #include "platform/HTEQHardwareBusInterface.h"
+#include "platform/HTEQHardwareFeatureRom.h"
+#include "platform/HTEQHardwareIPParam.h"
 #include "platform/HTEQHardwareNocConnectivity.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSystemClock.h"
@@ -57,10 +59,53 @@ TEST(Clocks, OfEqualNamesAndIdsTheLastAnswers) {
     platform.setDefaultClkId(7);
     EXPECT_EQ(platform.getDefaultClock(), nullptr);
     EXPECT_EQ(platform.getDefaultClockId(), "7");
+    EXPECT_EQ(platform.getDefaultClkId(), 7);
     HSTVector<std::string> names, frequencies;
     platform.getAllClockFrequencies(names, frequencies);
     EXPECT_EQ(names, (HSTVector<std::string>{"a", "b", "a", "c"}));
     EXPECT_EQ(frequencies, (HSTVector<std::string>{"100", "200", "300", "400"}));
+}
+
+namespace {
+
+/// Of a host: its iterators find nothing.
+struct Filtered : HPLPlatform {
+    Owned<HTEQSystemClock> clocks;
+    Owned<HTEQHardwareIPParam> params;
+    Owned<HTEQHardwareBusInterface> buses;
+    Owned<HTEQHardwareFeatureRom> roms;
+    HSTFwdIter<HTEQSystemClock*>* createSystemClockIter() const override { return clocks.makeIter(); }
+    HSTFwdIter<HTEQHardwareIPParam*>* createIPParamIter() const override { return params.makeIter(); }
+    HSTFwdIter<HTEQHardwareBusInterface*>* createBusInterfaceIter() const override { return buses.makeIter(); }
+    HSTFwdIter<HTEQHardwareFeatureRom*>* createFeatureRomIter() const override { return roms.makeIter(); }
+};
+
+template <class T>
+std::size_t filled(const HPLPlatform& platform, void (HTEQHardwarePlatform::*get)(HSTVector<T*>&) const) {
+    HSTVector<T*> out;
+    (platform.*get)(out);
+    return out.size();
+}
+
+std::size_t filled(const HPLPlatform& platform) {
+    using P = HTEQHardwarePlatform;
+    return filled(platform, &P::getSystemClocks) + filled(platform, &P::getHardwareIPParams) +
+           filled(platform, &P::getBusInterfaces) + filled(platform, &P::getFeatureRoms);
+}
+
+}  // namespace
+
+TEST(Lists, VectorsAreFilledByTheIterators) {
+    HPLPlatform platform;
+    Filtered filtered;
+    for (HPLPlatform* p : {&platform, static_cast<HPLPlatform*>(&filtered)}) {
+        p->addSystemClock();
+        p->addHardwareIPParam();
+        p->addBusInterface();
+        p->addFeatureRom();
+    }
+    EXPECT_EQ(filled(platform), 4U);
+    EXPECT_EQ(filled(filtered), 0U);
 }
 
 TEST(Clocks, WithoutAnIdNoneIsTheDefault) {

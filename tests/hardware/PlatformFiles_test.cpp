@@ -12,6 +12,7 @@
 #include "hwdb/HHSMHardwareDb.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLPlatform.h"
+#include "platform/PlatformTilprjFileExtractor.h"
 #include "util/HUTEnv.h"
 #include "zip/HUTZip.h"
 
@@ -90,7 +91,10 @@ TEST_F(PlatformFiles, CopiesByMemberAndByType) {
     platform_.setIsChildHardwareEmuPlatform(true);
     EXPECT_EQ(byMember("a.dcp"), "emulation");
     EXPECT_EQ(copied(drBd), "emulation");
-    EXPECT_EQ(byType("DR_BD"), "plain");  // as it is named
+    EXPECT_EQ(byType("DR_BD"), "emulation");
+    const PlatformTilprjFileExtractor extractor(platform_);
+    EXPECT_EQ(copied([&](const std::string& to) { return extractor.extract("a.dcp", to); }), "emulation");
+    EXPECT_EQ(copied([&](const std::string& to) { return extractor.extract("a.dcp", directory_, to); }), "-");
 }
 
 TEST_F(PlatformFiles, ArchivesThatCannotBeOpened) {
@@ -248,6 +252,9 @@ TEST_F(PlatformFiles, HardwareDatabase) {
     const HHSMHardwareDb* further = platform_.createHwDb();
     ASSERT_NE(further, nullptr);
     EXPECT_NE(further->getName(), "platform_files_top");
+    platform_.setHwDbName("named");
+    EXPECT_EQ(platform_.getHwDbName(), "named");
+    EXPECT_EQ(platform_.getHwDb(), nullptr);
     platform_.setIsChildHardwareEmuPlatform(true);
     EXPECT_FALSE(platform_.containsChildHardwareEmuPlatform());
 }

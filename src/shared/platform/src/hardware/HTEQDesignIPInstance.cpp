@@ -5,6 +5,7 @@
 #include "hardware/HardwareKeys.h"
 #include "json/JsonText.h"
 #include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
 
 namespace {
 
@@ -43,8 +44,8 @@ void HTEQDesignIPInstance::toJSON(JSONObjectWriter& writer) const { json::writeK
 /// Trees are copied and destroyed by recursion, and not only JSON text, whose reader bounds it, has such keys.
 void HTEQDesignIPInstance::addConfigParam(const std::string& key, const std::string& value) {
     if (static_cast<std::size_t>(std::count(key.begin(), key.end(), '.')) >= json::kStrangers.keyLevels)
-        throw HEXAlgException("Design IP Instance Config Param key '" + key.substr(0, 60) +
-                              "...' has too many levels between its dots");
+        throw HEXAlgException("Design IP Instance Config Param key '" + HSTStringUtils::excerpt(key) +
+                              "' has too many levels between its dots");
     if (!configParams_.try_emplace(key, value).second)
         throw HEXAlgException("Attempt to readd Design IP Instance Config Param key: '" + key + "' is not allowed!");
 }

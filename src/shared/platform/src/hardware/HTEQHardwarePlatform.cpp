@@ -35,8 +35,9 @@ std::string memberName(PlatformMember member, const HTEQHardwarePlatform& platfo
 }
 
 template <class T>
-void append(HSTVector<T*>& out, const Owned<T>& list) {
-    out.insert(out.end(), list.begin(), list.end());
+void append(HSTVector<T>& out, HSTFwdIter<T>* created) {
+    const std::unique_ptr<HSTFwdIter<T>> it(created);
+    while (it->hasNext()) out.push_back(it->next());
 }
 
 HTEQDevice* firstDevice(const HTEQHardwarePlatform& platform) {
@@ -137,16 +138,20 @@ HSTFwdIter<HTEQDesignIPInstance*>* HTEQHardwarePlatform::createDesignIPInstanceI
     return designIPInstances_.makeIter();
 }
 
-void HTEQHardwarePlatform::getSystemClocks(HSTVector<HTEQSystemClock*>& out) const { append(out, systemClocks_); }
-void HTEQHardwarePlatform::getHardwareIPParams(HSTVector<HTEQHardwareIPParam*>& out) const { append(out, ipParams_); }
+void HTEQHardwarePlatform::getSystemClocks(HSTVector<HTEQSystemClock*>& out) const {
+    append(out, createSystemClockIter());
+}
+void HTEQHardwarePlatform::getHardwareIPParams(HSTVector<HTEQHardwareIPParam*>& out) const {
+    append(out, createIPParamIter());
+}
 void HTEQHardwarePlatform::getNocConnectivity(HSTVector<HTEQHardwareNocConnectivity*>& out) const {
-    append(out, nocConnectivity_);
+    out.insert(out.end(), nocConnectivity_.begin(), nocConnectivity_.end());
 }
 void HTEQHardwarePlatform::getBusInterfaces(HSTVector<HTEQHardwareBusInterface*>& out) const {
-    append(out, busInterfaces_);
+    append(out, createBusInterfaceIter());
 }
 void HTEQHardwarePlatform::getFeatureRoms(HSTVector<HTEQHardwareFeatureRom*>& out) const {
-    append(out, featureRoms_);
+    append(out, createFeatureRomIter());
 }
 HTEQHardwarePlatform::FeatureRomRange HTEQHardwarePlatform::getFeatureRomVecRange() const {
     return {featureRoms_.begin(), featureRoms_.end()};
@@ -433,8 +438,7 @@ bool HTEQHardwarePlatform::extract(const std::string& member, const std::string&
     return hardware::copyMember(archive, member, destination);
 }
 bool HTEQHardwarePlatform::extractFile(const std::string& type, const std::string& destination) const {
-    const std::string member = getFile(type);
-    return !member.empty() && extract(member, platformFile_, destination);
+    return hardware::copyFileOfType(*this, type, destination);
 }
 bool HTEQHardwarePlatform::extractFile(FileType type, const std::string& destination) const {
     return extractFile(HTEQPfmFileTypes::toString(type), destination);

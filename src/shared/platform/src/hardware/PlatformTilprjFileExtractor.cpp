@@ -7,15 +7,21 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTFile.h"
 
+bool PlatformTilprjFileExtractor::extract(const std::string& member, const std::string& destination) const {
+    return extract(member, platform_.getPlatformFile(), destination);
+}
+
+bool PlatformTilprjFileExtractor::extract(const std::string& member, const std::string& archive,
+                                          const std::string& destination) const {
+    return HUTFile::isFile(archive) &&
+           hardware::copyMember(archive, hardware::memberOf(platform_, member), destination);
+}
+
 bool PlatformTilprjFileExtractor::extractTILPRJFile(const std::string& destination) const {
     if (HUTFile::isFile(destination)) return true;
-    const std::string& archive = platform_.getPlatformFile();
-    for (const char* type : {"TILPRJ", "ME_ARCHIVE"}) {
-        const std::string member = platform_.getFile(type);
-        if (!member.empty() && HUTFile::isFile(archive) &&
-            hardware::copyMember(archive, hardware::memberOf(platform_, member), destination))
+    for (const char* type : {"TILPRJ", "ME_ARCHIVE"})
+        if (const std::string member = platform_.getFile(type); !member.empty() && extract(member, destination))
             return true;
-    }
     return false;
 }
 

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "text/HSTStringUtils.h"
+
 namespace hardware {
 
 RomName romName(const std::string& text) {
     RomName name;
-    std::copy_n(text.begin(), std::min(text.size(), sizeof name.bytes - 1), name.bytes);
+    std::ranges::copy(HSTStringUtils::utf8Prefix(text, sizeof name.bytes - 1), name.bytes);
     return name;
 }
 

@@ -11,7 +11,7 @@ struct RomName {
     unsigned char bytes[HTEQHardwareFeatureRom::kNameSize] = {};
 };
 
-/// A name of the metadata, cut to what the field can hold before its NUL.
+/// A name of the metadata, cut after the last character that fits before the field's NUL.
 RomName romName(const std::string& text);
 /// The text of a name field, which a writer of the raw header may have left without its NUL.
 std::string romNameText(const unsigned char* field);
