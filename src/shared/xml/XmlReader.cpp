@@ -508,7 +508,11 @@ std::string textOf(const std::string& file) {
     try {
         return wholefile::read(file, kMaxDocument);
     } catch (const HEXUserException& e) {
-        throw Exception(Violation{{.file = file}, "", e.what(), fault::kUnreadable});
+        Violation violation;
+        violation.place.file = file;
+        violation.text = e.what();
+        violation.name = fault::kUnreadable;
+        throw Exception(std::move(violation));
     }
 }
 

@@ -23,7 +23,10 @@ Content contentOf(const Element& element, void* record) {
 }
 
 [[noreturn]] void fail(const char* element, std::string text) {
-    throw Exception(Violation{{}, element, std::move(text)});
+    Violation violation;
+    violation.element = element;
+    violation.text = std::move(text);
+    throw Exception(std::move(violation));
 }
 
 /// The length of the character that begins `text` when XML can hold it, else 0.
