@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""The rules of the house that a compiler does not check: the order of rooms, the two staircases, clang-tidy."""
+"""The project's rules that a compiler does not check: the order of rooms, the two staircases, the page of public headers,
+clang-tidy."""
 import multiprocessing.pool
 import pathlib
 import re
@@ -93,12 +94,19 @@ def check_staircases(rooms):
     return problems
 
 
+def check_header_page():
+    import headers  # which imports this file
+
+    page, problems = headers.page()
+    if not headers.PAGE.exists() or headers.PAGE.read_text() != page:
+        problems.append("docs/headers.md is not current: run ./dev docs")
+    return problems
+
+
 def check_rooms():
     rooms = read_rooms()
-    public, problems = public_headers(rooms)
-    problems += check_includes(rooms, public)
-    problems += check_staircases(rooms)
-    return problems
+    public, _ = public_headers(rooms)
+    return check_includes(rooms, public) + check_staircases(rooms) + check_header_page()
 
 
 def tidy(source):

@@ -4,7 +4,8 @@
 
 #include "text/ZrApi.h"
 
-/// One segment that a port of a core reaches. Not part of the document.
+/// One segment that a port of a core reaches. Not part of the document. For the memory banks of a bus interface see
+/// `HTEQHardwareAddressSegment`.
 class ZR_API HPLAddressSegment {
 public:
     const std::string& getName() const { return name_; }

@@ -4,7 +4,8 @@
 
 #include "platform/JSONSerializable.h"
 
-/// One memory bank behind a bus interface, as the hpfm member lists it. All texts stand as they came from the file.
+/// One memory bank of a bus interface, as the hpfm member lists it. All texts are as in the file. For the segments of a
+/// core's port see `HPLAddressSegment`.
 class ZR_API HTEQHardwareAddressSegment : public teq_platform::JSONSerializable {
 public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;

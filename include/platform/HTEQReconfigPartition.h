@@ -3,8 +3,8 @@
 
 #include "platform/JSONSerializable.h"
 
-/// The numeric ids of a reconfigurable partition. 0 stands for an id that is not known and is left out of the
-/// document.
+/// The numeric ids of a reconfigurable partition. 0 stands for an unknown id, which is left out of the document. For
+/// the hardware of a descriptor's partition see `HTEQReconfigurablePartition`.
 class ZR_API HTEQReconfigPartition : public teq_platform::JSONSerializable {
 public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;

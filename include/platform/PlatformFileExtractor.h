@@ -5,7 +5,8 @@
 
 class HTEQHardwarePlatform;
 
-/// Copies members of a platform's archive to files, and on wish repairs a copied hpfm file.
+/// Copies members of a platform's archive to files, and optionally repairs a copied hpfm file. For files inside the
+/// tile-array project see `PlatformTilprjFileExtractor`.
 class ZR_API PlatformFileExtractor {
 public:
     /// `platform` must outlive the extractor.
