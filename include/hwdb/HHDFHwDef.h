@@ -8,7 +8,7 @@ class ZR_API HHDFHwDef {
 public:
     HHDFHwDef(std::string file, std::string topModule) : file_(std::move(file)), topModule_(std::move(topModule)) {}
 
-    /// The file that it was read from.
+    /// The file it was read from.
     const std::string& getFile() const { return file_; }
     /// The attribute "top" of the root element of the member "sysdef.xml", or else of "hwdef.xml".
     const std::string& getHierTopModuleName() const { return topModule_; }

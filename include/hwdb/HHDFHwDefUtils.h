@@ -8,6 +8,7 @@
 /// Reads hardware definition files: zip archives with a member "sysdef.xml" or "hwdef.xml".
 class ZR_API HHDFHwDefUtils {
 public:
-    /// Null when the file cannot be read as an archive, or names no top module. Never throws for a bad file.
+    /// Null if the file cannot be read as an archive, or does not name a top module. Never throws for an invalid
+    /// file.
     static std::unique_ptr<HHDFHwDef> getHDF(const std::string& file);
 };

@@ -8,7 +8,7 @@
 class HHDFHwDef;
 class HHSMHardwareDb;
 
-/// The hardware databases of the process. They live as long as it does; the pointers stay the manager's.
+/// The hardware databases of the process. They exist until the process ends and are owned by the manager.
 class ZR_API HHSMHwManager {
 public:
     static HHSMHwManager& getHsmHwManager();
@@ -18,15 +18,15 @@ public:
     /// Whether a hardware definition can be read from `file`.
     bool openDefFile(const std::string& file) const;
 
-    /// A new database of the definition in `file`, named after its top module, with a number behind it when there is
-    /// a database of that name. Null when there is no definition to be read.
+    /// A new database of the definition in `file`, named after its top module, with a number appended if a database
+    /// of that name exists. Null if no definition can be read.
     HHSMHardwareDb* createHardwareDb(const std::string& file);
     /// The same with files of reconfigurable modules, by the instance path that each one fills.
     HHSMHardwareDb* createHardwareDb(const std::string& file, const std::map<std::string, std::string>& rmFiles);
     /// Null for null.
     HHSMHardwareDb* createHardwareDbFromHDF(const HHDFHwDef* definition);
 
-    /// Null when there is no database of this name.
+    /// Null if there is no database of this name.
     HHSMHardwareDb* getHardwareDb(const std::string& name) const;
 
 private:

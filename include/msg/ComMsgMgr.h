@@ -9,20 +9,20 @@
 #include "msg/MsgCatalogue.h"
 #include "text/ZrApi.h"
 
-/// One message as it was sent: what a sink gets, and what the exceptions of the `HEX...` family carry.
+/// A message as sent: what a sink receives, and what the `HEX...` exceptions carry.
 struct ZR_API ComMsgMgrInstance {
     std::string module;             ///< "platform"
-    std::string id;                 ///< with its argument format, as "@74-60@%s"; empty for plain words
+    std::string id;                 ///< with its argument format, as "@74-60@%s"; empty for a plain text
     MsgMask mask = MsgMask::error;  ///< severity
     std::vector<std::string> args;  ///< the arguments as text
     std::string text;               ///< the whole sentence, for people
     std::source_location where;     ///< the sender
 };
 
-/// An id of the catalogue together with the types of its arguments; made only while compiling.
+/// An id of the catalogue together with the types of its arguments; exists only at compile time.
 template <class... Args>
 struct MsgId {
-    // NOLINTNEXTLINE(google-explicit-constructor): a plain string literal is to be passed.
+    // NOLINTNEXTLINE(google-explicit-constructor): callers pass a plain string literal.
     consteval MsgId(const char* id, std::source_location at = std::source_location::current())
         : row(&find(id)), where(at) {}
     const MsgRow* row;
@@ -37,13 +37,13 @@ private:
     }
 };
 
-/// Where the library's messages go. One for the process; without a sink of the host's, each message is a line on
-/// standard error.
+/// Delivers the library's messages. There is one for the process; unless the host sets a sink, each message is a line
+/// on standard error.
 class ZR_API ComMsgMgr {
 public:
     using Sink = std::function<void(const ComMsgMgrInstance&)>;
 
-    /// Takes the place of the present sink; an empty one restores standard error. The sink must not throw.
+    /// Replaces the sink; an empty one restores standard error. The sink must not throw.
     static void setSink(Sink sink);
 
     /// Makes the message of a catalogue id without sending it:
@@ -52,7 +52,7 @@ public:
     static ComMsgMgrInstance make(MsgId<std::type_identity_t<Args>...> id, const Args&... args) {
         return make_(*id.row, {asText(args)...}, id.where);
     }
-    /// Makes a message and gives it to the sink.
+    /// Makes a message and passes it to the sink.
     template <class... Args>
     static void sendMsg(MsgId<std::type_identity_t<Args>...> id, const Args&... args) {
         send(make_(*id.row, {asText(args)...}, id.where));

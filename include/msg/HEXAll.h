@@ -5,11 +5,11 @@
 #include "msg/ComMsgMgr.h"
 #include "text/ZrApi.h"
 
-/// Root of the library's exceptions. Carries a message: one of the catalogue, or plain words.
+/// Root of the library's exceptions. Carries a message: one of the catalogue, or a plain text.
 class ZR_API HEXAll : public std::exception {
 public:
     explicit HEXAll(ComMsgMgrInstance message);
-    explicit HEXAll(std::string words, std::source_location where = std::source_location::current());
+    explicit HEXAll(std::string text, std::source_location where = std::source_location::current());
     ~HEXAll() override;
     const char* what() const noexcept override { return message_.text.c_str(); }
     const ComMsgMgrInstance& message() const { return message_; }
@@ -18,7 +18,7 @@ private:
     ComMsgMgrInstance message_;
 };
 
-/// An error of no narrower kind.
+/// An error without a more specific class.
 class ZR_API HEXError : public HEXAll {
 public:
     using HEXAll::HEXAll;
@@ -30,7 +30,7 @@ public:
     using HEXAll::HEXAll;
     ~HEXUserException() override;
 };
-/// A file that was named does not exist; the words are its path.
+/// A named file does not exist; the text is its path.
 class ZR_API HEXFileNotFoundException : public HEXAll {
 public:
     using HEXAll::HEXAll;
@@ -42,13 +42,13 @@ public:
     using HEXAll::HEXAll;
     ~HEXDataException() override;
 };
-/// A broken internal state, or an operation used against its rules.
+/// An invalid internal state, or misuse of an operation.
 class ZR_API HEXAlgException : public HEXAll {
 public:
     using HEXAll::HEXAll;
     ~HEXAlgException() override;
 };
-/// A failed XML write or read.
+/// Reading or writing XML failed.
 class ZR_API HXMLException : public HEXAll {
 public:
     using HEXAll::HEXAll;

@@ -2,20 +2,19 @@
 #include <array>
 #include <string_view>
 
-/// Severity of a message, rising.
+/// Severity of a message, in ascending order.
 enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical = 0x10000000, error = 0x20000000 };
 
 /// One message that the library can send. The id and the arguments are the contract; the text may change.
 struct MsgRow {
-    std::string_view id;  ///< as it is sent, for instance "@74-60@%s"
-    std::string_view
-        kinds;  ///< of its arguments, 's' text and 'd' integer. A few ids tell fewer in their own format.
+    std::string_view id;     ///< as sent, for instance "@74-60@%s"
+    std::string_view kinds;  ///< of its arguments: 's' text, 'd' integer. The format of a few ids lists fewer.
     MsgMask mask;
     std::string_view text;  ///< for people; "{0}", "{1}" stand for the arguments
 };
 
-/// All messages. An id that is not here, or arguments that do not fit it, do not compile (`ComMsgMgr::sendMsg`). An
-/// id that is sent with different arguments has a row for each.
+/// All messages. Sending an id that is not listed, or with other arguments, does not compile (`ComMsgMgr::sendMsg`).
+/// An id that is sent with different arguments has a row for each.
 inline constexpr std::array kMsgCatalogue{
     MsgRow{"@1-1874@%s", "s", MsgMask::warning, "temporary directory '{0}' could not be removed"},
     MsgRow{"@74-9@%s", "sd", MsgMask::error, "{0}:{1}: the platform descriptor is not valid"},

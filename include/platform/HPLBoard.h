@@ -50,7 +50,7 @@ public:
 
     HPLBoard();
     ~HPLBoard() override;
-    /// Never returns for a board with a driver: a driver has no form in the document. No reader adds one.
+    /// Never returns for a board with a driver, which has no form in the document. No reader adds one.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
     const std::string& getName() const { return name_; }
@@ -69,31 +69,31 @@ public:
     const std::string& getImgFileLdpi() const { return imgFileLdpi_; }
     void setImgFileLdpi(std::string value) { imgFileLdpi_ = std::move(value); }
 
-    /// Appends a new driver, which stays the board's.
+    /// Appends a new driver, owned by the board.
     HPLDriver* addDriver();
     /// The caller deletes the iterator.
     HSTFwdIter<HPLDriver*>* createDriverIter() const;
     const HPLPCIeId& getPCIeId() const { return pcieId_; }
     HPLPCIeId& getWriteablePCIeId() { return pcieId_; }
 
-    /// Append a new connector, which stays the board's.
+    /// Append a new connector, owned by the board.
     DimmConnector* addDimmConnector();
     DimmConnector* addDimmConnector(std::string name, std::string displayName, std::string type,
                                     std::string connectedName, std::string connectedDisplayName, bool connected,
                                     bool locked);
     bool hasDimmConnectors() const { return !connectors_.empty(); }
-    /// Replaces what `out` holds.
+    /// Replaces the contents of `out`.
     void getConnectorsVec(HSTVector<DimmConnector*>& out) const { out = connectors_.items(); }
-    /// Append names: of all connectors, of the locked ones, of the connected ones with what they are connected to.
+    /// Append names: of all connectors; of the locked ones; of the connected ones and their counterparts.
     void getDimmConnectors(HSTVector<std::string>& out) const;
     void getLockedDimmConnectors(HSTVector<std::string>& out) const;
     void getConnectedDimmConnectors(HSTVector<std::string>& names, HSTVector<std::string>& connectedNames) const;
-    /// "name connectedName" of the connected connectors, all with blanks between: "J1 FMC0 J2 FMC1".
+    /// "name connectedName" of the connected connectors, separated by blanks: "J1 FMC0 J2 FMC1".
     std::string getBoardConnectionsString() const;
     std::string getLockedBoardConnectionsString() const;
     std::string getUnlockedBoardConnectionsString() const;
-    /// The display name that belongs to a connector's name, or to the name of what it is connected to; compared
-    /// without regard to case, the first match counts. Empty when there is none.
+    /// The display name for a connector's name or for the name of its counterpart. Case is ignored, and the first
+    /// match is used. Empty if there is none.
     std::string getConnectorDisplayName(const std::string& name) const;
 
 private:

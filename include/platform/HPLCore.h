@@ -12,8 +12,8 @@
 
 class HPLPort;
 
-/// The region of a device that kernels are placed in: its ports, its configuration and what resources are free in
-/// each of its partition blocks ("pblocks").
+/// The region of a device that kernels are placed in: its ports, its configuration and the free resources of each of
+/// its partition blocks ("pblocks").
 class ZR_API HPLCore : public teq_platform::JSONSerializable {
 public:
     using ConfigParamMap = std::map<std::string, std::string>;
@@ -28,7 +28,7 @@ public:
     void setName(std::string value) { name_ = std::move(value); }
     const std::string& getType() const { return type_; }
     void setType(std::string value) { type_ = std::move(value); }
-    /// When none was set: the frequency of the first clock port named "ACLK", "KERNEL_CLK" or "DATA_CLK".
+    /// If none was set: the frequency of the first clock port named "ACLK", "KERNEL_CLK" or "DATA_CLK".
     std::string getClockFreq() const;
     void setClockFreq(std::string value) { clockFreq_ = std::move(value); }
     std::uint16_t getNumComputeUnits() const { return numComputeUnits_; }
@@ -50,13 +50,13 @@ public:
     const std::string& getDRBDName() const { return drBDName_; }
     void setDRBDName(std::string value) { drBDName_ = std::move(value); }
 
-    /// Appends a new port, which stays the core's.
+    /// Appends a new port, owned by the core.
     HPLPort* addPort();
-    /// Takes the port out and deletes it; a port that is not the core's changes nothing.
+    /// Removes and deletes the port; does nothing if the core does not own it.
     void removePort(HPLPort* port);
     /// The caller deletes the iterator.
     HSTFwdIter<HPLPort*>* createPortIter() const;
-    /// The largest width over the ports, in bits; a text that is no number counts as 0.
+    /// The largest width over the ports, in bits; a text that is not a number counts as 0.
     int getMaxAddrWidth() const;
     int getMaxDataWidth() const;
 
@@ -66,28 +66,27 @@ public:
 
     PBlockToResourceMap& getPBlockToResourceMap() { return resources_; }
     const PBlockToResourceMap& getReadOnlyPBlockToResourceMap() const { return resources_; }
-    /// The resources of `pblock`, made empty when there are none.
+    /// The resources of `pblock`, created empty if there are none.
     ResourceMap& getResourceMap(const std::string& pblock) { return resources_[pblock]; }
-    /// Makes the pblock known in any case; stores nothing in it when both `name` and `value` are empty.
+    /// Always creates the pblock; stores nothing in it if both `name` and `value` are empty.
     void addResourceInfo(const std::string& pblock, const std::string& name, const std::string& value);
     /// Whether there is a fixed count or a pblock.
     bool hasResourceInfo() const;
 
-    /// The SLRs that kernels of `pblock` may use. The first call for a pblock counts, later ones change nothing.
+    /// The SLRs that kernels of `pblock` may use. Only the first call for a pblock has an effect.
     void addSLRInfo(const std::string& pblock, const std::string& commaSeparated);
     void addSLRInfo(const std::string& pblock, const char* commaSeparated) {
         addSLRInfo(pblock, std::string(commaSeparated));
     }
     void addSLRInfo(const std::string& pblock, const HSTVector<std::string>& names);
     void addSLRInfo(const std::string& pblock, const std::set<std::string>& names);
-    /// Replaces `out` by the names of `pblock`, which is compared without regard to case; leaves it when there are
-    /// none.
+    /// Replaces `out` by the names of `pblock`, whose case is ignored; leaves it unchanged if there are none.
     void getSLRNames(const std::string& pblock, std::set<std::string>& out) const;
     const std::map<std::string, std::set<std::string>>& getReadOnlySLRMap() const { return slrNames_; }
-    /// Appends the names of all pblocks that have resources, each once.
+    /// Appends the name of each pblock that has resources.
     void getValidSLRNames(HSTVector<std::string>& out) const;
 
-    /// Decimal text: the fixed count, else what the dynamic region's resources say; empty when that is 0.
+    /// Decimal text: the fixed count, else the count of the dynamic region's resources; empty if that is 0.
     std::string getBRAMCount() const;
     void setBRAMCount(std::string value) { bramCount_ = std::move(value); }
     std::string getLUTCount() const;
@@ -96,11 +95,11 @@ public:
     void setDSPCount(std::string value) { dspCount_ = std::move(value); }
     std::string getRegisterCount() const;
     void setRegisterCount(std::string value) { registerCount_ = std::move(value); }
-    /// The resource `type` (such as "BRAM") of the pblocks named `pblock`, without regard to case. A `variant` (such
-    /// as "used") asks for "BRAM_used"; "DSP" is also found as "DSPs", and its variants are "DSPs_used". 0 when
+    /// The resource `type` (such as "BRAM") of the pblocks named `pblock`; case is ignored. With a `variant` (such as
+    /// "used") "BRAM_used" is looked up; "DSP" is also found as "DSPs", and its variants are "DSPs_used". 0 if
     /// missing.
     int getResCount(const std::string& type, const std::string& pblock, const std::string& variant) const;
-    /// The same for the only pblock, or for "pblock_dynamic_region" when there are several or none.
+    /// The same for the only pblock, or for "pblock_dynamic_region" if there are several or none.
     int getResCount(const std::string& type, const std::string& variant) const;
 
 private:

@@ -4,7 +4,7 @@
 
 #include "text/ZrApi.h"
 
-/// A host driver of a board. It has no form in the document, see HPLBoard::toJSON.
+/// A host driver of a board. It has no form in the document; see `HPLBoard::toJSON`.
 class ZR_API HPLDriver {
 public:
     const std::string& getName() const { return name_; }

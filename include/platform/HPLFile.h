@@ -11,10 +11,10 @@ public:
     HPLFile(std::string type, std::string name) : name_(std::move(name)), type_(std::move(type)) {}
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
-    /// Member name in the archive, as the metadata has it: not to be trusted as a path.
+    /// Member name in the archive, as in the metadata: untrusted, not to be used as a path.
     const std::string& getName() const { return name_; }
     void setName(std::string value) { name_ = std::move(value); }
-    /// A word of HTEQPfmFileTypes, or any other.
+    /// A name of HTEQPfmFileTypes, or any other text.
     const std::string& getType() const { return type_; }
     void setType(std::string value) { type_ = std::move(value); }
     const std::string& getUsedIn() const { return usedIn_; }

@@ -15,7 +15,7 @@ public:
 
     const std::string& getName() const { return name_; }
     void setName(std::string value) { name_ = std::move(value); }
-    /// For instance "ddr4". Set it before the parameters, whose permitted names depend on it.
+    /// For instance "ddr4". Must be set before the parameters, whose permitted names depend on it.
     const std::string& getType() const { return type_; }
     void setType(std::string value) { type_ = std::move(value); }
     /// Free text, such as "16GB".
@@ -28,9 +28,9 @@ public:
 
     ConfigParamMap& getConfigParamMap() { return configParams_; }
     const ConfigParamMap& getReadOnlyConfigParamMap() const { return configParams_; }
-    /// Stores one of the permitted DDR parameters, over an earlier value. Any other name is dropped without a word:
-    /// of the names that begin with "C0.DDR", only those of DDR3 for the type "ddr3" and of DDR4 for every other
-    /// type.
+    /// Stores one of the permitted DDR parameters, replacing an earlier value. Other names are silently ignored: of
+    /// the names that begin with "C0.DDR", only those of DDR3 are stored for the type "ddr3", and only those of DDR4
+    /// for every other type.
     void addConfigParam(const std::string& name, const std::string& value);
 
     /// Whether both addresses are 0: the document then has neither.

@@ -18,24 +18,24 @@ class HPLMemory;
 enum class HostArchType { x86_64, armv7l, ppc64le, aarch64, unknown };
 enum class HostInterfaceType { pcie, axi, unknown };
 
-/// The texts of the values, by number.
+/// The texts of the values, indexed by number.
 inline constexpr std::array<std::string_view, 5> HPLHostArchMap{"x86_64", "armv7l", "ppc64le", "aarch64", "unknown"};
 inline constexpr std::array<std::string_view, 3> HPLHostInterfaceMap{"pcie", "axi", "unknown"};
 
-/// A hardware platform that came from an archive: the only concrete one. Adds version, host, binary form, board,
-/// devices, memories, host interfaces and the archive's list of files, and derives the names by which users know it.
+/// A hardware platform from an archive, the only concrete class. Adds version, host, binary format, board, devices,
+/// memories, host interfaces and the archive's list of files, and derives the names shown to users.
 class ZR_API HPLPlatform : public HTEQHardwarePlatform {
 public:
     using FileRange = std::pair<HSTVector<HPLFile*>::const_iterator, HSTVector<HPLFile*>::const_iterator>;
 
     HPLPlatform();
 
-    /// Its own keys, then those of the base. Throws the property tree's json_parser_error when the extension metadata
-    /// in the archive is no JSON.
+    /// Its own keys, then those of the base. Throws the property tree's json_parser_error if the extension metadata
+    /// in the archive is not JSON.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HPLPlatform() override;
     std::string getBoardPart() const override;
-    /// Unpacks the archive's board repository below the temporary directory and gives its path there; empty when the
+    /// Extracts the archive's board repository below the temporary directory and returns its path there; empty if the
     /// archive has none.
     std::string getBoardRepo() const override;
     std::string getBoardConnectionsString() const override;
@@ -45,14 +45,14 @@ public:
     std::string getVersion() const override;
     /// "vendor:boardId:name:version".
     std::string getUniqueName() const override;
-    /// "BOARDID (name)"; of an embedded platform the name.
+    /// "BOARDID (name)"; for an embedded platform the name.
     std::string getPrettyName() const override;
     /// "vendor_boardId_name_major_minor".
     std::string getDeviceName() const override;
     unsigned getNumDDRs() const override;
     /// Of the first memory; "ddr4" without memories.
     std::string getMemType() const override;
-    /// "64 GB": the sum of the memories, "8 GB" when that is 0. Throws as `getMemSizeInGb` does.
+    /// "64 GB": the sum of the memories, or "8 GB" if that is 0. Throws as `getMemSizeInGb` does.
     std::string getMemSize() const override;
     /// "PCIe gen3x8" and the like; empty unless the platform is server managed or has an external host.
     std::string getInterfaceDesc() const override;
@@ -118,7 +118,7 @@ public:
     /// @}
 
     /// @name Host
-    /// Texts are compared without regard to case; one that is not known gives `unknown`.
+    /// Texts are compared without regard to case; an unrecognised one gives `unknown`.
     /// @{
     static HostArchType getHostArchType(const std::string& text);
     static std::string getHostArchAsStr(HostArchType value);
@@ -134,12 +134,12 @@ public:
 
     /// @name Lists
     /// @{
-    /// Append a value that is not there yet.
+    /// Append a value unless it is already in the list.
     void addValidBinaryContentValue(const std::string& value) { binaryContentValues_.add(value); }
     void addValidOutputTypeValue(const std::string& value) { outputTypeValues_.add(value); }
     const HSTVector<std::string>& getValidBinaryContentValues() const { return binaryContentValues_.values; }
     const HSTVector<std::string>& getValidOutputTypeValues() const { return outputTypeValues_.values; }
-    /// The values with "," between, no blank.
+    /// The values separated by "," without blanks.
     std::string getValidBinaryContentValuesAsStr() const;
     std::string getValidOutputTypeValuesAsStr() const;
     void addZuncCompileXpSwitch(std::string value) { compileSwitches_.push_back(std::move(value)); }
@@ -149,11 +149,11 @@ public:
     HPLMemory* addMemory();
     HPLInterface* addInterface();
     HPLFile* addFile(const std::string& type, const std::string& name);
-    /// Takes the file out and deletes it; a file that is not the platform's changes nothing.
+    /// Removes and deletes the file; does nothing if the platform does not own it.
     void removeFile(HPLFile* file);
     /// Removes all files of exactly that type.
     void removeFileType(const std::string& type);
-    /// The first file of exactly that type, or null; `getFile` differs in both.
+    /// The first file of exactly that type, or null. `getFile`, by contrast, ignores case and finds the last.
     HPLFile* findFile(const std::string& type) const;
     unsigned getNumFiles() const { return static_cast<unsigned>(files_.size()); }
     FileRange getFileVecRange() const { return {files_.begin(), files_.end()}; }
@@ -168,15 +168,16 @@ public:
     static std::string getVBNVAsStr(const std::string& vendor, const std::string& board, const std::string& name,
                                     const std::string& version);
     std::string getVBNV() const;
-    /// The leading number of a size such as "16GB"; 0 for other units. Throws std::out_of_range when there is no
-    /// memory number `index` among several, or the number is too large; std::invalid_argument ("stoi") for "x4GB".
+    /// The leading number of a size such as "16GB"; 0 for other units. Throws std::out_of_range if there are
+    /// several memories but none with number `index`, or the number is too large; std::invalid_argument ("stoi") for
+    /// "x4GB".
     int getMemSizeInGb(std::size_t index) const;
     /// Devices that have a core.
     unsigned getOCLRegionCount() const;
     bool usesExpandedPR() const;
     /// Instance path of the first core.
     std::string getOclInstPath() const;
-    /// Whether both documents are equal without regard to case.
+    /// Whether both documents are equal; case is ignored.
     bool isEquals(const HPLPlatform& other) const;
     /// @}
 
@@ -188,7 +189,7 @@ private:
     };
     /// The core of the device "fpga0", or null.
     const HPLCore* getFirstCore_() const;
-    /// Member name of the extension metadata, empty when none is listed.
+    /// Member name of the extension metadata; empty if none is listed.
     std::string getExtMetaJsonFile_() const;
 
     unsigned versionMajor_ = 0, versionMinor_ = 0;

@@ -8,7 +8,7 @@
 
 class HPLAddressSegment;
 
-/// A port of a core. Every attribute is the text of the XML metadata, numbers included.
+/// A port of a core. Every attribute, numbers included, is the text of the XML metadata.
 class ZR_API HPLPort : public teq_platform::JSONSerializable {
 public:
     HPLPort();
@@ -49,7 +49,7 @@ public:
     const std::string& getDirection() const { return direction_; }
     void setDirection(std::string value) { direction_ = std::move(value); }
 
-    /// Takes `segment`, which must come from `new`; null is ignored.
+    /// Takes ownership of `segment`, which must have been allocated with `new`; null is ignored.
     void addAddressSegment(HPLAddressSegment* segment);
     /// The caller deletes the iterator.
     HSTFwdIter<HPLAddressSegment*>* createAddressSegmentIter() const;

@@ -4,15 +4,15 @@
 
 #include "platform/JSONSerializable.h"
 
-/// One boot image of a system configuration: the element `image` of the software platform file. Every text stands as
-/// it came from the file; what the file leaves out is empty.
+/// One boot image of a system configuration: the element `image` of the software platform file. Texts are as in
+/// the file, or empty if missing there.
 class ZR_API HTEQBootImg : public teq_platform::JSONSerializable {
 public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
     const std::string& getName() const { return name_; }
     const std::string& getType() const { return type_; }
-    /// Boot image format file.
+    /// The boot image format file.
     const std::string& getBif() const { return bif_; }
     const std::string& getImgData() const { return imgData_; }
     const std::string& getBootMode() const { return bootMode_; }

@@ -12,42 +12,42 @@ class MemberSource;
 }
 
 /// Fills one hardware platform from a JSON member of a `.cfa` or `.lfa` archive. A missing key gives an empty or zero
-/// value, an unknown key is passed over; only a device without "core" is a failure. Bus interfaces and NoC
-/// connectivity come from the archive's hpfm member when it has one that can be read, else from the document.
+/// value, an unknown key is ignored; only a device without "core" is an error. Bus interfaces and NoC connectivity
+/// come from the archive's hpfm member if it has a readable one, else from the document.
 class ZR_API HTEQCfaJsonReader {
 public:
     using HwMetadataMode = teq_platform::HwMetadataMode;
 
-    /// `platform` stays the caller's and is filled; a fresh one is expected.
+    /// Fills `platform`, which must be new and stays owned by the caller.
     explicit HTEQCfaJsonReader(HPLPlatform* platform);
     ~HTEQCfaJsonReader();
     HTEQCfaJsonReader(const HTEQCfaJsonReader&) = delete;
     HTEQCfaJsonReader& operator=(const HTEQCfaJsonReader&) = delete;
 
-    /// Whether `archive` holds a JSON member that the mode allows, and its name in `member`. Sets the platform's file
-    /// to the archive's canonical name. Sends "@74-66@%s" when the path is empty or does not exist. False too for a
-    /// file that is no archive.
+    /// Whether `archive` holds a JSON member that the mode allows; its name goes to `member`. Sets the platform's
+    /// file to the archive's canonical name. Sends "@74-66@%s" if the path is empty or does not exist. Also false if
+    /// the file is not an archive.
     bool canParse(const std::string& archive, HwMetadataMode mode, std::string& member);
-    /// The same for the member of the emulation directory "hw_emu".
+    /// The same for the member in the emulation directory "hw_emu".
     bool canParseHwEmu(const std::string& archive, HwMetadataMode mode, std::string& member);
 
-    /// Reads the archive's metadata. False when there is none, or, with message "@74-64@%s%s%s" (member, archive,
-    /// what is wrong) when it cannot be read.
+    /// Reads the archive's metadata. False if there is none or, with message "@74-64@%s%s%s" (member, archive,
+    /// error), if it cannot be read.
     bool parseCFA(const std::string& archive, HwMetadataMode mode);
     /// The same from the emulation directory; the platform is then marked as the child of another.
     bool parseHwEmuLFA(const std::string& archive, HwMetadataMode mode);
 
-    /// Reads a JSON file that lies in no archive. False when it is no file; lets the exceptions of the parser, of the
-    /// property tree and of the model pass.
+    /// Reads a JSON file outside of an archive. False if it is not a file. Exceptions of the parser, the property
+    /// tree and the model are passed on.
     bool parseFile(const std::string& file);
     /// Reads a document; false for an empty text. Exceptions as `parseFile`.
     bool parseJsonString(const std::string& text);
 
-    /// Member name of the first file of type "HPFM" that the archive really holds, and its text; else empty.
+    /// Member name of the first listed file of type "HPFM" that the archive contains, and its text; else empty.
     std::string getHpfmFile() const;
     std::string getHpfmStr() const;
 
-    /// Adds the hpfm's bus interfaces, or NoC connectivity, to the platform. False when the text is empty or not
+    /// Adds the hpfm's bus interfaces, or NoC connectivity, to the platform. False if the text is empty or not
     /// valid.
     bool readHpfmBusInterfaces(const std::string& hpfm);
     bool readHpfmNocConnectivity(const std::string& hpfm);

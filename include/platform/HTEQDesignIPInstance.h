@@ -15,9 +15,9 @@ public:
     /// "vendor:library:name:version".
     const std::string& getVLNV() const { return vlnv_; }
     void setVLNV(std::string value) { vlnv_ = std::move(value); }
-    /// Replaces what `out` holds.
+    /// Replaces the contents of `out`.
     void getConfigParamMap(std::map<std::string, std::string>& out) const { out = configParams_; }
-    /// Throws HEXAlgException, and changes nothing, when the key is there already or leads deeper than 64 levels.
+    /// Throws HEXAlgException and changes nothing if the key already exists or has more than 64 levels.
     void addConfigParam(const std::string& key, const std::string& value);
 
 private:

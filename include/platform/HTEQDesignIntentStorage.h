@@ -1,14 +1,14 @@
 #pragma once
 #include "platform/JSONSerializable.h"
 
-/// What kind of system a platform is meant for. A value that a source declared ("explicit") wins over one that the
-/// tools worked out ("computed"), in whatever order the two were set.
+/// What kind of system a platform is meant for. A value declared by a source ("explicit") takes precedence over one
+/// derived by the tools ("computed"), whichever was set first.
 class ZR_API HTEQDesignIntentStorage : public teq_platform::JSONSerializable {
 public:
-    /// A value that is none of these is ignored by the setters.
+    /// The setters ignore any other value.
     enum class Key : unsigned { serverManaged = 1, externalHost = 2, embedded = 4, dataCenter = 8 };
 
-    /// Writes the one key "designIntent".
+    /// Writes the key "designIntent".
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
     bool getDataCenter() const { return dataCenter_.value(); }

@@ -11,13 +11,13 @@ public:
     const std::string& getName() const { return name_; }
     void setName(std::string value) { name_ = std::move(value); }
 
-    /// The device string as it was set: "architecture:device:package:speed[:grade[[:static power]:revision]]".
+    /// The device string as set: "architecture:device:package:speed[:grade[[:static power]:revision]]".
     const std::string& getFpgaPart() const { return fpgaPart_; }
-    /// Stores `text` and splits it into the part fields; an empty text leaves them. Throws HEXAlgException when it
-    /// has fewer than four or more than seven fields; the text is stored all the same, the fields are as before.
+    /// Stores `text` and splits it into the part fields; an empty text leaves them. Throws HEXAlgException if it
+    /// has fewer than four or more than seven fields; the text is stored anyway, the fields are unchanged.
     void setFpgaPart(const std::string& text);
 
-    /// The composed part name, such as "xa7-flgb2104-2-e"; the device's name when no device string was set.
+    /// The composed part name, such as "xa7-flgb2104-2-e"; the device's name if no device string was set.
     const std::string& getPartName() const { return partName_.empty() ? name_ : partName_; }
     void setPartName(std::string value) { partName_ = std::move(value); }
     const std::string& getPartArch() const { return partArch_; }
@@ -38,7 +38,7 @@ public:
     void setNumSLRs(unsigned value) { numSLRs_ = value; }
 
 protected:
-    /// The part name alone, without the device's name in its place.
+    /// The part name, without the device's name as a substitute.
     const std::string& composedPartName_() const { return partName_; }
 
 private:

@@ -4,7 +4,7 @@
 
 #include "text/ZrApi.h"
 
-/// Feature ROM values of an emulated platform. Texts stand as the extended metadata has them.
+/// Feature ROM values of an emulated platform. Texts are as in the extended metadata.
 class ZR_API HTEQEmuFeatureRom {
 public:
     const std::string& getVBNV() const { return vbnv_; }
@@ -27,8 +27,8 @@ public:
     void setBitMapBoardSchedular(const std::string& value) { bitMapBoardSchedular_ = value; }
     void setBitMapPeerToPeer(const std::string& value) { bitMapPeerToPeer_ = value; }
 
-    /// The word made of the feature texts: bit 0 always, bit 3 when the board scheduler is exactly "enabled", bit 16
-    /// when peer to peer is. The value and the unified-platform text play no part.
+    /// The bit map derived from the feature texts: bit 0 always, bit 3 if the board scheduler is exactly "enabled",
+    /// bit 16 if peer to peer is. The value and the unified-platform text are not used.
     std::uint32_t getFeatureBitMap() const;
 
 private:

@@ -5,7 +5,7 @@
 #include "text/HSTVector.h"
 #include "text/Owned.h"
 
-/// One named emulation target and the files that it needs, which it owns.
+/// One named emulation target, which owns the list of the files that it needs.
 class ZR_API HTEQEmulation {
 public:
     HTEQEmulation() = default;
@@ -13,7 +13,7 @@ public:
 
     const std::string& getName() const { return name_; }
     void setName(const std::string& name) { name_ = name; }
-    /// A new file at the end of the list.
+    /// Appends a new file.
     HTEQEmulationFile* createFile() { return files_.add(); }
     HTEQEmulationFile* createFile(const std::string& type, const std::string& name) { return files_.add(type, name); }
     const HSTVector<HTEQEmulationFile*>& getFiles() const { return files_.items(); }

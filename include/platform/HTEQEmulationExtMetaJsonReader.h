@@ -6,21 +6,21 @@
 
 class HTEQEmulations;
 
-/// Fills one feature ROM of the emulation metadata from the extended metadata. What is no JSON, or cannot be read,
-/// gives the property tree's `json_parser_error`, a missing required key its `ptree_bad_path`; after the latter the
-/// model holds what stood in front of it.
+/// Fills one feature ROM of the emulation metadata from the extended metadata. Throws the property tree's
+/// `json_parser_error` if the text is not JSON or cannot be read, and its `ptree_bad_path` if a required key is
+/// missing; the model then holds what came before it.
 class ZR_API HTEQEmulationExtMetaJsonReader {
 public:
-    /// Throws `HEXFileNotFoundException` when the file is not there. `emulations` stays the caller's.
+    /// Throws `HEXFileNotFoundException` if the file does not exist. The caller keeps ownership of `emulations`.
     HTEQEmulationExtMetaJsonReader(const std::string& file, HTEQEmulations* emulations);
-    /// For `parseExtMetaRoot_` only.
+    /// Only for `parseExtMetaRoot_`.
     explicit HTEQEmulationExtMetaJsonReader(HTEQEmulations* emulations);
 
-    /// True for any JSON; no key is looked at.
+    /// True for any JSON; no key is examined.
     bool isJsonValid() const;
     void parseJson();
-    /// Fills the model from a ready tree. However many elements "featureRoms" has, they make one feature ROM, in
-    /// which the last value of each key stands.
+    /// Fills the model from a parsed tree. All elements of "featureRoms" fill one feature ROM, with the last value of
+    /// each key.
     void parseExtMetaRoot_(const boost::property_tree::ptree& root);
 
 private:

@@ -11,9 +11,9 @@ public:
 
     /// For instance "EMU_HPFM".
     const std::string& getType() const { return type_; }
-    /// Name of a member of the platform's archive.
+    /// Member name in the platform's archive.
     const std::string& getName() const { return name_; }
-    /// Only the JSON form of the metadata carries it.
+    /// Only in the JSON form of the metadata.
     const std::string& getInstPath() const { return instPath_; }
     void setType(const char* type) { type_ = type ? type : ""; }
     void setName(const char* name) { name_ = name ? name : ""; }

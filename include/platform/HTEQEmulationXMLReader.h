@@ -8,20 +8,20 @@ namespace TEQEmulation {
 struct Root;
 }  // namespace TEQEmulation
 
-/// Fills emulation metadata from its XML form, "hw_emu.xml". The version attributes are checked and not carried into
-/// the model. Nothing reaches the model from a document that is not valid as a whole.
+/// Fills emulation metadata from its XML form, "hw_emu.xml". The version attributes are checked, but not stored
+/// in the model. If the document is not valid, the model is not changed.
 class ZR_API HTEQEmulationXMLReader {
 public:
-    /// Throws `HEXFileNotFoundException` when the file is not there. `emulations` stays the caller's.
+    /// Throws `HEXFileNotFoundException` if the file does not exist. The caller keeps ownership of `emulations`.
     HTEQEmulationXMLReader(const std::string& file, HTEQEmulations* emulations);
 
-    /// Sends a message with file, line and reason and throws `HXMLException` when the file cannot be read or is not
-    /// valid.
+    /// If the file cannot be read or is not valid, sends a message with file, line and reason and throws
+    /// `HXMLException`.
     void parseXml();
 
-    /// The same from a member of an archive; one character and the slashes behind it at the begin of the member's
-    /// name, as in "./hw_emu.xml", do not count. Throws `HEXError` ("@74-34@%s%s") when the member cannot be opened,
-    /// and `HXMLException` as `parseXml` does.
+    /// The same from a member of an archive. A leading character followed by slashes, as in "./hw_emu.xml", is
+    /// ignored in the member's name. Throws `HEXError` ("@74-34@%s%s") if the member cannot be opened, and
+    /// `HXMLException` like `parseXml`.
     static void parseFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
 
 private:

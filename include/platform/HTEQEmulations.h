@@ -16,16 +16,16 @@ public:
     static const std::string& getEmuDirName();                 ///< "hw_emu"
     static const std::string& getEmulationPropJsonFilename();  ///< "prop.json"
 
-    /// Only the JSON form of the metadata carries it.
+    /// Only in the JSON form of the metadata.
     const std::string& getPfmMetadataVersion() const { return pfmMetadataVersion_; }
     void setPfmMetadataVersion(const std::string& version) { pfmMetadataVersion_ = version; }
-    /// Of the XML form, for writing; the reader leaves them.
+    /// Of the XML form, for writing; the reader does not set them.
     std::uint32_t getVersionMajor() const { return versionMajor_; }
     std::uint32_t getVersionMinor() const { return versionMinor_; }
     void setVersionMajor(std::uint32_t version) { versionMajor_ = version; }
     void setVersionMinor(std::uint32_t version) { versionMinor_ = version; }
 
-    /// A new one at the end of the list.
+    /// Appends a new one.
     HTEQEmulation* createEmulation() { return emulations_.add(); }
     const HSTVector<HTEQEmulation*>& getEmulations() const { return emulations_.items(); }
     HTEQEmuFeatureRom* createFeatureRom() { return featureRoms_.add(); }

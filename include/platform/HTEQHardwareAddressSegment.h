@@ -4,18 +4,18 @@
 
 #include "platform/JSONSerializable.h"
 
-/// One memory bank of a bus interface, as the hpfm member lists it. All texts are as in the file. For the segments of a
-/// core's port see `HPLAddressSegment`.
+/// One memory bank of a bus interface, as the hpfm member lists it. All texts are as in the file. For the segments of
+/// a core's port see `HPLAddressSegment`.
 class ZR_API HTEQHardwareAddressSegment : public teq_platform::JSONSerializable {
 public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
-    /// "true", "false" or "preferred": whether a linker may assign the bank by itself.
+    /// "true", "false" or "preferred": whether a linker may assign the bank automatically.
     const std::string& getAuto() const { return auto_; }
     void setAuto(std::string value) { auto_ = std::move(value); }
     const std::string& getBaseName() const { return baseName_; }
     void setBaseName(std::string value) { baseName_ = std::move(value); }
-    /// The memory index of the bank, not its place in the interface's list.
+    /// The memory index of the bank, not its position in the interface's list.
     unsigned getIndex() const { return index_; }
     void setIndex(unsigned value) { index_ = value; }
     unsigned getMaxMasters() const { return maxMasters_; }

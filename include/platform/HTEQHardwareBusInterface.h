@@ -8,13 +8,13 @@
 
 class HTEQHardwareAddressSegment;
 
-/// A port of the shell that a linker can attach kernels to, with the memory banks behind it. Texts stand as they came
-/// from the hpfm member or the metadata; type, mode and memory port are compared without regard to case.
+/// A port of the shell that a linker can attach kernels to, with the memory banks that it reaches. Texts are as in
+/// the hpfm member or the metadata; comparisons of type, mode and memory port ignore case.
 class ZR_API HTEQHardwareBusInterface : public teq_platform::JSONSerializable {
 public:
     HTEQHardwareBusInterface();
     ~HTEQHardwareBusInterface() override;
-    /// Size, peak memory bandwidth and maximum of masters are not part of the document.
+    /// Size, peak memory bandwidth and maximum number of masters are not part of the document.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
     const std::string& getName() const { return name_; }
@@ -38,7 +38,7 @@ public:
     /// "memss" on platforms whose memory is addressed by type and bank number.
     const std::string& getMemPort() const { return memPort_; }
     void setMemPort(std::string value) { memPort_ = std::move(value); }
-    /// The tag by which a user names the memory, such as "HBM" or "bank0".
+    /// The tag by which users refer to the memory, such as "HBM" or "bank0".
     const std::string& getSPTag() const { return spTag_; }
     void setSPTag(std::string value) { spTag_ = std::move(value); }
     const std::string& getDirection() const { return direction_; }
@@ -65,12 +65,12 @@ public:
     int getISRId() const { return isrId_; }
     void setISRId(int value) { isrId_ = value; }
 
-    /// Appends a new segment, which stays this interface's.
+    /// Appends a new segment, owned by this interface.
     HTEQHardwareAddressSegment* addAddressSegment();
     unsigned getNumAddressSegments() const { return static_cast<unsigned>(segments_.size()); }
-    /// Replaces what `out` holds.
+    /// Replaces the contents of `out`.
     void getAddressSegments(HSTVector<HTEQHardwareAddressSegment*>& out) const { out = segments_.items(); }
-    /// Memory index or SLR of the segment number `n`; 0 or empty when there is none.
+    /// Memory index or SLR of segment number `n`; 0 or empty if there is none.
     unsigned getMemoryIndex(unsigned n) const;
     std::string getMemorySLR(unsigned n) const;
 

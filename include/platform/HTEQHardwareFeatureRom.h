@@ -7,8 +7,8 @@
 
 #include "platform/JSONSerializable.h"
 
-/// The read-only memory by which a shell tells host software what the hardware is: its exact 224 bytes,
-/// little-endian, with an accessor for each field. Bytes that have no accessor are reserved and stay 0.
+/// The read-only memory that describes the hardware to host software: exactly 224 bytes, little-endian, with an
+/// accessor for each field. Bytes without an accessor are reserved and stay 0.
 class ZR_API HTEQHardwareFeatureRom : public teq_platform::JSONSerializable {
 public:
     static constexpr std::size_t kHeaderSize = 224;
@@ -18,7 +18,7 @@ public:
     ~HTEQHardwareFeatureRom() override;
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
-    /// The 224 bytes; they stay this object's.
+    /// The 224 bytes, owned by this object.
     unsigned char* getRomHeader() { return header_.get(); }
     const unsigned char* getRomHeader() const { return header_.get(); }
 
@@ -37,10 +37,10 @@ public:
     std::uint64_t getTimeSinceEpoch() const;
     void setTimeSinceEpoch(std::uint64_t seconds);
 
-    /// Pointer into the header, 64 bytes. Terminated by a NUL unless the raw header was written otherwise.
+    /// Pointer to 64 bytes in the header, terminated by NUL unless the raw header was modified.
     const unsigned char* getFPGAPartName() const;
     const unsigned char* getVBNVName() const;
-    /// Throw HEXDataException, and change nothing, when the 64 bytes hold no NUL.
+    /// Throw HEXDataException and change nothing if the 64 bytes do not contain NUL.
     void setFPGAPartName(const unsigned char (&bytes)[kNameSize]);
     void setVBNVName(const unsigned char (&bytes)[kNameSize]);
 
@@ -56,9 +56,9 @@ public:
     void setFeatureBitMap(std::uint64_t value);
 
     void setUUID(const unsigned char (&bytes)[16]);
-    /// Text of the form 8-4-4-4-12; an empty one changes nothing. Throws HEXAlgException when it is no UUID.
+    /// Text of the form 8-4-4-4-12; an empty one changes nothing. Throws HEXAlgException if it is not a UUID.
     void setUUID(const std::string& text);
-    /// 36 characters, lower case; zeros when none was set.
+    /// 36 characters, lower case; zeros if none was set.
     std::string getUUIDAsString() const;
 
     static constexpr unsigned getCDMABaseAddressSize() { return 4; }

@@ -17,7 +17,7 @@ public:
     void setCompRef(std::string value) { compRef_ = std::move(value); }
     const std::string& getInstRef() const { return instRef_; }
     void setInstRef(std::string value) { instRef_ = std::move(value); }
-    /// A text, as the file has it; usually "true" or "false".
+    /// The text in the file; usually "true" or "false".
     const std::string& getIsValid() const { return isValid_; }
     void setIsValid(std::string value) { isValid_ = std::move(value); }
 

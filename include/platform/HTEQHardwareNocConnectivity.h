@@ -18,13 +18,13 @@ public:
 
     const std::string& getInstanceRef() const { return instanceRef_; }
     void setInstanceRef(std::string value) { instanceRef_ = std::move(value); }
-    /// Appends a new interface, which stays this record's.
+    /// Appends a new interface, owned by this record.
     HTEQHardwareBusInterface* addBusInterface();
     /// Appends to `out`.
     void getBusInterfaces(HSTVector<HTEQHardwareBusInterface*>& out) const;
     /// The caller deletes the iterator.
     HSTFwdIter<HTEQHardwareBusInterface*>* createBusInterfaceIter() const;
-    /// The first one of exactly that name, or null.
+    /// The first one with exactly that name, or null.
     HTEQHardwareBusInterface* getBusInterfaceByName(const std::string& name) const;
 
 private:

@@ -33,11 +33,12 @@ class ArchiveChanges;
 }
 
 /// The hardware side of one platform: who made it, its part and board, its clocks, bus interfaces, memories and
-/// feature ROMs. Readers fill it through setters and `add...` factories; everyone else only asks.
+/// feature ROMs. Readers fill it through setters and `add...` factories.
 ///
-/// It owns all that it hands out a pointer to. The caller deletes what a `create...Iter` operation returns, before
-/// the platform goes. Operations that fill a vector append to it. No query fails: what is missing answers empty,
-/// false, 0 or null; the few that may throw say so. One thread at a time: some answers are computed when first asked.
+/// It owns everything that it hands out a pointer to. The caller deletes what a `create...Iter` operation returns,
+/// before the platform is destroyed. Operations that fill a vector append to it. Queries never fail: what is missing
+/// gives empty, false, 0 or null; the few that may throw say so. For one thread at a time: some results are computed
+/// on demand.
 class ZR_API HTEQHardwarePlatform : public teq_platform::JSONSerializable {
 public:
     enum class PlatformState { synth, impl, pre_synth, other };
@@ -78,14 +79,15 @@ public:
     virtual std::string getMemType() const = 0;
     virtual std::string getMemSize() const = 0;
 
-    /// Whether memory banks are addressed by type and number, which the first memory interface decides. While there
-    /// is none the answer is false and the next call looks again; afterwards it is fixed, so all bus interfaces must
-    /// be there before the first question.
+    /// Whether memory banks are addressed by type and number, as determined by the first memory interface. As long as
+    /// there is none the result is false and the next call looks again; after that it is fixed, so all bus interfaces
+    /// must be added before the first call.
     virtual bool isMemoryResourceIndexed() const;
     virtual unsigned getUniqueMemoryTypeCount() const;
-    /// Appends the memory types, sorted, each once, and returns their number. In upper case on an indexed platform.
+    /// Appends the memory types, sorted and without duplicates, and returns their number. In upper case on an indexed
+    /// platform.
     virtual unsigned getUniqueMemoryTypeStrings(HSTVector<std::string>& out) const;
-    /// Banks of `type`, which must be spelled as `getUniqueMemoryTypeStrings` gives it; 0 or empty when it is not.
+    /// Banks of `type`, spelled as `getUniqueMemoryTypeStrings` gives it; otherwise 0 or empty.
     virtual unsigned getMemoryTypeCount(const std::string& type) const;
     virtual unsigned getMemoryIndex(const std::string& type, unsigned n) const;
     /// Always "16GB" for a bank of an indexed platform; else the size text of the last interface of that type.
@@ -93,16 +95,15 @@ public:
     virtual std::string getMemorySLR(const std::string& type, unsigned n) const;
 
     virtual std::string getInterfaceDesc() const = 0;
-    /// Path of the archive that the platform came from.
+    /// Path of the archive that the platform was read from.
     virtual const std::string& getPlatformFile() const;
     virtual void getBoardImgZipEntries(HSTVector<std::string>& out) const = 0;
     virtual void getTargetCategories(HSTVector<std::string>& out) const = 0;
     virtual void getDevices(HSTVector<HTEQDevice*>& out) const = 0;
-    /// The first device of exactly that name, or null.
+    /// The first device with exactly that name, or null.
     virtual HPLDevice* getDevice(const std::string& name) const = 0;
 
-    // Of several clocks with the name or id that is asked for, the last one answers. Frequencies are the file's
-    // texts.
+    // If several clocks have the given name or id, the last one is used. Frequencies are the texts of the file.
     virtual void getSystemClockNames(HSTVector<std::string>& out) const;
     virtual void getCpuClockNames(HSTVector<std::string>& out) const;
     virtual std::string getClockFrequency(const std::string& name) const;
@@ -113,7 +114,7 @@ public:
     virtual std::string getPlatformFrequency(int id) const;
     virtual HTEQSystemClock* getDefaultClock() const;
     virtual std::string getDefaultClockFrequency() const;
-    /// Decimal text, whether there is such a clock or not.
+    /// Decimal text, whether or not there is such a clock.
     virtual std::string getDefaultClockId() const;
     virtual std::string getDefaultClockName() const;
 
@@ -132,13 +133,13 @@ public:
     virtual HSTFwdIter<HTEQHardwareBusInterface*>* createBusInterfaceIter() const;
     virtual void getNocConnectivity(HSTVector<HTEQHardwareNocConnectivity*>& out) const;
     virtual void getBusInterfaces(HSTVector<HTEQHardwareBusInterface*>& out) const;
-    /// The first of exactly that name, or null. Interfaces of the network on chip are not looked at.
+    /// The first with exactly that name, or null. Interfaces of the network on chip are not considered.
     virtual HTEQHardwareBusInterface* getBusInterfaceByName(const std::string& name) const;
     /// Indexed ones first, then the others.
     virtual void getMemoryBusInterfaces(HSTVector<HTEQHardwareBusInterface*>& out) const;
     /// Text of the hpfm member.
     virtual const std::string& getHpfmString() const;
-    /// Name of the hardware database, which is made from the archive's hardware definition when first asked for.
+    /// Name of the hardware database, which is made from the archive's hardware definition on the first call.
     virtual std::string getHwDbName() const;
     virtual HHSMHardwareDb* getHwDb() const;
     virtual HHSMHardwareDb* getHwDb(const std::string& name) const;
@@ -152,7 +153,7 @@ public:
     virtual std::string getConnectorDisplayName(const std::string& name) const = 0;
     virtual void getValidSLRNames(HSTVector<std::string>& out) const = 0;
 
-    // The tool that made the platform.
+    // The tool that generated the platform.
     virtual const std::string& getGeneratedName() const;
     virtual const std::string& getGeneratedVersion() const;
     virtual unsigned getGeneratedChangeList() const;
@@ -163,26 +164,26 @@ public:
     virtual const std::string& getIdCode() const;
     virtual const std::string& getExtendedIdCode() const;
 
-    /// Member name of the last file of the type, compared without regard to case; empty when there is none.
+    /// Member name of the last file of the type, whose case is ignored; empty if there is none.
     virtual std::string getFile(const std::string& type) const = 0;
     virtual std::string getFile(FileType type) const = 0;
     /// Whether `getFile` is not empty.
     virtual bool hasFile(const std::string& type) const = 0;
     virtual bool hasFile(FileType type) const = 0;
-    /// Text of the archive's extension metadata; empty when there is none or it cannot be read.
+    /// Text of the archive's extension metadata; empty if there is none or it cannot be read.
     virtual std::string getExtMetaJsonAsString() const = 0;
 
     virtual bool supportsHardware() const;
     virtual bool supportsSWEmulation() const;
     virtual bool supportsHWEmulation() const;
     virtual bool supportsTwoHwEmuBd() const;
-    /// What `isMemoryResourceIndexed` has found so far; false before anyone asked.
+    /// What `isMemoryResourceIndexed` has found so far; false before its first call.
     virtual bool supportsMemoryResourceIndex() const;
     virtual void setUsesNIFD(bool value);
     virtual bool usesNIFD() const;
     virtual FeatureRomRange getFeatureRomVecRange() const;
-    /// Fills `tree` from the extension metadata; an empty text leaves it. Throws the property tree's
-    /// json_parser_error when the text is no JSON.
+    /// Fills `tree` from the extension metadata; leaves it unchanged if the text is empty. Throws the property tree's
+    /// json_parser_error if the text is not JSON.
     virtual void getExtMetaJsonAsPtree(ptree& tree) const = 0;
     /// An expandable platform is one that a link step may add kernels to; any other is fixed.
     virtual void setExpandable(bool value);
@@ -210,14 +211,14 @@ public:
     void setSupportsHardware(bool value) { supportsHardware_ = value; }
     void setSupportsHWEmulation(bool value) { supportsHWEmulation_ = value; }
     bool isHWEmuPlatform() const { return isHWEmuPlatform_; }
-    /// True also turns on the support of hardware emulation; false leaves that alone.
+    /// True also sets the support of hardware emulation; false does not change it.
     void setIsHWEmuPlatform(bool value);
     /// Whether it was read from the emulation directory of its parent's archive.
     bool isChildHardwareEmuPlatform() const { return isChildHardwareEmuPlatform_; }
     void setIsChildHardwareEmuPlatform(bool value) { isChildHardwareEmuPlatform_ = value; }
     void setSupportsTwoHwEmuBd(bool value) { supportsTwoHwEmuBd_ = value; }
     const HTEQDesignIntentStorage& getDesignIntent() const { return designIntent_; }
-    /// Whether the platform uses partial reconfiguration: true unless a reader says otherwise.
+    /// Whether the platform uses partial reconfiguration: true unless a reader sets it.
     bool usesPR() const { return usesPR_; }
     void setUsesPR(bool value) { usesPR_ = value; }
     bool isStatic() const { return isStatic_; }
@@ -234,7 +235,7 @@ public:
     bool isFlatShell() const;
     /// @}
 
-    /// @name What the files say of the platform
+    /// @name From the platform's files
     /// @{
     int getDefaultClkId() const { return defaultClkId_; }
     void setDefaultClkId(int id) { defaultClkId_ = id; }
@@ -283,19 +284,19 @@ public:
 
     /// @name Memory banks
     /// @{
-    /// Append the memory interfaces of one kind, and return the new size of `out`.
+    /// Append the memory interfaces of one kind and return the new size of `out`.
     std::size_t getMemoryResourceBusInterfacesIndexed_(HSTVector<HTEQHardwareBusInterface*>& out) const;
     std::size_t getMemoryResourceBusInterfacesNonIndexed_(HSTVector<HTEQHardwareBusInterface*>& out) const;
     void setHBMPresent() { hbmPresent_ = true; }
     bool isHBMPresent() const { return hbmPresent_; }
     /// Counts one bank of an HBM instance that may be assigned automatically. Only the first instance is tracked: any
-    /// other sends "@74-261@" and counts nothing.
+    /// other sends "@74-261@" and is not counted.
     void updateHBMBankInfo(const std::string& instance, bool isDefault);
     std::uint64_t getHBMBankCount() const { return hbmBankCount_; }
     std::uint64_t getHBMDefaultBankCount() const { return hbmDefaultBankCount_; }
     const std::string& getHBMInstanceName() const { return hbmInstanceName_; }
     void setNormalizeMemoryBanks(bool value) { normalizeMemoryBanks_ = value; }
-    /// Writes a paragraph for the user when some but not all automatic HBM banks are default ones; else nothing.
+    /// Writes a paragraph for the user if some but not all automatic HBM banks are default banks.
     void issueNormalizeMemoryBanksMessage(std::ostream& out) const;
     /// @}
 
@@ -321,33 +322,33 @@ public:
     const HTEQReconfigPartition& getDesignIDs() const { return *designIDs_; }
     const HSTVector<HTEQReconfigPartition*>& getReconfigPartitions() const { return reconfigPartitions_.items(); }
     HTEQReconfigPartition* addReconfigPartition();
-    /// The first one with that node id, or null.
+    /// The first with that node id, or null.
     HTEQReconfigPartition* findReconfigPartition(std::uint32_t nodeId) const;
     /// Of the core of the device "fpga0".
     std::string getReconfigModuleName() const;
-    // The next four load other platforms, and are defined beside the loader.
-    /// Node id of the platform at `file`, 0 when it has no hardware. Throws what the loader's constructor throws.
+    // The next five load other platforms; they are defined with the loader.
+    /// Node id of the platform at `file`; 0 if it has no hardware. Throws like the loader's constructor.
     std::uint32_t getNodeIDFromLfa(const std::string& file) const;
     /// Whether `file` is a file whose node id belongs to one of the partitions.
     bool isValidRmLfa(const std::string& file) const;
-    /// Whether that holds for all, and no two belong to one partition.
+    /// Whether that is true for all, and no two belong to the same partition.
     bool validateRmLfaFiles(const HSTVector<std::string>& files) const;
-    /// A database of a static platform together with its modules; null when the modules do not fit.
+    /// A database of a static platform together with its modules; null if the modules do not fit.
     HHSMHardwareDb* createHwDb(const HSTVector<std::string>& rmFiles) const;
     HHSMHardwareDb* createHwDb(const std::string& name, const HSTVector<std::string>& rmFiles) const;
-    /// A database from the archive's hardware definition, null when it has none. An existing one of a name that is
-    /// not empty is returned as it is.
+    /// A database from the archive's hardware definition; null if it has none. If `name` is not empty and names an
+    /// existing database, that one is returned.
     HHSMHardwareDb* createHwDb() const;
     HHSMHardwareDb* createHwDb(const std::string& name) const;
     /// Whether the archive has a hardware definition.
     bool hasHardwareDef_() const;
-    /// Names the database that `getHwDb` looks for; with a name that is not empty none is made from the archive.
+    /// Names the database that `getHwDb` returns. Unless the name is empty, none is made from the archive.
     void setHwDbName(std::string name) { hwDbName_ = std::move(name); }
     /// @}
 
     /// @name Tile array
-    /// The partitions of a fixed platform are read from the archive's tile-array project when first asked for; that
-    /// throws HEXAlgException when their file is no JSON.
+    /// The partitions of a fixed platform are read from the archive's tile-array project on demand, which throws
+    /// HEXAlgException if their file is not JSON.
     /// @{
     HTEQTilHardware& getTilHardware() { return tilHardware_; }
     const HTEQTilHardware& getTilHardware() const { return tilHardware_; }
@@ -355,21 +356,21 @@ public:
     bool hasTilPartitions() const;
     HSTVector<HTEQTilPartition>& getTilPartitions();
     const HSTVector<HTEQTilPartition>& getTilPartitions() const;
-    /// The first of exactly that instance name, else a shared empty partition.
+    /// The first with exactly that instance name, else a shared empty partition.
     const HTEQTilPartition& findTilPartition(const std::string& tilInst) const;
     /// Whether any partition has a part of that name.
     bool hasTilPartition(const std::string& name) const;
-    /// Append a partition; the reference holds until the next one is added.
+    /// Append a partition; the reference is valid until the next one is added.
     HTEQTilPartition& addTilPartition();
     HTEQTilPartition& addTilPartition(int startColumn, int numColumns);
-    /// Adds the partitions of a file. Throws HEXAlgException when it is no JSON.
+    /// Adds the partitions of a file. Throws HEXAlgException if it is not JSON.
     void parseTILPartitions(const std::string& file);
-    /// Puts "name" and "value" of each item of the file's list "MetaData" into `out`. A file without that list leaves
-    /// it. Throws the property tree's json_parser_error when the file cannot be read or is no JSON.
+    /// Puts "name" and "value" of each item of the file's list "MetaData" into `out`. A file without that list
+    /// leaves it unchanged. Throws the property tree's json_parser_error if the file cannot be read or is not JSON.
     void parseMetaData(const std::string& file, std::map<std::string, std::string>& out) const;
-    /// The entry "TIL_PL_INTF_ID_STR" of the tile-array project's metadata; empty when there is none.
+    /// The entry "TIL_PL_INTF_ID_STR" of the tile-array project's metadata; empty if there is none.
     std::string getTILPlInterfaceIDAsString() const;
-    /// Adds "tilPartitions" to the document. Only what was added so far: nothing is read for it.
+    /// Adds "tilPartitions" to the document: the partitions added so far, without reading any.
     void writeTilPartitions(teq_platform::JSONObjectWriter& writer) const;
     /// @}
 
@@ -379,12 +380,12 @@ public:
     std::string getPlatformExt() const;
     std::string getJsonFileName() const;     ///< "lfa.json"
     std::string getAltJsonFileName() const;  ///< "alt_lfa.json"; "alt_" without a platform file
-    std::string getXmlFileName() const;      ///< "lfa.xml"; of a child emulation platform "hw_emu/lfa.xml"
+    std::string getXmlFileName() const;      ///< "lfa.xml"; for a child emulation platform "hw_emu/lfa.xml"
     std::string getHwEmuDir() const;         ///< "hw_emu"
     std::string getHwEmuJsonFileName() const;
     std::string getAltHwEmuJsonFileName() const;
     std::string getHwEmuXmlFileName() const;
-    /// Whether the archive has emulation metadata; never of a platform that was read from it.
+    /// Whether the archive has emulation metadata; always false for a platform that was read from it.
     bool containsChildHardwareEmuPlatform() const;
     /// ".cfa" and ".lfa".
     static const HSTVector<std::string>& getValidPlatformExts();
@@ -393,24 +394,24 @@ public:
     /// @}
 
     /// @name Copying files out of the archive
-    /// False when the type is not in the list of files, or the archive or the member cannot be read, or `destination`
-    /// cannot be written; nothing is left there then. Directories are made as needed.
+    /// False if the type is not in the list of files, the archive or the member cannot be read, or `destination`
+    /// cannot be written; no file is then left there. Directories are made as needed.
     /// @{
     bool extract(const std::string& member, const std::string& archive, const std::string& destination) const;
-    /// The file of a type. Of a child emulation platform, here and below, the member is that of its directory.
+    /// The file of a type. For a child emulation platform, here and below, members are in its directory.
     bool extractFile(const std::string& type, const std::string& destination) const;
     bool extractFile(FileType type, const std::string& destination) const;
     /// False also if either text is empty.
     bool extractFileFromPlatform(const std::string& member, const std::string& destination) const;
-    /// `repair` marks all automatic HBM banks of the copy as default when only some are; it may throw HXMLException.
-    /// Defined beside the hpfm reader.
+    /// `repair` marks all automatic HBM banks of the copy as default banks if only some are; it may throw
+    /// HXMLException. Defined with the hpfm reader.
     bool extractHPFMFile(const std::string& destination, bool repair) const;
     bool extractDrBdFile(const std::string& destination) const;
     bool extractEmuXmlFile(const std::string& destination) const;
     bool extractEmuJsonFile(const std::string& destination) const;
     bool extractNTSFile(const std::string& destination) const;
     bool extractNCRFile(const std::string& destination) const;
-    /// The tile-array project, and files in it. Older archives hold some of these as files of their own.
+    /// The tile-array project, and files in it. Older archives hold some of these as separate files.
     bool extractTILPRJFile(const std::string& destination) const;
     bool extractLARCHFile(const std::string& destination) const;
     bool extractINTFCSTFile(const std::string& destination) const;
@@ -420,26 +421,25 @@ public:
     /// @}
 
     /// @name Changing the archive
-    /// Each operation rewrites the archive once, whole or not at all, and waits up to ten seconds for others who
-    /// change it; a digest that was valid stays so. They throw HEXUserException when a file cannot be read or
-    /// written, with the reason nested in it, when `member` could not be extracted again, or when somebody else has
-    /// changed the archive since `setPlatformFile` or our last change: their work would be lost.
-    /// @{
-    /// Writes the platform's document, and a line end behind it, as the member `getJsonFileName`. Nothing happens
-    /// without a platform file. What readers do not take from a document is not in it: a member that somebody else
-    /// has written can lose keys.
+    /// Each operation replaces the archive once, atomically, and waits up to ten seconds for others who are changing
+    /// it; a valid digest stays valid. They throw HEXUserException if a file cannot be read or written (with a nested
+    /// reason), if `member` could not be extracted again, or if somebody else has changed the archive since
+    /// `setPlatformFile` or the last change made here, because that work would be lost.
+    /// @{ Writes the platform's document, followed by a line end, as the member `getJsonFileName`. Does nothing
+    /// without a platform file. The document has only keys that readers store: a member written by another tool can
+    /// lose keys.
     void writeToJSON();
     /// Whether `writeToJSON` and `archiveFile` write the key "platformFile", a path on the writer's machine that
-    /// nobody reads back. True unless set.
+    /// is not read back. Default: true.
     bool writesPlatformFile() const { return writesPlatformFile_; }
     void setWritesPlatformFile(bool value) { writesPlatformFile_ = value; }
-    /// Makes `source` the one file of the type: member, document and digest are written at once. A member that the
-    /// type had before stays in the archive. Throws HEXAlgException without a platform file. The list of files is
-    /// changed even when the archive cannot be.
+    /// Makes `source` the one file of the type: member, document and digest are written at once. The previous member
+    /// of that type stays in the archive. Throws HEXAlgException without a platform file. The list of files changes
+    /// even if the archive cannot be changed.
     void archiveFile(const std::string& type, const std::string& member, const std::string& source);
-    /// Writes the member alone; nothing happens without a platform file.
+    /// Writes only the member; does nothing without a platform file.
     void _archiveFile(const std::string& member, const std::string& source);
-    /// See HUTZip::attachDigestEn; nothing happens without a platform file.
+    /// See `HUTZip::attachDigestEn`; does nothing without a platform file.
     void attachDigest();
     /// @}
 

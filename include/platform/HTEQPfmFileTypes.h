@@ -82,8 +82,8 @@ public:
         UNKNOWN,  ///< without a text
     };
 
-    /// The script hooks and constraints of a build: the last kinds of `FileType`, in the same order, with numbers of
-    /// their own.
+    /// The script hooks and constraints of a build: the last kinds of `FileType`, in the same order, with their own
+    /// numbers.
     enum class TclFileType {
         PRE_SYS_LINK_TCL,
         POST_SYS_LINK_TCL,
@@ -122,7 +122,7 @@ public:
     /// Empty for a value without a text.
     static std::string toString(FileType type);
     static std::string toString(TclFileType type);
-    /// Without regard to case; `UNKNOWN` when no kind has this text.
+    /// Case is ignored; `UNKNOWN` if no kind has this text.
     static FileType toFileType(const std::string& text);
     static TclFileType toTclFileType(const std::string& text);
 };

@@ -12,11 +12,11 @@ class HTEQHardwarePlatform;
 class HTEQReconfigurablePartition;
 class HTEQSoftwarePlatform;
 
-/// One platform, however it was reached: through its descriptor (`.zdf`), through a lone hardware archive (`.cfa`,
-/// `.lfa`) or through a lone software file (`.spfm`). `teq_platform::PlatformLoader` makes and attaches it.
+/// One platform, loaded from its descriptor (`.zdf`), from a hardware archive alone (`.cfa`, `.lfa`) or from a
+/// software file alone (`.spfm`). `teq_platform::PlatformLoader` makes it.
 ///
-/// It owns its hardware platforms, partitions and software platforms; every pointer handed out stays its own. No
-/// query fails: what is missing answers empty, false, 0 or null.
+/// It owns its hardware platforms, partitions and software platforms, and every object that it hands out. Queries
+/// never fail: what is missing gives empty, false, 0 or null.
 class ZR_API HTEQPlatform : public teq_platform::JSONSerializable {
 public:
     HTEQPlatform();
@@ -25,7 +25,7 @@ public:
 
     /// The whole document, hardware and software included.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
-    /// Only "uniqueName", "file" and "description", each when not empty.
+    /// Only "uniqueName", "file" and "description", each unless empty.
     void shortToJSON(teq_platform::JSONObjectWriter& writer) const;
     ~HTEQPlatform() override;
 
@@ -49,7 +49,7 @@ public:
     /// Path of the descriptor, or of the archive of a hardware-only platform; empty for a software-only one.
     const std::string& getPlatformFile() const { return platformFile_; }
     const std::string& getHardwarePlatformFile() const { return hardwareFile_; }
-    /// Empty when the platform has no emulation file of its own.
+    /// Empty if the platform has no separate emulation file.
     const std::string& getHardwareEmuPlatformFile() const { return hardwareEmuFile_; }
     const std::string& getSoftwarePlatformFile() const { return softwareFile_; }
     void setPlatformFile(const std::string& file) { platformFile_ = file; }
@@ -62,7 +62,7 @@ public:
     std::string getPlatformDir() const;
     /// Name of the platform file without its directory and its last extension.
     std::string getPlatformBaseName() const;
-    /// The hardware platform's device name for a partial platform that has one, else the base name.
+    /// The hardware platform's device name for a partial platform with hardware, else the base name.
     std::string getDeviceName() const;
     /// @}
 
@@ -80,8 +80,8 @@ public:
     /// @}
 
     /// @name Hardware
-    /// The setters take ownership of what they are given (but for the default partition's objects, which stay the
-    /// partition's) and do not delete what was there.
+    /// The setters take ownership of their arguments (except the default partition's objects, which the partition
+    /// owns) and do not delete the previous objects.
     /// @{
     void setHardwarePlatform(HTEQHardwarePlatform* platform) { hardware_ = platform; }
     void setHardwareEmulationPlatform(HTEQHardwarePlatform* platform) { hardwareEmu_ = platform; }
@@ -93,7 +93,7 @@ public:
     HTEQHardwarePlatform* getHardwarePlatform() const;
     HTEQHardwarePlatform* getHardwareEmulationPlatform() const;
     bool hasHWEmulationPlatform() const { return hardwareEmu_ != nullptr; }
-    /// The emulation platform has a file of its own.
+    /// Whether the emulation platform has its own file.
     bool hasDistinctHardwareEmulationPlatform() const { return !hardwareEmuFile_.empty(); }
     /// @}
 
@@ -104,7 +104,7 @@ public:
     const HSTVector<HTEQReconfigurablePartition*>& getReconfigurablePartitions() const { return partitions_.items(); }
     bool hasReconfigurablePartitions() const { return !partitions_.empty(); }
     bool hasRPHardwareEmulationPlatform() const;
-    /// Of several partitions with one id the last in the file; null when there is none.
+    /// If several partitions have the id, the last in the file; null if there is none.
     HTEQReconfigurablePartition* getReconfigurablePartition(unsigned int id) const;
     HTEQHardwarePlatform* getRPHardwarePlatform(unsigned int id) const;
     HTEQHardwarePlatform* getRPHardwareEmulationPlatform(unsigned int id) const;
@@ -123,11 +123,11 @@ public:
     HTEQSoftwarePlatform* getSoftwarePlatform() const;
     /// @}
 
-    /// @name Asked of the hardware platform (the direct one, else the default partition's)
+    /// @name From the hardware platform (the direct one, else the default partition's)
     /// @{
     bool supportsHardware() const;
     bool supportsSWEmulation() const;
-    /// True with an emulation platform; with partitions when any of them has one; else what the direct hardware says.
+    /// True with an emulation platform; with partitions if any of them has one; else as for the direct hardware.
     bool supportsHWEmulation() const;
     bool hasSimContent() const;
     bool isExpandable() const;
@@ -139,7 +139,7 @@ public:
     bool getDesignIntentServerManaged() const;
     /// @}
 
-    /// @name Asked of the direct hardware platform only
+    /// @name From the direct hardware platform only
     /// @{
     bool supportsTwoHwEmuBd() const;
     bool hasDimmConnectors() const;
@@ -157,7 +157,7 @@ public:
 
 private:
     void writePlatforms(teq_platform::JSONObjectWriter& writer) const;
-    /// What the direct hardware platform, else the default partition's, answers; false without one.
+    /// From the direct hardware platform, else the default partition's; false without one.
     bool ask(bool (HTEQHardwarePlatform::*question)() const) const;
     bool intends(bool (HTEQDesignIntentStorage::*intent)() const) const;
     bool askDirect(bool (HTEQHardwarePlatform::*question)() const) const;

@@ -14,11 +14,12 @@ struct ReconfigurablePartition;
 /// Fills a platform from its descriptor, a `.zdf` file. The files that the descriptor names need not exist.
 class ZR_API HTEQPlatformXMLReader {
 public:
-    /// Throws `HEXFileNotFoundException` when `file` is empty or not there. `platform` stays the caller's.
+    /// Throws `HEXFileNotFoundException` if `file` is empty or does not exist. The caller keeps ownership of
+    /// `platform`.
     HTEQPlatformXMLReader(const std::string& file, HTEQPlatform* platform);
 
-    /// False when the file cannot be read or is no valid descriptor: the error text is then printed on standard
-    /// output and kept, message "@74-9@%s" is sent, and the platform is as it was.
+    /// False if the file cannot be read or is not a valid descriptor: the error text is then printed on standard
+    /// output and kept, message "@74-9@%s" is sent, and the platform is unchanged.
     bool parseFile();
     /// Two lines about the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }

@@ -5,15 +5,15 @@
 #include "platform/JSONSerializable.h"
 
 /// A processor with the operating system on it and the settings to build for both: the element `processorGroup` of
-/// the software platform file. Paths and options are the strings of the file; nothing splits them. What the file
-/// leaves out is empty.
+/// the software platform file. Paths and options are the texts of the file, unsplit, or empty if missing
+/// there.
 class ZR_API HTEQProcessorGroup : public teq_platform::JSONSerializable {
 public:
     /// The architecture is not part of the document.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
     // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes behind the last.
+    // rely on: a new one goes after the last.
 
     virtual const std::string& getName() const { return name_; }
     virtual const std::string& getPrettyName() const { return prettyName_; }

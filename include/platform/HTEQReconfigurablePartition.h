@@ -24,7 +24,7 @@ public:
     void setHardwareEmuPlatformFile(std::string file) { hardwareEmuPlatformFile_ = std::move(file); }
 
     bool hasHardwareEmulationPlatform() const { return hardwareEmulationPlatform_ != nullptr; }
-    /// Whether the emulation platform has a file of its own: only then it stands in the document.
+    /// Whether the emulation platform has its own file; only then is it in the document.
     bool hasDistinctHardwareEmulationPlatform() const { return !hardwareEmuPlatformFile_.empty(); }
 
 private:

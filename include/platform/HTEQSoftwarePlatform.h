@@ -8,9 +8,9 @@
 
 class HTEQSystemConfig;
 
-/// The software of a platform: the system configurations of a `.spfm` file, which `HTEQSoftwarePlatformXMLReader`
-/// fills in. It owns them; pointers stay valid as long as it lives. Operations that fill a vector append to it. No
-/// query fails: what is missing answers empty, false, 0 or null.
+/// The software of a platform: the system configurations of a `.spfm` file, filled by
+/// `HTEQSoftwarePlatformXMLReader`. It owns them; pointers are valid as long as it exists. Operations that fill a
+/// vector append to it. Queries never fail: what is missing gives empty, false, 0 or null.
 class ZR_API HTEQSoftwarePlatform : public teq_platform::JSONSerializable {
 public:
     HTEQSoftwarePlatform();
@@ -20,7 +20,7 @@ public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HTEQSoftwarePlatform() override;
 
-    /// A new configuration, which stays this platform's.
+    /// A new configuration, owned by this platform.
     HTEQSystemConfig* addSystemConfig();
     /// The first one, or null.
     HTEQSystemConfig* getSystemConfig() const;
@@ -28,30 +28,29 @@ public:
     void getSystemConfigs(HSTVector<HTEQSystemConfig*>& out) const;
     /// The last configuration whose name or pretty name is exactly `name`, or null.
     HTEQSystemConfig* getSystemConfigByName(const std::string& name) const;
-    /// The same: a plain name is found too.
+    /// The same; plain names are found too.
     HTEQSystemConfig* getSystemConfigByPrettyName(const std::string& name) const;
-    /// The one of the default name; the first one when no configuration has it; null when there is none at all.
+    /// The one with the default name, or the first one if no configuration has it; null if there are none.
     HTEQSystemConfig* getDefaultSystemConfig() const;
     /// The name in the file; without one that of the default configuration.
     std::string getDefaultConfigName() const;
     void setDefaultConfigName(const std::string& name) { defaultConfigName_ = name; }
 
-    /// No file carries it; a host may set it.
+    /// Not in any file; a host may set it.
     const std::string& getLinuxRootFileSystemPath() const { return linuxRootFileSystemPath_; }
     void setLinuxRootFileSystemPath(const std::string& path) { linuxRootFileSystemPath_ = path; }
 
     /// Whether the name is "ocl", "OpenCL", "cpp" or "C/C++", in any case.
     bool isRuntimeSupported(const std::string& name) const;
-    /// The runtimes of all configurations, each when `out` does not hold it yet.
+    /// The runtimes of all configurations, without those already in `out`.
     void getSupportedRuntimes(HSTVector<std::string>& out) const;
     void getSupportedRuntimesByPrettyName(HSTVector<std::string>& out) const;
     std::size_t getNumRuntimes() const;
     /// Whether there is such a configuration, and it has no runtimes or one that is supported.
     bool isSystemConfigSupported(const std::string& name) const;
     /// Appends the names of the configurations that can use a library of that type: "static" all; "shared" those with
-    /// a processor group on linux; "c-callable" those with one on linux or standalone; any other type none. Types and
-    /// operating systems are compared without regard to case. Gives the number of names in `out`, those that it held
-    /// before included.
+    /// a processor group on linux; "c-callable" those with one on linux or standalone; any other type none. The case
+    /// of types and operating systems is ignored. Returns the number of names in `out`, including earlier ones.
     std::size_t getSystemConfigNames(HSTVector<std::string>& out, const std::string& libraryType) const;
 
 private:

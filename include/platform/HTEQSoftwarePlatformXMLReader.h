@@ -14,14 +14,14 @@ struct SystemConfigurations;
 }  // namespace TEQSoftwarePlatform
 
 /// Fills a software platform from a `.spfm` file. Vendor, library, name, version and description of the file's root
-/// are checked and not carried into the model.
+/// are checked, but not stored in the model.
 class ZR_API HTEQSoftwarePlatformXMLReader {
 public:
-    /// Throws `HEXFileNotFoundException` when the file is not there. `platform` stays the caller's.
+    /// Throws `HEXFileNotFoundException` if the file does not exist. The caller keeps ownership of `platform`.
     HTEQSoftwarePlatformXMLReader(const std::string& file, HTEQSoftwarePlatform* platform);
 
-    /// False when the file cannot be read or is not valid: the error text is then printed on standard output and
-    /// kept, message "@74-51@%s%d" is sent, and the platform is as it was.
+    /// False if the file cannot be read or is not valid: the error text is then printed on standard output and kept,
+    /// message "@74-51@%s%d" is sent, and the platform is unchanged.
     bool parseFile();
     /// About the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }

@@ -9,7 +9,7 @@ class ZR_API HTEQSystemClock : public teq_platform::JSONSerializable {
 public:
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
-    /// Name for users: "PL 0" where the hpfm member gives the clock an id, else the original name.
+    /// Name for users: "PL 0" if the hpfm member gives the clock an id, else the original name.
     const std::string& getName() const { return name_; }
     void setName(std::string value) { name_ = std::move(value); }
     const std::string& getOrigName() const { return origName_; }
@@ -26,11 +26,11 @@ public:
     void setPeriod(std::string value) { period_ = std::move(value); }
     const std::string& getNormalizedPeriod() const { return normalizedPeriod_; }
     void setNormalizedPeriod(std::string value) { normalizedPeriod_ = std::move(value); }
-    /// -1 for a clock that has none, so that it is never the default clock of a platform whose default id is 0.
+    /// -1 for a clock without an id, so that it is never the default clock of a platform whose default id is 0.
     int getId() const { return id_; }
     void setId(int value) { id_ = value; }
 
-    /// By the status, without regard to case. An empty status is none of the three.
+    /// By the status, whose case is ignored. All three are false for an empty status.
     bool isScalable() const;  ///< "scalable" or "changeable"
     bool isFixed() const;     ///< "fixed"
     bool isReserved() const;  ///< "reserved"

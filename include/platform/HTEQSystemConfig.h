@@ -9,7 +9,7 @@ class HTEQBootImg;
 class HTEQProcessorGroup;
 
 /// One way to set up the software of a platform: the element `configuration` of the software platform file. It owns
-/// its processor groups and boot images; pointers to them stay valid as long as it lives. Operations that fill a
+/// its processor groups and boot images; pointers to them are valid as long as it exists. Operations that fill a
 /// vector append to it.
 class ZR_API HTEQSystemConfig : public teq_platform::JSONSerializable {
 public:
@@ -18,7 +18,7 @@ public:
     HTEQSystemConfig& operator=(const HTEQSystemConfig&) = delete;
 
     // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes behind the last.
+    // rely on: a new one goes after the last.
 
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HTEQSystemConfig() override;
@@ -26,34 +26,34 @@ public:
     virtual const std::string& getDesc() const;
     /// The name shown to users, `displayName` in the file.
     virtual const std::string& getPrettyName() const;
-    /// The name in the file, which no group needs to have; without one the name of the first group, else empty.
+    /// The name in the file, even if no group has it; without one the name of the first group, else empty.
     virtual std::string getDefaultProcGrpName() const;
     /// Path of prebuilt data.
     virtual const std::string& getPrebuiltData() const;
     /// In file order.
     virtual void getProcessorGroups(HSTVector<HTEQProcessorGroup*>& out) const;
-    /// Only the names that were added as names.
+    /// Only those that were added by name.
     virtual void getProcessorGroups(HSTVector<std::string>& out) const;
-    /// In file order, duplicates kept, an empty one for nothing between two commas.
+    /// In file order, with duplicates, and with an empty one where nothing is between two commas.
     virtual void getRuntimes(HSTVector<std::string>& out) const;
-    /// The same with "OpenCL" for "ocl" and "C/C++" for "cpp", both in any case.
+    /// The same with "OpenCL" for "ocl" and "C/C++" for "cpp", in any letter case.
     virtual void getRuntimesByPrettyName(HSTVector<std::string>& out) const;
-    /// The last one of exactly that name, or null.
+    /// The last one with exactly that name, or null.
     virtual HTEQProcessorGroup* getProcGrpByName(const std::string& name) const;
-    /// The name in the file, which no image needs to have; without one the name of the first image, else empty.
+    /// The name in the file, even if no image has it; without one the name of the first image, else empty.
     virtual std::string getDefaultBootImgName() const;
     virtual void getBootImgs(HSTVector<HTEQBootImg*>& out) const;
-    /// The last one of exactly that name, or null.
+    /// The last one with exactly that name, or null.
     virtual HTEQBootImg* getBootImgByName(const std::string& name) const;
     virtual void setName(const std::string& name);
     virtual void setDesc(const std::string& desc);
     virtual void setPrettyName(const std::string& prettyName);
     virtual void setDefaultProcGrpName(const std::string& name);
     virtual void setDefaultBootImgName(const std::string& name);
-    /// A new image, which stays this configuration's.
+    /// A new image, owned by this configuration.
     virtual HTEQBootImg* addBootImg();
     virtual void addProcessorGroup(const std::string& name);
-    /// A new group, which stays this configuration's.
+    /// A new group, owned by this configuration.
     virtual HTEQProcessorGroup* addProcessorGroup();
     virtual void setSupportsQemu(bool supports);
     virtual void addRuntime(const std::string& runtime);

@@ -5,17 +5,17 @@
 
 #include "platform/JSONSerializable.h"
 
-/// The tile array of a device: its kind and how its rows are laid out. All numbers are carried, not interpreted.
+/// The tile array of a device: its kind and the layout of its rows. Numbers are stored, not interpreted.
 class ZR_API HTEQTilHardware : public teq_platform::JSONSerializable {
 public:
     enum class Arch { NO_TIL, TIL1, TILML, TIL2P, TIL2PS, TIL2PK };
 
     /// The names of the kinds, equal to the enumerators.
     static const std::map<Arch, std::string>& getArchMap();
-    /// Without regard to case; "NONE" stands for "NO_TIL" and "TIL" for "TIL1". Throws HEXAlgException for any other
-    /// text, the empty one included.
+    /// Case is ignored; "NONE" means "NO_TIL" and "TIL" means "TIL1". Throws HEXAlgException for any other text,
+    /// including an empty one.
     static Arch stringToArch(const std::string& text);
-    /// "NO_TIL" for a value that is none of the enumerators.
+    /// "NO_TIL" for a value that is not an enumerator.
     static const std::string& archToString(Arch arch);
 
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
@@ -23,7 +23,7 @@ public:
     Arch getArch() const { return arch_; }
     const std::string& getArchAsString() const { return archToString(arch_); }
     void setArch(Arch arch) { arch_ = arch; }
-    /// Throws as `stringToArch` does.
+    /// Throws like `stringToArch`.
     void setArch(const std::string& text) { arch_ = stringToArch(text); }
 
     int getStartShimRow() const { return startShimRow_; }

@@ -31,22 +31,22 @@ public:
     const std::string& plIntefaceID() const { return plIntefaceID_; }
     void plIntefaceID(std::string value) { plIntefaceID_ = std::move(value); }
 
-    /// Whether it has columns at all.
+    /// Whether it has any columns.
     bool isPartition() const { return numColumns_ > 0; }
     const HSTVector<HTEQTilPartition>& partitions() const { return partitions_; }
     HSTVector<HTEQTilPartition>& partitions() { return partitions_; }
     bool hasPartitions() const { return !partitions_.empty(); }
-    /// Appends a child; the reference holds until the next one is added.
+    /// Appends a child; the reference is valid until the next one is added.
     HTEQTilPartition& addPartition(int startColumn = 0, int numColumns = 0);
-    /// The first child with both numbers, else one shared empty partition, for which `isPartition` is false.
+    /// The first child with both numbers, else a shared empty partition, for which `isPartition` is false.
     const HTEQTilPartition& findPartition(int startColumn, int numColumns) const;
     /// Whether a child has exactly that instance name.
     bool hasPartition(const std::string& tilInst) const;
     void clear() { *this = HTEQTilPartition(); }
-    /// All fields, and the children in order.
+    /// Compares all fields, and the children in order.
     bool operator==(const HTEQTilPartition& other) const;
 
-    /// The partition that stands for "none".
+    /// The partition that represents "none".
     static const HTEQTilPartition& none();
 
 private:

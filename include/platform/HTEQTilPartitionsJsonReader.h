@@ -15,12 +15,12 @@ class ZR_API HTEQTilPartitionsJsonReader {
 public:
     explicit HTEQTilPartitionsJsonReader(HTEQHardwarePlatform& platform) : platform_(platform) {}
 
-    /// Adds the partitions of the file at `path`; a path that is no file is ignored. A node without "numColumns" is
-    /// skipped. Throws HEXAlgException when the text is no JSON; the platform is then as it was.
+    /// Adds the partitions of the file at `path`; a path that is not a file is ignored. A node without "numColumns"
+    /// is skipped. Throws HEXAlgException if the text is not JSON; the platform is then unchanged.
     void parse(const std::string& path);
     /// The partitions of the file, without a platform.
     static HSTVector<HTEQTilPartition> read(const std::string& path);
-    /// The partitions of a file's text, whose name stands in the exception.
+    /// The partitions of a file's text; its name is used in the exception.
     static HSTVector<HTEQTilPartition> readText(const std::string& text, const std::string& name);
 
 private:

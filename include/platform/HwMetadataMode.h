@@ -2,7 +2,7 @@
 
 namespace teq_platform {
 
-/// From which member of an archive the hardware metadata is read.
+/// The member of an archive that the hardware metadata is read from.
 enum class HwMetadataMode {
     Default = 0,          ///< the JSON member "alt_<ext>.json", else "<ext>.json", else the XML member
     PrimaryJsonOnly = 1,  ///< the JSON member "<ext>.json", else the XML member

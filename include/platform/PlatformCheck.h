@@ -8,49 +8,49 @@
 
 namespace teq_platform {
 
-/// One thing that is wrong in a file, or legal and probably a mistake.
+/// An error in a file, or something valid that is probably a mistake.
 struct CheckFinding {
     enum class Severity { warning, error };
 
-    std::string file;                    ///< path as it was given, or as the descriptor names it
+    std::string file;                    ///< path as given, or as named by the descriptor
     std::string member;                  ///< of an archive; empty for the file itself
-    std::uint64_t line = 0, column = 0;  ///< from 1, columns in characters; 0 when there is no place in the text
+    std::uint64_t line = 0, column = 0;  ///< from 1, columns in characters; 0 if there is no location in the text
     Severity severity = Severity::error;
-    const char* name = "";  ///< stays the same whatever the words become; a row of `PlatformCheck::explanations`
+    const char* name = "";  ///< stable, unlike the text; a row of `PlatformCheck::explanations`
     std::string element;    ///< name of the element, path of the JSON value ("devices[0].core"); may be empty
-    std::string text;       ///< what stands there and what is allowed: printable, in one line
+    std::string text;       ///< what was found and what is allowed: printable, in one line
 };
 
-/// What a name means, with a bad and a good sample. Of what the samples are: see `file`.
+/// What a name means, with a bad and a good sample of `file`.
 struct CheckExplanation {
     const char* name;
     CheckFinding::Severity severity;
     const char* meaning;
     const char* advice;  ///< what to do
-    /// Name of the file that the samples are about. A sample is its content, or, where a file is not enough, a list
-    /// of files and members of archives: lines "== file" or "== archive!member" with the text of each behind them.
+    /// Name of the sample file. A sample is its content or, if one file is not enough, a list of files and members of
+    /// archives: lines "== file" or "== archive!member", each followed by its text.
     const char* file;
     const char* bad;
     const char* good;
 };
 
-/// Checks files for those who make platforms: where a reader stops at the first fault, all are found that can be
-/// found without guessing.
+/// Checks files for authors of platforms: a reader stops at the first error, this reports all that can be found
+/// without guessing.
 class ZR_API PlatformCheck {
 public:
-    /// Name of the finding for what cannot be opened: missing, no regular file, too large, no archive.
+    /// Name of the finding for a file that cannot be opened: missing, not a regular file, too large, not an archive.
     static constexpr const char* kUnreadable = "unreadable";
 
     /// The findings in a file, in the order of its text, at most 1000 of each document. The file is a descriptor (the
     /// files that it names are checked too), a software file, a hardware archive (its metadata, hpfm, emulation and
-    /// extension members), or one of these members as a file of its own. Archives are told by their extension, .lfa
-    /// or .cfa, other files by extension or content. Never throws for what stands in a file, nor for one that is
-    /// missing.
+    /// extension members), or one of these members as a separate file. Archives are recognised by their extension,
+    /// .lfa or .cfa, other files by extension or content. Never throws for the contents of a file, nor for a missing
+    /// one.
     static HSTVector<CheckFinding> check(const std::string& file);
 
     /// Every name that a finding can have.
     static std::span<const CheckExplanation> explanations();
-    /// Null for a name that is none.
+    /// Null if no finding has this name.
     static const CheckExplanation* explain(const std::string& name);
 };
 

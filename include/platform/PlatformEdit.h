@@ -11,23 +11,24 @@ class HTEQPlatform;
 
 namespace teq_platform {
 
-/// A hardware archive that is to be changed: what that would cost is known before anything is written.
+/// Changes a hardware archive; what would be lost is known before anything is written.
 class ZR_API PlatformEdit {
 public:
-    /// Loads the archive. `stripPaths`: whether to leave "platformFile", a path of the maker's machine, out of the
-    /// metadata. Throws `HEXFileFault` when it is none or cannot be loaded, `HEXDataException` when its member is no
-    /// JSON, `HEXFileNotFoundException` for an empty path.
+    /// Loads the archive. `stripPaths`: whether to omit "platformFile", a path on the author's machine, from the
+    /// metadata. Throws `HEXFileFault` if it is not an archive or cannot be loaded, `HEXDataException` if its member
+    /// is not JSON, `HEXFileNotFoundException` for an empty path.
     PlatformEdit(const std::string& archive, HwMetadataMode mode, bool stripPaths);
     PlatformEdit(const PlatformEdit&) = delete;
     PlatformEdit& operator=(const PlatformEdit&) = delete;
     ~PlatformEdit();
 
-    /// What writing loses or changes of the metadata, which is written anew and does not hold all that other makers'
-    /// documents may say: a line for each, "devices[0].core.key: lost" or "key: old -> new".
+    /// What writing loses or changes in the metadata, which is rewritten from the model and does not hold everything
+    /// that documents of other tools may contain: a line for each key, "devices[0].core.key: lost" or "key: old ->
+    /// new".
     const HSTVector<std::string>& lost() const { return lost_; }
 
-    /// Puts `source` into the archive as `member`, the one file of its type in the metadata, in one rewrite that stamps
-    /// the digest, whatever is lost. Throws what `HTEQHardwarePlatform::archiveFile` throws.
+    /// Puts `source` into the archive as `member`, the one file of its type in the metadata, in one rewrite that
+    /// updates the digest, whatever is lost. Throws like `HTEQHardwarePlatform::archiveFile`.
     void setFile(const std::string& type, const std::string& member, const std::string& source);
 
 private:

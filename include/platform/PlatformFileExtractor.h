@@ -14,9 +14,9 @@ public:
         : platform_(platform), repairHpfm_(repairHpfm) {}
 
     /// Copies `member` of the platform's archive to the file `destination`, whose directory is made. For a platform
-    /// read from the emulation directory the member is looked for there. False when the archive or the member cannot
-    /// be read or the file cannot be written; nothing is then left at the destination. With the wish to repair, an
-    /// extension "hpfm" of the destination leads to HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded, which may throw
+    /// read from the emulation directory the member is looked up there. False if the archive or the member cannot be
+    /// read or the file cannot be written; no file is then left at the destination. With `repairHpfm`, and a
+    /// destination with the extension "hpfm", HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded follows, which may throw
     /// HXMLException.
     bool extract(const std::string& member, const std::string& destination) const;
     /// The same from another archive.

@@ -12,36 +12,36 @@ class HTEQReconfigurablePartition;
 namespace teq_platform {
 
 /// The one way from a file to an `HTEQPlatform`: `.cfa` and `.lfa` are hardware archives, `.spfm` is a software file,
-/// and any other path, also one without an extension, is a descriptor. Extensions are compared with their case.
+/// and any other path, even without an extension, is a descriptor. The case of extensions matters.
 ///
 /// A loader belongs to one thread.
 class ZR_API PlatformLoader {
 public:
     using HwMetadataMode = teq_platform::HwMetadataMode;
 
-    /// Reads what is cheap: nothing of an archive or a software file, and the whole of a descriptor.
-    /// Throws `HEXFileNotFoundException` when the descriptor does not exist, and `PlatformParseException` when it is
-    /// not valid (what is wrong with it has then been printed on standard output and sent as message "@74-9@%s").
+    /// Reads a descriptor completely, but nothing of an archive or a software file. Throws `HEXFileNotFoundException`
+    /// if the descriptor does not exist, and `PlatformParseException` if it is not valid (the error has then been
+    /// printed on standard output and sent as message "@74-9@%s").
     PlatformLoader(const std::string& file, HwMetadataMode mode);
     PlatformLoader(const PlatformLoader&) = delete;
     PlatformLoader& operator=(const PlatformLoader&) = delete;
     ~PlatformLoader();
 
-    /// Attaches hardware, emulation and software, and gives the platform, which outlives the loader while it is held.
-    /// Null when a file is missing or cannot be read: message "@74-60@%s" tells why, and the loader has no platform
-    /// any more. A second call after success reads nothing again.
+    /// Attaches hardware, emulation and software, and returns the platform, which may outlive the loader. Null if a
+    /// file is missing or cannot be read: message "@74-60@%s" gives the reason, and the loader no longer has a
+    /// platform. A second call after success does not read again.
     std::shared_ptr<HTEQPlatform> load();
 
-    /// The platform of a file, or an exception that tells why there is none and where: `HEXFileFault`, or
-    /// `HEXFileNotFoundException` for a descriptor, or an empty path.
+    /// The platform of a file. Throws with the reason and its location if it cannot be loaded: `HEXFileFault`, or
+    /// `HEXFileNotFoundException` for a missing descriptor or an empty path.
     static std::shared_ptr<HTEQPlatform> open(const std::string& file, HwMetadataMode mode);
 
-    /// The whole document of a platform: pretty-printed JSON, every value a text, a line end at the end. `file` is what
-    /// it was loaded from. Throws `HEXFileFault` when an archive's extension metadata is no JSON, and when names of an
-    /// IP's parameters clash, so that no document can hold them.
+    /// The whole document of a platform: pretty-printed JSON, every value a text, with a final line end. `file` is
+    /// the file that it was loaded from. Throws `HEXFileFault` if an archive's extension metadata is not JSON, and if
+    /// the names of an IP's parameters clash, so that no document can hold them.
     static std::string document(const HTEQPlatform& platform, const std::string& file);
 
-    /// @name What the descriptor says, before `load` too; not after a failed `load`
+    /// @name From the descriptor; available before `load`, but not after a failed one
     /// @{
     const std::string& getVersion() const { return platform_->getVersion(); }
     const std::string& getFilePath() const { return platform_->getPlatformFile(); }
@@ -54,13 +54,13 @@ public:
     const std::string& getSoftwarePlatformFile() const { return platform_->getSoftwarePlatformFile(); }
     /// @}
 
-    /// @name The steps of `load`; each does nothing when its object is attached already
+    /// @name The steps of `load`; each does nothing if its object is already attached
     /// @{
-    /// Throws `PlatformParseException` when the hardware file is missing, has another extension or cannot be read.
+    /// Throws `PlatformParseException` if the hardware file is missing, has another extension or cannot be read.
     void attachHardwarePlatform();
-    /// Never fails: a platform whose emulation file cannot be read loads without it.
+    /// Never fails: if the emulation file cannot be read, the platform is loaded without it.
     void attachHardwareEmulationPlatform();
-    /// Throws `PlatformParseException` when the software file is missing or not valid.
+    /// Throws `PlatformParseException` if the software file is missing or not valid.
     void attachSoftwarePlatform();
     /// @}
 

@@ -5,12 +5,12 @@
 
 namespace teq_platform {
 
-/// Makes a platform's archive of a folder with its members (`HUTZip::compressDir` tells how), and looks at it first.
+/// Makes a platform's archive from a folder of its members (see `HUTZip::compressDir`) after checking it.
 class ZR_API PlatformPacker {
 public:
-    /// Throws `HEXFileFault`, and nothing is written, when the metadata cannot be read or lists files that the folder
-    /// lacks, unless `mayLack` is true; a folder without metadata lists nothing. Throws `HEXUserException` when
-    /// `archive` exists, unless `overwrite` is true, and for the disk.
+    /// Throws `HEXFileFault` and writes nothing if the metadata cannot be read or, unless `mayLack` is true, lists
+    /// files that the folder does not contain; a folder without metadata lists none. Throws `HEXUserException` if
+    /// `archive` exists, unless `overwrite` is true, and for errors of the file system.
     static void pack(const std::string& folder, const std::string& archive, bool overwrite, bool mayLack);
 };
 

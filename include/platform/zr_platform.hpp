@@ -1,8 +1,7 @@
-/// C++17 around zr_platform.h: objects that free themselves, texts that are std::string, exceptions. Header only, and
-/// nothing of C++ passes between the program and the library, so that both may be built by different compilers.
+/// A C++17 wrapper of zr_platform.h: objects that free themselves, std::string texts, exceptions. It is header-only
+/// and passes no C++ objects between the program and the library, so both may be built with different compilers.
 ///
-/// Every function throws `zr::Error` for what zr_platform.h tells as a failure of the call below it, and
-/// std::bad_alloc for want of memory.
+/// Every function throws `zr::Error` if the underlying C function fails, and std::bad_alloc if memory runs out.
 #ifndef ZR_PLATFORM_ZR_PLATFORM_HPP
 #define ZR_PLATFORM_ZR_PLATFORM_HPP
 
@@ -19,7 +18,7 @@
 
 namespace zr {
 
-/// A call that failed. `what` is "file!member:line:column: text [id]", with what there is of it.
+/// A call that failed. `what` is "file!member:line:column: text [id]", without the parts that are unknown.
 class Error : public std::runtime_error {
 public:
     explicit Error(const zr_error* error)
@@ -59,11 +58,11 @@ private:
 
 struct Options {
     zr_metadata metadata = ZR_METADATA_DEFAULT;
-    std::uint64_t maxUnpacked = 0;  ///< bytes; 0: the library's own limit
+    std::uint64_t maxUnpacked = 0;  ///< bytes; 0: the library's limit
 };
 
 struct Member {
-    std::string name;  ///< as it stands in the archive; not fit for a path
+    std::string name;  ///< as in the archive; must not be used as a path
     std::uint64_t bytes = 0, packedBytes = 0;
     std::uint32_t crc = 0;
     bool isDirectory = false;
@@ -114,7 +113,7 @@ void call(Function function, Arguments... arguments) {
     if (function(arguments..., &error) != ZR_OK) fail(error);
 }
 
-/// Calls one that gives an object through its last argument but one.
+/// Calls one that returns an object through its second-last argument.
 template <class T, class Function, class... Arguments>
 Owned<T> make(Function function, Arguments... arguments) {
     T* made = nullptr;
@@ -137,7 +136,7 @@ inline zr_options optionsOf(const Options& options) {
     return given;
 }
 
-/// The item that `function` gives of an object's list.
+/// The item that `function` returns from an object's list.
 template <class Item, class Function, class T>
 Item itemOf(Function function, const T* list, std::uint64_t index) {
     Item item{};
@@ -148,7 +147,7 @@ Item itemOf(Function function, const T* list, std::uint64_t index) {
 
 }  // namespace detail
 
-/// A descriptor, a hardware archive or a software file, loaded with all that it names.
+/// A descriptor, a hardware archive or a software file, loaded with everything that it names.
 class Platform {
 public:
     explicit Platform(const std::string& file, const Options& options = {}) {
@@ -170,7 +169,7 @@ private:
     detail::Owned<zr_platform> handle_;
 };
 
-/// Any zip archive, opened to be read.
+/// Any zip archive, opened for reading.
 class Archive {
 public:
     explicit Archive(const std::string& file, const Options& options = {}) {
@@ -183,7 +182,7 @@ public:
         return {std::string(given.name, given.name_size), given.bytes, given.packed_bytes, given.crc,
                 given.is_directory != 0};
     }
-    /// Nothing when there is no such member.
+    /// No value if there is no such member.
     std::optional<std::uint64_t> find(const std::string& name) const {
         std::uint64_t index = 0;
         zr_error* error = nullptr;
@@ -193,7 +192,7 @@ public:
         zr_error_free(error);
         return std::nullopt;
     }
-    /// `bound`: 0 stands for 32 MiB.
+    /// `bound`: 0 means 32 MiB.
     std::string read(std::uint64_t index, std::uint64_t bound = 0) const {
         return detail::textOf(zr_archive_read, handle_.get(), index, bound);
     }
@@ -224,7 +223,7 @@ inline void pack(const std::string& folder, const std::string& archive, std::uin
     detail::call(zr_pack, folder.c_str(), archive.c_str(), flags);
 }
 
-/// `losses`, if any, is set to what the metadata loses, a line for each key, when it throws ZR_REFUSED, too.
+/// `losses`, if not null, is set to what the metadata loses, a line for each key, even if ZR_REFUSED is thrown.
 inline void setFile(const std::string& archive, const std::string& type, const std::string& member,
                     const std::string& source, std::uint32_t flags = 0, const Options& options = {},
                     std::string* losses = nullptr) {

@@ -1,7 +1,7 @@
 #pragma once
 #include "text/HSTFwdIter.h"
 
-/// `HSTFwdIter` over the range of a standard container, whose elements stay the container's.
+/// `HSTFwdIter` over a range of a standard container, which keeps ownership of the elements.
 template <class T, class Iterator>
 class HSTFwdSTLIter final : public HSTFwdIter<T> {
 public:

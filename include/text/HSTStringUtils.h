@@ -5,34 +5,34 @@
 
 #include "text/ZrApi.h"
 
-/// Text operations by ASCII rules: the process's locale never matters, bytes above 127 are left alone.
+/// Text operations by ASCII rules: independent of the process's locale; bytes above 127 are left unchanged.
 class ZR_API HSTStringUtils {
 public:
-    /// Equality without regard to the case of the 26 letters.
+    /// Equality that ignores the case of the 26 ASCII letters.
     static bool iequals(std::string_view a, std::string_view b);
     static std::string toLower(std::string_view text);
     static std::string toUpper(std::string_view text);
     /// `text` without blanks, tabs and line ends at both ends.
     static std::string_view trim(std::string_view text);
-    /// The pieces between the separators, empty ones too: n separators give n + 1 pieces.
+    /// The pieces between the separators, including empty ones: n separators give n + 1 pieces.
     static std::vector<std::string> split(std::string_view text, char separator);
     static std::string join(const std::vector<std::string>& pieces, std::string_view separator);
 
-    /// Bytes of the UTF-8 character at the front of `text`: 1 to 4, and 0 when none stands there (overlong forms,
-    /// lone surrogates and an empty text too).
+    /// Number of bytes of the UTF-8 character at the start of `text`: 1 to 4, or 0 if there is none (also for
+    /// overlong forms, lone surrogates and an empty text).
     static std::size_t utf8Length(std::string_view text);
 
-    /// The longest part at the front of `text` that has at most `longest` bytes and does not end inside a UTF-8
+    /// The longest prefix of `text` that has at most `longest` bytes and does not end inside a UTF-8
     /// character.
     static std::string_view utf8Prefix(std::string_view text, std::size_t longest);
 
-    /// The text for a line that a person reads: what a terminal would obey (control characters of one and of two
-    /// bytes) and what is not UTF-8 is shown as "\xNN".
+    /// The text for display in one line: control characters (of one and of two bytes) and bytes that are not UTF-8
+    /// are shown as "\xNN".
     static std::string printable(std::string_view text);
-    /// The same of the first `longest` bytes, with "..." behind them when there are more.
+    /// The same for at most the first `longest` bytes, followed by "..." if there are more.
     static std::string excerpt(std::string_view text, std::size_t longest = 60);
 
-    /// The leading decimal number of `text` as strtoll reads it in base 10: blanks in front and a sign are allowed,
+    /// The leading decimal number of `text` as strtoll reads it in base 10: leading blanks and a sign are allowed,
     /// what follows the digits is ignored, no digits give 0, and a number out of range gives the nearest value of the
     /// type.
     static long long toNumber(std::string_view text);

@@ -6,8 +6,8 @@
 
 #include "text/HSTFwdSTLIter.h"
 
-/// A list that owns what it points to, in the order of adding. Pointers stay valid until their object is removed or
-/// the list goes. What it hands out is never the caller's to delete, but for the iterators.
+/// A list that owns what it points to, in the order of insertion. Pointers stay valid until their object is removed
+/// or the list is destroyed. The caller deletes only the iterators.
 ///
 ///     Owned<HTEQSystemClock> clocks_;
 ///     HTEQSystemClock* byName = clocks_.last([&](const HTEQSystemClock& c) { return c.getName() == name; });
@@ -19,17 +19,17 @@ public:
     Owned& operator=(const Owned&) = delete;
     ~Owned() { clear(); }
 
-    /// Appends a new object made of `args`.
+    /// Appends a new object constructed from `args`.
     template <class... Args>
     T* add(Args&&... args) {
         return take(std::make_unique<T>(std::forward<Args>(args)...));
     }
-    /// Appends `object`, which becomes the list's.
+    /// Appends `object` and takes ownership.
     T* take(std::unique_ptr<T> object) {
         items_.push_back(object.get());
         return object.release();
     }
-    /// Takes `object` out and deletes it. False when it is not in the list.
+    /// Removes and deletes `object`. False if it is not in the list.
     bool remove(const T* object) {
         for (auto it = items_.begin(); it != items_.end(); ++it) {
             if (*it != object) continue;
@@ -39,7 +39,7 @@ public:
         }
         return false;
     }
-    /// Takes out and deletes every object for which `pred(const T&)` holds, in one pass.
+    /// Removes and deletes every object for which `pred(const T&)` holds, in one pass.
     template <class Pred>
     void removeAll(Pred pred) {
         std::erase_if(items_, [&](T* object) {
@@ -73,7 +73,7 @@ public:
         return nullptr;
     }
 
-    /// A walk over the objects; the caller deletes it before the list changes.
+    /// An iterator over the objects; the caller deletes it before the list changes.
     HSTFwdIter<T*>* makeIter() const {
         using At = typename std::vector<T*>::const_iterator;
         return new HSTFwdSTLIter<T*, At>(items_.begin(), items_.end());

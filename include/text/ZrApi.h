@@ -1,3 +1,3 @@
 #pragma once
-/// Marks what leaves the shared library; all else is hidden.
+/// Marks what the shared library exports; everything else is hidden.
 #define ZR_API __attribute__((visibility("default")))

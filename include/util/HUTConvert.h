@@ -5,12 +5,12 @@
 
 #include "text/ZrApi.h"
 
-/// Texts of numbers.
+/// Number texts.
 class ZR_API HUTConvert {
 public:
-    /// The hexadecimal digits, lower case, of a number that lies in memory as `size` bytes, the lowest first: the
-    /// digits of the last byte come first. Two digits for each byte, no prefix.
+    /// The hexadecimal digits, in lower case, of a number stored as `size` bytes in little-endian order: the digits
+    /// of the last byte come first. Two digits per byte, no prefix.
     static void dataToHexLittleEndian(const void* data, std::size_t size, std::string& out);
-    /// `text` from the first character that is not `character`; nothing of "0000" is left for '0'.
+    /// `text` from the first character that is not `character`; empty for "0000" and '0'.
     static std::string trimLeading(std::string_view text, char character);
 };

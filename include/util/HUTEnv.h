@@ -5,24 +5,24 @@
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
-/// What the host gives to the library. Each getter has a default, so that the library also works in a process that
-/// gives nothing. Setters are for the host's start, before its other threads use the library.
+/// Settings of the host process. Each getter has a default, so that the library also works in a process that sets
+/// nothing. Setters must be called before other threads use the library.
 class ZR_API HUTEnv {
 public:
-    /// The environment variable; nothing when it is not set.
+    /// The environment variable; no value if it is not set.
     static std::optional<std::string> get(const std::string& name);
 
     /// Where the tools are installed, the most important first. Default: `<prefix>/share/zr_platform`, with the
-    /// prefix that this library is installed in.
+    /// installation prefix of this library.
     static HSTVector<std::string> getKELAppRootList();
     static void setKELAppRootList(HSTVector<std::string> roots);
-    /// The first application root; empty when the host has set an empty list.
+    /// The first application root; empty if the host has set an empty list.
     static std::string getJUNAppRoot();
 
-    /// A directory for temporary files of the calling thread alone, without a separator at its end. Default: below a
-    /// private directory (0700) that the process makes in `TMPDIR`, or in /tmp, on the first call; all of it is
-    /// removed when the process ends. A forked child has a directory of its own and leaves its parent's alone. Throws
-    /// `HEXUserException` when none can be made.
+    /// A directory for temporary files of the calling thread only, without a trailing separator. Default: below a
+    /// private directory (0700) that the process makes in `TMPDIR`, or in /tmp, on the first call, and that is
+    /// removed when the process ends. A forked child has its own directory and does not touch its parent's. Throws
+    /// `HEXUserException` if the directory cannot be made.
     static std::string getJUNTmpDir();
     /// A directory that the host owns, for all threads; empty restores the default.
     static void setJUNTmpDir(std::string directory);
@@ -33,7 +33,7 @@ public:
     static std::string getFullBuildStr();
     static void setVersion(int major, int minor, std::string fullBuild);
 
-    /// The product's name as the host set it; empty before.
+    /// The product's name as set by the host, else empty.
     static std::string getProductName();
     static void setProductName(std::string name);
 };

@@ -6,9 +6,9 @@
 /// Names for new files and directories.
 class ZR_API HUTFileUtils {
 public:
-    /// `path`, or, when something of that name is there, `path` with the first of "_1", "_2", ... that is free.
-    /// Nothing is made: two callers of one directory must not ask at the same time.
+    /// `path`, or, if it exists, `path` with the first of "_1", "_2", ... that does not exist. Nothing is created:
+    /// two callers must not use one directory at the same time.
     static std::string uniquifyFilenameInDir(const std::string& path);
-    /// `path` below the working directory unless it is absolute already; links stay as they are.
+    /// `path` below the working directory unless it is already absolute; links are not resolved.
     static std::string makeAbsolutePath(const std::string& path);
 };

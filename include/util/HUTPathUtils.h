@@ -1,7 +1,7 @@
 #pragma once
 #include "util/HUTFile.h"
 
-/// The path questions of the readers.
+/// Path queries for readers.
 class HUTPathUtils {
 public:
     static bool exists(const std::string& path) { return HUTFile::exists(path); }

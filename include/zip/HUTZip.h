@@ -6,59 +6,59 @@
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
-/// Archives by their paths. An archive that cannot be read raises `HEXDataException`, the disk `HEXUserException`,
-/// each with words that name the file, and the member if it is one member's fault.
+/// Archives by their paths. Operations throw `HEXDataException` for an invalid archive and `HEXUserException` for
+/// errors of the file system; the text names the file and, if the error concerns one, the member.
 class ZR_API HUTZip {
 public:
-    /// Whether the archive has this member. False, too, for a file that is missing or no archive. Never throws.
+    /// Whether the archive has this member. Also false if the file is missing or not an archive. Never throws.
     static bool containsFile(const std::string& archive, const std::string& member);
 
     struct Member {
-        std::string name;              ///< as it stands in the archive: a stranger's text
-        std::uint64_t size = 0;        ///< in bytes, as the archive declares it
-        std::uint64_t packedSize = 0;  ///< in the archive
+        std::string name;              ///< as in the archive: untrusted text
+        std::uint64_t size = 0;        ///< uncompressed, in bytes, as declared by the archive
+        std::uint64_t packedSize = 0;  ///< compressed, in bytes
     };
-    /// All members in the order of their names.
+    /// All members, sorted by name.
     static HSTVector<Member> members(const std::string& archive);
 
-    /// Puts the names of all members into `files`, in the order of the archive, those of directories with their "/".
+    /// Puts the names of all members into `files`, in the order of the archive; directories end in "/".
     static void getFiles(const std::string& archive, HSTVector<std::string>& files);
 
-    /// Writes the members below the archive's directory `directory` (all members when it is empty) below
-    /// `destination`, which must exist, under their full names. False when there is no such member. A file that is
-    /// already there is replaced when `overwrite` is true, else an error. Names that lead out of `destination` and
-    /// links are errors.
+    /// Extracts the members below the archive's directory `directory` (all members if it is empty) into
+    /// `destination`, which must exist, under their full names. False if there is no such member. An existing file is
+    /// replaced if `overwrite` is true, otherwise it is an error. Names that lead out of `destination` and links are
+    /// errors.
     static bool uncompressDir(const std::string& archive, const std::string& directory,
                               const std::string& destination, bool overwrite);
 
-    /// Makes an archive of all that is in `folder`: the same bytes each time and on each machine. A folder in it
-    /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name. The archive,
-    /// and those in it, carry a digest. Links and devices are errors. Without `overwrite` it is an error when
-    /// `archive` exists. The archive appears whole or not at all. `accept`, if any, is called with the path of the
-    /// finished archive before it takes its place, which it prevents by throwing.
+    /// Makes an archive of everything in `folder`, reproducibly: the same bytes each time and on each machine. A
+    /// folder in it whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name.
+    /// The archive and those in it carry a digest. Links and devices are errors, and so is an existing `archive`
+    /// without `overwrite`. The archive appears complete or not at all. `accept`, if any, is called with the path of
+    /// the finished archive before it takes its name; it can prevent that by throwing.
     static void compressDir(const std::string& folder, const std::string& archive, bool overwrite = true,
                             const std::function<void(const std::string&)>& accept = {});
 
-    /// Gives the archive a digest: the SHA-256 of each member in its row of the directory, and one over all in the
-    /// archive's comment, in front of what stands there. An archive with a valid one is not written. Throws
-    /// `HEXUserException`, too, when somebody else changes the archive for more than ten seconds.
+    /// Attaches a digest: the SHA-256 of each member in its central directory entry, and one over all members at the
+    /// start of the archive's comment. An archive with a valid digest is not written. Also throws
+    /// `HEXUserException` if somebody else is changing the archive for more than ten seconds.
     static void attachDigestEn(const std::string& archive);
 
     enum class DigestState { none, valid, broken };
-    /// Why a member is not as it was when the digest was made, or its CRC.
+    /// How a member differs from its state when the digest, or its CRC, was computed.
     enum class Reason {
-        crc,      ///< its bytes have another CRC than the directory says
-        size,     ///< there are more or fewer of them
-        damaged,  ///< they cannot be unpacked, or its two headers disagree
-        hash,     ///< they have another SHA-256 than its field says
-        field,    ///< its field is no SHA-256, or not the one that the digest was made of
+        crc,      ///< the CRC of its bytes differs from its entry's
+        size,     ///< it has more or fewer bytes
+        damaged,  ///< it cannot be decompressed, or its two headers disagree
+        hash,     ///< the SHA-256 of its bytes differs from its field's
+        field,    ///< its field is not a SHA-256, or not the one in the digest
         extra,    ///< it has no field: it was added or replaced after the digest was made
-        missing,  ///< some member is missing, has another name, or was added with a field of its own
+        missing,  ///< a member is missing, was renamed, or was added with its own field
         count_
     };
     static const char* reasonText(Reason reason);  ///< "crc", ...
     struct Difference {
-        std::string member;  ///< a stranger's text; empty when it cannot be told which one
+        std::string member;  ///< untrusted text; empty if unknown
         Reason reason = Reason::crc;
         std::string text;  ///< for people: printable, in one line
     };
@@ -67,8 +67,7 @@ public:
         HSTVector<Difference> differences;  ///< in the order of the archive
         bool isSound() const { return differences.empty(); }
     };
-    /// Reads all bytes of the archive, whose memory it does not need, and compares CRCs and digest. Without a digest
-    /// it compares the CRCs. A digest finds what was changed by accident or carelessness; whoever means to deceive
-    /// can make a new one.
+    /// Reads the whole archive in constant memory, and compares the CRCs and, if there is one, the digest. A digest
+    /// detects accidental changes; it does not protect against deliberate ones, since anybody can attach a new one.
     static Verification verify(const std::string& archive);
 };
