@@ -6,7 +6,7 @@ namespace msg {
 
 namespace {
 
-/// Of the message that is being sent; null when it tells all that there is to tell.
+/// Of the message being sent; null if the message says everything.
 thread_local const FileProblem* known = nullptr;
 
 }  // namespace
@@ -24,9 +24,9 @@ void Capture::send(const ComMsgMgrInstance& message, const FileProblem& problem)
 }
 
 void Capture::take(const ComMsgMgrInstance& message) {
-    constexpr std::size_t kMost = 100;
+    constexpr std::size_t kMax = 100;
     for (Capture* at = innermost; at; at = at->outer_) {
-        if (at->problems_.size() == kMost) continue;
+        if (at->problems_.size() == kMax) continue;
         at->problems_.push_back(known ? *known : FileProblem{.text = message.text});
         at->problems_.back().id = shortId(message.id);
     }

@@ -6,22 +6,22 @@
 
 namespace msg {
 
-/// While it lives, keeps what the library says on its thread; the messages go to the sink as ever. Lives on the stack;
-/// of several each keeps all.
+/// During its lifetime, records what the library reports on its thread; messages still go to the sink. For use on the
+/// stack; if there are several, each records everything.
 class Capture {
 public:
-    enum class Words { print, drop };  ///< what becomes of the words that readers print on standard output
+    enum class Words { print, drop };  ///< what happens to the text that readers print on standard output
 
     explicit Capture(Words words) : words_(words), outer_(innermost) { innermost = this; }
     ~Capture() { innermost = outer_; }
     Capture(const Capture&) = delete;
     Capture& operator=(const Capture&) = delete;
 
-    /// What the first hundred messages tell.
+    /// The problems reported by the first hundred messages.
     const std::vector<FileProblem>& problems() const { return problems_; }
 
-    /// Sends a message of a reader, whose words tell a place for people; `problem` tells it, and what is wrong there,
-    /// for programs.
+    /// Sends a message of a reader, whose text has the location for people; `problem` has it, and the error, for
+    /// programs.
     static void send(const ComMsgMgrInstance& message, const FileProblem& problem);
     static void take(const ComMsgMgrInstance& message);
     static bool printsWords();

@@ -34,7 +34,7 @@ ComMsgMgr::Sink& currentSink() {
     return *sink;
 }
 
-/// The row's text with "{n}" replaced by argument n. Arguments come from files and are not looked at again.
+/// The row's text with "{n}" replaced by argument n. Arguments come from files and are not scanned again.
 std::string compose(std::string_view text, const std::vector<std::string>& args) {
     fmt::dynamic_format_arg_store<fmt::format_context> store;
     for (const std::string& arg : args) store.push_back(std::cref(arg));

@@ -4,10 +4,10 @@
 
 HEXAll::HEXAll(ComMsgMgrInstance message) : message_(std::move(message)) {}
 
-HEXAll::HEXAll(std::string words, std::source_location where)
-    : message_{"platform", "", MsgMask::error, {}, std::move(words), where} {}
+HEXAll::HEXAll(std::string text, std::source_location where)
+    : message_{"platform", "", MsgMask::error, {}, std::move(text), where} {}
 
-// Out of line, so that each type's identity lives in this library alone.
+// Out of line, so that only this library defines the identity of each type.
 HEXAll::~HEXAll() = default;
 HEXError::~HEXError() = default;
 HEXUserException::~HEXUserException() = default;

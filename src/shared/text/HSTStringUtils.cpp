@@ -56,7 +56,7 @@ std::string HSTStringUtils::join(const std::vector<std::string>& pieces, std::st
 std::size_t HSTStringUtils::utf8Length(std::string_view text) {
     struct Form {
         unsigned char first, last;    // range of the leading byte
-        unsigned char second, until;  // range of the byte behind it
+        unsigned char second, until;  // range of the byte after it
         std::size_t length;
     };
     static constexpr Form kForms[] = {
@@ -112,7 +112,7 @@ long long HSTStringUtils::toNumber(std::string_view text) {
     text.remove_prefix(first);
     const bool negative = text.front() == '-';
     if (negative || text.front() == '+') text.remove_prefix(1);
-    long long value = 0;  // kept negative: the range reaches one further down
+    long long value = 0;  // kept negative: that range is larger by one
     for (const char c : text) {
         if (c < '0' || c > '9') break;
         const int digit = c - '0';

@@ -5,7 +5,7 @@
 
 namespace util {
 
-/// Owns a file descriptor; -1 is none.
+/// Owns a file descriptor; -1 means none.
 class Descriptor {
 public:
     explicit Descriptor(int number = -1) : number_(number) {}
@@ -18,9 +18,9 @@ public:
 
     int get() const { return number_; }
     bool isOpen() const { return number_ >= 0; }
-    /// Gives the number up to a new owner.
+    /// Releases the descriptor to a new owner.
     int release() { return std::exchange(number_, -1); }
-    /// False when the system could not keep what had been written.
+    /// False if the system could not store what had been written.
     bool close() { return number_ < 0 || ::close(std::exchange(number_, -1)) == 0; }
 
 private:

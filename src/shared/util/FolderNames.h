@@ -2,6 +2,6 @@
 #include <string>
 #include <vector>
 
-/// The names in a folder, "." and ".." excepted, in no order. Throws `HEXUserException` when it cannot be read. The
-/// standard library's iterators end the process when there is no memory for a name.
+/// The names in a folder, except "." and "..", in no particular order. Throws `HEXUserException` if it cannot be
+/// read. (The standard library's iterators terminate the process when memory runs out.)
 std::vector<std::string> folderNames(const std::string& folder);

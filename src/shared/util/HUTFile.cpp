@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The system would take the text before the NUL for the whole path.
+/// The system would use the text before the NUL as the path.
 bool hasNul(const std::string& path) { return path.find('\0') != std::string::npos; }
 
 fs::file_status statusOf(const std::string& path) {
@@ -26,15 +26,15 @@ fs::file_status statusOf(const std::string& path) {
     return fs::status(path, error);
 }
 
-// What removes is called by destructors and so allocates nothing itself.
+// The removing functions are called by destructors and therefore do not allocate.
 
-/// Nothing there, not even a link to nowhere.
+/// Whether nothing has this name, not even a dangling link.
 bool isGone(const std::string& path) {
     struct stat status {};
     return ::lstat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
 }
 
-/// Removes what has this name in an open directory, with everything in it; as much as can be.
+/// Removes what has this name in an open directory, with its contents, as far as possible.
 void removeAt(int directory, const char* name) {
     if (::unlinkat(directory, name, 0) == 0 || errno == ENOENT) return;
     const int opened = ::openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);

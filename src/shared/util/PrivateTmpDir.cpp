@@ -31,8 +31,8 @@ std::unique_ptr<TmpDir> makeTmpDir() {
     return std::make_unique<TmpDir>(TmpDir{::getpid(), std::move(path)});
 }
 
-/// Owns the directory. No lock guards it: a fork in one thread must not leave a child with a lock that is never
-/// opened.
+/// Owns the directory. Not guarded by a lock: a fork in one thread must not leave the child with a lock that is never
+/// released.
 class TmpDirOfProcess {
 public:
     ~TmpDirOfProcess() {
@@ -65,7 +65,7 @@ std::string util::privateTmpDirOfThread() {
     const std::string& base = process.get();
     std::string path = base + "/" + std::to_string(::gettid());
     if (makePrivate(path) || errno == EEXIST) return path;
-    // Somebody sweeps the place while this process still runs.
+    // Something removes old files there while this process is still running.
     if (errno == ENOENT && makePrivate(base) && makePrivate(path)) return path;
     fail(path, errno);
 }

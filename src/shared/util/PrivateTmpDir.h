@@ -4,7 +4,7 @@
 /// The private temporary directory of the process.
 namespace util {
 
-/// A directory of the calling thread alone in it. Throws `HEXUserException` when it cannot be made.
+/// A directory in it for the calling thread only. Throws `HEXUserException` if it cannot be made.
 std::string privateTmpDirOfThread();
 
 }  // namespace util

@@ -36,7 +36,7 @@ bool isNameOf(int file, int directory, const char* name) {
            isSameFile(open, named);
 }
 
-/// False when somebody else holds the lock, or at a fault.
+/// False if somebody else holds the lock, or on failure.
 bool lock(int file) {
     int result = -1;
     do result = ::flock(file, LOCK_EX | LOCK_NB);
@@ -44,7 +44,7 @@ bool lock(int file) {
     return result == 0;
 }
 
-/// Removes a file of that name which nobody holds any more. One that is in use, or is not ours, stays.
+/// Removes a file of that name whose lock is free. One that is in use, or is not ours, stays.
 void removeStray(int directory, const char* name) {
     const Descriptor file(::openat(directory, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
@@ -94,7 +94,7 @@ void Successor::make(mode_t mode) {
             ::unlinkat(directory_.get(), name_.c_str(), 0);
             fail(error);
         }
-        // Before it was locked another change may have taken it for a stray.
+        // Before it was locked, another process may have taken it for a leftover.
         isMade_ = isLocked && isNameOf(file_.get(), directory_.get(), name_.c_str());
     }
 }
@@ -107,7 +107,7 @@ void Successor::write(std::uint64_t offset, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(put));
         offset += static_cast<std::uint64_t>(put);
     }
-    if (offset >= begun_ + kStretch) {  // the disk works while the next bytes are made: sync then waits for little
+    if (offset >= begun_ + kStretch) {  // the disk writes while the next bytes are made, so sync does not wait long
         ::sync_file_range(file_.get(), static_cast<off_t>(begun_), static_cast<off_t>(offset - begun_),
                           SYNC_FILE_RANGE_WRITE);
         begun_ = offset;
@@ -119,7 +119,7 @@ std::string Successor::path() const { return HUTFile::getParent(target_) + "/" +
 void Successor::takeModeAndOwner(const struct stat& of) {
     const bool isGiven = ::fchown(file_.get(), of.st_uid, of.st_gid) == 0 ||
                          (::fchown(file_.get(), static_cast<uid_t>(-1), of.st_gid) == 0 && of.st_uid == ::geteuid());
-    // The rights of whoever runs the file were its old owner's to give.
+    // Only the old owner could grant set-user-ID rights.
     if (::fchmod(file_.get(), of.st_mode & (isGiven ? 07777 : 0777)) != 0) fail(errno);
 }
 

@@ -9,28 +9,28 @@
 
 namespace util {
 
-/// The file that is going to take another's place: it is made beside it, and until it takes its name nothing of
-/// the other changes. Its own name is ".zr-edit-" and numbers, with the other's extension, and it is locked
-/// (flock) while its maker lives, so that what a killed one leaves can be told, and is removed by the next. Throws
-/// `HEXUserException`.
+/// Atomic replacement of a file: the new file is written beside the old one, which does not change until the new one
+/// takes its name. The temporary name is ".zr-edit-" and numbers, with the target's extension. The file is locked
+/// (flock) while its writer runs, so that leftovers of a killed process are recognised and removed by the next run.
+/// Throws `HEXUserException`.
 class Successor {
 public:
-    /// `target` is the path that it will have; what is there, a link too, is replaced. `mode` as `open` takes it.
+    /// `target`: the final path; an existing file or link is replaced. `mode` as for `open`.
     Successor(std::string target, mode_t mode);
-    /// Removes what did not take its place.
+    /// Removes the file if it has not taken the target's name.
     ~Successor();
     Successor(const Successor&) = delete;
     Successor& operator=(const Successor&) = delete;
 
     std::string path() const;
     void write(std::uint64_t offset, std::string_view bytes);
-    /// Open to be read too; stays this object's.
+    /// Also open for reading; owned by this object.
     int descriptor() const { return file_.get(); }
-    /// Where that is not permitted the file stays its maker's.
+    /// If that is not permitted, the owner does not change.
     void takeModeAndOwner(const struct stat& of);
-    /// Waits until the disk has the bytes.
+    /// Waits until the bytes are on the disk.
     void sync();
-    /// Waits until the disk has the name too. Removes what killed ones have left in the directory.
+    /// Waits until the name is on the disk too. Removes leftovers of killed processes in the directory.
     void takePlace(bool mayReplace = true);
 
 private:
@@ -39,7 +39,7 @@ private:
 
     std::string target_, name_;
     Descriptor directory_, file_;
-    std::uint64_t begun_ = 0;  ///< what lies before has been handed to the disk
+    std::uint64_t begun_ = 0;  ///< writing the bytes before it has been started
     bool isMade_ = false;
 };
 

@@ -28,7 +28,7 @@ std::string read(const std::string& path, std::size_t most) {
     const util::Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat what {};
     if (!file.isOpen() || ::fstat(file.get(), &what) != 0) fail(path, "read");
-    if (!S_ISREG(what.st_mode)) throw HEXUserException(fmt::format("'{}' is no regular file", path));
+    if (!S_ISREG(what.st_mode)) throw HEXUserException(fmt::format("'{}' is not a regular file", path));
     std::string bytes;
     char block[64 * 1024];
     for (;;) {

@@ -6,8 +6,8 @@
 
 namespace xml {
 
-/// Where something stands in a document. Line and column count from 1, columns in characters; both are 0 when a fault
-/// has no place in the text, as of a file that cannot be read or a record that cannot be written.
+/// A location in a document. Line and column count from 1, columns in characters; both are 0 if an error has no
+/// location in the text, such as a file that cannot be read or a record that cannot be written.
 struct Place {
     std::string file;
     std::uint64_t offset = 0;  ///< in bytes
@@ -15,7 +15,7 @@ struct Place {
     std::uint64_t column = 0;
 };
 
-/// What kind of fault it is, by a name that stays the same whatever the words become.
+/// The kinds of errors. The names are stable, unlike the texts.
 namespace fault {
 inline constexpr char kUnreadable[] = "unreadable";
 inline constexpr char kNotWellFormed[] = "not-well-formed";
@@ -35,12 +35,12 @@ inline constexpr char kOutOfRange[] = "out-of-range";
 inline constexpr char kStrayText[] = "stray-text";
 }  // namespace fault
 
-/// One fault of a document.
+/// An error in a document.
 struct Violation {
     Place place;
-    std::string element;    ///< local name of the element at fault; may be empty
-    std::string text;       ///< what stands there and what is expected, in one line that a terminal can show
-    const char* name = "";  ///< one of `fault`; empty for what no document has
+    std::string element;    ///< local name of the faulty element; may be empty
+    std::string text;       ///< what was found and what is expected, in one printable line
+    const char* name = "";  ///< one of `fault`; empty if not about a document
 };
 using Violations = std::vector<Violation>;
 
@@ -50,7 +50,7 @@ public:
     explicit Exception(Violation violation);
     ~Exception() override;
 
-    /// The text with " (column N)" behind it, as those who print it know the file and the line only.
+    /// The text followed by " (column N)", since callers print only file and line with it.
     const char* what() const noexcept override { return what_.c_str(); }
     const std::string& text() const { return violation_.text; }
     std::uint64_t line() const { return violation_.place.line; }

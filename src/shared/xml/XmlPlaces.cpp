@@ -21,7 +21,7 @@ public:
     std::vector<std::size_t> numbers;
 
     void element(const char* name, const Element& element, void* record) {
-        // A record may stand at the address of its first child's.
+        // A record may have the same address as its first child.
         for (auto [at, end] = wanted_.equal_range(record); at != end; ++at)
             if (targets_[at->second].name == name) numbers[at->second] = next_;
         ++next_;
@@ -64,7 +64,7 @@ struct Search {
 
 std::vector<std::size_t> numbersOf(const Format& format, const void* record, std::span<const Target> targets) {
     Walk walk(targets);
-    // The rows serve the reader too; nothing here writes through them.
+    // The rows also serve the reader; nothing here writes through them.
     walk.element(format.root, *format.element, const_cast<void*>(record));
     return std::move(walk.numbers);
 }

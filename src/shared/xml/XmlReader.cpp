@@ -18,7 +18,7 @@ namespace {
 
 using ParserHandle = std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)>;
 
-/// An element that is open.
+/// An open element.
 struct Frame {
     const char* name;
     const Element* element;
@@ -52,7 +52,7 @@ bool mayEnd(const Frame& frame) {
     return !frame.undecided();
 }
 
-/// Adds the children that may come next according to `rows` from `frame.row` on.
+/// Adds the names of the children in `rows` that may follow, starting at `frame.row`.
 void addExpected(std::span<const Child> rows, const Frame& frame, std::vector<std::string>& names) {
     for (std::size_t i = frame.row; i < rows.size(); ++i) {
         const std::size_t have = frame.countOf(i);
@@ -87,13 +87,13 @@ bool isBlank(std::string_view text) {
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
 }
 
-/// Equality without a look at the whole of `name` first: most comparisons differ in the first letter.
+/// Equality that compares the first letter first: most names differ there.
 bool isCalled(std::string_view local, const char* name) {
     return !local.empty() && *name == local.front() && std::strncmp(name, local.data(), local.size()) == 0 &&
            name[local.size()] == '\0';
 }
 
-/// The parser would guess the order of the bytes.
+/// For such a text the parser would guess the byte order.
 bool isWideWithoutMark(std::string_view text) { return text.size() > 1 && (text[0] == '\0') != (text[1] == '\0'); }
 
 std::string complaint(const Attribute& row, const char* element, std::string_view text, Fault fault) {
@@ -154,18 +154,18 @@ private:
     const Format& format_;
     const std::string& file_;
     void* const record_;
-    Violations* const violations_;  ///< null: the first fault ends the reading
+    Violations* const violations_;  ///< null: reading stops at the first error
     const std::size_t most_;
-    Violations first_;  ///< at most one, when `violations_` is null
+    Violations first_;  ///< at most one, if `violations_` is null
 
     ParserHandle parser_{nullptr, XML_ParserFree};
     Scopes scopes_;
     std::vector<Frame> frames_;
-    std::vector<const Attribute*> faulty_;  ///< of the tag that is being read: there, but without a value
-    std::size_t skipping_ = 0;              ///< open elements that are passed over, below the last frame
+    std::vector<const Attribute*> faulty_;  ///< of the current tag: present, but with an invalid value
+    std::size_t skipping_ = 0;              ///< open elements that are skipped, below the last frame
     std::size_t nodes_ = 0;
     bool stopped_ = false;
-    std::exception_ptr thrown_;  ///< out of a handler; carried past the parser, which is C
+    std::exception_ptr thrown_;  ///< by a handler; rethrown after the parser, which is C
 };
 
 template <class Handler>
@@ -277,8 +277,8 @@ bool Reader::declareNamespaces_(const char** attributes) {
     for (; *attributes; attributes += 2) {
         if (!Scopes::isDeclaration(attributes[0])) continue;
         std::string wrong = scopes_.declare(attributes[0], attributes[1]);
-        const bool tooMany = scopes_.size() > Scopes::kMost;
-        if (tooMany) wrong = fmt::format("more than {} namespace declarations are in force", Scopes::kMost);
+        const bool tooMany = scopes_.size() > Scopes::kMax;
+        if (tooMany) wrong = fmt::format("more than {} namespace declarations are in force", Scopes::kMax);
         if (wrong.empty()) continue;
         fail_(tooMany ? fault::kLimit : fault::kNamespace, openName_(), std::move(wrong));
         return false;
@@ -286,7 +286,7 @@ bool Reader::declareNamespaces_(const char** attributes) {
     return true;
 }
 
-/// False when the element cannot stand here; what is in it is not looked at then.
+/// False if the element is not allowed here; its contents are then skipped.
 bool Reader::open_(std::string_view qualified, std::size_t scopes) {
     Name name;
     if (std::string wrong = scopes_.resolveElement(qualified, name); !wrong.empty()) {
@@ -321,8 +321,8 @@ void Reader::push_(const char* name, const Element& element, void* record, std::
     frame.rowsRecord = record;
 }
 
-/// The row for the next child, or null after a fault. A child that leaves out one before it is reported once and
-/// taken.
+/// The row for the next child, or null after an error. If a required child before it is missing, that is reported
+/// once and the child is accepted.
 const Child* Reader::place_(Frame& frame, const Name& name) {
     if (frame.undecided()) decide_(frame, name);
     bool missing = false;
@@ -346,7 +346,7 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
     return nullptr;
 }
 
-/// Whether the element may stand somewhere in the one that is open.
+/// Whether the element is allowed anywhere in the open one.
 bool Reader::isKnownIn_(const Frame& frame, const Name& name) const {
     const auto has = [&](std::span<const Child> rows) {
         return std::ranges::any_of(rows, [&](const Child& row) { return name.local == row.name; });
@@ -422,8 +422,8 @@ void Reader::readAttributes_(const char** attributes) {
     }
 }
 
-/// The search begins at `next`, the row behind the last found: documents have their attributes in the order of the
-/// rows.
+/// The search begins at `next`, the row after the last one found: documents usually have their attributes in the
+/// order of the rows.
 void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_view value, std::size_t& next) {
     const std::span<const Attribute> rows = frame.element->attributes;
     for (std::size_t i = 0; ours_(name) && i < rows.size(); ++i) {
@@ -471,7 +471,7 @@ void Reader::fail_(const char* name, std::string_view element, std::string text)
     if (violations_->size() >= most_) stop_();
 }
 
-/// For faults behind which nothing can be read.
+/// For errors after which nothing can be read.
 void Reader::stopWith_(const char* name, std::string_view element, std::string text) {
     (violations_ ? *violations_ : first_).push_back(violation_(name, element, std::move(text)));
     stop_();

@@ -6,21 +6,21 @@
 #include "xml/XmlRecord.h"
 
 /// Reading: one function over the tables. Elements and attributes are matched by namespace and local name, whatever
-/// prefix the document uses. Attributes of the XML Schema instance namespace and of `xml:` are skipped; any other
-/// that the format does not know is a fault, as are encodings other than UTF-8 and UTF-16 with its mark, unknown,
-/// missing and misplaced elements, values of the wrong type, and text where the format has none. A document type
-/// declaration is a fault too, so there are no entities beyond the five and no other file is ever opened.
+/// prefix the document uses. Attributes of the XML Schema instance namespace and of `xml:` are skipped. Errors are:
+/// any other unknown attribute, encodings other than UTF-8 and UTF-16 with a byte-order mark, unknown, missing and
+/// misplaced elements, values of the wrong type, and text where the format has none. A document type declaration is
+/// an error too, so there are no entities except the five predefined ones, and no other file is ever opened.
 namespace xml {
 
 inline constexpr std::size_t kMaxDocument = 32u << 20;  ///< bytes
 inline constexpr std::size_t kMaxToken = 16u << 20;   ///< bytes of one tag or comment, or of the text of one element
 inline constexpr std::size_t kMaxNodes = 1'000'000;   ///< elements and attributes
 inline constexpr std::size_t kMaxAttributes = 1'000;  ///< of one element, namespace declarations included
-inline constexpr std::size_t kMaxDepth = 64;          ///< elements in each other
+inline constexpr std::size_t kMaxDepth = 64;          ///< nested elements
 
-/// Fills `record`, which must be a fresh one. Without `violations` the first fault is thrown as an `Exception`. With
-/// it nothing is thrown: up to `most` faults are added, reading goes on behind the end of each element that cannot
-/// stand where it does, and `record` is of no use when a fault was added.
+/// Fills `record`, which must be new. Without `violations` the first error is thrown as an `Exception`. Otherwise
+/// nothing is thrown: up to `most` errors are added, reading continues after each misplaced element, and `record`
+/// must not be used if an error was added.
 void read(const Format& format, std::string_view text, const std::string& file, void* record,
           Violations* violations = nullptr, std::size_t most = 0);
 
@@ -32,7 +32,7 @@ R read(const Document<R>& format, std::string_view text, const std::string& file
     return record;
 }
 
-/// Every fault of the document, at most `most`, in document order.
+/// All errors of the document, at most `most`, in document order.
 template <class R>
 Violations check(const Document<R>& format, std::string_view text, const std::string& file, std::size_t most = 1000) {
     R record;
@@ -41,7 +41,7 @@ Violations check(const Document<R>& format, std::string_view text, const std::st
     return violations;
 }
 
-/// The bytes of a file. Throws `Exception`, without a line, when it cannot be read, is no regular file or is larger
+/// The bytes of a file. Throws `Exception`, without a line, if it cannot be read, is not a regular file or is larger
 /// than `kMaxDocument`.
 std::string textOf(const std::string& file);
 

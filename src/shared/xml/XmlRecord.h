@@ -12,10 +12,10 @@
 #include "xml/XmlValue.h"
 
 /// XML formats as tables. A record is a plain struct: an attribute is an `Attr<T>`, a child a value, a
-/// `std::optional` or a `std::vector` by its cardinality, an element that holds text a `std::string`. Beside it stand
-/// its rows, in document order, children's records first. Reading, writing and the format's schema are ordinary
-/// functions over the rows (XmlReader.h, XmlWriter.h, XmlSchema.h); equality is the compiler's; a fresh record is the
-/// reset one; records copy and swap as values.
+/// `std::optional` or a `std::vector` by its cardinality, an element that holds text a `std::string`. With it
+/// are its rows, in document order, children's records first. Reading, writing and the format's schema are ordinary
+/// functions over the rows (XmlReader.h, XmlWriter.h, XmlSchema.h); equality is the compiler's; a new record is the
+/// empty one; records copy and swap as values.
 ///
 ///     struct Clock {
 ///         Attr<std::string> name;
@@ -50,7 +50,7 @@ struct Attribute {
     bool required;
     const ValueType* type;
     void* (*member)(void* record);  ///< its `Attr`
-    const char* doc;                ///< what it means, its unit and form, for those who write such a document
+    const char* doc;                ///< meaning, unit and form, for authors of documents
 };
 
 enum class Occurs {
@@ -58,7 +58,7 @@ enum class Occurs {
     atMostOnce,
     anyNumber,
     atLeastOnce,
-    onceWhenWritten,  ///< the reader takes a document without it, the writer does not
+    onceWhenWritten,  ///< optional for the reader, required by the writer
 };
 
 struct Element;
@@ -73,28 +73,28 @@ struct Child {
     std::size_t (*count)(const void* record);
     void* (*at)(void* record, std::size_t index);
     const char* doc;
-    std::size_t most = kUnbounded;  ///< of one that repeats; reading refuses the next
+    std::size_t most = kUnbounded;  ///< maximum for one that repeats; more are an error
 
     bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
     bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
     bool neededToWrite() const { return neededToRead() || occurs == Occurs::onceWhenWritten; }
 };
 
-/// One content of several that exclude each other; the first child of the document decides which it is.
+/// One of several exclusive contents; the first child in the document decides which.
 struct Alternative {
     std::span<const Child> children;  ///< of the alternative's own record
-    void* (*choose)(void* record);    ///< makes this one the chosen one
-    void* (*chosen)(void* record);    ///< its record, null when another is chosen
+    void* (*choose)(void* record);    ///< selects this alternative
+    void* (*chosen)(void* record);    ///< its record; null if another is selected
 };
 
 struct Element {
     std::span<const Attribute> attributes;
     std::span<const Child> children;               ///< a strict sequence
-    std::span<const Alternative> alternatives;     ///< when not empty, in the place of `children`
+    std::span<const Alternative> alternatives;     ///< if not empty, used instead of `children`
     std::string* (*text)(void* record) = nullptr;  ///< for an element that holds text and no children
 };
 
-/// A whole format. Its elements and attributes are all in the namespace `uri`, or all in none when that is empty.
+/// A whole format. All its elements and attributes are in the namespace `uri`, or in no namespace if it is empty.
 struct Format {
     const char* uri;
     const char* prefix;  ///< for writing
@@ -107,8 +107,8 @@ struct Format {
 template <class R>
 struct Document : Format {};
 
-// What follows makes rows. The templates tie each row to the struct that it is for, so that a row in the table of
-// another does not compile.
+// The following makes rows. The templates tie each row to its struct, so that a row in the table of another struct
+// does not compile.
 
 template <class R>
 struct AttributeOf : Attribute {};
@@ -279,7 +279,7 @@ constexpr auto atMostOne(const char* name, const ElementOf<typename detail::Valu
                          const char* doc = "") {
     return detail::child<M>(name, Occurs::atMostOnce, element, doc);
 }
-/// The member is a `std::optional`, which the writer demands and the reader does not.
+/// The member is a `std::optional`, required by the writer but not by the reader.
 template <auto M>
 constexpr auto oneWhenWritten(const char* name, const ElementOf<typename detail::ValueOf<M>::value_type>& element,
                               const char* doc = "") {
@@ -305,7 +305,7 @@ constexpr Alternative alternative(const ChildRows<std::variant_alternative_t<I, 
             [](void* record) -> void* { return std::get_if<I>(&detail::member<M>(record)); }};
 }
 
-// The rows must be constants with a place in memory: an element keeps only where they stand.
+// The rows must be constants with static storage: an element keeps only references to them.
 template <class R, std::size_t N>
 constexpr ElementOf<R> element(const AttributeRows<R, N>& attributes) {
     return {{attributes, {}, {}}};

@@ -14,7 +14,7 @@ namespace {
 constexpr const char* kSkipped =
     "<xs:anyAttribute namespace=\"http://www.w3.org/XML/1998/namespace "
     "http://www.w3.org/2001/XMLSchema-instance\" processContents=\"skip\"/>";
-constexpr const char* kNothing = "nothing";  ///< the simple type of blanks only: an empty content would forbid them
+constexpr const char* kNothing = "nothing";  ///< the simple type of blanks: empty content would not allow them
 
 std::string escaped(std::string_view text) {
     std::string result;
@@ -62,7 +62,7 @@ private:
             for (const Child& child : alternative.children) take(child);
     }
 
-    /// Names the element's kind, and those of all elements in it. Formats do not nest in themselves.
+    /// Names the element's kind, and those of all elements in it. Formats are not recursive.
     void collect_(const std::string& name, const std::string& parent, const Element& element) {
         if (names_.contains(&element)) return;
         std::string own = element.text ? "text" : name;
@@ -77,7 +77,7 @@ private:
     }
 
     void keepNumber_(const ValueType* type) {
-        // Booleans have bounds too, and a type of the schema language's own.
+        // Booleans have bounds too, but a type of the schema language.
         const bool own = std::string_view(type->schema).find(':') == std::string_view::npos;
         if (own && std::ranges::find(numbers_, type) == numbers_.end()) numbers_.push_back(type);
         if (own) taken_.insert(type->schema);
@@ -100,7 +100,7 @@ private:
         line_(depth, "<xs:annotation><xs:documentation>" + escaped(doc) + "</xs:documentation></xs:annotation>");
     }
 
-    /// A tag without its end, and what documents it.
+    /// A tag without its end, and its documentation.
     void documented_(int depth, const char* tag, const std::string& start, const std::string& doc) {
         if (doc.empty()) {
             line_(depth, fmt::format("<{}{}/>", tag, start));
@@ -174,7 +174,7 @@ private:
         line_(2, "</xs:choice>");
     }
 
-    /// By its bounds, as the reader checks them: a sign and leading zeros are allowed.
+    /// The bounds are those of the reader: a sign and leading zeros are allowed.
     void number_(const ValueType& type) {
         line_(1, fmt::format("<xs:simpleType name=\"{}\">", type.schema));
         line_(2, "<xs:restriction base=\"xs:integer\">");

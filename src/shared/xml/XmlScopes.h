@@ -6,24 +6,24 @@
 
 namespace xml {
 
-/// What a namespace is to the format that is read.
+/// The role of a namespace for the format being read.
 enum class Space { none, format, schemaInstance, xml, other };
 
-/// A qualified name and the parts of it. Views into the name.
+/// A qualified name and its parts, as views into the name.
 struct Name {
-    std::string_view qualified;  ///< as it stands in the document
+    std::string_view qualified;  ///< as in the document
     std::string_view local;
     Space space = Space::none;
 };
 
-/// The namespace declarations in force. The parser's own name spaces are not used: it copies a namespace's URI for
-/// every attribute of a tag before anyone can object, so that a document of 1 MB takes more than 1 GB.
+/// The namespace declarations in force. The parser's namespace support is not used: it copies a namespace's URI for
+/// every attribute of a tag before that can be prevented, so that a document of 1 MB takes more than 1 GB.
 class Scopes {
 public:
-    /// At most this many declarations may be in force at once, so that a look-up stays short.
-    static constexpr std::size_t kMost = 100;
+    /// The maximum number of declarations in force at once, which keeps a look-up short.
+    static constexpr std::size_t kMax = 100;
 
-    /// `formatUri` is the one that counts as `Space::format`; empty for a format in no namespace.
+    /// `formatUri`: the namespace of `Space::format`; empty for a format in no namespace.
     explicit Scopes(std::string_view formatUri) : formatUri_(formatUri) {}
 
     /// Whether the name of an attribute is "xmlns", or begins with "xmlns:".
@@ -31,13 +31,13 @@ public:
         return *attribute == 'x' && std::strncmp(attribute, "xmlns", 5) == 0 &&
                (attribute[5] == '\0' || attribute[5] == ':');
     }
-    /// Adds a declaration of the tag that is being read. Empty, or what is wrong with it.
+    /// Adds a declaration of the current tag. Returns an empty text or what is wrong with it.
     std::string declare(std::string_view attribute, std::string_view uri);
     std::size_t size() const { return bindings_.size(); }
-    /// Drops what has been declared since there were `size` declarations.
+    /// Removes all declarations after the first `size`.
     void shrink(std::size_t size) { bindings_.resize(size); }
 
-    /// Empty, or what is wrong with the name. An attribute without a prefix is in no namespace.
+    /// Returns an empty text or what is wrong with the name. An attribute without a prefix is in no namespace.
     std::string resolveElement(std::string_view qualified, Name& name) const;
     std::string resolveAttribute(std::string_view qualified, Name& name) const;
 

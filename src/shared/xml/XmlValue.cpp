@@ -7,7 +7,7 @@ namespace xml {
 
 namespace {
 
-/// Without the four characters that XML calls white space around it.
+/// Without leading and trailing XML white space.
 std::string_view collapsed(std::string_view text) {
     constexpr std::string_view kSpace = " \t\n\r";
     const auto first = text.find_first_not_of(kSpace);

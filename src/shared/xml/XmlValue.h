@@ -9,7 +9,7 @@
 
 namespace xml {
 
-/// What is wrong with a value, in the order of testing.
+/// What is wrong with a value, in the order of the tests.
 enum class Fault { none, form, belowMinimum, aboveMaximum };
 
 /// An integer of any type: its sign and its distance from 0.
@@ -18,10 +18,10 @@ struct Magnitude {
     std::uint64_t value = 0;
 };
 
-/// The number between -`lowest` and `highest`; blanks around it do not count, a sign may stand in front.
+/// A number between -`lowest` and `highest`, optionally with a sign; surrounding blanks are ignored.
 Fault parseMagnitude(std::string_view text, std::uint64_t lowest, std::uint64_t highest, Magnitude& value);
 
-/// Reading leaves `value` alone when it gives a fault.
+/// On failure, these leave `value` unchanged.
 Fault parse(std::string_view text, std::string& value);
 Fault parse(std::string_view text, bool& value);
 Fault parse(std::string_view text, Integer& value);

@@ -10,7 +10,7 @@ namespace xml {
 
 namespace {
 
-/// The children to write of a record: those of its chosen alternative, if it has alternatives.
+/// The children of a record to write: those of the selected alternative, if it has alternatives.
 struct Content {
     std::span<const Child> rows;
     void* record;
@@ -29,7 +29,7 @@ Content contentOf(const Element& element, void* record) {
     throw Exception(std::move(violation));
 }
 
-/// The length of the character that begins `text` when XML can hold it, else 0.
+/// The length of the first character of `text` if XML can hold it, else 0.
 std::size_t characterLength(std::string_view text) {
     const auto byte = [&](std::size_t i) { return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U; };
     const unsigned first = byte(0);
@@ -56,7 +56,7 @@ void checkText(const char* element, std::string_view text) {
     }
 }
 
-// Both walks recurse as deep as the format's tables nest; a record cannot add to that.
+// Recursion is limited by the nesting of the format's tables, whatever the record holds.
 
 void check(const char* name, const Element& element, void* record) {
     for (const Attribute& row : element.attributes) {
@@ -120,7 +120,8 @@ private:
         out_ += '"';
     }
 
-    /// Line ends and tabs of an attribute would come back as blanks, a carriage return of a text as a line feed.
+    /// Otherwise line ends and tabs of an attribute would be read as blanks, a carriage return of a text as a line
+    /// feed.
     void escaped_(std::string_view text, bool inAttribute) {
         for (const char c : text) {
             if (c == '&')
@@ -146,7 +147,7 @@ private:
 
 std::string write(const Format& format, const void* record) {
     void* const unchanged =
-        const_cast<void*>(record);  // the rows serve the reader too; nothing here writes through them
+        const_cast<void*>(record);  // the rows also serve the reader; nothing here writes through them
     check(format.root, *format.element, unchanged);
     return Writer(format).run(format, unchanged);
 }
