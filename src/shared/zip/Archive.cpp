@@ -17,9 +17,9 @@ constexpr std::string_view kTooMany = "it unpacks to more bytes than the directo
                            kTooFew = "it unpacks to fewer bytes than the directory says",
                            kSpent = "one call unpacks too much: more than its budget is left";
 
-/// Deflated members of up to this size are unpacked at once, by the faster of two libraries, whichever way they are
-/// asked for; larger ones in pieces by the other. The two do not refuse the same damaged data, so that a member's
-/// size alone decides which one judges it.
+/// Deflated members of up to this size are decompressed at once by the faster of two libraries, larger ones in pieces
+/// by the other. The two do not refuse the same damaged data, so the choice depends only on a member's size, not on
+/// how it is read.
 constexpr std::uint64_t kWhole = 4UL * 1024 * 1024;
 
 bool isUnpackedWhole(const Member& member) {
@@ -27,11 +27,11 @@ bool isUnpackedWhole(const Member& member) {
 }
 
 struct Fault {
-    std::string_view text;  ///< empty when there is none
+    std::string_view text;  ///< empty if there is none
     ArchiveError::Fault kind = ArchiveError::Fault::other;
 };
 
-/// Unpacks all of `packed` into `data`, and nothing more: neither may be left over.
+/// Decompresses all of `packed` into all of `data`: nothing of either may be left over.
 Fault inflateWhole(std::string_view packed, std::string& data) {
     const std::unique_ptr<libdeflate_decompressor, decltype(&libdeflate_free_decompressor)> decompressor(
         libdeflate_alloc_decompressor(), libdeflate_free_decompressor);

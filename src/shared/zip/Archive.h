@@ -14,36 +14,36 @@
 
 namespace zip {
 
-/// An archive that was opened to be read, and is strict about it: nothing in it is used before it has been found to
-/// agree with all that the archive says elsewhere. What a member's row says of its data is checked when the data are
-/// read. All failures are `ArchiveError`.
+/// An archive opened for strict reading: nothing in it is used before it has been checked against everything else in
+/// the archive. What an entry states about its member's data is checked when the data are read. All failures are
+/// `ArchiveError`.
 class Archive {
 public:
-    /// The largest member that is read whole unless the caller says otherwise.
+    /// The default limit for members that are read whole.
     static constexpr std::uint64_t kMetadataBound = 32UL * 1024 * 1024;
     using Sink = std::function<void(std::string_view piece)>;
 
-    /// Opens the file at `path`, which must be a regular one.
+    /// Opens the file at `path`, which must be a regular file.
     explicit Archive(const std::string& path);
-    /// Reads from `bytes`; `name` stands in messages.
+    /// Reads from `bytes`; `name` is used in messages.
     Archive(std::unique_ptr<ByteSource> bytes, std::string name);
 
     const std::string& name() const { return name_; }
     const std::string& comment() const { return directory_.comment(); }
     std::span<const Member> members() const { return directory_.members(); }
-    /// Null when there is no such member. Names are compared byte for byte.
+    /// Null if there is no such member. Names are compared byte for byte.
     const Member* find(std::string_view name) const { return directory_.find(name); }
     /// What the archive is read from.
     const ByteSource& bytes() const { return *bytes_; }
 
     /// The whole data of a member of at most `bound` bytes. Directories and links have none.
     std::string read(const Member& member, std::uint64_t bound = kMetadataBound) const;
-    /// Hands the data to `sink` in pieces, in order; memory does not grow with the member. When it throws, the pieces
-    /// so far were no sound member.
+    /// Passes the data to `sink` in pieces, in order and in constant memory. If it throws, the pieces passed so far
+    /// are not valid data.
     void copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const;
-    /// The same for members of any kind, directories and links too: for those who only look at the bytes.
+    /// The same for members of any kind, including directories and links, to examine their bytes.
     void unpack(const Member& member, const Sink& sink, OutputBudget& budget) const;
-    /// Whether the member's local header agrees with the directory; throws when it does not.
+    /// Throws unless the member's local header agrees with its entry.
     void checkHeader(const Member& member) const;
 
 private:

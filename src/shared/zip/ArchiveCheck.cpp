@@ -64,7 +64,7 @@ private:
         return rows.size() == archive_.members().size() && commentTells(archive_, rows);
     }
 
-    /// When the comment was made of the bytes as they are, it is the fields that differ.
+    /// If the comment was computed from the current bytes, the fields are wrong.
     void blameFields() {
         for (HUTZip::Difference& difference : report_.differences)
             if (difference.reason == Reason::hash) difference.reason = Reason::field;

@@ -4,7 +4,7 @@
 
 namespace zip {
 
-/// Compares each member's bytes with what the archive says of them.
+/// Compares each member's bytes with its CRC and digest.
 HUTZip::Verification checkArchive(const Archive& archive);
 
 }  // namespace zip

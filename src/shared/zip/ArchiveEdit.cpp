@@ -159,8 +159,8 @@ void ArchiveEdit::checkArchive() const {
         refuse("it was changed by somebody else since it was read");
 }
 
-/// The writer finds the old directory in its own way, and bytes among the data may look like the end of another
-/// archive to it.
+/// The writer looks for the old central directory in its own way, and bytes in the data may look like the end of
+/// another archive to it.
 void ArchiveEdit::checkKept(const Archive& made) const {
     std::size_t count = changes_.size();
     for (const Member& member : archive_->members()) {
@@ -174,7 +174,7 @@ void ArchiveEdit::checkKept(const Archive& made) const {
     if (made.members().size() != count) refuse("it would have members that nobody put there");
 }
 
-/// What cannot be read again, or is not what was hashed, does not take the archive's place.
+/// A new archive that cannot be read again, or differs from what was hashed, does not replace the old one.
 void ArchiveEdit::checkResult(int descriptor) const {
     util::Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
     if (!own.isOpen()) refuse(std::generic_category().message(errno));

@@ -17,58 +17,59 @@
 
 namespace zip {
 
-/// A change of an archive, as one transaction: members are staged, and `commit` writes them all at once to a new file
-/// that takes the old one's place. Whoever reads, and whatever breaks off, sees the old archive or the new one.
+/// A change of an archive, as one transaction: members are staged, and `commit` writes them all to a new file that
+/// atomically replaces the old one. Readers see either the old archive or the new one, even if the process is killed.
 ///
-/// While it lives it holds a lock, so that others who change the archive wait and none of their members is lost.
-/// Members that are not changed keep their packed bytes and their order, new ones stand behind them; mode and, where
-/// that is allowed, owner of the file are kept. Of a link its target is changed.
+/// It holds a lock during its lifetime, so that others who change the archive wait and no changes are lost. Unchanged
+/// members keep their compressed bytes and their order, new ones follow them; mode and, if permitted, owner of the
+/// file are kept. For a link the target is changed.
 class ArchiveEdit {
 public:
     enum class Digest {
-        keep,   ///< an archive with a valid digest has a valid one afterwards; any other is left without
-        attach  ///< it has a valid one afterwards
+        keep,   ///< a valid digest is updated; otherwise there is none afterwards
+        attach  ///< there is a valid digest afterwards
     };
     static constexpr std::chrono::milliseconds kPatience{10'000};
 
-    /// Opens and locks the archive. Throws `ArchiveError` when it is no archive or may not be written,
-    /// `HEXUserException` when its directory may not be, or somebody else holds the lock for longer than `patience`.
+    /// Opens and locks the archive. Throws `ArchiveError` if it is not an archive or not writable, and
+    /// `HEXUserException` if its directory is not writable or somebody else holds the lock for longer than
+    /// `patience`.
     explicit ArchiveEdit(const std::string& path, std::chrono::milliseconds patience = kPatience);
     ArchiveEdit(const ArchiveEdit&) = delete;
     ArchiveEdit& operator=(const ArchiveEdit&) = delete;
 
-    /// As it was found.
+    /// As opened.
     const Archive& archive() const { return *archive_; }
     const FileStamp& stamp() const { return file_->stamp(); }
 
-    // Each throws `HEXUserException` when nothing of that name could be extracted again. The last call for a name
-    // counts.
+    // These throw `HEXUserException` for a name that could not be extracted again. The last call for a name takes
+    // effect.
 
     /// Adds or replaces a member. The file is read in `commit`; it must not be the archive itself.
     void put(const std::string& member, SourceFile source);
     void put(const std::string& member, std::string bytes);
-    /// False when there is no such member.
+    /// False if there is no such member.
     bool remove(const std::string& member);
 
-    /// Writes the archive, unless that would change nothing. Throws `HEXUserException`: a source or the archive was
-    /// changed meanwhile, no member is left, or a fault of the disk; `ArchiveError` for damage that it meets in
-    /// members whose digest must be made. Each byte of the archive then is as it was. To be called once.
-    /// Gives the state in which the archive is now.
+    /// Writes the archive, unless nothing would change, and returns its new state. Throws `HEXUserException` if a
+    /// source or the archive was changed meanwhile, no member would be left, or the file system fails, and
+    /// `ArchiveError` for damaged members whose digest must be computed; the archive is then unchanged. To be called
+    /// once.
     FileStamp commit(Digest digest = Digest::keep);
 
 private:
     struct Change {
         std::unique_ptr<const ByteSource> made;  ///< null for a file
         std::optional<SourceFile> file;
-        std::optional<std::uint32_t> crc;  ///< of bytes that were hashed
+        std::optional<std::uint32_t> crc;  ///< of the hashed bytes
         const ByteSource& bytes() const { return file ? file->bytes() : *made; }
         [[noreturn]] void refuseToRead() const;
-        /// Of use while this lives.
+        /// Valid during the lifetime of this object.
         ZipWriter::Bytes toPack() const;
     };
-    /// What a digest needs: empty when there is none to be written.
+    /// The parts of a digest; empty if none is written.
     struct Stamp {
-        std::map<std::string_view, Hash> fields;  ///< of the members whose field is to be set
+        std::map<std::string_view, Hash> fields;  ///< of the members whose field must be set
         std::string comment;
     };
 

@@ -5,17 +5,17 @@
 
 namespace zip {
 
-/// An archive that cannot be read: missing, damaged, of a form that is not read, or lying about itself. `what` is
+/// An archive that cannot be read: missing, damaged, of an unsupported form, or inconsistent. `what` is
 /// "ARCHIVE: TEXT" or "ARCHIVE!MEMBER: TEXT", with what was found and what was expected.
 class ArchiveError : public HEXFileFault {
 public:
-    enum class Fault { other, crc, size };  ///< of a member whose bytes are not those that the directory tells
+    enum class Fault { other, crc, size };  ///< of a member whose bytes differ from its entry
 
     ArchiveError(std::string archive, std::string member, std::string text, Fault fault = Fault::other);
     ~ArchiveError() override;
 
     const std::string& archive() const { return problem().file; }
-    /// Empty when the fault is the archive's own.
+    /// Empty if the error concerns the archive itself.
     const std::string& member() const { return problem().member; }
     const std::string& text() const { return problem().text; }
     Fault fault() const { return fault_; }

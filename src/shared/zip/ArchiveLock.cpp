@@ -29,7 +29,7 @@ std::unique_ptr<FileBytes> openLocked(const std::string& path, std::chrono::mill
         if (!isLocked && errno != EWOULDBLOCK && errno != EINTR)
             throw HEXUserException(
                 fmt::format("archive '{}' cannot be locked: {}", path, std::generic_category().message(errno)));
-        // Whoever held the lock before has put another file in its place.
+        // The previous holder of the lock has replaced the file.
         if (isLocked && isCurrent(path, *bytes)) return bytes;
         if (std::chrono::steady_clock::now() >= end)
             throw HEXUserException(

@@ -9,7 +9,7 @@ class ByteSource {
 public:
     virtual ~ByteSource() = default;
     virtual std::uint64_t size() const = 0;
-    /// Fills `target` with `count` bytes from `offset` on. False when there are not so many, or they cannot be read.
+    /// Fills `target` with `count` bytes starting at `offset`. False if there are fewer, or they cannot be read.
     virtual bool read(std::uint64_t offset, char* target, std::size_t count) const = 0;
 };
 

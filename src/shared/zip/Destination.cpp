@@ -33,7 +33,7 @@ void writeStream(const std::string& path, const Fill& fill) {
 }
 
 void writeFile(const std::string& path, const Fill& fill, bool mayReplace) {
-    const std::string target = HUTFile::getCanonicalName(path);  // of a link, what it points to is replaced
+    const std::string target = HUTFile::getCanonicalName(path);  // for a link, its target is replaced
     const std::string directory = HUTFile::getParent(target);
     const util::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!parent.isOpen()) fail(path, errno);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::string_view kAnyVersion = "zr-digest:", kThisVersion = "zr-digest:1:sha256:";
 constexpr std::uint64_t kBlock = 256UL * 1024;
-constexpr std::size_t kLongestComment = 0xFFFF;
+constexpr std::size_t kMaxComment = 0xFFFF;
 
 std::string_view firstLine(std::string_view comment) { return comment.substr(0, comment.find('\n')); }
 
@@ -42,7 +42,7 @@ std::string withDigest(const std::string& line, std::string_view comment) {
     std::string_view foreign = comment;
     if (hasDigest(comment)) foreign.remove_prefix(std::min(comment.size(), firstLine(comment).size() + 1));
     if (foreign.empty()) return line;
-    if (line.size() + 1 + foreign.size() > kLongestComment)
+    if (line.size() + 1 + foreign.size() > kMaxComment)
         throw HEXUserException("the comment of the archive is so long that no digest has room in front of it");
     return line + "\n" + std::string(foreign);
 }
@@ -70,7 +70,7 @@ std::optional<Checksums> checksumsOf(const ByteSource& bytes) {
 }
 
 Hash hashOf(const Archive& archive, const Member& member) {
-    // Nothing is kept of what is unpacked, and deflate bounds it by the archive's size.
+    // Nothing decompressed is kept, and deflate limits it by the archive's size.
     OutputBudget unlimited(std::numeric_limits<std::uint64_t>::max());
     Sha256 hash;
     archive.unpack(

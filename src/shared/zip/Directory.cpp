@@ -15,16 +15,16 @@
 namespace zip {
 namespace {
 
-constexpr std::size_t kRowSize = 46, kLocalSize = 30;
+constexpr std::size_t kEntrySize = 46, kLocalSize = 30;
 constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13,
                         kUtf8 = 1 << 11;
-/// Deflate cannot make more of one byte.
-constexpr std::uint64_t kLargestRatio = 1032;
+/// The maximum compression ratio of deflate.
+constexpr std::uint64_t kMaxRatio = 1032;
 
-/// Type and permissions, when the row was made on a system that has them.
-std::uint32_t modeOf(const char* row) {
-    const auto system = static_cast<unsigned char>(row[5]);
-    return system == 3 || system == 19 ? u32(row + 38) >> 16 : 0;
+/// Type and permissions, if the entry was made on a system that has them.
+std::uint32_t modeOf(const char* entry) {
+    const auto system = static_cast<unsigned char>(entry[5]);
+    return system == 3 || system == 19 ? u32(entry + 38) >> 16 : 0;
 }
 
 }  // namespace
@@ -33,7 +33,7 @@ Directory::Directory(const ByteSource& bytes, const std::string& archive) : arch
     EndRecord end = readEndRecord(bytes, archive);
     load(bytes, end);
     comment_ = std::move(end.comment);
-    readRows(end.members);
+    readEntries(end.members);
     setLimits(end.directoryOffset);
     index_ = NameIndex(members_);
     if (const Member* const twice = index_.duplicate()) refuse(twice->name, "two members have this name");
@@ -55,53 +55,53 @@ void Directory::load(const ByteSource& bytes, const EndRecord& end) {
         refuse("", "its central directory holds a second end record");
 }
 
-void Directory::readRows(std::uint64_t count) {
-    members_.reserve(std::min<std::uint64_t>(count, size_ / kRowSize));
+void Directory::readEntries(std::uint64_t count) {
+    members_.reserve(std::min<std::uint64_t>(count, size_ / kEntrySize));
     for (std::size_t at = 0; at < size_;) {
         if (members_.size() == count)
             refuse("", fmt::format("the end record counts {} members, but the central directory goes on", count));
-        at += readRow({bytes_.get() + at, size_ - at});
+        at += readEntry({bytes_.get() + at, size_ - at});
     }
     if (members_.size() != count)
         refuse("", fmt::format("the end record counts {} members, but the central directory has {}", count,
                                members_.size()));
 }
 
-std::size_t Directory::readRow(std::string_view rest) {
-    const char* const row = rest.data();
+std::size_t Directory::readEntry(std::string_view rest) {
+    const char* const entry = rest.data();
     const auto misplaced = [&] {
         return fmt::format("row {} of the central directory does not begin as one, or is cut short",
                            members_.size() + 1);
     };
-    if (rest.size() < kRowSize || !rest.starts_with("PK\1\2")) refuse("", misplaced());
-    const std::size_t nameSize = u16(row + 28), extraSize = u16(row + 30);
-    const std::size_t commentSize = u16(row + 32), size = kRowSize + nameSize + extraSize + commentSize;
+    if (rest.size() < kEntrySize || !rest.starts_with("PK\1\2")) refuse("", misplaced());
+    const std::size_t nameSize = u16(entry + 28), extraSize = u16(entry + 30);
+    const std::size_t commentSize = u16(entry + 32), size = kEntrySize + nameSize + extraSize + commentSize;
     if (size > rest.size()) refuse("", misplaced());
 
     Member& member = members_.emplace_back();
-    member.name = rest.substr(kRowSize, nameSize);
-    member.flags = u16(row + 8);
-    member.method = Method(u16(row + 10));
-    member.crc = u32(row + 16);
-    member.packedSize = u32(row + 20);
-    member.size = u32(row + 24);
-    member.mode = modeOf(row);
-    member.headerOffset = u32(row + 42);
-    member.extraFields = rest.substr(kRowSize + nameSize, extraSize);
-    readZip64(member, row);
-    checkRow(member, row);
+    member.name = rest.substr(kEntrySize, nameSize);
+    member.flags = u16(entry + 8);
+    member.method = Method(u16(entry + 10));
+    member.crc = u32(entry + 16);
+    member.packedSize = u32(entry + 20);
+    member.size = u32(entry + 24);
+    member.mode = modeOf(entry);
+    member.headerOffset = u32(entry + 42);
+    member.extraFields = rest.substr(kEntrySize + nameSize, extraSize);
+    readZip64(member, entry);
+    checkEntry(member, entry);
     if ((member.flags & kUtf8) && !(isUtf8(member.name) && isUtf8(rest.substr(size - commentSize, commentSize))))
         refuse(member.name, "its name or its comment is marked as UTF-8 and is not");
     return size;
 }
 
-/// The zip64 field holds the values that do not fit their place in the row, or all of them, in this order.
-void Directory::readZip64(Member& member, const char* row) const {
+/// The zip64 field holds the values that do not fit their fields in the entry, or all of them, in this order.
+void Directory::readZip64(Member& member, const char* entry) const {
     const ExtraField field = findExtraField(member.extraFields, kZip64Field);
     if (!field.isSound) refuse(member.name, "the extra fields of its row are not sound");
     std::uint64_t* const values[] = {&member.size, &member.packedSize, &member.headerOffset};
     const auto missing = std::ranges::count_if(values, [](auto* value) { return *value == kIn64As32; });
-    const bool diskMissing = u16(row + 34) == kIn64As16;
+    const bool diskMissing = u16(entry + 34) == kIn64As16;
     if (!field.bytes) {
         if (missing > 0 || diskMissing) refuse(member.name, "the zip64 field of its row is missing");
         return;
@@ -121,10 +121,10 @@ void Directory::readZip64(Member& member, const char* row) const {
     if (diskMissing && u32(at) != 0) refuse(member.name, "it lies in another part of a split archive");
 }
 
-void Directory::checkRow(const Member& member, const char* row) const {
+void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.name.empty()) refuse("", fmt::format("member {} has no name", members_.size()));
     if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name has a NUL in it");
-    if (u16(row + 34) != 0 && u16(row + 34) != kIn64As16)
+    if (u16(entry + 34) != 0 && u16(entry + 34) != kIn64As16)
         refuse(member.name, "it lies in another part of a split archive");
     if (member.flags & (kEncrypted | kStrongEncryption | kMasked)) refuse(member.name, "it is encrypted");
     if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not read");
@@ -134,11 +134,11 @@ void Directory::checkRow(const Member& member, const char* row) const {
     if (member.method == Method::stored && member.size != member.packedSize)
         refuse(member.name, fmt::format("it is stored, but has {} bytes in the archive and {} outside of it",
                                         member.packedSize, member.size));
-    if (member.size / kLargestRatio > member.packedSize)
+    if (member.size / kMaxRatio > member.packedSize)
         refuse(member.name, fmt::format("{} packed bytes cannot hold {} bytes", member.packedSize, member.size));
 }
 
-/// The members by their place in the archive: the first at its first byte, each behind the one before.
+/// Checks the members by their position in the archive: the first at its first byte, each after the previous one.
 void Directory::setLimits(std::uint64_t directoryOffset) {
     std::vector<std::uint32_t> order(members_.size());
     std::iota(order.begin(), order.end(), 0U);

@@ -13,8 +13,8 @@ namespace zip {
 
 struct EndRecord;
 
-/// The central directory of an archive, read at once and checked whole: members do not overlap, lie between the
-/// archive's first byte and the directory, have different names, and are of a kind that can be read.
+/// The central directory of an archive, read and checked as a whole: members do not overlap, are between the
+/// archive's first byte and the directory, have different names, and are of a supported kind.
 class Directory {
 public:
     /// Throws `ArchiveError` with the name `archive`.
@@ -29,15 +29,15 @@ public:
 
 private:
     void load(const ByteSource& bytes, const EndRecord& end);
-    void readRows(std::uint64_t count);
-    std::size_t readRow(std::string_view rest);
-    void readZip64(Member& member, const char* row) const;
-    void checkRow(const Member& member, const char* row) const;
+    void readEntries(std::uint64_t count);
+    std::size_t readEntry(std::string_view rest);
+    void readZip64(Member& member, const char* entry) const;
+    void checkEntry(const Member& member, const char* entry) const;
     void setLimits(std::uint64_t directoryOffset);
     [[noreturn]] void refuse(std::string_view member, const std::string& text) const;
 
     const std::string& archive_;
-    std::unique_ptr<char[]> bytes_;  ///< the directory as it stands; names point into it
+    std::unique_ptr<char[]> bytes_;  ///< the directory's bytes; names point into them
     std::size_t size_ = 0;
     std::string comment_;
     std::vector<Member> members_;

@@ -17,8 +17,8 @@ constexpr std::string_view kLocatorSignature = "PK\6\7";
 constexpr std::string_view kRecord64Signature = "PK\6\6";
 constexpr std::uint64_t kSize = 22, kLocatorSize = 20, kRecord64Size = 56;
 constexpr std::uint64_t kTail = 16UL * 1024;
-constexpr std::uint64_t kMostMembers = 1'000'000;
-constexpr std::uint64_t kLargestDirectory = 256UL * 1024 * 1024;
+constexpr std::uint64_t kMaxMembers = 1'000'000;
+constexpr std::uint64_t kMaxDirectory = 256UL * 1024 * 1024;
 
 class EndReader {
 public:
@@ -45,15 +45,15 @@ private:
         if (!bytes_.read(end_.tailOffset, end_.tail.data(), end_.tail.size())) refuse("its end cannot be read");
     }
 
-    /// From the tail when it has the bytes, which is nearly always.
+    /// From the tail if it has the bytes, which is nearly always true.
     bool fetch(std::uint64_t offset, char* target, std::size_t count) const {
         if (offset < end_.tailOffset) return bytes_.read(offset, target, count);
         std::copy_n(end_.tail.data() + (offset - end_.tailOffset), count, target);
         return true;
     }
 
-    /// The one record whose comment reaches the end of the archive. What a reader that looks from the other side
-    /// would find first must not differ.
+    /// The record whose comment reaches the end of the archive. A reader that searches from the other side must not
+    /// find another one.
     bool find() {
         bool found = false;
         const std::string_view tail = end_.tail;
@@ -88,7 +88,8 @@ private:
         checkDirectory(directoryEnd);
     }
 
-    /// A zip64 locator stands right before the end record; with one, `directoryEnd` becomes where its record begins.
+    /// A zip64 locator directly precedes the end of central directory; if there is one, `directoryEnd` becomes the
+    /// start of its record.
     void readLocator(std::uint64_t& directoryEnd) {
         std::array<char, kLocatorSize> locator;
         if (directoryEnd < kLocatorSize + kRecord64Size ||
@@ -132,11 +133,11 @@ private:
                 fmt::format("a central directory of {} bytes at byte {} does not end at {}, where the end records "
                             "begin",
                             end_.directorySize, end_.directoryOffset, directoryEnd));
-        if (end_.members > kMostMembers)
-            refuse(fmt::format("it has {} members; at most {} are read", end_.members, kMostMembers));
-        if (end_.directorySize > kLargestDirectory)
+        if (end_.members > kMaxMembers)
+            refuse(fmt::format("it has {} members; at most {} are read", end_.members, kMaxMembers));
+        if (end_.directorySize > kMaxDirectory)
             refuse(fmt::format("its central directory has {} bytes; at most {} are read", end_.directorySize,
-                               kLargestDirectory));
+                               kMaxDirectory));
     }
 
     const ByteSource& bytes_;

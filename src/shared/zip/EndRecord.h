@@ -6,18 +6,18 @@
 
 namespace zip {
 
-/// What the end of an archive says about it, checked as far as the end alone can be.
+/// The end of central directory, checked as far as possible without the rest of the archive.
 struct EndRecord {
     std::uint64_t members = 0;
     std::uint64_t directoryOffset = 0,
-                  directorySize = 0;  ///< the central directory; ends where the end records begin
+                  directorySize = 0;  ///< the central directory; ends where the end of central directory begins
     std::string comment;
 
     std::string tail;  ///< the last bytes of the archive, which often hold the whole directory
     std::uint64_t tailOffset = 0;
 };
 
-/// An end record lies at most this far from the end of its archive.
+/// The end of central directory begins at most this far before the end of the archive.
 inline constexpr std::uint64_t kEndRecordReach = 22 + 0xFFFF;
 
 /// Throws `ArchiveError` with the name `archive`.

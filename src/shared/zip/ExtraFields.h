@@ -3,12 +3,12 @@
 #include <optional>
 #include <string_view>
 
-/// The extra fields of a local header or of a row of the central directory.
+/// The extra fields of a local header or of an entry of the central directory.
 namespace zip {
 
 struct ExtraField {
-    bool isSound = true;                    ///< each field lies within the text, and this one is there once at most
-    std::optional<std::string_view> bytes;  ///< of the field that was asked for
+    bool isSound = true;                    ///< each field is within the text, and this one occurs at most once
+    std::optional<std::string_view> bytes;  ///< of the requested field
 };
 
 inline constexpr std::uint16_t kZip64Field = 1;

@@ -34,7 +34,7 @@ util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePat
     util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
     if (relativePath.empty()) return at;
     for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
-        ::mkdirat(at.get(), part.c_str(), 0755);  // what is in the way instead shows when it is opened
+        ::mkdirat(at.get(), part.c_str(), 0755);  // an obstacle is detected when it is opened
         at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
         if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
     }

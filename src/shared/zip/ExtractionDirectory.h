@@ -7,20 +7,21 @@
 
 namespace zip {
 
-/// A directory below which members are written under their own names. A name that `memberNameFault` objects to is
-/// refused; links in the way are not followed, whenever they were put there; permissions are 0644 and 0755, less what
-/// the process masks, whatever the archive says. Throws `ArchiveError` for what the archive is at fault for, and
-/// `HEXUserException` for the disk; no file is left half written.
+/// A directory into which members are extracted under their own names. A name that `memberNameFault` rejects is
+/// refused; links on the path are never followed; permissions are 0644 and 0755 without the bits of the umask,
+/// whatever the archive says. Throws `ArchiveError` for errors in the archive, and `HEXUserException` for errors of
+/// the file system; no file is left half written.
 class ExtractionDirectory {
 public:
     /// Opens the directory, which must exist.
     explicit ExtractionDirectory(std::string path);
 
-    /// What stands at a member's name already, when only this user can have put it there: a regular file, no link on
-    /// the way, no second name. Closed when nothing stands there; anything else throws `HEXUserException`.
+    /// Opens an existing file with a member's name, if only this user can have made it: a regular file, without links
+    /// on the path and without a second name. Closed if there is no file; throws `HEXUserException` for anything
+    /// else.
     util::Descriptor openOwnFile(std::string_view name) const;
 
-    /// Writes one member, and makes the directories that its name tells.
+    /// Extracts one member, and makes the directories in its name.
     void extract(const Archive& archive, const Member& member, bool overwrite, OutputBudget& budget) const;
 
 private:

@@ -19,7 +19,7 @@ util::Descriptor openRegular(const std::string& path, int access) {
     util::Descriptor descriptor(::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     const bool isOpen = descriptor.isOpen() && ::fstat(descriptor.get(), &status) == 0;
-    // A directory does not even open for writing.
+    // A directory cannot be opened for writing.
     if (isOpen ? !S_ISREG(status.st_mode) : errno == EISDIR)
         throw zip::ArchiveError(path, "", "is not a regular file");
     if (!isOpen) throw zip::ArchiveError(path, "", "cannot be opened: " + reason(errno));
@@ -67,7 +67,7 @@ bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) cons
     while (count > 0) {
         const ssize_t got = ::pread(descriptor_.get(), target, count, static_cast<off_t>(offset));
         if (got < 0 && errno == EINTR) continue;
-        if (got <= 0) return false;  // cut short since it was opened, or a fault of the disk
+        if (got <= 0) return false;  // truncated since it was opened, or an error of the disk
         target += got;
         offset += static_cast<std::uint64_t>(got);
         count -= static_cast<std::size_t>(got);

@@ -9,7 +9,7 @@
 
 namespace zip {
 
-/// What tells one state of a file from another.
+/// Distinguishes the states of a file.
 struct FileStamp {
     dev_t device{};
     ino_t inode{};
@@ -20,15 +20,14 @@ struct FileStamp {
     bool operator==(const FileStamp& other) const;
 };
 
-/// A regular file, opened once: whatever its path comes to name later, these are the bytes of the file that was
-/// opened.
+/// A regular file, opened once: these are the bytes of the file that was opened, even if its path is replaced later.
 class FileBytes final : public ByteSource {
 public:
-    /// Throws `ArchiveError`: missing, not permitted, or not a regular file. Never waits, as on a pipe.
+    /// Throws `ArchiveError`: missing, not permitted, or not a regular file. Never blocks, as on a pipe.
     explicit FileBytes(const std::string& path);
-    /// The same for a file that is going to be replaced, whose own permission to be written counts then.
+    /// Opens a file that will be replaced; requires write permission on it.
     static std::unique_ptr<FileBytes> openForChange(const std::string& path);
-    /// Of a file that is open already.
+    /// For an open file.
     explicit FileBytes(util::Descriptor descriptor);
     /// A new file without a name, in the thread's temporary directory; `write` fills it. Throws `HEXUserException`.
     static std::unique_ptr<FileBytes> makeTemporary();
@@ -36,10 +35,10 @@ public:
     bool read(std::uint64_t offset, char* target, std::size_t count) const override;
     const FileStamp& stamp() const { return stamp_; }
     int descriptor() const { return descriptor_.get(); }
-    /// Whether the file is still in the state in which it was opened.
+    /// Whether the file is unchanged since it was opened.
     bool isAsOpened() const;
 
-    /// Appends to a file that `makeTemporary` made. Throws `HEXUserException`.
+    /// Appends to a file made by `makeTemporary`. Throws `HEXUserException`.
     void append(const char* bytes, std::size_t count);
 
 private:

@@ -25,9 +25,9 @@
 namespace {
 
 constexpr std::array<std::string_view, 4> kArchiveEndings{".lfa", ".cfa", ".zip", ".tilprj"};
-constexpr int kDeepestArchive = 2;
+constexpr int kMaxDepth = 2;
 
-/// Where an archive is put together before it takes its name; removed with all in it.
+/// Where an archive is assembled before it takes its name; removed with its contents.
 class WorkDirectory {
 public:
     explicit WorkDirectory(const std::string& path) : path_(HUTFileUtils::uniquifyFilenameInDir(path)) {
@@ -47,8 +47,8 @@ struct Entry {
     std::string file;  ///< empty for a directory
 };
 
-/// Gives the bytes of a file that has been hashed, and opens it only for as long as they are asked for: there may be
-/// more files than can be open at once.
+/// Provides the bytes of a hashed file, and opens it only while they are read: there may be more files than can be
+/// open at once.
 class LateFile {
 public:
     LateFile(std::string path, const zip::FileStamp& hashed) : path_(std::move(path)), hashed_(hashed) {}
@@ -67,7 +67,7 @@ private:
     std::shared_ptr<const zip::SourceFile> file_;
 };
 
-/// One folder on its way into one archive.
+/// Packs one folder into one archive.
 class Packer {
 public:
     Packer(const std::string& folder, int depth)
@@ -130,7 +130,7 @@ private:
         }
     }
 
-    /// A folder that is no archive is put behind `folders`, with "/" at its end.
+    /// A folder that does not become an archive is appended to `folders`, with a final "/".
     void add(std::string member, std::vector<std::string>& folders) {
         const std::string path = folder_ + "/" + member;
         if (const auto fault = zip::memberNameFault(member, false); !fault.empty())
@@ -149,7 +149,7 @@ private:
     }
 
     std::string packNested(const std::string& folder) {
-        if (depth_ == kDeepestArchive) refuse(folder, "archives are nested at most two deep");
+        if (depth_ == kMaxDepth) refuse(folder, "archives are nested at most two deep");
         std::string file = work_.file(entries_.size());
         Packer(folder, depth_ + 1).packTo(file);
         return file;

@@ -8,18 +8,18 @@
 
 namespace zip {
 
-/// Unpacks deflated bytes piece by piece.
+/// Decompresses deflated bytes piece by piece.
 class Inflater {
 public:
-    /// `block`: how many unpacked bytes are handed out at once, at most.
+    /// `block`: the maximum number of bytes passed on at once.
     explicit Inflater(std::size_t block);
     ~Inflater();
     Inflater(const Inflater&) = delete;
     Inflater& operator=(const Inflater&) = delete;
 
-    /// Takes all of `packed`. Empty, or what went wrong.
+    /// Consumes all of `packed`. Returns an empty text or the error.
     std::string_view unpack(std::string_view packed, const std::function<void(std::string_view)>& sink);
-    /// Whether the end of the packed bytes has been reached.
+    /// Whether the end of the compressed bytes has been reached.
     bool isDone() const { return isDone_; }
 
 private:

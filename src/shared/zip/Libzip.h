@@ -1,8 +1,8 @@
 #pragma once
 #include <zip.h>
 
-/// libzip's functions, loaded by the first archive that is written. Linking it would cost each host that only reads
-/// three quarters of a plain process start, most of it for the crypto library behind it.
+/// libzip's functions, loaded when the first archive is written. Linking it would cost hosts that only read three
+/// quarters of a plain process start, most of it for its crypto library.
 struct Libzip {
     decltype(&zip_open_from_source) openFromSource;
     decltype(&zip_close) close;
@@ -28,5 +28,5 @@ struct Libzip {
     decltype(&zip_set_archive_comment) setArchiveComment;
 };
 
-/// Throws `HEXUserException` when the library is not installed.
+/// Throws `HEXUserException` if the library is not installed.
 const Libzip& libzip();

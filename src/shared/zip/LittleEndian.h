@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
-/// Numbers as archives hold them, the lowest byte first, at any address.
+/// Little-endian numbers at any address, as in archives.
 namespace zip {
 
 static_assert(std::endian::native == std::endian::little);
@@ -18,7 +18,7 @@ inline std::uint16_t u16(const char* at) { return number<std::uint16_t>(at); }
 inline std::uint32_t u32(const char* at) { return number<std::uint32_t>(at); }
 inline std::uint64_t u64(const char* at) { return number<std::uint64_t>(at); }
 
-/// In a 16 or 32 bit place: the value stands in a zip64 field.
+/// In a 16 or 32 bit field: the value is in a zip64 field.
 inline constexpr std::uint16_t kIn64As16 = 0xFFFF;
 inline constexpr std::uint32_t kIn64As32 = 0xFFFFFFFF;
 

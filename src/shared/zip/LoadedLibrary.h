@@ -1,13 +1,13 @@
 #pragma once
 
-/// A shared library that is loaded when it is first needed, and stays. What few hosts use costs the others nothing
-/// then when they start.
+/// A shared library that is loaded on first use and stays loaded, so that hosts that do not use it start without its
+/// cost.
 class LoadedLibrary {
 public:
-    /// `purpose` stands in the message. Throws `HEXUserException` when it is not installed.
+    /// `purpose` is used in the message. Throws `HEXUserException` if it is not installed.
     LoadedLibrary(const char* soname, const char* purpose);
 
-    /// Throws `HEXUserException` when it has no function of this name.
+    /// Throws `HEXUserException` if it has no function of this name.
     template <class Function>
     void find(Function& function, const char* name) const {
         function = reinterpret_cast<Function>(find(name));

@@ -8,7 +8,7 @@
 namespace zip {
 namespace {
 
-constexpr std::size_t kLongestName = 1024, kLongestPart = 255;
+constexpr std::size_t kMaxName = 1024, kMaxPart = 255;
 
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
@@ -16,7 +16,7 @@ bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 std::string_view partFault(std::string_view part) {
     if (part.empty()) return "has an empty part";
     if (part == "." || part == "..") return "has a part that is '.' or '..'";
-    if (part.size() > kLongestPart) return "has a part of more than 255 bytes";
+    if (part.size() > kMaxPart) return "has a part of more than 255 bytes";
     return {};
 }
 
@@ -33,7 +33,7 @@ bool isUtf8(std::string_view text) {
 
 std::string_view memberNameFault(std::string_view name, bool hasData) {
     if (name.empty()) return "is empty";
-    if (name.size() > kLongestName) return "has more than 1024 bytes";
+    if (name.size() > kMaxName) return "has more than 1024 bytes";
     if (name.front() == '/') return "is absolute";
     if (name.size() > 1 && name[1] == ':' && isLetter(name[0])) return "begins with a drive";
     if (name.find('\\') != std::string_view::npos) return "has a back slash";

@@ -4,9 +4,9 @@
 
 namespace zip {
 
-/// Whether a member of this name may be written below a directory, as "directory/name": the reason why not, fit for a
-/// message behind "the name"; empty when it may. Every extraction asks here. `hasData`: a name that ends in "/" is a
-/// directory's, which has none.
+/// Whether a member of this name may be written below a directory, as "directory/name": empty if it may, else the
+/// reason as a text to follow "the name". Every extraction checks this. `hasData`: a name that ends in "/" is a
+/// directory's, which must not have data.
 std::string_view memberNameFault(std::string_view name, bool hasData);
 
 /// Whether the text is valid UTF-8: shortest forms, no surrogates.

@@ -8,14 +8,14 @@
 
 namespace zip {
 
-/// Finds members by name. Names are spread over buckets, and sorted in each: names that were chosen to meet in one
-/// bucket cost a sort, not a square.
+/// Finds members by name. Names are hashed into buckets and sorted in each, so that names chosen to collide cost n
+/// log n, not n squared.
 class NameIndex {
 public:
     explicit NameIndex(std::span<const Member> members = {});
 
     const Member* find(std::string_view name) const;
-    /// A member whose name another one has too; null when all differ.
+    /// A member with a duplicate name; null if all names differ.
     const Member* duplicate() const;
 
 private:

@@ -5,9 +5,9 @@
 
 namespace zip {
 
-/// The archive that is a member of another one. A member of up to `Archive::kMetadataBound` bytes is unpacked in
-/// memory, a larger one to a temporary file without a name. Throws `ArchiveError`, and `HEXUserException` when there
-/// is no room for the file.
+/// An archive that is a member of another one. A member of up to `Archive::kMetadataBound` bytes is decompressed in
+/// memory, a larger one to an unnamed temporary file. Throws `ArchiveError`, and `HEXUserException` if the file
+/// cannot be written.
 std::unique_ptr<Archive> openNested(const Archive& outer, const Member& member, OutputBudget& budget);
 
 }  // namespace zip

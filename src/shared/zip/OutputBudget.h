@@ -3,13 +3,13 @@
 
 namespace zip {
 
-/// How much one call may unpack, all members and nested archives together.
+/// How much one call may decompress, for all members and nested archives together.
 class OutputBudget {
 public:
     static constexpr std::uint64_t kOfCall = 1024UL * 1024 * 1024;
 
     explicit OutputBudget(std::uint64_t bytes = kOfCall) : left_(bytes) {}
-    /// False, and nothing is taken, when less is left.
+    /// Takes nothing and returns false if less is left.
     bool spend(std::uint64_t bytes) {
         if (bytes > left_) return false;
         left_ -= bytes;

@@ -14,9 +14,9 @@ namespace zip {
 namespace {
 
 constexpr std::size_t kHeaderSize = 30;
-/// Read in advance for the extra fields, whose size only the local header tells.
+/// Read in advance for the extra fields, whose size is known only from the local header.
 constexpr std::size_t kSlack = 512;
-/// Bits 1 and 2 tell how hard the packer tried, which writers set as they like.
+/// Bits 1 and 2 state the compression effort, which writers set as they like.
 constexpr std::uint16_t kFlagsThatCount = 0xFFFF & ~6;
 
 /// Whether `bytes` begin with CRC and sizes, in the width of `Size`.
@@ -78,7 +78,7 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) co
         size = u64(field.bytes->data());
         packedSize = u64(field.bytes->data() + 8);
     }
-    const bool follows = member_.hasDescriptor();  // zeros here, the values behind the data
+    const bool follows = member_.hasDescriptor();  // zeros here, the values after the data
     const auto agrees = [follows](auto local, auto central) { return local == central || (follows && local == 0); };
     if (!agrees(size, member_.size) || !agrees(packedSize, member_.packedSize))
         refuse(fmt::format("its local header gives {} packed bytes of {}, the directory {} of {}", packedSize, size,

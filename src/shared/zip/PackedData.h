@@ -10,16 +10,16 @@
 
 namespace zip {
 
-/// The packed bytes of one member, behind its local header, which must agree with the directory. Throws
+/// The compressed bytes of one member, after its local header, which must agree with the central directory. Throws
 /// `ArchiveError`.
 class PackedData {
 public:
-    /// Reads the header, and up to `block` bytes of data at once.
+    /// Reads the header together with up to `block` bytes of data.
     PackedData(const ByteSource& bytes, const std::string& archive, const Member& member, std::uint64_t block);
 
     /// The next piece of at most `block` bytes; empty at the end. Valid until the next call.
     std::string_view next();
-    /// After the last piece: the sizes and the CRC that some archives repeat there must agree too.
+    /// To be called after the last piece: checks the sizes and the CRC that some archives repeat there.
     void checkDescriptor() const;
 
 private:
@@ -32,9 +32,9 @@ private:
     const Member& member_;
     const std::size_t block_;
     std::unique_ptr<char[]> buffer_;
-    std::string_view ready_;    ///< the data that came with the header
-    std::uint64_t dataAt_ = 0;  ///< offset of the packed data
-    std::uint64_t done_ = 0;    ///< packed bytes handed out
+    std::string_view ready_;    ///< the data read with the header
+    std::uint64_t dataAt_ = 0;  ///< offset of the compressed data
+    std::uint64_t done_ = 0;    ///< compressed bytes returned so far
 };
 
 }  // namespace zip

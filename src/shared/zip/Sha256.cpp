@@ -41,7 +41,7 @@ const Libcrypto& libcrypto() {
     return loaded;
 }
 
-/// The host may look at the thread's queue of libcrypto's errors for its own: ours are taken out again.
+/// The host may examine the thread's queue of libcrypto errors: ours are removed again.
 class HostsErrors {
 public:
     HostsErrors() { libcrypto().setMark(); }

@@ -11,13 +11,13 @@ namespace zip {
 /// 32 bytes of SHA-256.
 using Hash = std::array<char, 32>;
 
-/// The SHA-256 of bytes that come in pieces.
+/// The SHA-256 of bytes that are added in pieces.
 class Sha256 {
 public:
-    /// Throws `HEXUserException` when the crypto library, which is loaded on first use, is not installed.
+    /// Throws `HEXUserException` if the crypto library, which is loaded on first use, is not installed.
     Sha256();
     void add(std::string_view bytes);
-    /// Of all that was added; what is added next begins a new text.
+    /// Of everything added; what is added next starts a new hash.
     Hash finish();
 
 private:

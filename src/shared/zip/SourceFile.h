@@ -6,8 +6,8 @@
 
 namespace zip {
 
-/// A file whose bytes are going to be a member: opened once, so that what was looked at is what is read. Never waits,
-/// as on a pipe. Throws `HEXUserException`.
+/// A file whose bytes will become a member: opened once, so that the file that was checked is the one that is read.
+/// Never blocks, as on a pipe. Throws `HEXUserException`.
 class SourceFile {
 public:
     /// Only a regular file can be opened.
@@ -16,7 +16,7 @@ public:
     const std::string& path() const { return path_; }
     const FileBytes& bytes() const { return *bytes_; }
     [[noreturn]] void refuse(const std::string& text) const;
-    /// Throws when the file was written to since it was opened.
+    /// Throws if the file has been changed since it was opened.
     void checkUnchanged() const;
 
 private:

@@ -16,7 +16,7 @@ constexpr zip_uint32_t kFileMode = 0100644, kDirectoryMode = 040755;
 constexpr zip_uint32_t kLevel = 6;
 constexpr std::size_t kBlock = 256UL * 1024;
 
-/// The bytes of one source as libzip reads them: from a position on, in small pieces.
+/// The bytes of one source as libzip reads them: from a position, in small pieces.
 class Reader {
 public:
     explicit Reader(ZipWriter::Bytes bytes) : bytes_(std::move(bytes)) {}
@@ -52,7 +52,7 @@ private:
     std::string block_;
 };
 
-/// The new archive as libzip writes it: in small pieces, now and then going back to a header.
+/// The new archive as libzip writes it: in small pieces, sometimes going back to a header.
 class Writer {
 public:
     explicit Writer(ZipWriter::Write write) : write_(std::move(write)) { block_.reserve(kBlock); }
@@ -83,7 +83,7 @@ private:
 }  // namespace
 
 struct ZipWriter::Impl {
-    /// What one of libzip's sources stands for.
+    /// What one of libzip's sources represents.
     struct Source {
         Impl& owner;
         Reader reader;
@@ -93,7 +93,7 @@ struct ZipWriter::Impl {
     std::string shown;
     Writer writer;
     std::deque<Source> sources;
-    std::exception_ptr fault;  ///< what a function threw that libzip called
+    std::exception_ptr fault;  ///< thrown by a function that libzip called
     zip_t* archive = nullptr;
 
     Impl(std::string name, Write write) : shown(std::move(name)), writer(std::move(write)) {}
@@ -106,7 +106,7 @@ struct ZipWriter::Impl {
         if (!isGood) fail(libzip().strerror(archive));
     }
 
-    /// libzip's door to a source. Nothing may be thrown through its frames.
+    /// libzip's callback for a source. No exception may pass through its frames.
     static zip_int64_t answer(void* source, void* data, zip_uint64_t size, zip_source_cmd_t command) {
         Source& asked = *static_cast<Source*>(source);
         try {
@@ -169,7 +169,7 @@ struct ZipWriter::Impl {
         if (!source) throw std::bad_alloc();
         return source;
     }
-    /// Gives the member of a row that libzip has just accepted the attributes that all have.
+    /// Sets the common attributes of the member that libzip has just accepted.
     std::uint64_t settle(zip_int64_t added, zip_uint32_t mode) const {
         check(added >= 0);
         const auto number = static_cast<zip_uint64_t>(added);
