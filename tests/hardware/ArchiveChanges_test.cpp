@@ -205,7 +205,7 @@ TEST_F(ArchiveChanges, FaultsOfTheEnvironmentLeaveEveryByte) {
     } cases[] = {
         {archive_, "/nowhere/x", reading + "/nowhere/x", "No such file"},
         {archive_, scratch_ / "folder", reading + (scratch_ / "folder"), "is not a regular file"},
-        {scratch_ / "text.lfa", source_, archiving + (scratch_ / "text.lfa"), "no end record"},
+        {scratch_ / "text.lfa", source_, archiving + (scratch_ / "text.lfa"), "no end of central directory"},
         {scratch_ / "text.lfa", "/nowhere/x", reading + "/nowhere/x", "No such file"},
         {archive_, archive_, "file '" + archive_ + "' cannot be put into an archive: it is the archive itself", ""},
     };

@@ -266,7 +266,7 @@ TEST_F(CfaXmlReader, TellsThatThereIsNoDocument) {
     const std::pair<std::string, const char*> cases[] = {
         {archives_.put("p.lfa", {{"cfa.xml", kCfaXml}}), "no such member"},
         {archives_.put("empty.lfa", {}), "no such member"},
-        {archives_.text("text.lfa", "no archive"), "no zip archive"},
+        {archives_.text("text.lfa", "no archive"), "not a zip archive"},
     };
     for (const auto& [archive, words] : cases) {
         HPLPlatform platform;

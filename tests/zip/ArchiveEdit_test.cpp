@@ -235,7 +235,7 @@ TEST_F(Edit, RefusalsLeaveEveryByte) {
         {member("../x"), "the member name '../x' has a part that is '.' or '..'"},
         {member("/x"), "is absolute"},
         {member("x/"), "is a directory's"},
-        {member("a\\b"), "back slash"},
+        {member("a\\b"), "backslash"},
         {member(""), "is empty"},
         {member(std::string("a\0b", 3)), "control character"},
         {member(std::string(2000, 'n')), "more than 1024 bytes"},

@@ -158,7 +158,7 @@ TEST(Archive, RefusesLies) {
              z.before = "#!/bin/sh\n";
              z.offset = 0;
          },
-         "10 bytes stand before its first"},
+         "10 bytes before its first"},
         {"bytes before, offsets without them",
          [](Zip& z) {
              z.before.assign(5, '#'), z.offset = -5;
@@ -173,20 +173,23 @@ TEST(Archive, RefusesLies) {
         {"count too low", [](Zip& z) { z.count = -1; }, "counts 3 members, but the central directory goes on"},
         {"directory offset", [](Zip& z) { z.offset = 1; }, "does not end at"},
         {"directory size", [](Zip& z) { z.size = -1; }, "does not end at"},
-        {"directory begins late", [](Zip& z) { z.offset = 4, z.size = -4; }, "row 1 of the central directory"},
+        {"directory begins late", [](Zip& z) { z.offset = 4, z.size = -4; }, "entry 1 of the central directory"},
         {"split", [](Zip& z) { z.disk = 1; }, "split archive"},
-        {"second end record in the comment", [](Zip& z) { z.comment = Zip().build(); }, "two end records"},
-        {"end of one in the comment", [](Zip& z) { z.comment = "PK\5\6..................."; }, "second end record"},
-        {"end record in a row", [](Zip& z) { z.entries[0].comment = Zip().build(); }, "second end record"},
+        {"second end record in the comment", [](Zip& z) { z.comment = Zip().build(); },
+         "two ends of central directory"},
+        {"end of one in the comment", [](Zip& z) { z.comment = "PK\5\6..................."; },
+         "second end of central directory"},
+        {"end record in a row", [](Zip& z) { z.entries[0].comment = Zip().build(); },
+         "second end of central directory"},
         {"end record that reaches over another one",
          [](Zip& z) {
              z.comment = "",
              z.entries[3].comment = std::string("PK\5\6").append(std::string(16, '\0')).append(builder::le(22, 2));
          },
-         "two end records"},
+         "two ends of central directory"},
         {"zip64 count", [](Zip& z) { z.isZip64 = true, z.count64 = 1; }, "counts 5 members"},
         {"zip64 count beside another", [](Zip& z) { z.isZip64 = true, z.hasMarks64 = false, z.count64 = 1; },
-         "4 in the end record and 5 in the zip64"},
+         "4 in the end of central directory and 5 in the zip64"},
         {"zip64 members without end", [](Zip& z) { z.isZip64 = true, z.count64 = 2'000'000; }, "at most 1000000"},
         {"zip64 locator", [](Zip& z) { z.isZip64 = true, z.locator = 1; }, "zip64 locator points to"},
         {"zip64 record size", [](Zip& z) { z.isZip64 = true, z.record64Size = 8; }, "gives 52 as its size"},
@@ -202,27 +205,27 @@ TEST(Archive, RefusesLies) {
         {"encrypted", [](Zip& z) { z.entries[1].both(&Header::flags, 1); }, "it is encrypted"},
         {"strongly encrypted", [](Zip& z) { z.entries[1].both(&Header::flags, 0x40); }, "it is encrypted"},
         {"masked", [](Zip& z) { z.entries[1].both(&Header::flags, 0x2000); }, "it is encrypted"},
-        {"unknown method", [](Zip& z) { z.entries[1].both(&Header::method, 14); }, "packed by method 14"},
+        {"unknown method", [](Zip& z) { z.entries[1].both(&Header::method, 14); }, "compressed by method 14"},
         {"on another disk", [](Zip& z) { z.entries[1].disk = 1; }, "another part of a split archive"},
         {"stored with two sizes", [](Zip& z) { z.entries[1].both(&Header::size, 7); },
          "6 bytes in the archive and 7"},
         {"more than deflate can make", [](Zip& z) { z.entries[0].both(&Header::size, 1 << 30); }, "cannot hold"},
-        {"overlap", [](Zip& z) { z.entries[1].offset = 0; }, "reach beyond byte 0, where the next member begins"},
+        {"overlap", [](Zip& z) { z.entries[1].offset = 0; }, "extend beyond byte 0, where the next member begins"},
         {"data beyond the directory",
          [](Zip& z) { z.entries[3].both(&Header::size, 99).both(&Header::packedSize, 99); },
          "the central directory begins"},
-        {"offset beyond the directory", [](Zip& z) { z.entries[3].offset = 1 << 20; }, "reach beyond byte"},
-        {"extra fields cut short", [](Zip& z) { z.entries[0].central.extra = "UT\5"; }, "extra fields of its row"},
+        {"offset beyond the directory", [](Zip& z) { z.entries[3].offset = 1 << 20; }, "extend beyond byte"},
+        {"extra fields cut short", [](Zip& z) { z.entries[0].central.extra = "UT\5"; }, "extra fields of its entry"},
         {"extra field beyond its end", [](Zip& z) { z.entries[0].central.extra = "UT\5\0abcd"; },
-         "extra fields of its row"},
+         "extra fields of its entry"},
         {"zip64 field missing", [](Zip& z) { z.entries[0].central.size = 0xFFFFFFFF; },
-         "zip64 field of its row is missing"},
+         "zip64 field of its entry is missing"},
         {"zip64 field twice",
          [](Zip& z) {
              moveTo64(z.entries[0].central);
              z.entries[0].central.extra += z.entries[0].central.extra;
          },
-         "extra fields of its row are not sound"},
+         "extra fields of its entry are malformed"},
         {"zip64 field of odd size", [](Zip& z) { z.entries[0].central.extra = builder::extra(1, "1234"); },
          "has 4 bytes"},
         {"zip64 field disagrees",
@@ -234,7 +237,7 @@ TEST(Archive, RefusesLies) {
              h.size = h.packedSize = ~std::uint64_t{1};
              moveTo64(h);
          },
-         "reach beyond byte"},
+         "extend beyond byte"},
         // the local header
         {"no local header",
          [](Zip& z) {
@@ -243,12 +246,12 @@ TEST(Archive, RefusesLies) {
          },
          "!hpfm/x.hpfm: there is no local header at byte"},
         {"local name", [](Zip& z) { z.entries[0].local.name = "lfa.jsoN"; },
-         "!lfa.json: its local header gives another name"},
+         "!lfa.json: its local header has another name"},
         {"longer local name", [](Zip& z) { z.entries[0].local.name = "lfa.jsonx"; }, "another name"},
         {"local method", [](Zip& z) { z.entries[0].local.method = 0; }, "another method"},
         {"local flags", [](Zip& z) { z.entries[0].local.flags = 0x800; }, "other flags"},
         {"local CRC", [](Zip& z) { z.entries[0].local.crc ^= 1; }, "another CRC"},
-        {"local size", [](Zip& z) { ++z.entries[0].local.size; }, "its local header gives"},
+        {"local size", [](Zip& z) { ++z.entries[0].local.size; }, "its local header has"},
         {"local extra fields beyond the member",
          [](Zip& z) {
              z.entries[0].local.extra = builder::extra(9, std::string(99, 'x')), z.entries[1].offset = 120;
@@ -262,21 +265,21 @@ TEST(Archive, RefusesLies) {
         {"CRC of a stored one", [](Zip& z) { z.entries[1].packed = "Stored"; }, "its CRC is "},
         {"larger than told", [](Zip& z) { z.entries[0].both(&Header::size, 7); }, "to more bytes than"},
         {"smaller than told", [](Zip& z) { z.entries[0].both(&Header::size, 99); }, "to fewer bytes than"},
-        {"damaged", [](Zip& z) { z.entries[0].packed[0] = '\7'; }, "packed data are damaged"},
+        {"damaged", [](Zip& z) { z.entries[0].packed[0] = '\7'; }, "compressed data are damaged"},
         {"cut short",
          [](Zip& z) {
              auto& e = z.entries[0];
              e.packed.pop_back();
              e.both(&Header::packedSize, e.packed.size());
          },
-         "packed data are damaged, or cut short"},
+         "compressed data are damaged or truncated"},
         {"bytes behind the packed data",
          [](Zip& z) {
              auto& e = z.entries[0];
              e.packed.push_back('x');
              e.both(&Header::packedSize, e.packed.size());
          },
-         "bytes behind its packed data"},
+         "bytes after its compressed data"},
         {"descriptor missing", [](Zip& z) { moveBehind(z.entries[0], ""); }, "data descriptor"},
         {"descriptor disagrees", [](Zip& z) { moveBehind(z.entries[0], std::string(16, '\1')); }, "data descriptor"},
         {"link", [](Zip& z) { z.entries[1].mode = 0120777; }, "it is a link or a device"},
@@ -303,11 +306,11 @@ TEST(Archive, RefusesLiesAboutLargeMembers) {
         {"CRC", [](Entry& e) { e.both(&Header::crc, 1); }, "its CRC is "},
         {"larger than told", [](Entry& e) { e.both(&Header::size, e.local.size - 1); }, "to more bytes than"},
         {"smaller than told", [](Entry& e) { e.both(&Header::size, e.local.size + 1); }, "to fewer bytes than"},
-        {"damaged", [](Entry& e) { e.packed[0] = '\7'; }, "packed data are damaged"},
+        {"damaged", [](Entry& e) { e.packed[0] = '\7'; }, "compressed data are damaged"},
         {"cut short", [](Entry& e) { e.packed.pop_back(), e.both(&Header::packedSize, e.packed.size()); },
-         "packed data are cut short"},
+         "compressed data are truncated"},
         {"bytes behind", [](Entry& e) { e.packed += 'x', e.both(&Header::packedSize, e.packed.size()); },
-         "bytes behind its packed data"},
+         "bytes after its compressed data"},
     };
     const Entry sound("large", std::string(5'000'000, 'x'), true);
     for (const auto& c : cases) {
@@ -356,7 +359,7 @@ TEST(Archive, OneAnswerWhicheverWayItIsRead) {
         stream = error.what();
     }
     EXPECT_EQ(whole, stream);
-    EXPECT_TRUE(whole == data || whole.find("packed data are damaged") != std::string::npos) << whole;
+    EXPECT_TRUE(whole == data || whole.find("compressed data are damaged") != std::string::npos) << whole;
 }
 
 TEST(Archive, NoCutAndNoChangedByteGivesOtherData) {

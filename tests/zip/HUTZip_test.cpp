@@ -122,7 +122,7 @@ TEST_F(PackFolder, RefusesAndLeavesNothing) {
         const char *folder, *words;
     } cases[] = {
         {"deep", "at most two deep"},
-        {"named", "back slash"},
+        {"named", "backslash"},
         {"linked", "neither a file nor a folder"},
         {"empty", "empty"},
         {"hollow", "empty"},
@@ -174,7 +174,7 @@ TEST_F(Uncompress, NothingLeavesTheDirectory) {
         std::uint32_t mode;
     } cases[] = {
         {"../outside/file", "'..'", 0100644},   {"/tmp/zr", "is absolute", 0100644},
-        {"a\\..\\b", "back slash", 0100644},    {"link/file", "cannot be used", 0100644},
+        {"a\\..\\b", "backslash", 0100644},     {"link/file", "cannot be used", 0100644},
         {"new", "a link or a device", 0120777}, {"data/", "has data", 0100644},
     };
     for (const auto& c : cases) {

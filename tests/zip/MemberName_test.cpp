@@ -33,7 +33,7 @@ TEST(MemberName, WhatMayBeWrittenBelowADirectory) {
         {"./a", "'.'"},
         {"a//b", "empty part"},
         {"a//", "empty part"},
-        {"..\\x", "back slash"},
+        {"..\\x", "backslash"},
         {std::string("a\0b", 3), "control"},
         {"a\nb", "control"},
         {"\x1b[2J", "control"},

@@ -13,8 +13,8 @@ namespace zip {
 namespace {
 
 constexpr std::uint64_t kBlock = 256UL * 1024;
-constexpr std::string_view kTooMany = "it unpacks to more bytes than the directory says",
-                           kTooFew = "it unpacks to fewer bytes than the directory says",
+constexpr std::string_view kTooMany = "it decompresses to more bytes than its entry declares",
+                           kTooFew = "it decompresses to fewer bytes than its entry declares",
                            kSpent = "one call unpacks too much: more than its budget is left";
 
 /// Deflated members of up to this size are decompressed at once by the faster of two libraries, larger ones in pieces
@@ -41,10 +41,10 @@ Fault inflateWhole(std::string_view packed, std::string& data) {
                                              data.size(), &taken, &made)) {
         case LIBDEFLATE_SUCCESS: break;
         case LIBDEFLATE_INSUFFICIENT_SPACE: return {kTooMany, ArchiveError::Fault::size};
-        default: return {"its packed data are damaged, or cut short"};
+        default: return {"its compressed data are damaged or truncated"};
     }
     if (made != data.size()) return {kTooFew, ArchiveError::Fault::size};
-    return {taken == packed.size() ? "" : "there are bytes behind its packed data"};
+    return {taken == packed.size() ? "" : "there are bytes after its compressed data"};
 }
 
 }  // namespace
@@ -70,8 +70,8 @@ void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
 std::string Archive::read(const Member& member, std::uint64_t bound) const {
     checkKind(member);
     if (member.size > bound || (member.packedSize > kBlock && member.packedSize - kBlock > bound))
-        refuse(member,
-               fmt::format("it has {} bytes, {} packed; at most {} are read", member.size, member.packedSize, bound));
+        refuse(member, fmt::format("it has {} bytes, {} compressed; at most {} are read", member.size,
+                                   member.packedSize, bound));
     if (isUnpackedWhole(member)) return unpackWhole(member);
     std::string data;
     data.reserve(member.size);
@@ -121,7 +121,7 @@ void Archive::unpackInPieces(const Member& member, const Sink& sink, OutputBudge
         Inflater inflater(kBlock);
         for (auto piece = packed.next(); !piece.empty(); piece = packed.next())
             if (const auto fault = inflater.unpack(piece, take); !fault.empty()) refuse(member, std::string(fault));
-        if (!inflater.isDone()) refuse(member, "its packed data are cut short");
+        if (!inflater.isDone()) refuse(member, "its compressed data are truncated");
     }
     if (size != member.size) refuse(member, std::string(kTooFew), Fault::size);
     checkCrc(member, crc);

@@ -111,7 +111,7 @@ Hash ArchiveEdit::hashOf(Change& change) const {
     return sums->hash;
 }
 
-void ArchiveEdit::Change::refuseToRead() const { file.value().refuse("it cannot be read, or was cut short"); }
+void ArchiveEdit::Change::refuseToRead() const { file.value().refuse("it cannot be read, or was truncated"); }
 
 ZipWriter::Bytes ArchiveEdit::Change::toPack() const {
     return {bytes().size(), [this](std::uint64_t offset, char* target, std::size_t count) {
@@ -124,7 +124,7 @@ void ArchiveEdit::write(const Stamp& stamp, const ZipWriter::Write& to) const {
     ZipWriter writer(path_,
                      {old.size(),
                       [&](std::uint64_t offset, char* target, std::size_t count) {
-                          if (!old.read(offset, target, count)) refuse("it cannot be read, or was cut short");
+                          if (!old.read(offset, target, count)) refuse("it cannot be read, or was truncated");
                       }},
                      to);
     const auto setField = [&](std::uint64_t number, std::string_view name) {
@@ -171,7 +171,7 @@ void ArchiveEdit::checkKept(const Archive& made) const {
                    "' would be lost: something in the archive looks like the end of another one");
         ++count;
     }
-    if (made.members().size() != count) refuse("it would have members that nobody put there");
+    if (made.members().size() != count) refuse("it would have members that were not added");
 }
 
 /// A new archive that cannot be read again, or differs from what was hashed, does not replace the old one.
@@ -186,7 +186,7 @@ void ArchiveEdit::checkResult(int descriptor) const {
         if (member && member->size == change.bytes().size() && member->crc == change.crc.value_or(member->crc))
             continue;
         if (change.file) change.file->refuse("it was changed while it was read");
-        refuse("the member '" + HSTStringUtils::printable(name) + "' was not written as it is");
+        refuse("the member '" + HSTStringUtils::printable(name) + "' was not written correctly");
     }
 }
 

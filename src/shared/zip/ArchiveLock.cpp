@@ -33,8 +33,8 @@ std::unique_ptr<FileBytes> openLocked(const std::string& path, std::chrono::mill
         if (isLocked && isCurrent(path, *bytes)) return bytes;
         if (std::chrono::steady_clock::now() >= end)
             throw HEXUserException(
-                fmt::format("archive '{}' is being changed by somebody else, who did not come to an end within {} ms",
-                            path, patience.count()));
+                fmt::format("archive '{}' is being changed by somebody else, who did not finish within {} ms", path,
+                            patience.count()));
         if (!isLocked) std::this_thread::sleep_for(kPause);
     }
 }

@@ -43,7 +43,7 @@ std::string withDigest(const std::string& line, std::string_view comment) {
     if (hasDigest(comment)) foreign.remove_prefix(std::min(comment.size(), firstLine(comment).size() + 1));
     if (foreign.empty()) return line;
     if (line.size() + 1 + foreign.size() > kMaxComment)
-        throw HEXUserException("the comment of the archive is so long that no digest has room in front of it");
+        throw HEXUserException("the comment of the archive is too long to add a digest");
     return line + "\n" + std::string(foreign);
 }
 

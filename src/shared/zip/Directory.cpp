@@ -52,26 +52,27 @@ void Directory::load(const ByteSource& bytes, const EndRecord& end) {
         refuse("", "its central directory cannot be read");
     const std::size_t near = std::min<std::uint64_t>(size_, kEndRecordReach);
     if (std::string_view(bytes_.get() + size_ - near, near).find("PK\5\6") != std::string_view::npos)
-        refuse("", "its central directory holds a second end record");
+        refuse("", "its central directory holds a second end of central directory");
 }
 
 void Directory::readEntries(std::uint64_t count) {
     members_.reserve(std::min<std::uint64_t>(count, size_ / kEntrySize));
     for (std::size_t at = 0; at < size_;) {
         if (members_.size() == count)
-            refuse("", fmt::format("the end record counts {} members, but the central directory goes on", count));
+            refuse("",
+                   fmt::format("the end of central directory counts {} members, but the central directory has more",
+                               count));
         at += readEntry({bytes_.get() + at, size_ - at});
     }
     if (members_.size() != count)
-        refuse("", fmt::format("the end record counts {} members, but the central directory has {}", count,
-                               members_.size()));
+        refuse("", fmt::format("the end of central directory counts {} members, but the central directory has {}",
+                               count, members_.size()));
 }
 
 std::size_t Directory::readEntry(std::string_view rest) {
     const char* const entry = rest.data();
     const auto misplaced = [&] {
-        return fmt::format("row {} of the central directory does not begin as one, or is cut short",
-                           members_.size() + 1);
+        return fmt::format("entry {} of the central directory is malformed or truncated", members_.size() + 1);
     };
     if (rest.size() < kEntrySize || !rest.starts_with("PK\1\2")) refuse("", misplaced());
     const std::size_t nameSize = u16(entry + 28), extraSize = u16(entry + 30);
@@ -98,44 +99,45 @@ std::size_t Directory::readEntry(std::string_view rest) {
 /// The zip64 field holds the values that do not fit their fields in the entry, or all of them, in this order.
 void Directory::readZip64(Member& member, const char* entry) const {
     const ExtraField field = findExtraField(member.extraFields, kZip64Field);
-    if (!field.isSound) refuse(member.name, "the extra fields of its row are not sound");
+    if (!field.isSound) refuse(member.name, "the extra fields of its entry are malformed");
     std::uint64_t* const values[] = {&member.size, &member.packedSize, &member.headerOffset};
     const auto missing = std::ranges::count_if(values, [](auto* value) { return *value == kIn64As32; });
     const bool diskMissing = u16(entry + 34) == kIn64As16;
     if (!field.bytes) {
-        if (missing > 0 || diskMissing) refuse(member.name, "the zip64 field of its row is missing");
+        if (missing > 0 || diskMissing) refuse(member.name, "the zip64 field of its entry is missing");
         return;
     }
     const std::size_t size = field.bytes->size(), diskSize = diskMissing ? 4 : 0;
     const bool hasAll = size == 24 + diskSize;
     if (!hasAll && size != 8 * static_cast<std::size_t>(missing) + diskSize)
-        refuse(member.name, fmt::format("the zip64 field of its row has {} bytes", size));
+        refuse(member.name, fmt::format("the zip64 field of its entry has {} bytes", size));
     const char* at = field.bytes->data();
     for (std::uint64_t* const value : values) {
         if (*value != kIn64As32 && !hasAll) continue;
         if (*value != kIn64As32 && *value != u64(at))
-            refuse(member.name, "the zip64 field of its row disagrees with the row");
+            refuse(member.name, "the zip64 field of its entry disagrees with the entry");
         *value = u64(at);
         at += 8;
     }
-    if (diskMissing && u32(at) != 0) refuse(member.name, "it lies in another part of a split archive");
+    if (diskMissing && u32(at) != 0) refuse(member.name, "it is in another part of a split archive");
 }
 
 void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.name.empty()) refuse("", fmt::format("member {} has no name", members_.size()));
-    if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name has a NUL in it");
+    if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name contains NUL");
     if (u16(entry + 34) != 0 && u16(entry + 34) != kIn64As16)
-        refuse(member.name, "it lies in another part of a split archive");
+        refuse(member.name, "it is in another part of a split archive");
     if (member.flags & (kEncrypted | kStrongEncryption | kMasked)) refuse(member.name, "it is encrypted");
-    if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not read");
+    if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not supported");
     if (member.method != Method::stored && member.method != Method::deflated)
-        refuse(member.name, fmt::format("it is packed by method {}; only 0 (stored) and 8 (deflated) are read",
-                                        static_cast<unsigned>(member.method)));
+        refuse(member.name,
+               fmt::format("it is compressed by method {}; only 0 (stored) and 8 (deflated) are supported",
+                           static_cast<unsigned>(member.method)));
     if (member.method == Method::stored && member.size != member.packedSize)
-        refuse(member.name, fmt::format("it is stored, but has {} bytes in the archive and {} outside of it",
+        refuse(member.name, fmt::format("it is stored, but has {} compressed and {} uncompressed bytes",
                                         member.packedSize, member.size));
     if (member.size / kMaxRatio > member.packedSize)
-        refuse(member.name, fmt::format("{} packed bytes cannot hold {} bytes", member.packedSize, member.size));
+        refuse(member.name, fmt::format("{} compressed bytes cannot hold {} bytes", member.packedSize, member.size));
 }
 
 /// Checks the members by their position in the archive: the first at its first byte, each after the previous one.
@@ -146,7 +148,7 @@ void Directory::setLimits(std::uint64_t directoryOffset) {
     if (!std::ranges::is_sorted(order, before)) std::ranges::sort(order, before);
 
     const std::uint64_t first = order.empty() ? directoryOffset : members_[order.front()].headerOffset;
-    if (first != 0) refuse("", fmt::format("{} bytes stand before its first member", first));
+    if (first != 0) refuse("", fmt::format("there are {} bytes before its first member", first));
     for (std::size_t i = 0; i < order.size(); ++i) {
         Member& member = members_[order[i]];
         member.limit = i + 1 < order.size() ? members_[order[i + 1]].headerOffset : directoryOffset;
@@ -154,7 +156,7 @@ void Directory::setLimits(std::uint64_t directoryOffset) {
         if (member.headerOffset <= member.limit && member.limit - member.headerOffset >= least &&
             member.limit - member.headerOffset - least >= member.packedSize)
             continue;
-        refuse(member.name, fmt::format("its {} packed bytes from byte {} on reach beyond byte {}, where {} begins",
+        refuse(member.name, fmt::format("its {} compressed bytes at byte {} extend beyond byte {}, where {} begins",
                                         member.packedSize, member.headerOffset, member.limit,
                                         i + 1 < order.size() ? "the next member" : "the central directory"));
     }

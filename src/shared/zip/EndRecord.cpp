@@ -26,7 +26,7 @@ public:
 
     EndRecord read() {
         if (bytes_.size() < kSize)
-            refuse(fmt::format("{} bytes are no zip archive: the smallest has {}", bytes_.size(), kSize));
+            refuse(fmt::format("{} bytes are not a zip archive: the smallest has {}", bytes_.size(), kSize));
         loadTail(kTail);
         if (!find()) {
             loadTail(kEndRecordReach);
@@ -59,7 +59,7 @@ private:
         const std::string_view tail = end_.tail;
         for (auto at = tail.find(kSignature); at != tail.npos; at = tail.find(kSignature, at + 1)) {
             if (at + kSize > tail.size() || at + kSize + u16(&tail[at + 20]) != tail.size()) continue;
-            if (found) refuse("it has two end records");
+            if (found) refuse("it has two ends of central directory");
             found = true;
             at_ = at;
         }
@@ -69,17 +69,18 @@ private:
     [[noreturn]] void refuseWithoutEnd() const {
         const auto at = std::string_view(end_.tail).rfind(kSignature);
         if (at == std::string::npos || at + kSize > end_.tail.size())
-            refuse("no end record: this is no zip archive, or its end is missing");
-        refuse(fmt::format("the end record promises a comment of {} bytes, but {} bytes follow it",
+            refuse("no end of central directory: this is not a zip archive, or its end is missing");
+        refuse(fmt::format("the end of central directory declares a comment of {} bytes, but {} bytes follow it",
                            u16(&end_.tail[at + 20]), end_.tail.size() - at - kSize));
     }
 
     void readRecord() {
         const char* const record = &end_.tail[at_];
         end_.comment = end_.tail.substr(at_ + kSize);
-        if (end_.comment.find(kSignature) != std::string::npos) refuse("its comment holds a second end record");
+        if (end_.comment.find(kSignature) != std::string::npos)
+            refuse("its comment holds a second end of central directory");
         if (u16(record + 4) != 0 || u16(record + 6) != 0 || u16(record + 8) != u16(record + 10))
-            refuse("it is one part of a split archive, which is not read");
+            refuse("it is one part of a split archive, which is not supported");
         end_.members = u16(record + 10);
         end_.directorySize = u32(record + 12);
         end_.directoryOffset = u32(record + 16);
@@ -97,11 +98,12 @@ private:
             !std::string_view(locator.data(), locator.size()).starts_with(kLocatorSignature))
             return;
         if (u32(&locator[4]) != 0 || u32(&locator[16]) != 1)
-            refuse("it is one part of a split archive, which is not read");
+            refuse("it is one part of a split archive, which is not supported");
         const std::uint64_t expected = directoryEnd - kLocatorSize - kRecord64Size;
         if (u64(&locator[8]) != expected)
-            refuse(fmt::format("the zip64 locator points to byte {}, but the zip64 end record must be at {}",
-                               u64(&locator[8]), expected));
+            refuse(fmt::format(
+                "the zip64 locator points to byte {}, but the zip64 end of central directory must be at {}",
+                u64(&locator[8]), expected));
         readRecord64(expected);
         directoryEnd = expected;
     }
@@ -110,12 +112,13 @@ private:
         std::array<char, kRecord64Size> record;
         if (!fetch(offset, record.data(), record.size()) ||
             !std::string_view(record.data(), record.size()).starts_with(kRecord64Signature))
-            refuse(fmt::format("there is no zip64 end record at byte {}, where its locator points", offset));
+            refuse(fmt::format("there is no zip64 end of central directory at byte {}, where its locator points",
+                               offset));
         if (u64(&record[4]) != kRecord64Size - 12)
-            refuse(fmt::format("the zip64 end record gives {} as its size instead of {}", u64(&record[4]),
-                               kRecord64Size - 12));
+            refuse(fmt::format("the zip64 end of central directory gives {} as its size instead of {}",
+                               u64(&record[4]), kRecord64Size - 12));
         if (u32(&record[16]) != 0 || u32(&record[20]) != 0 || u64(&record[24]) != u64(&record[32]))
-            refuse("it is one part of a split archive, which is not read");
+            refuse("it is one part of a split archive, which is not supported");
         take("number of members", end_.members, kIn64As16, u64(&record[32]));
         take("size of the central directory", end_.directorySize, kIn64As32, u64(&record[40]));
         take("offset of the central directory", end_.directoryOffset, kIn64As32, u64(&record[48]));
@@ -123,15 +126,16 @@ private:
 
     void take(const char* what, std::uint64_t& value, std::uint64_t in64, std::uint64_t value64) const {
         if (value != in64 && value != value64)
-            refuse(fmt::format("the {} is {} in the end record and {} in the zip64 one", what, value, value64));
+            refuse(fmt::format("the {} is {} in the end of central directory and {} in the zip64 one", what, value,
+                               value64));
         value = value64;
     }
 
     void checkDirectory(std::uint64_t directoryEnd) const {
         if (end_.directorySize > directoryEnd || end_.directoryOffset != directoryEnd - end_.directorySize)
             refuse(
-                fmt::format("a central directory of {} bytes at byte {} does not end at {}, where the end records "
-                            "begin",
+                fmt::format("a central directory of {} bytes at byte {} does not end at {}, where the end of "
+                            "central directory begins",
                             end_.directorySize, end_.directoryOffset, directoryEnd));
         if (end_.members > kMaxMembers)
             refuse(fmt::format("it has {} members; at most {} are read", end_.members, kMaxMembers));

@@ -58,7 +58,7 @@ util::Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {
     if (!file.isOpen() && errno == ENOENT) return file;
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0) fail(path, errno);
     if (!S_ISREG(status.st_mode) || status.st_nlink != 1 || status.st_uid != ::geteuid())
-        throw HEXUserException("file '" + path + "' is not used: it is not this user's own, or has another name");
+        throw HEXUserException("file '" + path + "' is not used: it is not owned by this user, or has another name");
     return file;
 }
 

@@ -15,7 +15,7 @@ namespace {
 std::string reason(int error) { return std::generic_category().message(error); }
 
 util::Descriptor openRegular(const std::string& path, int access) {
-    if (path.find('\0') != std::string::npos) throw zip::ArchiveError(path, "", "the path has a NUL in it");
+    if (path.find('\0') != std::string::npos) throw zip::ArchiveError(path, "", "the path contains NUL");
     util::Descriptor descriptor(::open(path.c_str(), access | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     struct stat status {};
     const bool isOpen = descriptor.isOpen() && ::fstat(descriptor.get(), &status) == 0;

@@ -56,7 +56,7 @@ public:
     void operator()(std::uint64_t offset, char* target, std::size_t count) {
         if (!file_) file_ = std::make_shared<const zip::SourceFile>(path_);
         if (!(file_->bytes().stamp() == hashed_)) file_->refuse("it was changed while it was read");
-        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was cut short");
+        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was truncated");
         file_->checkUnchanged();
         if (offset + count == file_->bytes().size()) file_.reset();
     }
@@ -109,7 +109,7 @@ private:
     static std::uint64_t addFile(ZipWriter& writer, const std::string& path, zip::DigestRow& row) {
         const zip::SourceFile file(path);
         const auto checksums = zip::checksumsOf(file.bytes());
-        if (!checksums) file.refuse("it cannot be read, or was cut short");
+        if (!checksums) file.refuse("it cannot be read, or was truncated");
         row.size = file.bytes().size();
         row.hash = checksums->hash;
         return writer.add(std::string(row.name), {row.size, LateFile(path, file.bytes().stamp())});
@@ -149,7 +149,7 @@ private:
     }
 
     std::string packNested(const std::string& folder) {
-        if (depth_ == kMaxDepth) refuse(folder, "archives are nested at most two deep");
+        if (depth_ == kMaxDepth) refuse(folder, "archives can be nested at most two deep");
         std::string file = work_.file(entries_.size());
         Packer(folder, depth_ + 1).packTo(file);
         return file;

@@ -54,7 +54,7 @@ bool HUTZip::uncompressDir(const std::string& archive, const std::string& direct
 
 void HUTZip::compressDir(const std::string& folder, const std::string& archive, bool overwrite,
                          const std::function<void(const std::string&)>& accept) {
-    if (!overwrite && HUTFile::exists(archive)) throw HEXUserException("'" + archive + "' exists already");
+    if (!overwrite && HUTFile::exists(archive)) throw HEXUserException("'" + archive + "' already exists");
     packFolder(folder, archive, overwrite, accept);
 }
 

@@ -14,11 +14,12 @@ std::string_view Inflater::unpack(std::string_view packed, const std::function<v
     stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
     stream_.avail_in = static_cast<uInt>(packed.size());
     do {
-        if (isDone_) return "there are bytes behind its packed data";
+        if (isDone_) return "there are bytes after its compressed data";
         stream_.next_out = reinterpret_cast<Bytef*>(buffer_.get());
         stream_.avail_out = static_cast<uInt>(block_);
         const int result = ::inflate(&stream_, Z_NO_FLUSH);
-        if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR) return "its packed data are damaged";
+        if (result != Z_OK && result != Z_STREAM_END && result != Z_BUF_ERROR)
+            return "its compressed data are damaged";
         isDone_ = result == Z_STREAM_END;
         if (const std::size_t made = block_ - stream_.avail_out; made > 0) sink({buffer_.get(), made});
     } while (stream_.avail_in > 0 || (stream_.avail_out == 0 && !isDone_));

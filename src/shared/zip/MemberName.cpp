@@ -36,7 +36,7 @@ std::string_view memberNameFault(std::string_view name, bool hasData) {
     if (name.size() > kMaxName) return "has more than 1024 bytes";
     if (name.front() == '/') return "is absolute";
     if (name.size() > 1 && name[1] == ':' && isLetter(name[0])) return "begins with a drive";
-    if (name.find('\\') != std::string_view::npos) return "has a back slash";
+    if (name.find('\\') != std::string_view::npos) return "has a backslash";
     if (std::ranges::any_of(name, isControl)) return "has a control character";
     if (!isUtf8(name)) return "is not valid UTF-8";
     if (name.ends_with('/')) {

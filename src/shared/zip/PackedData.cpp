@@ -47,16 +47,16 @@ void PackedData::refuse(const std::string& text) const {
 void PackedData::checkHeader(std::string_view window) {
     const char* const header = window.data();
     if (!window.starts_with("PK\3\4"))
-        refuse(fmt::format("there is no local header at byte {}, where the directory points", member_.headerOffset));
+        refuse(fmt::format("there is no local header at byte {}, where its entry points", member_.headerOffset));
     const std::size_t nameSize = u16(header + 26), extraSize = u16(header + 28);
-    if (window.substr(kHeaderSize, nameSize) != member_.name) refuse("its local header gives another name");
-    if ((u16(header + 6) ^ member_.flags) & kFlagsThatCount) refuse("its local header gives other flags");
-    if (Method(u16(header + 8)) != member_.method) refuse("its local header gives another method");
+    if (window.substr(kHeaderSize, nameSize) != member_.name) refuse("its local header has another name");
+    if ((u16(header + 6) ^ member_.flags) & kFlagsThatCount) refuse("its local header has other flags");
+    if (Method(u16(header + 8)) != member_.method) refuse("its local header has another method");
 
     const std::uint64_t before = kHeaderSize + nameSize + extraSize;
     if (before > member_.limit - member_.headerOffset ||
         member_.limit - member_.headerOffset - before < member_.packedSize)
-        refuse(fmt::format("its {} packed bytes reach beyond byte {}", member_.packedSize, member_.limit));
+        refuse(fmt::format("its {} compressed bytes extend beyond byte {}", member_.packedSize, member_.limit));
     dataAt_ = member_.headerOffset + before;
     if (before <= window.size()) {
         checkSizes(header, window.substr(kHeaderSize + nameSize, extraSize));
@@ -71,7 +71,7 @@ void PackedData::checkHeader(std::string_view window) {
 
 void PackedData::checkSizes(const char* header, std::string_view extraFields) const {
     const ExtraField field = findExtraField(extraFields, kZip64Field);
-    if (!field.isSound) refuse("the extra fields of its local header are not sound");
+    if (!field.isSound) refuse("the extra fields of its local header are malformed");
     std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
     if (packedSize == kIn64As32 || size == kIn64As32) {
         if (!field.bytes || field.bytes->size() < 16) refuse("the zip64 field of its local header is missing");
@@ -81,9 +81,9 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) co
     const bool follows = member_.hasDescriptor();  // zeros here, the values after the data
     const auto agrees = [follows](auto local, auto central) { return local == central || (follows && local == 0); };
     if (!agrees(size, member_.size) || !agrees(packedSize, member_.packedSize))
-        refuse(fmt::format("its local header gives {} packed bytes of {}, the directory {} of {}", packedSize, size,
+        refuse(fmt::format("its local header has {} compressed bytes of {}, its entry {} of {}", packedSize, size,
                            member_.packedSize, member_.size));
-    if (!agrees(u32(header + 14), member_.crc)) refuse("its local header gives another CRC");
+    if (!agrees(u32(header + 14), member_.crc)) refuse("its local header has another CRC");
 }
 
 std::string_view PackedData::next() {
@@ -108,7 +108,7 @@ void PackedData::checkDescriptor() const {
     };
     if (agrees(bare)) return;
     if (bare.starts_with("PK\7\10") && agrees(bare.substr(4))) return;
-    refuse("the data descriptor behind its data is missing or disagrees with the directory");
+    refuse("the data descriptor after its data is missing or disagrees with its entry");
 }
 
 }  // namespace zip

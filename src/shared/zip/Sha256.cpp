@@ -51,7 +51,7 @@ public:
 };
 
 void check(int isGood) {
-    if (isGood != 1) throw HEXUserException(ZR_LIBCRYPTO_SONAME " does not give SHA-256 here");
+    if (isGood != 1) throw HEXUserException(ZR_LIBCRYPTO_SONAME " does not provide SHA-256");
 }
 
 }  // namespace
