@@ -13,7 +13,7 @@ std::unique_ptr<HHDFHwDef> HHDFHwDefUtils::getHDF(const std::string& file) {
             const auto top = rootAttribute(archive.read(*member), "top");
             if (top && !top->empty()) return std::make_unique<HHDFHwDef>(file, *top);
         }
-    } catch (const zip::ArchiveError&) {  // no definition: all that the callers ask
+    } catch (const zip::ArchiveError&) {  // no definition: callers need not know why
     }
     return nullptr;
 }

@@ -6,8 +6,8 @@
 #include "hwdb/HHDFHwDefUtils.h"
 #include "hwdb/HHSMHardwareDb.h"
 
-/// One list for all threads of the host, whose platforms are otherwise each thread's own. It only grows at its front,
-/// and no lock guards it: a fork in one thread must not leave a child with a lock that is never opened.
+/// One list for all threads of the host; platforms otherwise belong to one thread. It only grows at its front and is
+/// not guarded by a lock: a fork in one thread must not leave the child with a lock that is never released.
 struct HHSMHwManager::Databases {
     struct Node {
         std::string name;

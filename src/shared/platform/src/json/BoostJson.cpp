@@ -1,2 +1,2 @@
-// Boost.JSON's own sources, compiled here once: only its parser is used, so no library of its is linked.
+// Boost.JSON's sources, compiled once here: only its parser is used, so its library is not linked.
 #include <boost/json/src.hpp>

@@ -12,19 +12,19 @@ namespace {
 
 using boost::json::value;
 
-/// A value as the library holds it: text.
+/// A value as the library stores it: text.
 std::string textOf(const value& json) {
     return json.is_string() ? std::string(json.as_string()) : boost::json::serialize(json);
 }
 
-/// Whether the library leaves it out: empty texts, lists and objects.
+/// Whether the library omits it: empty texts, lists and objects.
 bool isNothing(const value& json) {
     if (json.is_object()) return json.as_object().empty();
     if (json.is_array()) return json.as_array().empty();
     return json.is_string() && json.as_string().empty();
 }
 
-/// Whether `text` is what a value of a document becomes in the library's texts.
+/// Whether `text` is how the library stores a value of a document.
 bool isSame(const value& before, const std::string& text) {
     if (!before.is_double()) return textOf(before) == text;
     double number = 0;
@@ -34,7 +34,7 @@ bool isSame(const value& before, const std::string& text) {
 
 const value* nameOf(const value& item) { return item.is_object() ? item.as_object().if_contains("name") : nullptr; }
 
-/// The items of a list by their names, where those differ: the library sorts some lists by them.
+/// The items of a list by their names, if these differ: the library sorts some lists by name.
 class NamedItems {
 public:
     explicit NamedItems(const value* list) : list_(list && list->is_array() ? &list->as_array() : nullptr) {
@@ -43,7 +43,7 @@ public:
             if (const value* const name = nameOf(item); name && name->is_string())
                 if (const auto [at, isNew] = items_.try_emplace(textOf(*name), &item); !isNew) at->second = nullptr;
     }
-    /// The item of `other`'s name, else that of its place; null when there is none.
+    /// The item with the name of `other`, else the one at its position; null if there is none.
     const value* partnerOf(const value& other, std::size_t place) const {
         if (!list_) return nullptr;
         const value* const name = nameOf(other);

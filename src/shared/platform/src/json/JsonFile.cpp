@@ -10,9 +10,9 @@ namespace json {
 namespace {
 
 std::string textOf(const std::string& file) {
-    constexpr std::size_t kMost = 32u << 20;
+    constexpr std::size_t kMaxBytes = 32u << 20;
     try {
-        return wholefile::read(file, kMost);
+        return wholefile::read(file, kMaxBytes);
     } catch (const HEXUserException& e) {
         throw boost::property_tree::json_parser::json_parser_error(e.what(), file, 0);
     }

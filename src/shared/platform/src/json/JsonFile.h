@@ -6,7 +6,7 @@
 namespace json {
 
 /// Fills `tree` with the document in a regular file of at most 32 MiB. Throws `json_parser_error` with the file's
-/// name when it cannot be read or is no JSON within the limits; `tree` is then as it was.
-void parseFile(const std::string& file, ptree& tree, const Limits& limits = kStrangers);
+/// name if it cannot be read or is not JSON within the limits; `tree` is then unchanged.
+void parseFile(const std::string& file, ptree& tree, const Limits& limits = kUntrusted);
 
 }  // namespace json

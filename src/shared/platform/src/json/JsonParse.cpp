@@ -13,7 +13,7 @@ namespace {
 
 using boost::property_tree::json_parser::json_parser_error;
 
-/// The events of Boost.JSON's parser as a tree. `problem` says why an event was refused.
+/// Builds a tree from the events of Boost.JSON's parser. `problem` is why an event was refused.
 class TreeBuilder {
 public:
     using error_code = boost::json::error_code;

@@ -6,7 +6,7 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-/// Goes on from a place that is known, so that a walk over a text costs its length once.
+/// Continues from a known location, so that a walk over a text is linear.
 class Place {
 public:
     explicit Place(std::string_view text) : text_(text) {}
@@ -27,14 +27,14 @@ private:
     TextPlace place_;
 };
 
-/// The end of the text that begins with the quote at `offset`.
+/// The end of the string that begins with the quote at `offset`.
 std::size_t endOfString(std::string_view text, std::size_t offset) {
     for (++offset; offset < text.size() && text[offset] != '"'; ++offset)
         if (text[offset] == '\\') ++offset;
     return offset + 1;
 }
 
-/// The end of the value or key that begins at `offset`; of an object or a list the end of its bracket.
+/// The end of the value or key that begins at `offset`; for an object or a list, the end of its opening bracket.
 std::size_t endOfToken(std::string_view text, std::size_t offset) {
     if (text[offset] == '"') return endOfString(text, offset);
     if (text[offset] == '{' || text[offset] == '[') return offset + 1;

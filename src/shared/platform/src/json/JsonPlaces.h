@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-/// Places in JSON texts. Trees keep none: they are worked out again for the few values that someone asks about.
+/// Locations in JSON texts. Trees do not store them: they are computed again for the few values with findings.
 namespace json {
 
 struct TextPlace {
@@ -13,8 +13,8 @@ struct TextPlace {
 
 TextPlace placeAt(std::string_view text, std::size_t offset);
 
-/// Where values begin, in one walk over a text that has been parsed. Values are numbered as they stand in the text,
-/// the document itself is 0; `numbers` ascend.
+/// Where values begin, from one walk over a text that has been parsed. Values are numbered in the order of the text,
+/// the document itself is 0; `numbers` must be in ascending order.
 std::vector<TextPlace> placesOf(std::string_view text, std::span<const std::size_t> numbers);
 
 }  // namespace json

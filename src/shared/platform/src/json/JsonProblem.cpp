@@ -7,7 +7,7 @@ namespace json {
 
 namespace {
 
-/// Takes the " (column N)" from the end of a text, where `parse` puts it.
+/// Removes the " (column N)" that `parse` appends to a text.
 std::uint64_t takeColumn(std::string& text) {
     constexpr std::string_view kOpen = " (column ";
     const auto at = text.rfind(kOpen);
@@ -20,11 +20,11 @@ std::uint64_t takeColumn(std::string& text) {
 
 }  // namespace
 
-/// The error names what was parsed: a member, or "archive!member", or a file, or nothing when a tree was written.
+/// The error names what was parsed: a member, "archive!member" or a file; it is empty if a tree was written.
 FileProblem problemOf(const boost::property_tree::json_parser_error& e, const std::string& file,
                       const std::string& member) {
     FileProblem problem{.file = file, .member = member, .line = e.line(), .text = e.message()};
-    if (e.line() > 0) problem.column = takeColumn(problem.text);  // otherwise a key may end so
+    if (e.line() > 0) problem.column = takeColumn(problem.text);  // otherwise it may be the end of a key
     const std::string name = e.filename();
     if (name.starts_with(file + "!"))
         problem.member = name.substr(file.size() + 1);

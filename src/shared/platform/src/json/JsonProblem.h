@@ -6,7 +6,7 @@
 
 namespace json {
 
-/// What an error of `parse` or `write` tells of `file`, or of `member` of that archive.
+/// An error of `parse` or `write` as a problem of `file`, or of `member` of that archive.
 FileProblem problemOf(const boost::property_tree::json_parser_error& e, const std::string& file,
                       const std::string& member = "");
 

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-/// What a reader expects of a document, for those who check one: the keys that are read and what stands at each.
+/// What a reader expects of a document, for checks: the keys that are read and the form of their values.
 namespace json {
 
 enum class Form {
@@ -24,8 +24,8 @@ struct Shape {
     const char* name;
     Form form;
     bool required = false;
-    Shapes (*inner)() = nullptr;  ///< keys of the object, or of each object of the list; null when they are not told
-    /// Why the reader refuses what stands there; empty when it does not. None for a key that is never refused.
+    Shapes (*inner)() = nullptr;  ///< keys of the object, or of each object of the list; null if unknown
+    /// Why the reader refuses a value; empty if it does not. Null for a key that is never refused.
     std::function<std::string(const boost::property_tree::ptree& node)> refusal = nullptr;
 };
 

@@ -6,7 +6,7 @@
 
 #include "json/JsonPlaces.h"
 
-/// JSON text to property tree and back, each in one function. Neither recurses.
+/// JSON text to property tree and back, without recursion.
 namespace json {
 
 using ptree = boost::property_tree::ptree;
@@ -14,27 +14,27 @@ using ptree = boost::property_tree::ptree;
 struct Limits {
     std::size_t depth = 192;        ///< levels of brackets; trees are copied and destroyed by recursion
     std::size_t nodes = 1'000'000;  ///< values of the whole document
-    std::size_t keyLevels = 64;     ///< levels that the dots of one key make when it is used as a path
+    std::size_t keyLevels = 64;     ///< dot-separated levels of a key that is used as a path
 };
-inline constexpr Limits kStrangers{};        ///< for members of archives and files of others
+inline constexpr Limits kUntrusted{};        ///< for members of archives and files of others
 inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this library wrote
 
-/// Fills `tree` with the document `text`: numbers, true, false and null as they stand in the text, duplicate keys one
-/// behind the other, a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and what is
-/// wrong when the text is no JSON, is not valid UTF-8, has a NUL in a text, holds something behind the document, or
-/// exceeds the limits; `tree` is then as it was.
-void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kStrangers);
+/// Fills `tree` with the document `text`: numbers, true, false and null as in the text, duplicate keys kept in order,
+/// a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and the error if the text is
+/// not JSON or not valid UTF-8, has NUL in a string, has anything after the document, or exceeds the limits; `tree`
+/// is then unchanged.
+void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kUntrusted);
 
-/// What makes a text no JSON, or too much of it.
+/// Why a text is not JSON, or exceeds the limits.
 struct Fault {
     TextPlace place;
     std::string text;
 };
-/// The same without an exception: the fault, or nothing when `tree` has been filled.
-std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits = kStrangers);
+/// The same without an exception: the error, or no value if `tree` has been filled.
+std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits = kUntrusted);
 
-/// The bytes that the property tree's own pretty writer gives. Throws `json_parser_error`, with the key in its text,
-/// when a node has both a value and children, or the root a value.
+/// The same bytes as from the property tree's own pretty writer. Throws `json_parser_error`, with the key in its
+/// text, if a node has both a value and children, or the root has a value.
 std::string write(const ptree& tree);
 
 }  // namespace json

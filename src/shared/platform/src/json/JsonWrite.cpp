@@ -11,7 +11,7 @@ namespace {
 
 using boost::property_tree::json_parser::json_parser_error;
 
-/// Whether a byte stands for itself in a JSON text. Bytes above 127 do: the model's texts are UTF-8.
+/// Whether a byte is written without an escape. Bytes above 127 are: the model's texts are UTF-8.
 constexpr auto kPlain = [] {
     std::array<bool, 256> plain{};
     for (int c = 0x20; c < 256; ++c) plain[c] = c != '"' && c != '/' && c != '\\';
@@ -47,7 +47,7 @@ void appendText(std::string& out, const std::string& text) {
     out += '"';
 }
 
-/// A container whose brackets are open.
+/// An open object or list.
 struct Level {
     const ptree* node;
     ptree::const_iterator next;
@@ -77,7 +77,7 @@ void close(std::string& out, std::vector<Level>& levels) {
     out += list ? ']' : '}';
 }
 
-/// Behind a value: a comma when its container goes on, and the end of the line.
+/// After a value: a comma if its container continues, and the line end.
 void endLine(std::string& out, const Level& level) {
     if (level.next != level.node->end()) out += ',';
     out += '\n';

@@ -5,19 +5,19 @@
 
 #include "xml/XmlReader.h"
 
-/// The XML formats by the names that users call them by: what asks "which format" walks this list.
+/// The XML formats by their names for users; every choice of a format uses this list.
 namespace records {
 
 struct FormatRow {
     const char* name;  ///< also the extension of its schema: "zdf" of "zdf.xsd"
     const char* what;  ///< "a platform descriptor"
     const xml::Format* format;
-    /// Every fault of the document, at most `most`.
+    /// All errors of the document, at most `most`.
     xml::Violations (*check)(std::string_view text, const std::string& file, std::size_t most);
 };
 
 std::span<const FormatRow> formats();
-/// Null for a name that is in no row.
+/// Null for an unknown name.
 const FormatRow* findFormat(std::string_view name);
 
 }  // namespace records

@@ -7,10 +7,10 @@
 #include "xml/XmlRecord.h"
 
 /// Records of the XML metadata of an archive, "cfa.xml" or "lfa.xml": a hardware platform as older tools describe it.
-/// A record is named after its element, an attribute's member after the attribute. "Core", "Config" and "Param" stand
+/// A record is named after its element, an attribute's member after the attribute. "Core", "Config" and "Param" occur
 /// in two places with different content: below the outer `Core` they are an `InnerCore`, with its `InnerCoreConfig`
-/// and `InnerCoreConfigParam`. Flags are texts, true when they are "true" in any letter case; numbers that are texts
-/// here are not looked at.
+/// and `InnerCoreConfigParam`. Flags are texts, true if they are "true" in any letter case; numbers that are texts
+/// here are not checked.
 namespace BasePlatform {
 
 using xml::Attr;
@@ -291,7 +291,7 @@ struct Core {
 struct Device {
     Attr<std::string> Name;
     Attr<std::string> Type;
-    Attr<std::string> FpgaDevice;  ///< "architecture:device:package:speed" and up to three fields more
+    Attr<std::string> FpgaDevice;  ///< "architecture:device:package:speed" and up to three more fields
     std::optional<SystemClocks> systemClocks;
     Core core;
     bool operator==(const Device&) const = default;

@@ -65,7 +65,7 @@ constexpr auto kHwEmuOnlyChildren = xml::children<HwEmuOnly>(one<&HwEmuOnly::hwE
 
 constexpr auto kPartitionedChildren = xml::children<Partitioned>(atLeastOne<&Partitioned::reconfigurablePartitions>(
     "reconfigurablePartition", kReconfigurablePartition, "A part of the device that is loaded for itself.",
-    kMostPartitions));
+    kMaxPartitions));
 
 constexpr auto kHardwarePlatformsAttributes =
     xml::attributes<HardwarePlatforms>(optional<&HardwarePlatforms::defaultRP>(

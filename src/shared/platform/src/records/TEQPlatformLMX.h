@@ -35,14 +35,14 @@ struct SoftwarePlatforms {
     bool operator==(const SoftwarePlatforms&) const = default;
 };
 
-/// Content of a partition that has a hardware file.
+/// Content of a partition with a hardware file.
 struct ReconfigurablePartitionAnonHardwarePlatform {
     HardwarePlatform hardwarePlatform;
     std::optional<HwEmuPlatform> hwEmuPlatform;
     bool operator==(const ReconfigurablePartitionAnonHardwarePlatform&) const = default;
 };
 
-/// Content of a partition that is only emulated.
+/// Content of a partition with an emulation file only.
 struct ReconfigurablePartitionHwEmu {
     HwEmuPlatform hwEmuPlatform;
     bool operator==(const ReconfigurablePartitionHwEmu&) const = default;
@@ -54,23 +54,23 @@ struct ReconfigurablePartition {
     bool operator==(const ReconfigurablePartition&) const = default;
 };
 
-/// Content of a platform of one hardware file.
+/// Content of a platform with one hardware file.
 struct AnonHardwarePlatform {
     HardwarePlatform hardwarePlatform;
     std::optional<HwEmuPlatform> hwEmuPlatform;
     bool operator==(const AnonHardwarePlatform&) const = default;
 };
 
-/// Content of a platform that is only emulated.
+/// Content of a platform with an emulation file only.
 struct HwEmuOnly {
     HwEmuPlatform hwEmuPlatform;
     bool operator==(const HwEmuOnly&) const = default;
 };
 
-/// Each opens files of its own.
-inline constexpr std::size_t kMostPartitions = 1024;
+/// Limited because each opens its own files.
+inline constexpr std::size_t kMaxPartitions = 1024;
 
-/// Content of a platform of several hardware files.
+/// Content of a platform with several hardware files.
 struct Partitioned {
     std::vector<ReconfigurablePartition> reconfigurablePartitions;
     bool operator==(const Partitioned&) const = default;
