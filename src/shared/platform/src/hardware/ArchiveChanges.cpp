@@ -19,12 +19,12 @@ namespace {
 
 using zip::ArchiveEdit;
 
-/// The words of an operation's exceptions; callers compare them.
+/// The text of an operation's exceptions, which callers compare.
 std::string wordsOf(const char* operation, const std::string& words) {
     return std::string("HTEQHardwarePlatform::") + operation + "() - " + words;
 }
 
-/// What `open` gives. What it throws becomes the reason of an exception with our words.
+/// The result of `open`. What it throws is nested in an exception with our text.
 template <class Open>
 auto openOr(const std::string& words, Open open) {
     try {
@@ -39,7 +39,7 @@ zip::SourceFile openSource(const std::string& source) {
                   [&] { return zip::SourceFile(source); });
 }
 
-/// `shown`: what the words name.
+/// `shown`: the name in the text.
 std::unique_ptr<ArchiveEdit> openArchive(const char* operation, const HTEQHardwarePlatform& platform,
                                          const std::string& shown) {
     return openOr(wordsOf(operation, "Could not open file for streaming: " + shown),
@@ -53,7 +53,7 @@ auto& concrete(Platform& platform, const char* operation) {
     throw HEXAlgException(wordsOf(operation, "Could not cast this to HPLPlatform"));
 }
 
-/// A query that cannot read the extension metadata gives none; the document of a change must not lose them so.
+/// Queries ignore extension metadata that cannot be read; a document to be written must not lose it.
 void checkExtensions(const HPLPlatform& platform, const json::ptree& document, const zip::Archive& archive) {
     const std::string listed = platform.getFile("META_JSON");
     const std::string name = listed.empty() ? platform.getFile("EXT_META_JSON") : listed;
@@ -66,7 +66,7 @@ void checkExtensions(const HPLPlatform& platform, const json::ptree& document, c
         throw HEXUserException("member '" + name + "' of archive '" + archive.name() + "' could not be read");
 }
 
-/// Ends in two line ends: the document's own, and the member's.
+/// Ends in two line ends: the document's and the member's.
 std::string memberText(const HPLPlatform& platform, const zip::Archive& archive) {
     teq_platform::JSONObjectWriter writer;
     platform.toJSON(writer);
@@ -134,7 +134,7 @@ void ArchiveChanges::attachDigest(const HTEQHardwarePlatform& platform) {
     ArchiveEdit edit(platform.getPlatformFile());
     const bool isKnown = !known_ || *known_ == edit.stamp();
     const zip::FileStamp stamp = edit.commit(ArchiveEdit::Digest::attach);
-    if (isKnown) known_ = stamp;  // a change by somebody else is still one
+    if (isKnown) known_ = stamp;  // otherwise a change by somebody else is still pending
 }
 
 }  // namespace hardware

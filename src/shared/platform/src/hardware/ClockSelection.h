@@ -5,12 +5,12 @@
 #include "text/HSTVector.h"
 #include "text/Owned.h"
 
-/// Which clock answers: of several with one name or id it is always the last.
+/// Finds clocks: of several with the same name or id, always the last.
 namespace hardware {
 
 using Clocks = Owned<HTEQSystemClock>;
 
-/// Null when there is none.
+/// Null if there is none.
 HTEQSystemClock* clockById(const Clocks& clocks, int id);
 HTEQSystemClock* clockByName(const Clocks& clocks, const std::string& name);
 bool hasScalableClock(const Clocks& clocks);

@@ -28,7 +28,7 @@ HSTVector<Connector*> connectorsOf(const Board& board) {
     return connectors;
 }
 
-/// A driver can only be added as a Boolean, which does not return.
+/// A driver can be added only as a Boolean, which does not return.
 void writeDrivers(JSONObjectWriter& writer, const char* name, const Board& board) {
     const std::unique_ptr<HSTFwdIter<HPLDriver*>> it(board.createDriverIter());
     JSONListWriter list;

@@ -10,7 +10,7 @@ namespace {
 using Memory = HPLMemory;
 using K = json::Keys<Memory>;
 
-/// An address as decimal text, absent while both are at their default.
+/// An address as decimal text, absent if both have their default.
 template <auto Get, auto Set>
 constexpr json::Key<Memory> address(const char* name) {
     json::Key<Memory> key = ifPresent(K::number<Get, Set>(name));
@@ -36,7 +36,7 @@ constexpr std::string_view kFixedNames[] = {
     "C0.APP_DATA_WIDTH",      "C0.ControllerType",
 };
 
-/// Behind "C0." and the family word.
+/// After "C0." and the name of the family.
 constexpr std::string_view kFamilySuffixes[] = {
     "_ADDR_WIDTH",
     "_AXI_ADDR_WIDTH",

@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The number of the text in a table whose last entry stands for all other texts.
+/// The index of the text in a table whose last entry represents all other texts.
 template <class Enum, std::size_t N>
 Enum valueOf(const std::array<std::string_view, N>& texts, const std::string& text) {
     std::size_t number = 0;

@@ -13,7 +13,7 @@ using IP = HTEQDesignIPInstance;
 using K = json::Keys<IP>;
 using teq_platform::JSONObjectWriter;
 
-/// One key for each parameter; as every key it is a path, so a name with a dot becomes an object in an object.
+/// One key for each parameter. Keys are paths, so a name with a dot becomes an object in an object.
 void writeConfiguration(JSONObjectWriter& writer, const char* name, const IP& ip) {
     std::map<std::string, std::string> params;
     ip.getConfigParamMap(params);
@@ -41,9 +41,9 @@ std::span<const json::Key<IP>> json::keysOf<IP>() {
 
 void HTEQDesignIPInstance::toJSON(JSONObjectWriter& writer) const { json::writeKeys(writer, kKeys, *this); }
 
-/// Trees are copied and destroyed by recursion, and not only JSON text, whose reader bounds it, has such keys.
+/// Trees are copied and destroyed by recursion. The reader of JSON limits such keys, but they have other sources too.
 void HTEQDesignIPInstance::addConfigParam(const std::string& key, const std::string& value) {
-    if (static_cast<std::size_t>(std::count(key.begin(), key.end(), '.')) >= json::kStrangers.keyLevels)
+    if (static_cast<std::size_t>(std::count(key.begin(), key.end(), '.')) >= json::kUntrusted.keyLevels)
         throw HEXAlgException("Design IP Instance Config Param key '" + HSTStringUtils::excerpt(key) +
                               "' has too many levels between its dots");
     if (!configParams_.try_emplace(key, value).second)

@@ -21,7 +21,7 @@ std::string HTEQDevice::convertFpgaDeviceToPartData_(const std::string& text) {
     partDevice_ = fields[1];
     partPackage_ = fields[2];
     partSpeed_ = fields[3];
-    // Nothing stands between package and speed: the speed brings its own dash.
+    // No separator between package and speed: the speed begins with a dash.
     partName_ = partDevice_ + (count > 4 ? "-" : "") + partPackage_ + partSpeed_;
     for (std::size_t i = 4; i < count; ++i) partName_ += "-" + fields[i];
     if (count > 4) partTempGrade_ = fields[4];

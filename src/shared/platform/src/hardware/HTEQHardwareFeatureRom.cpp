@@ -116,7 +116,7 @@ constexpr json::Key<Rom> kKeys[] = {
         "vbnvName"),
     K::number<&Rom::getDDRChannelCount, &Rom::setDDRChannelCount>("ddrChannelCount"),
     K::number<&Rom::getDDRChannelSize, &Rom::setDDRChannelSize>("ddrChannelSize"),
-    // Written hexadecimal but read decimal: what was written reads as 0.
+    // Written as hexadecimal but read as decimal: a written value is read as 0.
     K::text<[](const Rom& rom) { return hardware::romHex(rom.getDRBaseAddress()); },
             [](Rom& rom, const std::string& text) {
                 rom.setDRBaseAddress(static_cast<std::uint64_t>(HSTStringUtils::toNumber(text)));
@@ -137,7 +137,7 @@ constexpr json::Key<Rom> kKeys[] = {
 
 std::size_t cdmaOffset(unsigned index) {
     constexpr unsigned kLast = Rom::getCDMABaseAddressSize() - 1;
-    if (index > kLast)  // the words stay the same when it is read
+    if (index > kLast)  // also for reading, with the same text
         throw HEXAlgException("Attempt to set the CDMA Base Address on the CFA XML DOM object using index '" +
                               std::to_string(index) + "' which is out of bounds (max is: '" + std::to_string(kLast) +
                               "')");

@@ -46,7 +46,7 @@ HTEQDevice* firstDevice(const HTEQHardwarePlatform& platform) {
     return devices.empty() ? nullptr : devices.front();
 }
 
-/// Interfaces of a bus type, and of a mode unless that is empty.
+/// Counts interfaces of a bus type and, unless it is empty, a mode.
 unsigned countBuses(const hardware::BusInterfaces& buses, const char* type, const char* mode) {
     return static_cast<unsigned>(std::count_if(buses.begin(), buses.end(), [&](const HTEQHardwareBusInterface* bus) {
         return HSTStringUtils::iequals(bus->getBusTypeRef(), type) &&

@@ -7,7 +7,7 @@ namespace {
 using Ids = HTEQReconfigPartition;
 using K = json::Keys<Ids>;
 
-/// Only a platform's own ids of the tile array are read, see its table.
+/// The ids of the tile array are read only for a platform itself; see its table.
 constexpr json::Key<Ids> kTilKeys[] = {
     K::numberUnlessZero<&Ids::getTILPlInterfaceID>("plInterfaceID"),
     K::numberUnlessZero<&Ids::getTILNodeID>("nodeID"),

@@ -24,7 +24,7 @@ constexpr json::Key<Til> kMemKeys[] = {
     K::number<&Til::getNumMemRows, &Til::setNumMemRows>("num"),
 };
 
-/// Rows of one kind, absent when there are none.
+/// Rows of one kind, absent if there are none.
 template <auto GetNum, const auto& Rows>
 constexpr json::Key<Til> rows(const char* name) {
     json::Key<Til> key = K::group<Rows>(name);

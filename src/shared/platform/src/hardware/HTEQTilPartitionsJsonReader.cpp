@@ -18,7 +18,7 @@ bool hasColumns(const ptree& node) { return node.find("numColumns") != node.not_
 void populatePartition(const ptree& node, bool root, const std::string& instance, HTEQTilPartition& partition) {
     json::readKeys(node, json::keysOf<HTEQTilPartition>(), partition);
     partition.isRoot(root);
-    partition.tilInst(instance);  // a part bears the name of its root
+    partition.tilInst(instance);  // a part has the name of its root
 }
 
 void addSubPartitions(const ptree& node, const std::string& instance, HTEQTilPartition& root) {

@@ -23,7 +23,7 @@ class HTEQTilHardware;
 class HTEQTilPartition;
 
 /// The keys of the hardware records, each table defined beside its class's `toJSON`; those of the two platform
-/// classes stand in PlatformKeys.cpp.
+/// classes are in PlatformKeys.cpp.
 namespace json {
 
 template <>
@@ -69,21 +69,21 @@ std::span<const Key<HTEQTilPartition>> keysOf<HTEQTilPartition>();
 
 }  // namespace json
 
-/// Reading of the platform's document.
+/// Reads the platform's document.
 namespace hardware {
 
-/// Reads all top-level keys of `document` into `platform`, in their order of reading, from "generatedChangeList" to
+/// Reads all top-level keys of `document` into `platform`, in reading order, from "generatedChangeList" to
 /// "systemClocks"; unknown keys are ignored. Throws the property tree's exceptions for a device without a core, and
-/// HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a configuration key twice).
+/// HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a duplicate configuration key).
 void readDocument(const json::ptree& document, HPLPlatform& platform);
-/// The list "busInterfaces" or "nocConnectivity" of the document, which an archive with an hpfm does not take from
-/// it.
+/// The list "busInterfaces" or "nocConnectivity" of the document, which is not used for an archive with
+/// an hpfm.
 void readBusInterfaces(const json::ptree& list, HTEQHardwarePlatform& platform);
 void readNocConnectivity(const json::ptree& list, HTEQHardwarePlatform& platform);
 /// The list "ipParameters", which is read last.
 void readIPParams(const json::ptree& list, HTEQHardwarePlatform& platform);
 
-/// What is read of the document, for those who check one; all of it, also what an archive's hpfm takes the place of.
+/// What is read of the document, for checks: everything, including what an archive's hpfm replaces.
 std::vector<json::Shape> documentShapes();
 
 }  // namespace hardware

@@ -64,7 +64,7 @@ unsigned MemoryBanks::index(const std::string& type, unsigned n) const {
 std::string MemoryBanks::size(const std::string& type, unsigned n) const {
     const auto* bus = last(type, n);
     if (!bus) return {};
-    // Banks of an indexed platform have one size, which no file tells.
+    // Banks of an indexed platform have a fixed size, which is not in any file.
     return indexed_ ? "16GB" : bus->getSize();
 }
 

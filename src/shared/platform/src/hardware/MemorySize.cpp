@@ -8,8 +8,7 @@ namespace {
 
 constexpr std::string_view kDigits = "0123456789";
 
-/// Appends `line` with the part from its first number to its last "GB" replaced by that number, if there is such a
-/// part.
+/// Appends `line`, with the part from its first number to its last "GB", if any, replaced by that number.
 void appendReplaced(std::string& out, std::string_view line) {
     const auto number = line.find_first_of(kDigits);
     const auto unit = line.rfind("GB");
@@ -22,8 +21,8 @@ void appendReplaced(std::string& out, std::string_view line) {
     out += line.substr(unit + 2);
 }
 
-/// Replaces each match of "([0-9]+).*GB" by its number. Written out because the standard library's matcher recurses
-/// once for each character, and sizes come from strangers' files.
+/// Replaces each match of "([0-9]+).*GB" by its number. Hand-written because the standard library's matcher recurses
+/// for each character, and sizes are untrusted input.
 std::string replaceSizes(std::string_view text) {
     std::string out;
     for (;;) {

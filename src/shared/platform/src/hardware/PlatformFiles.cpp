@@ -13,7 +13,7 @@ namespace hardware {
 
 namespace {
 
-/// What `call` answers; `failed` when the archive or the disk is at fault.
+/// The result of `call`; `failed` if the archive or the file system causes an exception.
 template <class Call, class Result>
 Result orElse(Result failed, Call call) {
     try {
@@ -35,7 +35,7 @@ std::string memberText(const std::string& archive, const std::string& member) {
 
 bool copyMember(const archive::MemberSource& source, const std::string& member, const std::string& destination) {
     return orElse(false, [&] {
-        if (!source.contains(member)) return false;  // no directory is made then
+        if (!source.contains(member)) return false;  // without making a directory
         if (const std::string parent = HUTFile::getParent(destination); !parent.empty())
             HUTFile::mkDirRecursive(parent);
         return source.copyOut(member, destination);
@@ -51,8 +51,7 @@ std::string unpackDirectory(const std::string& archive, const std::string& direc
     return orElse(std::string(), [&] {
         const std::string base = HUTEnv::getJUNTmpDir();
         HUTFile::ensureWritableDirectory(base);
-        if (!HUTZip::uncompressDir(archive, directory, base, true))
-            return std::string();  // what is there is another's
+        if (!HUTZip::uncompressDir(archive, directory, base, true)) return std::string();  // something else is there
         const std::string result = base + HUTFile::getDirSeparator() + directory;
         return HUTFile::exists(result) ? result : std::string();
     });

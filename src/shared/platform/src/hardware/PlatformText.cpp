@@ -15,7 +15,7 @@ std::string textOf(const teq_platform::JSONSerializable& object, const HTEQHardw
         if (without) writer.getTree().erase(without);
         return json::write(writer.getTree());
     } catch (const boost::property_tree::json_parser_error& e) {
-        // What is read only now is a member of the archive.
+        // Only a member of the archive is read this late.
         const bool isRead = hardware && !e.filename().empty();
         throw HEXFileFault(json::problemOf(e, isRead ? hardware->getPlatformFile() : file));
     }

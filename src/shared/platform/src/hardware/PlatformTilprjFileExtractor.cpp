@@ -29,7 +29,7 @@ bool PlatformTilprjFileExtractor::extractFile(const std::string& path, const std
     try {
         const auto project = hardware::openProject(platform_);
         return project && hardware::copyMember(*project, hardware::memberOf(platform_, path), destination);
-    } catch (const HEXAll&) {  // the project is no archive, or there is no temporary directory
+    } catch (const HEXAll&) {  // the project is not an archive, or there is no temporary directory
         return false;
     }
 }

@@ -13,7 +13,7 @@ struct RomName {
 
 /// A name of the metadata, cut after the last character that fits before the field's NUL.
 RomName romName(const std::string& text);
-/// The text of a name field, which a writer of the raw header may have left without its NUL.
+/// The text of a name field, which may lack its NUL if the raw header was modified.
 std::string romNameText(const unsigned char* field);
 
 }  // namespace hardware

@@ -8,8 +8,8 @@
 
 namespace hardware {
 
-/// The SLR names of each pblock, found by the pblock's name in any letter case. Of several names that differ in case
-/// only the last one in key order answers. The map must outlive it.
+/// The SLR names of each pblock, found by the pblock's name in any letter case. Of several names that differ
+/// only in case, the last one in key order is used. The map must outlive it.
 class SlrIndex {
 public:
     explicit SlrIndex(const std::map<std::string, std::set<std::string>>& names) {

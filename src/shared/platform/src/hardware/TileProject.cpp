@@ -26,7 +26,7 @@ struct ProjectFile {
     std::string text;
 };
 
-/// Nothing when it cannot be had.
+/// No value if it cannot be read.
 std::optional<ProjectFile> fileOfProject(const HTEQHardwarePlatform& platform, const std::string& path) {
     try {
         const auto project = openProject(platform);
@@ -34,7 +34,7 @@ std::optional<ProjectFile> fileOfProject(const HTEQHardwarePlatform& platform, c
         auto text = project ? project->read(member) : std::nullopt;
         if (!text) return std::nullopt;
         return ProjectFile{project->name() + "!" + member, std::move(*text)};
-    } catch (const HEXAll&) {  // no archive, or no temporary directory
+    } catch (const HEXAll&) {  // not an archive, or no temporary directory
         return std::nullopt;
     }
 }
