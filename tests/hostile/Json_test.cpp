@@ -59,7 +59,7 @@ TEST(HostileJson, Texts) {
         {"a NUL", std::string("{\"name\": \"a\0b\"}", 15), "null", "no valid JSON"},
         {"UTF-16", std::string("\xFF\xFE{\0}\0", 6), "null", "no valid JSON"},
         {"twice the same key", R"({"name": "a", "name": "b"})", "loads", ""},
-        {"something behind", "{}\n{}", "null", "lfa.json(2): something stands behind the document"},
+        {"something behind", "{}\n{}", "null", "lfa.json(2): there is text after the document"},
         {"cut", R"({"name": "n)", "null", "incomplete"},
         {"a long number", "{\"idCode\": " + std::string(10'000, '9') + "}", "loads", ""},
         {"long numbers for numbers",

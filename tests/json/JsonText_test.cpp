@@ -62,7 +62,7 @@ TEST(JsonText, RefusesAndTellsTheLine) {
     } cases[] = {
         {"", "(1)", "incomplete"},
         {"{\"a\": 1,\n\"b\" 2}", "(2)", "no valid JSON"},
-        {"{}\n\n x", "(3)", "behind the document"},
+        {"{}\n\n x", "(3)", "after the document"},
         {"[\"\xC0\x80\"]", "(1)", "no valid JSON"},
         {"[\"\\ud800\"]", "(1)", "no valid JSON"},
         {"[\"a\\u0000\"]", "(1)", "a text holds a NUL"},

@@ -154,7 +154,7 @@ TEST(XmlReader, RefusesAttributes) {
             {plain(" xmlns:g='urn:garden' g:open='1'", kBody), 1, 1, "garden",
              "the attribute g:open of <garden> must be in no namespace"},
             {plain(" p:open='1'", kBody), 1, 1, "garden", "the prefix of p:open is not declared"},
-            {plain(" a:b:c='1'", kBody), 1, 1, "garden", "a:b:c is no valid name"},
+            {plain(" a:b:c='1'", kBody), 1, 1, "garden", "a:b:c is not a valid name"},
         });
 }
 
@@ -202,7 +202,7 @@ TEST(XmlReader, RefusesNamespaces) {
              "<description> stands in <garden> where <description> is expected"},
             {"<g:garden xmlns:g='urn:garden' g:name='n'><g:description xmlns:h='urn:garden'/>\n<h:gate/></g:garden>",
              2, 1, "garden", "the prefix of h:gate is not declared"},
-            {"<g:garden xmlns:g='' g:name='n'/>", 1, 1, "", "is no valid namespace declaration"},
+            {"<g:garden xmlns:g='' g:name='n'/>", 1, 1, "", "is not a valid namespace declaration"},
         });
 }
 
@@ -231,7 +231,7 @@ TEST(XmlReader, RefusesADocumentTypeDeclaration) {
         const auto e = refusal(kPlainDocument, declaration + plain("", kBody));
         ASSERT_TRUE(e);
         EXPECT_EQ(e->line(), 1U);
-        EXPECT_THAT(e->what(), HasSubstr("a document type declaration stands where none is allowed"));
+        EXPECT_THAT(e->what(), HasSubstr("a document type declaration is not allowed"));
     }
 }
 

@@ -191,7 +191,7 @@ void Reader::onText(void* self, const char* text, int size) {
 }
 void Reader::onDoctype(void* self, const char*, const char*, const char*, int) {
     guarded(self, [](Reader& reader) {
-        reader.stopWith_(fault::kDoctype, "", "a document type declaration stands where none is allowed");
+        reader.stopWith_(fault::kDoctype, "", "a document type declaration is not allowed");
     });
 }
 void Reader::onDeclaration(void* self, const char*, const char* encoding, int) {

@@ -21,7 +21,7 @@ std::string Scopes::declare(std::string_view attribute, std::string_view uri) {
     const bool isXml = uri == kXmlUri;
     if (!isDefault && (uri.empty() || prefix.empty() || prefix == kDeclaration || isXml != (prefix == "xml")))
         return HSTStringUtils::excerpt(attribute) + "=\"" + HSTStringUtils::excerpt(uri) +
-               "\" is no valid namespace declaration";
+               "\" is not a valid namespace declaration";
     const Space space = uri.empty()                 ? Space::none
                         : uri == formatUri_         ? Space::format
                         : uri == kSchemaInstanceUri ? Space::schemaInstance
@@ -46,7 +46,7 @@ std::string Scopes::resolve_(std::string_view qualified, bool attribute, Name& n
     name = {qualified, local, Space::none};
     if (bare && attribute) return {};
     if (!bare && (prefix.empty() || local.empty() || local.find(':') != std::string_view::npos))
-        return HSTStringUtils::excerpt(qualified) + " is no valid name: it has a colon where none can stand";
+        return HSTStringUtils::excerpt(qualified) + " is not a valid name: it has a misplaced colon";
     if (prefix == "xml") {
         name.space = Space::xml;
         return {};

@@ -120,7 +120,7 @@ std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& 
     const std::size_t end = start + parser.write_some(false, text.data() + start, text.size() - start, ec);
     if (ec) return Fault{placeAt(text, end), reason(parser.handler(), ec, limits)};
     const auto rest = text.find_first_not_of(" \t\r\n", end);
-    if (rest != std::string_view::npos) return Fault{placeAt(text, rest), "something stands behind the document"};
+    if (rest != std::string_view::npos) return Fault{placeAt(text, rest), "there is text after the document"};
     tree.swap(parser.handler().root);
     return std::nullopt;
 }

@@ -63,8 +63,7 @@ constexpr auto kBuildAttributes = xml::attributes<Build>(
     optional<&Build::AcceleratorBinaryContent>("AcceleratorBinaryContent",
                                                "What the binary holds, such as bitstream or dcp."),
     optional<&Build::ValidBinaryContentValues>(
-        "ValidBinaryContentValues",
-        "What the binary may hold, separated by commas; dcp and bitstream when it is left out."),
+        "ValidBinaryContentValues", "What the binary may hold, separated by commas; default: dcp and bitstream."),
     optional<&Build::TopModuleName>("TopModuleName", "Name of the design's top module."));
 constexpr auto kBuildChildren = xml::children<Build>(
     atMostOne<&Build::compileSwitches>("ZuncCompileSwitches", kZuncCompileSwitches,
@@ -115,7 +114,7 @@ constexpr auto kMemoryAttributes = xml::attributes<Memory>(
     required<&Memory::Name>("Name", "Name of the memory."),
     required<&Memory::Type>(
         "Type", "Type of the memory, such as ddr3 or ddr4. ddr3, exactly so, decides which parameters are kept."),
-    required<&Memory::Size>("Size", "Size as a number and GB, such as 16GB; any other unit counts as 0."),
+    required<&Memory::Size>("Size", "Size as a number and GB, such as 16GB; any other unit is read as 0."),
     optional<&Memory::LowestAddress>("LowestAddress", "First address, as a signed decimal number of 64 bits."),
     optional<&Memory::HighestAddress>("HighestAddress", "Last address, as a signed decimal number of 64 bits."));
 constexpr auto kMemoryChildren =
@@ -131,7 +130,7 @@ constexpr auto kConnectorAttributes = xml::attributes<Connector>(
     required<&Connector::DisplayName>("DisplayName", "Name for people."),
     required<&Connector::Type>("Type", "Type of the connector, such as DIMM."),
     optional<&Connector::ConnectedConnector>("ConnectedConnector",
-                                             "Name of what is plugged in; empty or left out when nothing is."),
+                                             "Name of what is plugged in; empty or missing if nothing is."),
     optional<&Connector::ConnectedConnectorDisplayName>("ConnectedConnectorDisplayName",
                                                         "Name for people of what is plugged in."),
     optional<&Connector::IsLocked>(
@@ -143,8 +142,7 @@ constexpr auto kConnectorsChildren = xml::children<Connectors>(
 constexpr auto kConnectors = xml::element(kConnectorsChildren);
 
 constexpr auto kImgAttributes = xml::attributes<Img>(
-    required<&Img::Type>("Type",
-                         "Resolution of the picture: HDPI, MDPI or LDPI, exactly so; others are passed over."),
+    required<&Img::Type>("Type", "Resolution of the picture: HDPI, MDPI or LDPI, in upper case; others are ignored."),
     required<&Img::File>("File", "Name of the picture, a member of the archive."));
 constexpr auto kImg = xml::element(kImgAttributes);
 
@@ -184,7 +182,7 @@ constexpr auto kBoard = xml::element(kBoardAttributes, kBoardChildren);
 
 constexpr auto kSystemClockAttributes = xml::attributes<SystemClock>(
     required<&SystemClock::Name>("Name", "Name of the clock."),
-    required<&SystemClock::Frequency>("Frequency", "Frequency, without a unit; kept as it is written."));
+    required<&SystemClock::Frequency>("Frequency", "Frequency, without a unit; stored unchanged."));
 constexpr auto kSystemClock = xml::element(kSystemClockAttributes);
 
 constexpr auto kSystemClocksChildren = xml::children<SystemClocks>(
@@ -202,8 +200,8 @@ constexpr auto kInnerCoreConfig = xml::element(kInnerCoreConfigChildren);
 
 constexpr auto kAddressSegmentAttributes = xml::attributes<AddressSegment>(
     required<&AddressSegment::Name>("Name", "Name of the segment."),
-    required<&AddressSegment::Base>("Base", "Base address; kept as it is written."),
-    required<&AddressSegment::Range>("Range", "Size of the segment; kept as it is written."),
+    required<&AddressSegment::Base>("Base", "Base address; stored unchanged."),
+    required<&AddressSegment::Range>("Range", "Size of the segment; stored unchanged."),
     required<&AddressSegment::Slave>("Slave", "Name of the slave behind the segment."));
 constexpr auto kAddressSegment = xml::element(kAddressSegmentAttributes);
 
@@ -215,16 +213,16 @@ constexpr auto kPortAttributes = xml::attributes<Port>(
     required<&Port::Name>("Name", "Name of the port."), required<&Port::Type>("Type", "Type of the port."),
     optional<&Port::Mode>("Mode", "Side of the bus: master or slave."),
     optional<&Port::Protocol>("Protocol", "Protocol of the bus."),
-    optional<&Port::Base>("Base", "Base address; kept as it is written."),
-    optional<&Port::Range>("Range", "Size of the address range; kept as it is written."),
-    optional<&Port::DataWidth>("DataWidth", "Width of the data in bits; kept as it is written."),
-    optional<&Port::IdWidth>("IdWidth", "Width of the ids in bits; kept as it is written."),
-    optional<&Port::UserWidth>("UserWidth", "Width of the user signals in bits; kept as it is written."),
-    optional<&Port::AddressWidth>("AddressWidth", "Width of the addresses in bits; kept as it is written."),
-    optional<&Port::AddressOffset>("AddressOffset", "Offset of the addresses; kept as it is written."),
-    optional<&Port::AddressRange>("AddressRange", "Range of the addresses; kept as it is written."),
-    optional<&Port::MaxBurstLength>("MaxBurstLength", "Longest burst; kept as it is written."),
-    optional<&Port::Frequency>("Frequency", "Frequency of a clock port; kept as it is written."),
+    optional<&Port::Base>("Base", "Base address; stored unchanged."),
+    optional<&Port::Range>("Range", "Size of the address range; stored unchanged."),
+    optional<&Port::DataWidth>("DataWidth", "Width of the data in bits; stored unchanged."),
+    optional<&Port::IdWidth>("IdWidth", "Width of the ids in bits; stored unchanged."),
+    optional<&Port::UserWidth>("UserWidth", "Width of the user signals in bits; stored unchanged."),
+    optional<&Port::AddressWidth>("AddressWidth", "Width of the addresses in bits; stored unchanged."),
+    optional<&Port::AddressOffset>("AddressOffset", "Offset of the addresses; stored unchanged."),
+    optional<&Port::AddressRange>("AddressRange", "Range of the addresses; stored unchanged."),
+    optional<&Port::MaxBurstLength>("MaxBurstLength", "Longest burst; stored unchanged."),
+    optional<&Port::Frequency>("Frequency", "Frequency of a clock port; stored unchanged."),
     optional<&Port::Direction>("Direction", "Direction of the port."),
     optional<&Port::Polarity>("Polarity", "Polarity of a reset or an interrupt."));
 constexpr auto kPortChildren = xml::children<Port>(atMostOne<&Port::addressSegments>(
@@ -245,7 +243,7 @@ constexpr auto kPBlock = xml::element(kPBlockAttributes, kPBlockChildren);
 
 constexpr auto kAvailableResourcesAttributes = xml::attributes<AvailableResources>(
     required<&AvailableResources::LUT>(
-        "LUT", "Look-up tables; a decimal number as text, which may be empty, as the other counts."),
+        "LUT", "Look-up tables; a decimal number as text, which may be empty, like the other counts."),
     required<&AvailableResources::REG>("REG", "Registers."),
     required<&AvailableResources::BRAM>("BRAM", "Block RAMs."),
     required<&AvailableResources::DSP>("DSP", "DSP slices."));
@@ -268,7 +266,7 @@ constexpr auto kCoreAttributes = xml::attributes<Core>(
     optional<&Core::InstancePath>("InstancePath", "Path of the core's instance in the design."),
     optional<&Core::ParentRMInstancePath>("ParentRMInstancePath",
                                           "Path of the reconfigurable module that the core is in."),
-    optional<&Core::ClockFreq>("ClockFreq", "Frequency of the core's clock; kept as it is written."),
+    optional<&Core::ClockFreq>("ClockFreq", "Frequency of the core's clock; stored unchanged."),
     optional<&Core::DRBaseAddress>("DRBaseAddress", "Base address of the dynamic region. Not read into a platform."),
     optional<&Core::DRBDName>("DRBDName", "Name of the dynamic region's block design."));
 constexpr auto kCoreChildren =
@@ -301,7 +299,7 @@ constexpr auto kFiles = xml::element(kFilesChildren);
 
 constexpr auto kFeatureRomAttributes = xml::attributes<FeatureRom>(
     required<&FeatureRom::MajorVersion>("MajorVersion", "Version of the ROM before the point, 0 to 255."),
-    required<&FeatureRom::MinorVersion>("MinorVersion", "Version of the ROM behind the point, 0 to 255."),
+    required<&FeatureRom::MinorVersion>("MinorVersion", "Version of the ROM after the point, 0 to 255."),
     required<&FeatureRom::MorwenBuildID>("MorwenBuildID", "Build of the tool that made the platform."),
     required<&FeatureRom::IPBuildID>("IPBuildID", "Build of the tool's IP."),
     required<&FeatureRom::TimeSinceEpoch>("TimeSinceEpoch", "When the platform was made, in seconds since 1970."),
@@ -331,7 +329,7 @@ constexpr auto kCFAAttributes = xml::attributes<CFA>(
     required<&CFA::BoardId>("BoardId", "Id of the board in the platform's name."),
     required<&CFA::Name>("Name", "Name of the platform."),
     required<&CFA::VersionMajor>("VersionMajor", "Version of the platform before the point."),
-    required<&CFA::VersionMinor>("VersionMinor", "Version of the platform behind the point."),
+    required<&CFA::VersionMinor>("VersionMinor", "Version of the platform after the point."),
     required<&CFA::Description>("Description", "Text for people: what the platform is."),
     optional<&CFA::FeatureRomTimestamp>(
         "FeatureRomTimestamp",
@@ -363,7 +361,7 @@ constexpr auto kRootAttributes = xml::attributes<Root>(
     required<&Root::VersionMajor>("VersionMajor",
                                   "Version of this format before the point; a document with a number above 1 is "
                                   "refused unless its platform is pre_synth."),
-    required<&Root::VersionMinor>("VersionMinor", "Version of this format behind the point; never compared."));
+    required<&Root::VersionMinor>("VersionMinor", "Version of this format after the point; never compared."));
 constexpr auto kRootChildren =
     xml::children<Root>(atMostOne<&Root::genAppInfo>("GenAppInfo", kGenAppInfo, "The tool that made the document."),
                         one<&Root::cfa>("CFA", kCFA, "The hardware platform."));

@@ -31,8 +31,7 @@ constexpr auto kEmulations = xml::element(kEmulationsChildren);
 
 constexpr auto kRootAttributes = xml::attributes<Root>(
     required<&Root::VersionMajor>("VersionMajor", "Version of this format, before the point; nothing depends on it."),
-    required<&Root::VersionMinor>("VersionMinor",
-                                  "Version of this format, behind the point; nothing depends on it."));
+    required<&Root::VersionMinor>("VersionMinor", "Version of this format after the point; not used."));
 constexpr auto kRootChildren =
     xml::children<Root>(one<&Root::emulations>("Emulations", kEmulations, "The emulation targets of the platform."));
 constexpr auto kRoot = xml::element(kRootAttributes, kRootChildren);

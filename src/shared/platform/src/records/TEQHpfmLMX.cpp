@@ -34,19 +34,19 @@ constexpr auto kClockAttributes = xml::attributes<Clock>(
                            "keeps this as its original name."),
     required<&Clock::instanceRef>("instanceRef", "Instance that makes the clock."),
     required<&Clock::componentRef>("componentRef", "Component that the instance is of."),
-    required<&Clock::frequency>("frequency", "Frequency, a decimal number without a unit; kept as it is written."),
-    required<&Clock::period>("period", "Period, a decimal number without a unit; kept as it is written."),
+    required<&Clock::frequency>("frequency", "Frequency, a decimal number without a unit; stored unchanged."),
+    required<&Clock::period>("period", "Period, a decimal number without a unit; stored unchanged."),
     required<&Clock::status>("status", "fixed, scalable, changeable or reserved, in any letter case."),
     optional<&Clock::id>("id",
                          "Number of the clock, 0 to 65535. Of several clocks with one number the last answers; "
                          "without it a clock is never the default one."),
     optional<&Clock::normalizedPeriod>("normalizedPeriod",
-                                       "The normalised period, a decimal number; kept as it is written."),
+                                       "The normalised period, a decimal number; stored unchanged."),
     optional<&Clock::clkDomain>("clkDomain", "Clock domain. Not read into a platform."));
 constexpr auto kClock = xml::element(kClockAttributes);
 
-constexpr auto kSystemClocksAttributes = xml::attributes<SystemClocks>(required<&SystemClocks::defaultClock>(
-    "defaultClock", "Id of the clock that kernels get when none is chosen, 0 to 65535."));
+constexpr auto kSystemClocksAttributes = xml::attributes<SystemClocks>(
+    required<&SystemClocks::defaultClock>("defaultClock", "Id of the default clock of kernels, 0 to 65535."));
 constexpr auto kSystemClocksChildren =
     xml::children<SystemClocks>(many<&SystemClocks::clocks>("clock", kClock, "A clock that the platform offers."));
 constexpr auto kSystemClocks = xml::element(kSystemClocksAttributes, kSystemClocksChildren);
@@ -65,14 +65,14 @@ constexpr auto kParameterAttributes = xml::attributes<Parameter>(
     required<&Parameter::name>("name", "Name of the parameter."),
     required<&Parameter::instanceRef>("instanceRef", "Instance that the parameter is of."),
     required<&Parameter::componentRef>("componentRef", "Component that the instance is of."),
-    required<&Parameter::isValid>("isValid", "Whether the value counts: true or false. Kept as text."),
+    required<&Parameter::isValid>("isValid", "Whether the value is valid: true or false. Kept as text."),
     required<&Parameter::value>("value", "Value of the parameter."));
 constexpr auto kParameter = xml::element(kParameterAttributes);
 
 constexpr auto kBusInterfaceAddressSegmentAttributes = xml::attributes<BusInterfaceAddressSegment>(
     optional<&BusInterfaceAddressSegment::baseName>("baseName", "Name of the segment without its number."),
     optional<&BusInterfaceAddressSegment::index>("index",
-                                                 "Index of the memory bank that the segment stands for, 0 to 65535."),
+                                                 "Index of the memory bank that the segment represents, 0 to 65535."),
     optional<&BusInterfaceAddressSegment::memoryInstance>("memoryInstance",
                                                           "Instance of the memory behind the segment."),
     optional<&BusInterfaceAddressSegment::auto_>(
@@ -124,7 +124,7 @@ constexpr auto kBusInterfaceAttributes = xml::attributes<BusInterface>(
     optional<&BusInterface::size>("size", "Size of the memory behind the interface, such as 16GB."),
     optional<&BusInterface::slr>("slr", "Region of the device that the interface is in, such as SLR0."),
     optional<&BusInterface::peakMemoryBandwidth>(
-        "peakMemoryBandwidth", "Peak bandwidth of the memory behind the interface; kept as it is written."),
+        "peakMemoryBandwidth", "Peak bandwidth of the memory behind the interface; stored unchanged."),
     optional<&BusInterface::maxMasters>("maxMasters", "How many masters may use the interface, 0 to 65535."),
     optional<&BusInterface::isrId>("isrId", "Number of the interrupt service routine, 0 to 65535."),
     optional<&BusInterface::auto_>("auto",

@@ -37,7 +37,7 @@ constexpr auto kReconfigurablePartitionAnonHardwarePlatformChildren =
         one<&ReconfigurablePartitionAnonHardwarePlatform::hardwarePlatform>("hardwarePlatform", kHardwarePlatform,
                                                                             "The hardware archive of the partition."),
         atMostOne<&ReconfigurablePartitionAnonHardwarePlatform::hwEmuPlatform>(
-            "hwEmuPlatform", kHwEmuPlatform, "A hardware archive of its own for the emulation of the partition."));
+            "hwEmuPlatform", kHwEmuPlatform, "A separate hardware archive for the emulation of the partition."));
 
 constexpr auto kReconfigurablePartitionHwEmuChildren =
     xml::children<ReconfigurablePartitionHwEmu>(one<&ReconfigurablePartitionHwEmu::hwEmuPlatform>(
@@ -56,7 +56,7 @@ constexpr auto kAnonHardwarePlatformChildren = xml::children<AnonHardwarePlatfor
     one<&AnonHardwarePlatform::hardwarePlatform>("hardwarePlatform", kHardwarePlatform,
                                                  "The hardware archive of the platform."),
     atMostOne<&AnonHardwarePlatform::hwEmuPlatform>("hwEmuPlatform", kHwEmuPlatform,
-                                                    "A hardware archive of its own for emulation. Without it the "
+                                                    "A separate hardware archive for emulation. Without it the "
                                                     "hardware archive's own emulation part is used, if it has one."));
 
 constexpr auto kHwEmuOnlyChildren = xml::children<HwEmuOnly>(one<&HwEmuOnly::hwEmuPlatform>(
@@ -69,8 +69,7 @@ constexpr auto kPartitionedChildren = xml::children<Partitioned>(atLeastOne<&Par
 
 constexpr auto kHardwarePlatformsAttributes =
     xml::attributes<HardwarePlatforms>(optional<&HardwarePlatforms::defaultRP>(
-        "defaultRP",
-        "Id of the partition that answers for the platform; 0 when it is left out. Of partitioned platforms only."));
+        "defaultRP", "Id of the partition that represents the platform; default 0. For partitioned platforms only."));
 constexpr xml::Alternative kHardwarePlatformsAlternatives[] = {
     xml::alternative<&HardwarePlatforms::content, 0>(kAnonHardwarePlatformChildren),
     xml::alternative<&HardwarePlatforms::content, 1>(kHwEmuOnlyChildren),
@@ -82,7 +81,7 @@ constexpr auto kPlatformAttributes = xml::attributes<Platform>(
     required<&Platform::library>("library", "Library that the platform belongs to."),
     required<&Platform::name>("name", "Name of the platform."),
     required<&Platform::version>("version",
-                                 "Version of the platform, a decimal number such as 1.0; kept as it is written."),
+                                 "Version of the platform, a decimal number such as 1.0; stored unchanged."),
     optional<&Platform::schemaVersion>("schemaVersion",
                                        "Version of this format, a decimal number; nothing depends on it."));
 constexpr auto kPlatformChildren = xml::children<Platform>(

@@ -18,7 +18,7 @@ constexpr auto kPrebuilt = xml::element(kPrebuiltAttributes);
 
 constexpr auto kImageAttributes = xml::attributes<Image>(
     required<&Image::name>("name", "Name of the image."), optional<&Image::type>("type", "Kind of image."),
-    required<&Image::bif>("bif", "File that tells how the boot image is composed."),
+    required<&Image::bif>("bif", "File that describes the composition of the boot image."),
     optional<&Image::imageData>("imageData", "Data of the image."),
     optional<&Image::bootmode>("bootmode", "What the device boots from, such as sd."),
     optional<&Image::rootfs>("rootfs", "File of the root file system."),
@@ -32,8 +32,8 @@ constexpr auto kImageAttributes = xml::attributes<Image>(
     optional<&Image::hwBootBin>("hwBootBin", "Boot file for the hardware."));
 constexpr auto kImage = xml::element(kImageAttributes);
 
-constexpr auto kBootImagesAttributes = xml::attributes<BootImages>(
-    required<&BootImages::default_>("default", "Name of the image that is used when none is chosen."));
+constexpr auto kBootImagesAttributes =
+    xml::attributes<BootImages>(required<&BootImages::default_>("default", "Name of the image used by default."));
 constexpr auto kBootImagesChildren =
     xml::children<BootImages>(one<&BootImages::image>("image", kImage, "The boot image."));
 constexpr auto kBootImages = xml::element(kBootImagesAttributes, kBootImagesChildren);
@@ -45,19 +45,18 @@ constexpr auto kOsAttributes = xml::attributes<Os>(
                                    "yes, in any letter case, for a guest of a hypervisor; anything else means no."),
     optional<&Os::includePaths>("includePaths", "Directories of headers for the compiler."),
     optional<&Os::libraryPaths>("libraryPaths", "Directories of libraries for the linker."),
-    optional<&Os::libraryNames>("libraryNames", "Libraries to link. Read, and used for nothing."),
-    optional<&Os::ldscript>("ldscript", "Script for the linker. Read, and used for nothing."),
-    optional<&Os::sysRoot>("sysRoot", "Directory that stands for the target's root when compiling."),
-    optional<&Os::bspConfig>("bspConfig", "Configuration of the board support package. Read, and used for nothing."),
+    optional<&Os::libraryNames>("libraryNames", "Libraries to link. Read, but not used."),
+    optional<&Os::ldscript>("ldscript", "Script for the linker. Read, but not used."),
+    optional<&Os::sysRoot>("sysRoot", "Directory that represents the target's root when compiling."),
+    optional<&Os::bspConfig>("bspConfig", "Configuration of the board support package. Read, but not used."),
     optional<&Os::bspLibraryPaths>("bspLibraryPaths", "Directories of the board support package's libraries."),
     optional<&Os::bspIncludePaths>("bspIncludePaths", "Directories of the board support package's headers."),
-    optional<&Os::bspRepo>("bspRepo", "Repository of the board support package. Read, and used for nothing."),
+    optional<&Os::bspRepo>("bspRepo", "Repository of the board support package. Read, but not used."),
     optional<&Os::compilerOptions>("compilerOptions", "Options for the compiler."),
     optional<&Os::linkerOptions>("linkerOptions", "Options for the linker."),
-    optional<&Os::osDependency>("osDependency",
-                                "Operating system that this one depends on. Read, and used for nothing."),
-    optional<&Os::crossCompilerType>("crossCompilerType", "Kind of cross compiler. Read, and used for nothing."),
-    optional<&Os::toolConfig>("toolConfig", "Configuration of the tool. Read, and used for nothing."));
+    optional<&Os::osDependency>("osDependency", "Operating system that this one depends on. Read, but not used."),
+    optional<&Os::crossCompilerType>("crossCompilerType", "Kind of cross compiler. Read, but not used."),
+    optional<&Os::toolConfig>("toolConfig", "Configuration of the tool. Read, but not used."));
 constexpr auto kOs = xml::element(kOsAttributes);
 
 constexpr auto kProcessorGroupAttributes = xml::attributes<ProcessorGroup>(
@@ -71,7 +70,8 @@ constexpr auto kProcessorGroupChildren = xml::children<ProcessorGroup>(
 constexpr auto kProcessorGroup = xml::element(kProcessorGroupAttributes, kProcessorGroupChildren);
 
 constexpr auto kConfigurationAttributes = xml::attributes<Configuration>(
-    required<&Configuration::name>("name", "Name of the configuration; of several with one name the last answers."),
+    required<&Configuration::name>("name",
+                                   "Name of the configuration; of several with the same name the last is used."),
     required<&Configuration::displayName>("displayName", "Name for people."),
     optional<&Configuration::defaultProcessorGroup>(
         "defaultProcessorGroup",
@@ -90,7 +90,7 @@ constexpr auto kConfiguration = xml::element(kConfigurationAttributes, kConfigur
 constexpr auto kSystemConfigurationsAttributes =
     xml::attributes<SystemConfigurations>(optional<&SystemConfigurations::defaultConfiguration>(
         "defaultConfiguration",
-        "Name of the configuration that is used when none is chosen; the first one when no configuration has it."));
+        "Name of the configuration used by default; the first one if no configuration has it."));
 constexpr auto kSystemConfigurationsChildren =
     xml::children<SystemConfigurations>(atLeastOne<&SystemConfigurations::configurations>(
         "configuration", kConfiguration, "One way of setting up the system."));
