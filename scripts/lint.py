@@ -10,7 +10,7 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 PLATFORM = ROOT / "src/shared/platform/src"
 
-# Operations that are declared with their class and defined in a later room, because they need it. No third group.
+# Operations that are declared with their class but defined in a later room, which they need. No third group.
 STAIRCASES = {
     "repairing an hpfm while it is extracted": ("readers", ["HTEQHardwarePlatform::extractHPFMFile"]),
     "reconfigurable-module archives": (
@@ -33,7 +33,7 @@ def read_rooms():
 
 
 def public_headers(rooms):
-    """Room of each public header: that of the source of its name, else the room whose line lists it."""
+    """Room of each public header: that of the source with its name, else the room whose line lists it."""
     owner = {}
     for name, (_, folder, headers) in rooms.items():
         for source in folder.glob("*.cpp"):
@@ -45,7 +45,7 @@ def public_headers(rooms):
         if header.stem in owner:
             result[str(header.relative_to(ROOT / "include"))] = owner[header.stem]
         else:
-            problems.append(f"{header.relative_to(ROOT)}: no room has a source of this name; list it in rooms.txt")
+            problems.append(f"{header.relative_to(ROOT)}: no room has a source with this name; list it in rooms.txt")
     return result, problems
 
 
@@ -72,7 +72,7 @@ def check_includes(rooms, public):
             if target is None:
                 problems.append(f"{place}: no room has {match[1]}")
             elif rooms[target][0] > rooms[room][0]:
-                problems.append(f"{place}: room {room} stands above {target} and may not include {match[1]}")
+                problems.append(f"{place}: room {room} is above {target} and may not include {match[1]}")
     return problems
 
 
@@ -120,7 +120,7 @@ def check_tidy():
                              check=True).stdout.split()
     with multiprocessing.pool.ThreadPool() as pool:
         reports = pool.map(tidy, sources, chunksize=1)
-    return list(dict.fromkeys(line for report in reports for line in report))  # a header's faults are told once
+    return list(dict.fromkeys(line for report in reports for line in report))  # faults in a header are reported once
 
 
 def main():
