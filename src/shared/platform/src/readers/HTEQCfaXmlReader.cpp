@@ -89,7 +89,10 @@ std::string HTEQCfaXmlReader::textOf_(const std::string& member) const {
     } catch (const zip::ArchiveError& e) {
         reason = e.what();
     }
-    throw xml::Exception({{.file = archive_ + "!" + member, .line = 1, .column = 1}, "", reason});
+    xml::Violation violation;
+    violation.place = {.file = archive_ + "!" + member, .line = 1, .column = 1};
+    violation.text = reason;
+    throw xml::Exception(std::move(violation));
 }
 
 bool HTEQCfaXmlReader::contains_(const std::string& member) const {
