@@ -4,10 +4,8 @@
 
 #include "check/ValidXml.h"
 #include "platform/HTEQHardwarePlatform.h"
-#include "readers/Saturated.h"
-#include "records/TEQPlatformLMX.h"
+#include "readers/DescriptorRules.h"
 #include "text/HSTStringUtils.h"
-#include "util/HUTFile.h"
 
 namespace check {
 
@@ -52,10 +50,10 @@ private:
 
     void checkDefault_(const TEQPlatform::HardwarePlatforms& platforms,
                        const std::vector<TEQPlatform::ReconfigurablePartition>& partitions) {
-        const auto wanted = saturated<unsigned>(platforms.defaultRP.get().value());
+        const auto wanted = readers::partitionId(platforms.defaultRP);
         const bool found =
             std::ranges::any_of(partitions, [&](const TEQPlatform::ReconfigurablePartition& partition) {
-                return saturated<unsigned>(partition.id.get().value()) == wanted;
+                return readers::partitionId(partition.id) == wanted;
             });
         if (found) return;
         document_.add(kUnknownDefaultPartition, "hardwarePlatforms", &platforms,
@@ -70,14 +68,11 @@ private:
         if (content.hwEmuPlatform) name_("hwEmuPlatform", *content.hwEmuPlatform, NamedFile::Kind::emulation);
     }
 
-    /// Finds the file as the descriptor's reader does.
     template <class Element>
     void name_(const char* element, const Element& record, NamedFile::Kind kind) {
-        const std::string separator = HUTFile::getDirSeparator();
-        std::string path =
-            HUTFile::getParent(source_.file) + separator + record.path.get() + separator + record.name.get();
         const bool isArchive = kind != NamedFile::Kind::software;
-        if (isArchive) path = HUTFile::getCanonicalName(path);
+        std::string path =
+            isArchive ? readers::archiveOf(record, source_.file) : readers::pathOf(record, source_.file);
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
                           fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMostOfPath)));
