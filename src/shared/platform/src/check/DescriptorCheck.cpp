@@ -17,7 +17,8 @@ using TEQPlatform::Partitioned;
 
 class DescriptorCheck {
 public:
-    explicit DescriptorCheck(const Source& source) : source_(source), document_(TEQPlatform::kDocument, source) {}
+    DescriptorCheck(const Source& source, const ReadXml& document)
+        : source_(source), document_(TEQPlatform::kDocument, source, document) {}
 
     std::vector<NamedFile> run(Findings& findings) {
         checkHardware_(document_.record.hardwarePlatforms);
@@ -39,7 +40,16 @@ private:
         }
     }
 
+    /// The model keeps ids in 32 bits.
+    void checkId_(const char* element, const void* record, const char* name, const xml::Attr<xml::Integer>& id) {
+        const unsigned kept = readers::partitionId(id);
+        if (static_cast<long long>(kept) != id.get().value())
+            document_.add(kIdOutOfRange, element, record,
+                          fmt::format("{}=\"{}\" is read as {}", name, HSTStringUtils::excerpt(id.get().text), kept));
+    }
+
     void checkPartition_(const TEQPlatform::ReconfigurablePartition& partition) {
+        checkId_("reconfigurablePartition", &partition, "id", partition.id);
         using Both = TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform;
         using Emulation = TEQPlatform::ReconfigurablePartitionHwEmu;
         if (const auto* both = std::get_if<Both>(&partition.content))
@@ -50,6 +60,7 @@ private:
 
     void checkDefault_(const TEQPlatform::HardwarePlatforms& platforms,
                        const std::vector<TEQPlatform::ReconfigurablePartition>& partitions) {
+        checkId_("hardwarePlatforms", &platforms, "defaultRP", platforms.defaultRP);
         const auto wanted = readers::partitionId(platforms.defaultRP);
         const bool found =
             std::ranges::any_of(partitions, [&](const TEQPlatform::ReconfigurablePartition& partition) {
@@ -92,9 +103,9 @@ private:
 
 }  // namespace
 
-std::vector<NamedFile> checkDescriptor(const Source& source, Findings& findings) {
-    if (!checkSyntax(source, *records::findFormat("zdf"), findings)) return {};
-    return DescriptorCheck(source).run(findings);
+std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings) {
+    if (!reportSyntax(source, document, findings)) return {};
+    return DescriptorCheck(source, document).run(findings);
 }
 
 }  // namespace check
