@@ -1,33 +1,10 @@
 #pragma once
-#include <cstdint>
-#include <set>
 #include <string>
 
 #include "text/ZrApi.h"
 
-class HPLBoard;
-class HPLCore;
-class HPLDevice;
 class HPLPlatform;
-class HPLPort;
 namespace BasePlatform {
-struct AvailableResources;
-struct Board;
-struct Build;
-struct CFA;
-struct Core;
-struct DesignIPs;
-struct Device;
-struct Devices;
-struct FeatureRom;
-struct Files;
-struct GenAppInfo;
-struct Host;
-struct Images;
-struct Interfaces;
-struct Memories;
-struct Connectors;
-struct Port;
 struct Root;
 }  // namespace BasePlatform
 
@@ -57,32 +34,8 @@ private:
     template <class Use>
     bool withRoot_(Use use);
     std::string textOf_(const std::string& member) const;
-    bool contains_(const std::string& member) const;
     bool canCfaBeOpened_(const BasePlatform::Root& root, std::string& error) const;
-
-    void parseRoot_(const BasePlatform::Root& record);
-    void parseGenAppData_(const BasePlatform::GenAppInfo& record);
-    void parseCFA_(const BasePlatform::CFA& record);
-    void parseHost_(const BasePlatform::Host& record);
-    void parseBuild_(const BasePlatform::Build& record);
-    void parseBoard_(HPLBoard& board, const BasePlatform::Board& record);
-    void parseInterfaces_(const BasePlatform::Interfaces& record);
-    void parseMemories_(const BasePlatform::Memories& record);
-    void parseConnectors_(HPLBoard& board, const BasePlatform::Connectors& record);
-    void parseImages_(HPLBoard& board, const BasePlatform::Images& record);
-    void parseDevices_(const BasePlatform::Devices& record);
-    void parseDevice_(HPLDevice& device, const BasePlatform::Device& record);
-    void parseCore_(HPLCore& core, const BasePlatform::Core& record);
-    void parseResources_(HPLCore& core, const BasePlatform::AvailableResources& record);
-    void parsePort_(HPLPort& port, const BasePlatform::Port& record);
-    void parseFiles_(const BasePlatform::Files& record);
-    void parseHpfm_(const std::string& member);
-    void parseEmulations_(const std::string& member);
-    void parseFeatureRom_(const BasePlatform::FeatureRom& record);
-    void parseDesignIPs_(const BasePlatform::DesignIPs& record);
 
     std::string archive_;
     HPLPlatform* platform_;
-    std::uint64_t hpfmBytes_ = 0;           ///< of all that were read
-    std::set<std::string> emulationsRead_;  ///< members
 };

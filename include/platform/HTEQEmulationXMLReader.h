@@ -4,9 +4,6 @@
 #include "text/ZrApi.h"
 
 class HTEQEmulations;
-namespace TEQEmulation {
-struct Root;
-}  // namespace TEQEmulation
 
 /// Fills emulation metadata from its XML form, "hw_emu.xml". The version attributes are checked, but not stored
 /// in the model. If the document is not valid, the model is not changed.
@@ -25,9 +22,6 @@ public:
     static void parseFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
 
 private:
-    explicit HTEQEmulationXMLReader(HTEQEmulations* emulations) : emulations_(emulations) {}
-    void parseRoot_(const TEQEmulation::Root& record);
-
     std::string file_;
     HTEQEmulations* emulations_;
 };

@@ -4,16 +4,9 @@
 
 #include "text/ZrApi.h"
 
-class HTEQHardwareBusInterface;
 class HTEQHardwarePlatform;
 namespace WELHardwarePlatform {
-struct BusInterface;
-struct BusInterfaceAddressSegment;
-struct Component;
-struct NocConnectivity;
-struct Parameter;
 struct Repository;
-struct SystemClocks;
 }  // namespace WELHardwarePlatform
 
 /// Fills a hardware platform from hpfm, given as a text or as a file. If the hpfm is not
@@ -43,13 +36,6 @@ public:
 
 private:
     const WELHardwarePlatform::Repository* readStream_();
-    void parseComponent_(const WELHardwarePlatform::Component& record);
-    void parseSystemClocks_(const WELHardwarePlatform::SystemClocks& record);
-    void parseParam_(const WELHardwarePlatform::Parameter& record);
-    void parseNocConnectivity_(const WELHardwarePlatform::NocConnectivity& record);
-    void parseBusInterface_(const WELHardwarePlatform::BusInterface& record, HTEQHardwareBusInterface& to);
-    void parseAddressSegment_(const WELHardwarePlatform::BusInterfaceAddressSegment& record,
-                              HTEQHardwareBusInterface& to);
 
     std::string hpfm_;
     HTEQHardwarePlatform* platform_;

@@ -4,12 +4,6 @@
 #include "text/ZrApi.h"
 
 class HTEQPlatform;
-class HTEQReconfigurablePartition;
-namespace TEQPlatform {
-struct HardwarePlatforms;
-struct Platform;
-struct ReconfigurablePartition;
-}  // namespace TEQPlatform
 
 /// Fills a platform from its descriptor, a `.zdf` file. The files that the descriptor names need not exist.
 class ZR_API HTEQPlatformXMLReader {
@@ -25,14 +19,6 @@ public:
     const std::string& getErrorMsg() const { return errorMsg_; }
 
 private:
-    void parsePlatform_(const TEQPlatform::Platform& record);
-    void parseHardwarePlatforms_(const TEQPlatform::HardwarePlatforms& record);
-    void parseReconfigurablePartition_(const TEQPlatform::ReconfigurablePartition& record);
-    template <class Record>
-    std::string pathOf_(const Record& record) const;
-    template <class Record>
-    std::string canonicalPathOf_(const Record& record) const;
-
     std::string file_;
     HTEQPlatform* platform_;
     std::string errorMsg_;

@@ -4,14 +4,6 @@
 #include "text/ZrApi.h"
 
 class HTEQSoftwarePlatform;
-class HTEQSystemConfig;
-namespace TEQSoftwarePlatform {
-struct BootImages;
-struct Configuration;
-struct Platform;
-struct ProcessorGroup;
-struct SystemConfigurations;
-}  // namespace TEQSoftwarePlatform
 
 /// Fills a software platform from a `.spfm` file. Vendor, library, name, version and description of the file's root
 /// are checked, but not stored in the model.
@@ -27,12 +19,6 @@ public:
     const std::string& getErrorMsg() const { return errorMsg_; }
 
 private:
-    void parsePlatform_(const TEQSoftwarePlatform::Platform& record);
-    void parseSystemConfigurations_(const TEQSoftwarePlatform::SystemConfigurations& record);
-    void parseConfiguration_(const TEQSoftwarePlatform::Configuration& record);
-    static void parseProcessorGroup_(const TEQSoftwarePlatform::ProcessorGroup& record, HTEQSystemConfig& config);
-    static void parseBootImages_(const TEQSoftwarePlatform::BootImages& record, HTEQSystemConfig& config);
-
     std::string file_;
     HTEQSoftwarePlatform* platform_;
     std::string errorMsg_;

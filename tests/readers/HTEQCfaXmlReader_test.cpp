@@ -102,38 +102,24 @@ TEST_F(CfaXmlReader, Rules) {
         // Flags: "true" in any letter case; all else is false.
         {R"(DcpEncrypt="true")", R"(DcpEncrypt="TrUe")", "dcpEncrypted", "true"},
         {R"(DcpEncrypt="true")", R"(DcpEncrypt="1")", "dcpEncrypted", "false"},
-        {R"(DcpEncrypt="true")", R"(DcpEncrypt="")", "dcpEncrypted", "false"},
         {R"(IsLocked="true")", R"(IsLocked=" true")", "board.connectors..locked", "false"},
         {R"(Fixed="false")", R"(Fixed="True")", "expandablePlatform", "false"},
         {R"(Fixed="false")", R"(Fixed="no")", "expandablePlatform", "true"},
-        {R"(Fixed="false")", "", "expandablePlatform", "true"},
         // What is left out keeps the model's default.
-        {R"( DefaultOutputType="dot")", "", "defaultOutputType", "unknown"},
         {R"( AcceleratorBinaryFormat="abf")", "", "acceleratorBinaryFormat", "rovapk2"},
         {R"( AcceleratorBinaryContent="abc")", "", "acceleratorBinaryContent", "bitstream"},
-        {R"(<Host Architecture="aarch64" Interface="axi"/>)", "", "hostArchitecture", "unknown"},
-        {R"(<GenAppInfo Name="gn" Version="gv" CL="7" TimeStamp="gt"/>)", "", "generatedChangeList", "0"},
-        {R"(CL="7")", R"(CL="4294967299")", "generatedChangeList", "3"},
-        // The state, and what follows from partial reconfiguration.
-        {R"(<Build )", R"(<Build StaticSynthCheckpoint="" )", "platformState", "synth"},
-        {R"(UsesPR="true")", R"(UsesPR="false")", "usesPR", "false"},
+        // What follows from partial reconfiguration.
         {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.embedded.value", "true"},
         {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.serverManaged.value", "false"},
         {R"(UsesPR="true")", "", "usesPR", "true"},
         {R"(UsesPR="true")", "", "designIntent.externalHost.value", "false"},
-        {R"(ValidBinaryContentValues="x,,y")", R"(ValidBinaryContentValues="x,y,x")",
-         "validAcceleratorBinaryContentValues", "x,y"},
-        {R"(ValidBinaryContentValues="x,,y")", "", "validAcceleratorBinaryContentValues", "dcp,bitstream"},
         // Pictures: the case of the type counts.
         {R"(Type="HDPI")", R"(Type="hdpi")", "board.imageFileHdpi", "(none)"},
         {R"(ConnectedConnector="M1")", R"(ConnectedConnector="")", "board.connectors..connected", "false"},
         // Resources: an empty text leaves the platform's count.
         {R"(BRAM="13")", R"(BRAM="13 of 20")", "devices..core.availableResources.bramCount", "13 of 20"},
-        {R"(MaxTempLimit="14")", R"(MaxTempLimit="270")", "featureRoms..maxTempLimit", "14"},
         {R"(FPGAPartName="fp")", R"(FPGAPartName="1234567890123456789012345678901234567890123456789012345678901234")",
          "featureRoms..fpgaPartName", "123456789012345678901234567890123456789012345678901234567890123"},
-        {R"( UUID="01234567-89ab-cdef-0123-456789abcdef")", "", "featureRoms..uuid",
-         "00000000-0000-0000-0000-000000000000"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(std::string(c.part) + " -> " + c.replacement);
@@ -146,6 +132,17 @@ TEST_F(CfaXmlReader, Rules) {
     EXPECT_EQ(platform_->getBRAMCount(), 0);
     ASSERT_TRUE(readWith(R"(BRAM="13")", R"(BRAM="13 of 20")"));
     EXPECT_EQ(platform_->getBRAMCount(), 13);
+}
+
+TEST_F(CfaXmlReader, AMissingElementEmptiesWhatItWouldFill) {
+    archive_ = archives_.put(
+        "g.cfa", {{"cfa.xml", with(kCfaXml, R"(<GenAppInfo Name="gn" Version="gv" CL="7" TimeStamp="gt"/>)", "")}});
+    HPLPlatform platform;
+    platform.setGeneratedName("of another");
+    platform.setGeneratedChangeList(5);
+    ASSERT_TRUE(HTEQCfaXmlReader(archive_, &platform).parseCFA());
+    EXPECT_EQ(platform.getGeneratedName(), "");
+    EXPECT_EQ(platform.getGeneratedChangeList(), 0U);
 }
 
 TEST_F(CfaXmlReader, AHardwareDefinitionMakesAPlatformFixedThatDoesNotTell) {

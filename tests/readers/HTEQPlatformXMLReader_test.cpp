@@ -40,11 +40,7 @@ protected:
 TEST_F(DescriptorReader, DirectHardware) {
     ASSERT_TRUE(read(zdf(kHardware)));
     EXPECT_EQ(error_, "");
-    EXPECT_EQ(platform_.getVendor(), "v");
-    EXPECT_EQ(platform_.getLibrary(), "l");
-    EXPECT_EQ(platform_.getName(), "n");
     EXPECT_EQ(platform_.getVersion(), "1.50");
-    EXPECT_EQ(platform_.getDescription(), "some text");
     EXPECT_EQ(platform_.getPlatformFile(), file_);
     EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
     EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), "");

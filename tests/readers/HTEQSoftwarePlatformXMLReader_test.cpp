@@ -2,13 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
-
 #include "msg/HEXAll.h"
+#include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
-#include "platform/JSONWriter.h"
 #include "readers/Capture.h"
 
 namespace {
@@ -53,79 +51,17 @@ protected:
 }  // namespace
 
 TEST_F(SoftwareReader, FillsTheModel) {
-    const std::string file = scratch_.put(
-        "n.spfm",
-        spfm("<teq:configuration teq:name='c1' teq:displayName='c2' teq:defaultProcessorGroup='c3'"
-             " teq:runtimes='ocl,cpp'><teq:description>c4</teq:description><teq:prebuilt teq:data='c5'/>"
-             "<teq:bootImages teq:default='c6'><teq:image teq:name='i1' teq:type='i2' teq:bif='i3' teq:imageData='i4'"
-             " teq:bootmode='i5' teq:rootfs='i6' teq:mountPath='i7' teq:readme='i8' teq:qemuDevicetree='i9'"
-             " teq:qemuBoot='ia' teq:qemuArguments='ib' teq:hwBootBin='ic'/></teq:bootImages>"
-             "<teq:processorGroup teq:name='g1' teq:displayName='g2' teq:cpuType='g3' teq:architecture='g4'"
-             " teq:cpuInstance='g5'><teq:os teq:name='o1' teq:displayName='o2' teq:hypervisorGuest='Yes'"
-             " teq:includePaths='o3' teq:libraryPaths='o4' teq:libraryNames='x' teq:ldscript='x' teq:sysRoot='o5'"
-             " teq:bspConfig='x' teq:bspLibraryPaths='o6' teq:bspIncludePaths='o7' teq:bspRepo='x'"
-             " teq:compilerOptions='o8' teq:linkerOptions='o9' teq:osDependency='x' teq:crossCompilerType='x'"
-             " teq:toolConfig='x'/></teq:processorGroup></teq:configuration>",
-             "teq:defaultConfiguration='p1'"));
-    ASSERT_TRUE(HTEQSoftwarePlatformXMLReader(file, &platform_).parseFile());
-    teq_platform::JSONObjectWriter writer;
-    platform_.toJSON(writer);
-    std::ostringstream out;
-    writer.write(out);
-    EXPECT_EQ(out.str(), R"({
-    "defaultConfig": "p1",
-    "systemConfigurations": [
-        {
-            "name": "c1",
-            "prettyName": "c2",
-            "description": "c4",
-            "defaultProcessorGroup": "c3",
-            "defaultBootImage": "c6",
-            "prebuiltData": "c5",
-            "qemu": "true",
-            "processorGroups": [
-                {
-                    "name": "g1",
-                    "prettyName": "g2",
-                    "cpuType": "g3",
-                    "cpuInstance": "g5",
-                    "osPrettyName": "o2",
-                    "osName": "o1",
-                    "osIncludePaths": "o3",
-                    "osLibraryPaths": "o4",
-                    "osCompilerOptions": "o8",
-                    "osLinkerOptions": "o9",
-                    "osHypervisorGuest": "true",
-                    "osBSPIncludePaths": "o7",
-                    "osBSPLibraryPaths": "o6",
-                    "osSysRoot": "o5"
-                }
-            ],
-            "bootImages": [
-                {
-                    "name": "i1",
-                    "type": "i2",
-                    "bif": "i3",
-                    "data": "i4",
-                    "rootFileSystem": "i6",
-                    "bootMode": "i5",
-                    "mountPath": "i7",
-                    "readMe": "i8",
-                    "qemuArgs": "ib",
-                    "qemuBoot": "ia",
-                    "qemuDevTree": "i9",
-                    "hwBootBin": "ic"
-                }
-            ],
-            "runtimes": [
-                "ocl",
-                "cpp"
-            ]
-        }
-    ]
-}
-)");
-    EXPECT_EQ(platform_.getSystemConfig()->getProcGrpByName("g1")->getArch(), "g4");
+    const HTEQSystemConfig* config = read(
+        spfm(configuration("", "<teq:prebuilt teq:data='p'/>" + image("") + group("teq:sysRoot='s'") + group("")),
+             "teq:defaultConfiguration='d'"));
+    EXPECT_EQ(platform_.getDefaultConfigName(), "d");
+    EXPECT_EQ(config->getName(), "c");
+    EXPECT_EQ(config->getPrebuiltData(), "p");
+    EXPECT_EQ(config->getBootImgByName("i")->getName(), "i");
+    HSTVector<HTEQProcessorGroup*> groups;
+    config->getProcessorGroups(groups);
+    ASSERT_EQ(groups.size(), 2U);
+    EXPECT_EQ(groups[0]->getCpuType() + groups[0]->getOSName() + groups[0]->getSysRoot(), "x86linuxs");
 }
 
 TEST_F(SoftwareReader, QemuFollowsFromTheImage) {

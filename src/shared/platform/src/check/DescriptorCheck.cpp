@@ -4,10 +4,8 @@
 
 #include "check/ValidXml.h"
 #include "platform/HTEQHardwarePlatform.h"
-#include "readers/Saturated.h"
-#include "records/TEQPlatformLMX.h"
+#include "readers/DescriptorRules.h"
 #include "text/HSTStringUtils.h"
-#include "util/HUTFile.h"
 
 namespace check {
 
@@ -19,7 +17,8 @@ using TEQPlatform::Partitioned;
 
 class DescriptorCheck {
 public:
-    explicit DescriptorCheck(const Source& source) : source_(source), document_(TEQPlatform::kDocument, source) {}
+    DescriptorCheck(const Source& source, const ReadXml& document)
+        : source_(source), document_(TEQPlatform::kDocument, source, document) {}
 
     std::vector<NamedFile> run(Findings& findings) {
         checkHardware_(document_.record.hardwarePlatforms);
@@ -41,7 +40,16 @@ private:
         }
     }
 
+    /// The model keeps ids in 32 bits.
+    void checkId_(const char* element, const void* record, const char* name, const xml::Attr<xml::Integer>& id) {
+        const unsigned kept = readers::partitionId(id);
+        if (static_cast<long long>(kept) != id.get().value())
+            document_.add(kIdOutOfRange, element, record,
+                          fmt::format("{}=\"{}\" is read as {}", name, HSTStringUtils::excerpt(id.get().text), kept));
+    }
+
     void checkPartition_(const TEQPlatform::ReconfigurablePartition& partition) {
+        checkId_("reconfigurablePartition", &partition, "id", partition.id);
         using Both = TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform;
         using Emulation = TEQPlatform::ReconfigurablePartitionHwEmu;
         if (const auto* both = std::get_if<Both>(&partition.content))
@@ -52,10 +60,11 @@ private:
 
     void checkDefault_(const TEQPlatform::HardwarePlatforms& platforms,
                        const std::vector<TEQPlatform::ReconfigurablePartition>& partitions) {
-        const auto wanted = saturated<unsigned>(platforms.defaultRP.get().value());
+        checkId_("hardwarePlatforms", &platforms, "defaultRP", platforms.defaultRP);
+        const auto wanted = readers::partitionId(platforms.defaultRP);
         const bool found =
             std::ranges::any_of(partitions, [&](const TEQPlatform::ReconfigurablePartition& partition) {
-                return saturated<unsigned>(partition.id.get().value()) == wanted;
+                return readers::partitionId(partition.id) == wanted;
             });
         if (found) return;
         document_.add(kUnknownDefaultPartition, "hardwarePlatforms", &platforms,
@@ -70,14 +79,11 @@ private:
         if (content.hwEmuPlatform) name_("hwEmuPlatform", *content.hwEmuPlatform, NamedFile::Kind::emulation);
     }
 
-    /// Finds the file as the descriptor's reader does.
     template <class Element>
     void name_(const char* element, const Element& record, NamedFile::Kind kind) {
-        const std::string separator = HUTFile::getDirSeparator();
-        std::string path =
-            HUTFile::getParent(source_.file) + separator + record.path.get() + separator + record.name.get();
         const bool isArchive = kind != NamedFile::Kind::software;
-        if (isArchive) path = HUTFile::getCanonicalName(path);
+        std::string path =
+            isArchive ? readers::archiveOf(record, source_.file) : readers::pathOf(record, source_.file);
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
                           fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMostOfPath)));
@@ -97,9 +103,9 @@ private:
 
 }  // namespace
 
-std::vector<NamedFile> checkDescriptor(const Source& source, Findings& findings) {
-    if (!checkSyntax(source, *records::findFormat("zdf"), findings)) return {};
-    return DescriptorCheck(source).run(findings);
+std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings) {
+    if (!reportSyntax(source, document, findings)) return {};
+    return DescriptorCheck(source, document).run(findings);
 }
 
 }  // namespace check

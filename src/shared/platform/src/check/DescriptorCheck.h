@@ -2,7 +2,7 @@
 #include <string>
 #include <vector>
 
-#include "check/Findings.h"
+#include "check/XmlCheck.h"
 
 namespace check {
 
@@ -14,6 +14,6 @@ struct NamedFile {
 };
 
 /// Checks a descriptor. Gives the files that it names, each once; those that do not exist are findings.
-std::vector<NamedFile> checkDescriptor(const Source& source, Findings& findings);
+std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings);
 
 }  // namespace check

@@ -466,6 +466,42 @@ checkpoint
 == hw.lfa!lfa.json
 {}
 )"},
+    {kIdOutOfRange, warning,
+     "The id of a partition, or of the default one, is not between 0 and 4294967295: it is read as the nearest of "
+     "the two, and partitions with different ids become the same.",
+     "Number the partitions from 0 or 1.", "sample.zdf",
+     R"(== sample.zdf
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:hardwarePlatforms teq:defaultRP="0"><teq:reconfigurablePartition teq:id="-1"><teq:hardwarePlatform teq:path="." teq:name="hw.lfa"/></teq:reconfigurablePartition></teq:hardwarePlatforms>
+  <teq:softwarePlatforms><teq:softwarePlatform teq:path="." teq:name="sample.spfm"/></teq:softwarePlatforms>
+</teq:platform>
+== sample.spfm
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations>
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+== hw.lfa!lfa.json
+{}
+)",
+     R"(== sample.zdf
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:hardwarePlatforms teq:defaultRP="1"><teq:reconfigurablePartition teq:id="1"><teq:hardwarePlatform teq:path="." teq:name="hw.lfa"/></teq:reconfigurablePartition></teq:hardwarePlatforms>
+  <teq:softwarePlatforms><teq:softwarePlatform teq:path="." teq:name="sample.spfm"/></teq:softwarePlatforms>
+</teq:platform>
+== sample.spfm
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations>
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+== hw.lfa!lfa.json
+{}
+)"},
     {kUncountedMemory, warning,
      "The size of a memory is not counted in the platform's total: it has no number in front of GB.",
      "Write the size in GB, as 16GB.", "lfa.json",

@@ -32,6 +32,7 @@ inline constexpr char kMissingMember[] = "missing-member";
 inline constexpr char kMissingEmulationMember[] = "missing-emulation-member";
 inline constexpr char kRepeatedClockId[] = "repeated-clock-id";
 inline constexpr char kUnknownDefaultPartition[] = "unknown-default-partition";
+inline constexpr char kIdOutOfRange[] = "id-out-of-range";
 inline constexpr char kUncountedMemory[] = "uncounted-memory";
 inline constexpr char kPartlyDefaultHbm[] = "partly-default-hbm";
 

@@ -10,9 +10,9 @@
 
 namespace check {
 
-bool checkHpfm(const Source& source, Findings& findings) {
-    if (!checkSyntax(source, *records::findFormat("hpfm"), findings)) return false;
-    ValidXml document(WELHardwarePlatform::kDocument, source);
+bool checkHpfm(const Source& source, const ReadXml& read, Findings& findings) {
+    if (!reportSyntax(source, read, findings)) return false;
+    ValidXml document(WELHardwarePlatform::kDocument, source, read);
     const WELHardwarePlatform::Component& component = document.record.component;
     std::set<unsigned> ids;
     for (const auto& clock : component.platformInfo.systemClocks.clocks)

@@ -1,9 +1,12 @@
 #pragma once
-#include "check/Findings.h"
+#include "check/XmlCheck.h"
 
 namespace check {
 
 /// Checks an hpfm; true when a reader takes it.
-bool checkHpfm(const Source& source, Findings& findings);
+bool checkHpfm(const Source& source, const ReadXml& document, Findings& findings);
+inline bool checkHpfm(const Source& source, Findings& findings) {
+    return checkHpfm(source, readXml(source, "hpfm"), findings);
+}
 
 }  // namespace check

@@ -1,7 +1,7 @@
 #pragma once
 #include <string>
 
-#include "check/Findings.h"
+#include "check/XmlCheck.h"
 
 namespace check {
 
@@ -12,7 +12,10 @@ class ArchiveMembers;
 void checkJsonMetadata(const Source& source, ArchiveMembers* members, const std::string& directory,
                        Findings& findings);
 /// The XML metadata of an older hardware archive.
-void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings);
+void checkXmlMetadata(const Source& source, const ReadXml& document, ArchiveMembers* members, Findings& findings);
+inline void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings) {
+    checkXmlMetadata(source, readXml(source, "cfa"), members, findings);
+}
 /// A list of emulation targets in JSON.
 void checkEmulationJson(const Source& source, Findings& findings);
 /// JSON of any content.

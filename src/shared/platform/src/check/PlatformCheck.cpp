@@ -98,8 +98,8 @@ void checkSoftware(const std::string& file, Findings& findings) {
     if (const auto source = textOf(file, findings)) checkSyntax(*source, *records::findFormat("spfm"), findings);
 }
 
-void checkPlatform(const Source& source, Findings& findings) {
-    for (const check::NamedFile& named : check::checkDescriptor(source, findings)) {
+void checkPlatform(const Source& source, const check::ReadXml& document, Findings& findings) {
+    for (const check::NamedFile& named : check::checkDescriptor(source, document, findings)) {
         if (named.kind == check::NamedFile::Kind::software)
             checkSoftware(named.path, findings);
         else
@@ -108,16 +108,16 @@ void checkPlatform(const Source& source, Findings& findings) {
 }
 
 void checkXmlFile(const Source& source, Findings& findings) {
-    const records::FormatRow& format = check::formatOf(source);
-    const std::string_view name = format.name;
+    const check::ReadXml document = check::readXml(source);
+    const std::string_view name = document.format->name;
     if (name == "zdf")
-        checkPlatform(source, findings);
+        checkPlatform(source, document, findings);
     else if (name == "hpfm")
-        check::checkHpfm(source, findings);
+        check::checkHpfm(source, document, findings);
     else if (name == "cfa")
-        check::checkXmlMetadata(source, nullptr, findings);
+        check::checkXmlMetadata(source, document, nullptr, findings);
     else
-        checkSyntax(source, format, findings);
+        check::reportSyntax(source, document, findings);
 }
 
 }  // namespace

@@ -11,11 +11,11 @@ namespace check {
 template <class R>
 class ValidXml {
 public:
-    /// Both arguments must outlive it.
-    ValidXml(const xml::Document<R>& format, const Source& source)
-        : record(xml::read(format, source.text, source.file)), format_(format), source_(source) {}
+    /// `document` is valid and of this format. All arguments must outlive it.
+    ValidXml(const xml::Document<R>& format, const Source& source, const ReadXml& document)
+        : record(*static_cast<const R*>(document.result.record.get())), format_(format), source_(source) {}
 
-    const R record;
+    const R& record;
 
     /// `at` is the record of an `element` in the document.
     void add(const char* name, const char* element, const void* at, std::string text) {

@@ -17,31 +17,55 @@ CheckFinding findingAt(const Source& source, const xml::Place& place, const char
     return finding;
 }
 
-bool checkSyntax(const Source& source, const records::FormatRow& format, Findings& findings) {
-    const xml::Violations violations = format.check(source.text, source.file, kMostOfDocument);
-    for (const xml::Violation& violation : violations)
-        findings.add(findingAt(source, violation.place, violation.name, violation.element, violation.text));
-    return violations.empty();
+namespace {
+
+ReadXml readAs(const Source& source, const records::FormatRow& format, std::size_t most = kMostOfDocument) {
+    return {&format, format.check(source.text, source.file, most)};
 }
 
-const records::FormatRow& formatOf(const Source& source) {
+/// The format that the file's name tells, or null.
+const records::FormatRow* formatByName(const Source& source) {
     const std::string name = source.file.substr(source.file.rfind('/') + 1);
-    if (name == "hw_emu.xml") return *records::findFormat("emu");
-    if (name == "cfa.xml" || name == "lfa.xml") return *records::findFormat("cfa");
-    if (const records::FormatRow* row = records::findFormat(HUTFile::getExt(source.file))) return *row;
+    if (name == "hw_emu.xml") return records::findFormat("emu");
+    if (name == "cfa.xml" || name == "lfa.xml") return records::findFormat("cfa");
+    return records::findFormat(HUTFile::getExt(source.file));
+}
+
+/// How far a document follows a format that it violates.
+std::uint64_t reachOf(const xml::Violation& first) {
+    // A fault in the document element itself stands where that of another root stands.
+    return first.name == xml::fault::kWrongRoot ? 0 : first.place.offset + 1;
+}
+
+}  // namespace
+
+ReadXml readXml(const Source& source, std::string_view format) {
+    return readAs(source, *records::findFormat(format));
+}
+
+ReadXml readXml(const Source& source) {
+    if (const records::FormatRow* row = formatByName(source)) return readAs(source, *row);
     const records::FormatRow* best = &records::formats().front();
     std::uint64_t furthest = 0;
     for (const records::FormatRow& row : records::formats()) {
-        const xml::Violations violations = row.check(source.text, source.file, 1);
-        if (violations.empty()) return row;
-        const xml::Violation& first = violations.front();
-        // A fault in the document element itself stands where that of another root stands.
-        const std::uint64_t reached = first.name == xml::fault::kWrongRoot ? 0 : first.place.offset + 1;
+        ReadXml document = readAs(source, row, 1);  // ends at the first fault
+        if (document.isValid()) return document;
+        const std::uint64_t reached = reachOf(document.result.violations.front());
         if (reached <= furthest) continue;
         best = &row;
         furthest = reached;
     }
-    return *best;
+    return readAs(source, *best);
+}
+
+bool reportSyntax(const Source& source, const ReadXml& document, Findings& findings) {
+    for (const xml::Violation& violation : document.result.violations)
+        findings.add(findingAt(source, violation.place, violation.name, violation.element, violation.text));
+    return document.isValid();
+}
+
+bool checkSyntax(const Source& source, const records::FormatRow& format, Findings& findings) {
+    return reportSyntax(source, readAs(source, format), findings);
 }
 
 }  // namespace check

@@ -1,14 +1,13 @@
 #include <fmt/core.h>
 
 #include "check/ArchiveMembers.h"
-#include "check/MemorySizes.h"
 #include "check/MetadataCheck.h"
-#include "check/ParameterPaths.h"
+#include "check/MetadataRules.h"
 #include "check/ValidXml.h"
 #include "platform/HPLDevice.h"
 #include "platform/HTEQDesignIPInstance.h"
 #include "platform/HTEQHardwareFeatureRom.h"
-#include "records/TEQCfaXmlLMX.h"
+#include "readers/CfaXmlRules.h"
 #include "text/HSTStringUtils.h"
 
 namespace check {
@@ -19,13 +18,10 @@ using Document = ValidXml<BasePlatform::Root>;
 
 void checkVersion(Document& document) {
     const BasePlatform::Root& root = document.record;
-    const auto& state = root.cfa.build.PlatformState;
-    if (state.isSet() && HSTStringUtils::iequals(state.get(), "pre_synth")) return;
-    const auto current = BasePlatform::Root().VersionMajor.get();
-    if (static_cast<std::int32_t>(root.VersionMajor.get()) <= static_cast<std::int32_t>(current)) return;
+    if (!readers::isNewerSchema(root)) return;
     document.add(kNewerSchema, "Root", &root,
                  fmt::format("VersionMajor=\"{}\" is newer than this library, which reads {} at most",
-                             root.VersionMajor.get(), current));
+                             root.VersionMajor.get(), readers::currentSchema()));
 }
 
 /// Hands a value to the model as the reader does, and keeps why it refuses.
@@ -47,45 +43,62 @@ void checkValues(Document& document) {
                    [&] { HTEQHardwareFeatureRom().setUUID(cfa.featureRom->UUID.get()); });
 }
 
-void checkParameters(Document& document, const BasePlatform::Configuration& configuration) {
-    HTEQDesignIPInstance ip;
-    for (const auto& parameter : configuration.parameters)
-        checkValue(document, "Parameter", &parameter,
-                   [&] { ip.addConfigParam(parameter.Name.get(), parameter.Value.get()); });
-    std::map<std::string, std::string> parameters;
-    ip.getConfigParamMap(parameters);
-    for (const auto& parameter : configuration.parameters)
-        if (parameters.contains(parameter.Name.get()))
-            if (const std::string fault = pathFault(parameter.Name.get(), parameters); !fault.empty())
-                document.add(kClashingParameter, "Parameter", &parameter, fault);
-}
+class XmlMetadata {
+public:
+    explicit XmlMetadata(Document& document) : document_(document), cfa_(document.record.cfa) {}
 
-void checkParameters(Document& document, const BasePlatform::DesignIPs& designIPs) {
-    for (const auto& ip : designIPs.ips)
-        if (ip.configuration) checkParameters(document, *ip.configuration);
-}
+    template <class Use>
+    void eachMemory(Use use) {
+        if (!cfa_.board.memories) return;
+        for (const auto& memory : cfa_.board.memories->memories) use(memory.Size.get(), reportAt_("Memory", memory));
+    }
+    /// Each parameter that the model takes; the others are reported.
+    template <class Use>
+    void eachParameter(Use use) {
+        if (!cfa_.designIPs) return;
+        for (const auto& ip : cfa_.designIPs->ips) {
+            if (!ip.configuration) continue;
+            const std::map<std::string, std::string> taken = takenOf_(*ip.configuration);
+            for (const auto& parameter : ip.configuration->parameters)
+                if (taken.contains(parameter.Name.get()))
+                    use(parameter.Name.get(), taken, reportAt_("Parameter", parameter));
+        }
+    }
+    template <class Use>
+    void eachFile(Use use) {
+        for (const auto& file : cfa_.files.files) use(file.Type.get(), file.Name.get(), reportAt_("File", file));
+    }
 
-void checkMemories(Document& document, const BasePlatform::Board& board) {
-    if (!board.memories) return;
-    for (const auto& memory : board.memories->memories)
-        if (const std::string fault = sizeFault(memory.Size.get()); !fault.empty())
-            document.add(kUncountedMemory, "Memory", &memory, fault);
-}
+private:
+    std::map<std::string, std::string> takenOf_(const BasePlatform::Configuration& configuration) {
+        HTEQDesignIPInstance ip;
+        for (const auto& parameter : configuration.parameters)
+            checkValue(document_, "Parameter", &parameter,
+                       [&] { ip.addConfigParam(parameter.Name.get(), parameter.Value.get()); });
+        std::map<std::string, std::string> taken;
+        ip.getConfigParamMap(taken);
+        return taken;
+    }
+
+    template <class Record>
+    auto reportAt_(const char* element, const Record& record) {
+        return [this, element, &record](const char* name, std::string text) {
+            document_.add(name, element, &record, std::move(text));
+        };
+    }
+
+    Document& document_;
+    const BasePlatform::CFA& cfa_;
+};
 
 }  // namespace
 
-void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings) {
-    if (!checkSyntax(source, *records::findFormat("cfa"), findings)) return;
-    Document document(BasePlatform::kDocument, source);
-    const BasePlatform::CFA& cfa = document.record.cfa;
+void checkXmlMetadata(const Source& source, const ReadXml& read, ArchiveMembers* members, Findings& findings) {
+    if (!reportSyntax(source, read, findings)) return;
+    Document document(BasePlatform::kDocument, source, read);
     checkVersion(document);
     checkValues(document);
-    if (cfa.designIPs) checkParameters(document, *cfa.designIPs);
-    checkMemories(document, cfa.board);
-    if (members)
-        for (const auto& file : cfa.files.files)
-            if (const auto fault = members->checkListed(file.Type.get(), file.Name.get(), ""))
-                document.add(fault->name, "File", &file, fault->text);
+    checkMetadata(XmlMetadata(document), members, "");
     document.report(findings);
 }
 

@@ -45,7 +45,7 @@ constexpr json::Key<Board> kKeys[] = {
     K::text<&Board::getImgFileMdpi, &Board::setImgFileMdpi>("imageFileMdpi"),
     K::text<&Board::getImgFileLdpi, &Board::setImgFileLdpi>("imageFileLdpi"),
     K::objects<&connectorsOf>("connectors"),
-    {"drivers", &writeDrivers},
+    K::custom<&writeDrivers>("drivers"),
     K::object<&Board::getPCIeId, &Board::getWriteablePCIeId>("pcie"),
 };
 

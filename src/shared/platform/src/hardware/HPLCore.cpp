@@ -51,6 +51,10 @@ void readPblock(Core& core, const json::ptree& node) {
             core.addResourceInfo(name, json::textAt(item, "name"), json::textAt(item, "value"));
 }
 
+void readPblocks(Core& core, const json::ptree& list) {
+    for (const auto& [none, item] : list) readPblock(core, item);
+}
+
 json::Shapes pblockShapes() {
     using json::Form;
     static const json::Shape shapes[] = {
@@ -66,11 +70,7 @@ constexpr json::Key<Core> kResourceKeys[] = {
     K::text<&Core::getDSPCount, &Core::setDSPCount>("dspCount"),
     K::text<&Core::getLUTCount, &Core::setLUTCount>("lutCount"),
     K::text<&Core::getRegisterCount, &Core::setRegisterCount>("registerCount"),
-    shaped<Core>({"pBlocks", &writePblocks, nullptr,
-                  [](Core& core, const json::ptree& list) {
-                      for (const auto& [none, item] : list) readPblock(core, item);
-                  }},
-                 json::Form::list, &pblockShapes),
+    K::custom<&writePblocks, &readPblocks>("pBlocks", json::Form::list, &pblockShapes),
 };
 
 constexpr json::Key<Core> kKeys[] = {

@@ -13,11 +13,8 @@ using K = json::Keys<Memory>;
 /// An address as decimal text, absent if both have their default.
 template <auto Get, auto Set>
 constexpr json::Key<Memory> address(const char* name) {
-    json::Key<Memory> key = ifPresent(K::number<Get, Set>(name));
-    key.write = [](json::JSONObjectWriter& w, const char* n, const Memory& memory) {
-        if (!memory.areLowAndHighAddrsAtDefault_()) w.addKey(n, std::invoke(Get, memory));
-    };
-    return key;
+    return json::when<[](const Memory& memory) { return !memory.areLowAndHighAddrsAtDefault_(); }>(
+        ifPresent(K::number<Get, Set>(name)));
 }
 
 constexpr json::Key<Memory> kKeys[] = {

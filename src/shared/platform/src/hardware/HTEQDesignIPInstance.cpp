@@ -22,14 +22,14 @@ void writeConfiguration(JSONObjectWriter& writer, const char* name, const IP& ip
     writer.addKey(name, std::move(object));
 }
 
+void readConfiguration(IP& ip, const json::ptree& node) {
+    for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
+}
+
 constexpr json::Key<IP> kKeys[] = {
     K::text<&IP::getVLNV, &IP::setVLNV>("vlnv"),
     K::text<&IP::getInstanceName, &IP::setInstanceName>("instance"),
-    refusing(shaped<IP>({"configuration", &writeConfiguration, nullptr,
-                         [](IP& ip, const json::ptree& node) {
-                             for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
-                         }},
-                        json::Form::object)),
+    refusing(K::custom<&writeConfiguration, &readConfiguration>("configuration", json::Form::object)),
 };
 
 }  // namespace

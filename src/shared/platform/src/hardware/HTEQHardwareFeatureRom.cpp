@@ -88,15 +88,16 @@ void writeFeatures(JSONObjectWriter& writer, const char* name, const Rom& rom) {
     writer.addKey(name, std::move(object));
 }
 
+void readFeatures(Rom& rom, const json::ptree& node) {
+    rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
+}
+
 template <unsigned Index>
 constexpr json::Key<Rom> cdmaAddress(const char* name) {
-    return {name,
-            [](JSONObjectWriter& w, const char* n, const Rom& rom) {
-                w.addKey(n, hardware::romHex(rom.getCDMABaseAddress(Index)));
-            },
-            [](Rom& rom, const std::string& text) {
-                rom.setCDMABaseAddress(Index, static_cast<std::uint32_t>(hardware::romNumber(text)));
-            }};
+    return K::text<[](const Rom& rom) { return hardware::romHex(rom.getCDMABaseAddress(Index)); },
+                   [](Rom& rom, const std::string& text) {
+                       rom.setCDMABaseAddress(Index, static_cast<std::uint32_t>(hardware::romNumber(text)));
+                   }>(name);
 }
 
 json::Shapes bitMapShapes() {
@@ -121,11 +122,7 @@ constexpr json::Key<Rom> kKeys[] = {
             [](Rom& rom, const std::string& text) {
                 rom.setDRBaseAddress(static_cast<std::uint64_t>(HSTStringUtils::toNumber(text)));
             }>("drBaseAddress"),
-    shaped<Rom>({"featureBitMap", &writeFeatures, nullptr,
-                 [](Rom& rom, const json::ptree& node) {
-                     rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
-                 }},
-                json::Form::object, &bitMapShapes),
+    K::custom<&writeFeatures, &readFeatures>("featureBitMap", json::Form::object, &bitMapShapes),
     refusing(K::text<&Rom::getUUIDAsString, [](Rom& rom, const std::string& text) { rom.setUUID(text); }>("uuid")),
     cdmaAddress<0>("cdmaBaseAddress0"),
     cdmaAddress<1>("cdmaBaseAddress1"),

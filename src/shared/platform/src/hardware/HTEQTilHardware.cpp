@@ -27,11 +27,7 @@ constexpr json::Key<Til> kMemKeys[] = {
 /// Rows of one kind, absent if there are none.
 template <auto GetNum, const auto& Rows>
 constexpr json::Key<Til> rows(const char* name) {
-    json::Key<Til> key = K::group<Rows>(name);
-    key.write = [](json::JSONObjectWriter& w, const char* n, const Til& til) {
-        if (std::invoke(GetNum, til) != 0) K::group<Rows>(n).write(w, n, til);
-    };
-    return key;
+    return json::when<GetNum>(K::group<Rows>(name));
 }
 
 constexpr json::Key<Til> kKeys[] = {

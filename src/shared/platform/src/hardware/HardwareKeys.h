@@ -72,18 +72,29 @@ std::span<const Key<HTEQTilPartition>> keysOf<HTEQTilPartition>();
 /// Reads the platform's document.
 namespace hardware {
 
-/// Reads all top-level keys of `document` into `platform`, in reading order, from "generatedChangeList" to
-/// "systemClocks"; unknown keys are ignored. Throws the property tree's exceptions for a device without a core, and
-/// HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a duplicate configuration key).
-void readDocument(const json::ptree& document, HPLPlatform& platform);
-/// The list "busInterfaces" or "nocConnectivity" of the document, which is not used for an archive with
-/// an hpfm.
-void readBusInterfaces(const json::ptree& list, HTEQHardwarePlatform& platform);
-void readNocConnectivity(const json::ptree& list, HTEQHardwarePlatform& platform);
-/// The list "ipParameters", which is read last.
-void readIPParams(const json::ptree& list, HTEQHardwarePlatform& platform);
+/// The order in which keys are read, which is not that of writing: of several faults the first is reported. The rows
+/// of a turn are read in the order of their tables.
+enum class Turn : unsigned char {
+    values,  ///< and all else that no setter refuses
+    intent,  ///< needs the use of partial reconfiguration
+    designIPs,
+    tiles,
+    devices,
+    roms,
+    // An hpfm takes the place of the first two; the parameters are read last.
+    busInterfaces,
+    nocConnectivity,
+    parameters,
+};
 
-/// What is read of the document, for checks: everything, including what an archive's hpfm replaces.
-std::vector<json::Shape> documentShapes();
+/// Reads the document's keys of one turn; unknown keys are ignored. Throws the property tree's exceptions for a device
+/// without a core, and HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a
+/// configuration key twice).
+void readKeys(const json::ptree& document, Turn turn, HPLPlatform& platform);
+/// Reads the turns from `values` to `roms`.
+void readDocument(const json::ptree& document, HPLPlatform& platform);
+
+/// What is read of the document, for those who check one; with an hpfm, without what that takes the place of.
+std::vector<json::Shape> documentShapes(bool hasHpfm = false);
 
 }  // namespace hardware

@@ -26,14 +26,21 @@ using teq_platform::JSONObjectWriter;
 using B = json::Keys<Base>;
 using P = json::Keys<Platform>;
 
+using hardware::Turn;
+
+/// The same row, read in its turn.
+template <Turn turn, class T>
+constexpr json::Key<T> at(json::Key<T> key) {
+    key.turn = static_cast<unsigned char>(turn);
+    return key;
+}
+
 // What the rows of HTEQHardwarePlatform need.
 
 /// A count that only an expandable platform has.
 template <auto Get>
 constexpr json::Key<Base> whenExpandable(const char* name) {
-    return {name, [](JSONObjectWriter& w, const char* n, const Base& p) {
-                if (p.isExpandable()) w.addKey(n, std::invoke(Get, p));
-            }};
+    return json::when<&Base::isExpandable>(B::number<Get>(name));
 }
 
 constexpr json::Key<Base> kFlashKeys[] = {
@@ -56,11 +63,11 @@ constexpr json::Key<Base> kIdKeys[] = {
     B::group<kTilIdKeys>("tilngineIDs"),
 };
 
-constexpr json::Key<Base> designIDs(const char* name) {
-    json::Key<Base> key = B::object<&Base::getDesignIDs>(name);
-    key.readNode = [](Base& p, const ptree& node) { json::readKeys(node, kIdKeys, p); };
-    return shaped(key, Form::object, &json::shapesOfRows<Base, kIdKeys>);
+void writeDesignIDs(JSONObjectWriter& writer, const char* name, const Base& platform) {
+    writer.addKey(name, &platform.getDesignIDs());
 }
+
+void readDesignIDs(Base& platform, const ptree& node) { json::readKeys(node, kIdKeys, platform); }
 
 constexpr HTEQTilHardware& (Base::*kTilHardware)() = &Base::getTilHardware;
 constexpr const HTEQTilHardware& (Base::*kReadOnlyTilHardware)() const = &Base::getTilHardware;
@@ -147,7 +154,7 @@ constexpr json::Key<Base> kBaseKeys[] = {
     B::text<&Base::getInterfaceDesc>("interfaceDescription"),
     B::text<&Base::getPlatformFile>("platformFile"),
     B::flag<&Base::isUnifiedPlatform, &Base::setUnifiedPlatform>("unifiedPlatform"),
-    ifPresent(B::flag<&Base::isExpandable, &Base::setExpandable>("expandablePlatform")),
+    orElse(B::flag<&Base::isExpandable, &Base::setExpandable>("expandablePlatform"), "true"),
     ifPresent(B::flag<&Base::supportsHardware, &Base::setSupportsHardware>("hardware")),
     ifPresent(B::flag<&Base::supportsSWEmulation, &Base::setSupportsSWEmulation>("softwareEmulation")),
     B::flag<&Base::supportsHWEmulation, &Base::setSupportsHWEmulation>("hardwareEmulation"),
@@ -172,18 +179,20 @@ constexpr json::Key<Base> kBaseKeys[] = {
     ifPresent(B::text<&Base::getIdCode, &Base::setIdCode>("idCode")),
     ifPresent(B::text<&Base::getExtendedIdCode, &Base::setExtendedIdCode>("extendedIdCode")),
     B::group<kFlashKeys>("flash"),
-    designIDs("designIDs"),
+    B::custom<&writeDesignIDs, &readDesignIDs>("designIDs", Form::object, &json::shapesOfRows<Base, kIdKeys>),
     B::objects<&Base::getReconfigPartitions, &Base::addReconfigPartition>("reconfigPartitionIDs"),
-    B::object<kReadOnlyTilHardware, kTilHardware>("tilHardware"),
-    shaped<Base>({"tilPartitions", &writeTilPartitions, nullptr, &readTilPartitions}, Form::list,
-                 &json::shapesOfRecord<HTEQTilPartition>),
-    B::objects<&Base::createDesignIPInstanceIter, &Base::addDesignIPInstance>("designIpInstances"),
-    shaped<Base>({"resources", &writeResources, nullptr, &readResources}, Form::list, &resourceShapes),
-    shaped<Base>({"systemClocks", &writeClocks, nullptr, &readClocks}, Form::list, &clockShapes),
-    B::objects<&Base::createIPParamIter, &Base::addHardwareIPParam>("ipParameters"),
-    B::objects<&Base::createBusInterfaceIter, &Base::addBusInterface>("busInterfaces"),
-    B::objects<&Base::createNocConnectivityIter, &Base::addNocConnectivity>("nocConnectivity"),
-    B::objects<&Base::createFeatureRomIter, &Base::addFeatureRom>("featureRoms"),
+    at<Turn::tiles>(B::object<kReadOnlyTilHardware, kTilHardware>("tilHardware")),
+    at<Turn::tiles>(B::custom<&writeTilPartitions, &readTilPartitions>("tilPartitions", Form::list,
+                                                                       &json::shapesOfRecord<HTEQTilPartition>)),
+    at<Turn::designIPs>(
+        B::objects<&Base::createDesignIPInstanceIter, &Base::addDesignIPInstance>("designIpInstances")),
+    B::custom<&writeResources, &readResources>("resources", Form::list, &resourceShapes),
+    B::custom<&writeClocks, &readClocks>("systemClocks", Form::list, &clockShapes),
+    at<Turn::parameters>(B::objects<&Base::createIPParamIter, &Base::addHardwareIPParam>("ipParameters")),
+    at<Turn::busInterfaces>(B::objects<&Base::createBusInterfaceIter, &Base::addBusInterface>("busInterfaces")),
+    at<Turn::nocConnectivity>(
+        B::objects<&Base::createNocConnectivityIter, &Base::addNocConnectivity>("nocConnectivity")),
+    at<Turn::roms>(B::objects<&Base::createFeatureRomIter, &Base::addFeatureRom>("featureRoms")),
 };
 
 // What the rows of HPLPlatform need.
@@ -191,11 +200,7 @@ constexpr json::Key<Base> kBaseKeys[] = {
 /// The host is told of platforms with partial reconfiguration only.
 template <auto Get, auto Set>
 constexpr json::Key<Platform> whenPR(const char* name) {
-    json::Key<Platform> key = P::text<Get, Set>(name);
-    key.write = [](JSONObjectWriter& w, const char* n, const Platform& p) {
-        if (p.usesPR()) w.addKey(n, std::invoke(Get, p));
-    };
-    return key;
+    return json::when<&Platform::usesPR>(P::text<Get, Set>(name));
 }
 
 void readBinaryContentValues(Platform& platform, const std::string& text) {
@@ -211,13 +216,41 @@ void writeExtensions(JSONObjectWriter& writer, const char* name, const Platform&
 
 HPLFile* addFile(Platform& platform) { return platform.addFile("", ""); }
 
+// An intent that the document does not declare follows from the use of partial reconfiguration, or from its absence.
+constexpr struct {
+    const char* name;
+    HTEQDesignIntentStorage::Key key;
+    bool computed;  ///< with partial reconfiguration
+} kIntents[] = {
+    {"dataCenter", HTEQDesignIntentStorage::Key::dataCenter, true},
+    {"embedded", HTEQDesignIntentStorage::Key::embedded, false},
+    {"externalHost", HTEQDesignIntentStorage::Key::externalHost, true},
+    {"serverManaged", HTEQDesignIntentStorage::Key::serverManaged, true},
+};
+
+void writeIntent(JSONObjectWriter& writer, const char*, const Platform& platform) {
+    writer.writeObject(platform.getDesignIntent());
+}
+
+void readIntent(Platform& platform, const ptree& object) {
+    for (const auto& [name, key, computed] : kIntents) {
+        const auto at = object.find(name);
+        if (at != object.not_found() && at->second.count("value") &&
+            HSTStringUtils::iequals(json::textAt(at->second, "explicit"), "true"))
+            platform.setExplicitDesignIntent(key, HSTStringUtils::iequals(json::textAt(at->second, "value"), "true"));
+        else
+            platform.setComputedDesignIntent(key, computed == platform.usesPR());
+    }
+}
+
 json::Shapes intentShapes() {
     static const json::Shape ofOne[] = {{"value", Form::flag}, {"explicit", Form::flag}};
-    constexpr auto inner = []() -> json::Shapes { return ofOne; };
-    static const json::Shape shapes[] = {{"dataCenter", Form::object, false, inner},
-                                         {"embedded", Form::object, false, inner},
-                                         {"externalHost", Form::object, false, inner},
-                                         {"serverManaged", Form::object, false, inner}};
+    static const std::vector<json::Shape> shapes = [] {
+        std::vector<json::Shape> all;
+        for (const auto& intent : kIntents)
+            all.push_back({intent.name, Form::object, false, []() -> json::Shapes { return ofOne; }});
+        return all;
+    }();
     return shapes;
 }
 
@@ -239,139 +272,20 @@ constexpr json::Key<Platform> kPlatformKeys[] = {
     P::flag<&Platform::isDcpFuncStripped, &Platform::setDcpFuncStripped>("dcpFunctionStripped"),
     P::flag<&Platform::isDcpEncrypt, &Platform::setDcpEncrypt>("dcpEncrypted"),
     ifPresent(P::text<&Platform::getDefaultOutputType, &Platform::setDefaultOutputType>("defaultOutputType")),
-    shaped<Platform>({"designIntent", [](JSONObjectWriter& w, const char*,
-                                         const Platform& p) { w.writeObject(p.getDesignIntent()); }},
-                     Form::object, &intentShapes),
+    at<Turn::intent>(evenMissing(P::custom<&writeIntent, &readIntent>("designIntent", Form::object, &intentShapes))),
     P::object<&Platform::getReadOnlyBoard, &Platform::getBoard>("board"),
-    P::objects<&Platform::createDeviceIter, &Platform::addDevice>("devices"),
+    at<Turn::devices>(P::objects<&Platform::createDeviceIter, &Platform::addDevice>("devices")),
     P::objects<&Platform::createInterfaceIter, &Platform::addInterface>("interfaces"),
     P::objects<&Platform::createMemoryIter, &Platform::addMemory>("memories"),
     P::objects<&Platform::createFileVecIter, &addFile>("files"),
-    {"extensions", &writeExtensions},
+    P::custom<&writeExtensions>("extensions"),
 };
 
-// Reading. The order differs from that of writing, and shows in which of several faults is reported.
+bool isOf(const json::Row& row, Turn turn) { return row.turn == static_cast<unsigned char>(turn); }
 
-/// A row of one of the two tables.
-struct Step {
-    const json::Key<Base>* base = nullptr;
-    const json::Key<Platform>* own = nullptr;
-};
-
-consteval Step step(std::string_view name) {
-    for (const json::Key<Base>& key : kBaseKeys)
-        if (key.name == name) return {&key, nullptr};
-    for (const json::Key<Platform>& key : kPlatformKeys)
-        if (key.name == name) return {nullptr, &key};
-    throw "no such key";
-}
-
-constexpr Step kBeforeIntent[] = {
-    step("generatedChangeList"),
-    step("generatedName"),
-    step("generatedVersion"),
-    step("generatedTimestamp"),
-    step("hasExternalSources"),
-    step("hasRQAContent"),
-    step("genLink"),
-    step("genSwEmuLink"),
-    step("idCode"),
-    step("extendedIdCode"),
-    step("vendor"),
-    step("boardId"),
-    step("name"),
-    step("versionMajor"),
-    step("versionMinor"),
-    step("hostArchitecture"),
-    step("hostInterface"),
-    step("platformState"),
-    step("acceleratorBinaryContent"),
-    step("acceleratorBinaryFormat"),
-    step("unifiedPlatform"),
-    step("dcpFunctionStripped"),
-    step("dcpEncrypted"),
-    step("topModuleName"),
-    step("usesNIFD"),
-    step("hardware"),
-    step("softwareEmulation"),
-    step("hardwareEmulation"),
-    step("hardwareEmuPlatform"),
-    step("defaultOutputType"),
-    step("validAcceleratorBinaryContentValues"),
-    step("usesPR"),
-    step("expandablePlatform"),
-};
-constexpr Step kBehindIntent[] = {
-    step("zuncCompileXPSwitches"),
-    step("zuncLinkXPSwitches"),
-    step("designIpInstances"),
-    step("flash"),
-    step("designIDs"),
-    step("reconfigPartitionIDs"),
-    step("tilHardware"),
-    step("tilPartitions"),
-    step("static"),
-    step("drBdInstName"),
-    step("rm"),
-    step("resources"),
-    step("board"),
-    step("devices"),
-    step("interfaces"),
-    step("memories"),
-    step("files"),
-    step("featureRoms"),
-    step("systemClocks"),
-};
-
-#ifndef __SANITIZE_ADDRESS__  // with which g++ 12 compares no function with null while it compiles
-/// Read apart, since those of an hpfm count for more.
-constexpr std::string_view kReadBehindHpfm[] = {"busInterfaces", "nocConnectivity", "ipParameters"};
-
-consteval bool isStep(std::string_view name) {
-    for (std::span<const Step> steps : {std::span<const Step>(kBeforeIntent), std::span<const Step>(kBehindIntent)})
-        for (const Step& step : steps)
-            if (name == (step.base ? step.base->name : step.own->name)) return true;
-    return std::ranges::find(kReadBehindHpfm, name) != std::end(kReadBehindHpfm);
-}
-
-template <class Rows>
-consteval bool areSteps(const Rows& rows) {
-    for (const auto& key : rows)
-        if ((key.readText || key.readNode) && !isStep(key.name)) return false;
-    return true;
-}
-static_assert(areSteps(kBaseKeys) && areSteps(kPlatformKeys), "a key that is read needs its place among the steps");
-#endif
-
-void readSteps(const ptree& document, std::span<const Step> steps, Platform& platform) {
-    for (const Step& step : steps) {
-        if (step.base) json::readKey(document, *step.base, platform);
-        if (step.own) json::readKey(document, *step.own, platform);
-    }
-}
-
-/// The intents that the document does not declare follow from the use of partial reconfiguration.
-void readDesignIntent(const ptree& document, Platform& platform) {
-    using Key = HTEQDesignIntentStorage::Key;
-    const bool pr = platform.usesPR();
-    const struct {
-        const char* name;
-        Key key;
-        bool computed;
-    } intents[] = {{"dataCenter", Key::dataCenter, pr},
-                   {"embedded", Key::embedded, !pr},
-                   {"externalHost", Key::externalHost, pr},
-                   {"serverManaged", Key::serverManaged, pr}};
-    const auto object = document.find("designIntent");
-    for (const auto& [name, key, computed] : intents) {
-        const ptree* node = nullptr;
-        if (object != document.not_found())
-            if (const auto at = object->second.find(name); at != object->second.not_found()) node = &at->second;
-        if (node && node->count("value") && HSTStringUtils::iequals(json::textAt(*node, "explicit"), "true"))
-            platform.setExplicitDesignIntent(key, HSTStringUtils::iequals(json::textAt(*node, "value"), "true"));
-        else
-            platform.setComputedDesignIntent(key, computed);
-    }
+void readTurn(const ptree& document, const json::Rows& rows, Turn turn, void* record) {
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        if (isOf(rows[i], turn)) json::readRow(document, rows[i], record);
 }
 
 }  // namespace
@@ -388,22 +302,27 @@ std::span<const json::Key<Platform>> json::keysOf<Platform>() {
 
 namespace hardware {
 
-void readDocument(const ptree& document, Platform& platform) {
-    readSteps(document, kBeforeIntent, platform);
-    readDesignIntent(document, platform);
-    readSteps(document, kBehindIntent, platform);
+void readKeys(const ptree& document, Turn turn, Platform& platform) {
+    readTurn(document, std::span<const json::Key<Base>>(kBaseKeys), turn, static_cast<Base*>(&platform));
+    readTurn(document, std::span<const json::Key<Platform>>(kPlatformKeys), turn, &platform);
 }
 
-void readBusInterfaces(const ptree& list, Base& platform) { step("busInterfaces").base->readNode(platform, list); }
-void readNocConnectivity(const ptree& list, Base& platform) {
-    step("nocConnectivity").base->readNode(platform, list);
+void readDocument(const ptree& document, Platform& platform) {
+    for (const Turn turn : {Turn::values, Turn::intent, Turn::designIPs, Turn::tiles, Turn::devices, Turn::roms})
+        readKeys(document, turn, platform);
 }
-std::vector<json::Shape> documentShapes() {
-    std::vector<json::Shape> shapes = json::shapesOf<Base>(kBaseKeys);
-    for (json::Shape& shape : json::shapesOf<Platform>(kPlatformKeys)) shapes.push_back(std::move(shape));
+
+std::vector<json::Shape> documentShapes(bool hasHpfm) {
+    std::vector<json::Shape> shapes = json::shapesOf(std::span<const json::Key<Base>>(kBaseKeys));
+    for (json::Shape& shape : json::shapesOf(std::span<const json::Key<Platform>>(kPlatformKeys)))
+        shapes.push_back(std::move(shape));
+    if (hasHpfm)
+        std::erase_if(shapes, [](const json::Shape& shape) {
+            return std::ranges::any_of(kBaseKeys, [&](const json::Row& row) {
+                return row.name == shape.name && (isOf(row, Turn::busInterfaces) || isOf(row, Turn::nocConnectivity));
+            });
+        });
     return shapes;
 }
-
-void readIPParams(const ptree& list, Base& platform) { step("ipParameters").base->readNode(platform, list); }
 
 }  // namespace hardware

@@ -1,9 +1,11 @@
 #pragma once
 #include <functional>
+#include <map>
 #include <memory>
 #include <span>
 #include <string>
 #include <type_traits>
+#include <variant>
 #include <vector>
 
 #include "json/JsonShape.h"
@@ -12,7 +14,8 @@
 #include "text/HSTStringUtils.h"
 
 /// The keys of a record as a table: listed once, in output order, each with its member and its form. `toJSON` walks
-/// the table, and so does the reader, for the keys that it reads.
+/// the table, and so does the reader, for the keys that it reads. Rows are data; writing and reading are ordinary
+/// functions over them.
 ///
 ///     using K = json::Keys<HTEQSystemClock>;
 ///     constexpr json::Key<HTEQSystemClock> kKeys[] = {
@@ -24,102 +27,122 @@ namespace json {
 
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
+using teq_platform::JSONSerializable;
 using ptree = boost::property_tree::ptree;
 
-template <class T>
-struct Key {
-    const char* name;
-    void (*write)(JSONObjectWriter& writer, const char* name, const T& record);
-    /// Takes the text at the key, "" when the key is missing (unless `ifPresent`). Null for a key that is not read.
-    void (*readText)(T& record, const std::string& text) = nullptr;
-    /// Takes the node at the key, and is called only when it is there. Null for a key that is not read so.
-    void (*readNode)(T& record, const ptree& node) = nullptr;
-    bool ifPresent = false;
-    bool required = false;      ///< reading throws the property tree's ptree_bad_path when the document lacks the key
-    Form form = Form::unknown;  ///< what stands at the key in a document that was meant so
-    Shapes (*inner)() = nullptr;
-    std::string (*refusal)(const Key& key, const ptree& node) = nullptr;
+class Rows;
+
+// What stands at a key, by kind: how a record gives it and takes it. A null function to take it: the key is not read.
+// Only `Custom` knows the tree.
+
+struct Scalar {
+    /// The text; an empty one is not written. `buffer` may hold it.
+    const std::string& (*get)(const void* record, std::string& buffer);
+    void (*set)(void* record, const std::string& text);
+};
+/// An object of further keys of the same record; absent when they write nothing.
+struct Group {
+    Rows (*rows)();
+};
+struct Object {
+    const JSONSerializable& (*get)(const void* record);
+    void* (*writable)(void* record);
+    Rows (*rows)();
+};
+/// A list of records; absent when empty.
+struct Objects {
+    void (*each)(const void* record, const std::function<void(const JSONSerializable*)>& use);
+    void* (*add)(void* record);
+    Rows (*rows)();
+};
+/// A list of texts; empty ones are left out.
+struct Texts {
+    HSTVector<std::string> (*get)(const void* record);
+    void (*add)(void* record, const std::string& text);
+};
+/// A map as a list of objects with "name" and `valueKey`.
+struct Pairs {
+    const std::map<std::string, std::string>& (*get)(const void* record);
+    void (*add)(void* record, const std::string& name, const std::string& value);
+    const char* valueKey;
+};
+struct Custom {
+    void (*write)(JSONObjectWriter& writer, const char* name, const void* record);
+    void (*read)(void* record, const ptree& node);
 };
 
-/// The same row, read only when the document has the key.
-template <class T>
-constexpr Key<T> ifPresent(Key<T> key) {
-    key.ifPresent = true;
-    return key;
-}
+/// The functions take a record of the type that the row was made for.
+struct Row {
+    const char* name;
+    std::variant<Scalar, Group, Object, Objects, Texts, Pairs, Custom> content;
+    Form form = Form::unknown;  ///< what stands at the key in a document that was meant so
+    Shapes (*inner)() = nullptr;
+    bool (*isWritten)(const void* record) = nullptr;  ///< null: always
+    bool ifPresent = false;    ///< a missing key leaves the record alone; else it reads as `missing`
+    const char* missing = "";  ///< of a scalar
+    bool required = false;     ///< reading throws the property tree's ptree_bad_path when the document lacks the key
+    unsigned char turn = 0;    ///< for a record whose keys are read in an order of their own
+    void (*tryRead)(const Row& row, const ptree& node) = nullptr;  ///< reads into a fresh record
+
+    bool isRead() const;
+};
 
 template <class T>
-constexpr Key<T> required(Key<T> key) {
-    key.required = true;
-    return key;
-}
+struct Key : Row {};
 
-/// The same row for a key whose form its maker cannot know.
-template <class T>
-constexpr Key<T> shaped(Key<T> key, Form form, Shapes (*inner)() = nullptr) {
-    key.form = form;
-    key.inner = inner;
-    return key;
-}
+/// A table of any record.
+class Rows {
+public:
+    template <class T>
+    Rows(std::span<const Key<T>> keys)
+        : keys_(keys.data()), size_(keys.size()), at_([](const void* first, std::size_t index) -> const Row& {
+              return static_cast<const Key<T>*>(first)[index];
+          }) {}
+    std::size_t size() const { return size_; }
+    const Row& operator[](std::size_t index) const { return at_(keys_, index); }
 
-/// The same row for a key whose setter throws for some values. Reading into a fresh record tells which.
-template <class T>
-constexpr Key<T> refusing(Key<T> key) {
-    key.refusal = [](const Key<T>& row, const ptree& node) -> std::string {
-        T scratch;
-        try {
-            if (row.readText) row.readText(scratch, node.data());
-            if (row.readNode) row.readNode(scratch, node);
-        } catch (const std::exception& e) {
-            return e.what();
-        }
-        return {};
-    };
-    return key;
-}
+private:
+    const void* keys_;
+    std::size_t size_;
+    const Row& (*at_)(const void* first, std::size_t index);
+};
 
-/// What the reader looks at of a table's keys.
-template <class T>
-std::vector<Shape> shapesOf(std::span<const Key<T>> keys) {
-    std::vector<Shape> shapes;
-    for (const Key<T>& key : keys) {
-        if (!key.readText && !key.readNode && !key.inner) continue;
-        Shape shape{key.name, key.form, key.required, key.inner, nullptr};
-        if (key.refusal) shape.refusal = [&key](const ptree& node) { return key.refusal(key, node); };
-        shapes.push_back(std::move(shape));
-    }
-    return shapes;
-}
+void writeRows(JSONObjectWriter& writer, const Rows& rows, const void* record);
+/// Reads the keys of the table; unknown keys of `node` are ignored.
+void readRows(const ptree& node, const Rows& rows, void* record);
+/// Reads one key of `node`, if it is read at all. Of duplicates the first counts.
+void readRow(const ptree& node, const Row& row, void* record);
+/// Reads what stands at the key.
+void readValue(const ptree& value, const Row& row, void* record);
+/// What the reader looks at of a table's keys. The rows must stay where they are.
+std::vector<Shape> shapesOf(const Rows& rows);
 
-template <class R, class C, class A>
-std::remove_cvref_t<A> argumentOf(R (C::*)(A));
+/// The text at `key`, empty when it is not there.
+const std::string& textAt(const ptree& node, const char* key);
 
-template <class T>
-void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Key<T>>> keys, const T& record);
-template <class T>
-void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record);
+/// The table of a record's class; each class specialises it beside its `toJSON`.
 template <class T>
 std::span<const Key<T>> keysOf();
-template <class Source>
-void addRecords(JSONObjectWriter& writer, const char* name, Source source);
+
+template <class T>
+void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Key<T>>> keys, const T& record) {
+    writeRows(writer, keys, &record);
+}
+template <class T>
+void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
+    readRows(node, keys, &record);
+}
 
 /// The shapes of a class's own table, and of one that is named.
 template <class T>
 Shapes shapesOfRecord() {
-    static const std::vector<Shape> shapes = shapesOf<T>(keysOf<T>());
+    static const std::vector<Shape> shapes = shapesOf(keysOf<T>());
     return shapes;
 }
-template <class T, const auto& Rows>
+template <class T, const auto& Table>
 Shapes shapesOfRows() {
-    static const std::vector<Shape> shapes = shapesOf<T>(std::span<const Key<T>>(Rows));
+    static const std::vector<Shape> shapes = shapesOf(std::span<const Key<T>>(Table));
     return shapes;
-}
-
-/// The text at `key`, empty when it is not there.
-inline const std::string& textAt(const ptree& node, const char* key) {
-    static const std::string none;
-    const auto at = node.find(key);
-    return at != node.not_found() ? at->second.data() : none;
 }
 
 inline constexpr char kValueKey[] = "value";
@@ -130,219 +153,233 @@ Shapes shapesOfPair() {
     return shapes;
 }
 
-/// Makers of rows. `Get` and `Set` are member function pointers; without `Set` the key is written only.
+/// The same row, read only when the document has the key.
+template <class T>
+constexpr Key<T> ifPresent(Key<T> key) {
+    key.ifPresent = true;
+    return key;
+}
+
+/// The same row, read from an empty node when the document lacks the key.
+template <class T>
+constexpr Key<T> evenMissing(Key<T> key) {
+    key.ifPresent = false;
+    return key;
+}
+
+/// The same row of a scalar, for which a missing key reads as `text`.
+template <class T>
+constexpr Key<T> orElse(Key<T> key, const char* text) {
+    key.missing = text;
+    return key;
+}
+
+template <class T>
+constexpr Key<T> required(Key<T> key) {
+    key.required = true;
+    return key;
+}
+
+/// The same row, written only for records of which `Is` is true.
+template <auto Is, class T>
+constexpr Key<T> when(Key<T> key) {
+    key.isWritten = [](const void* record) {
+        return static_cast<bool>(std::invoke(Is, *static_cast<const T*>(record)));
+    };
+    return key;
+}
+
+/// The same row for a key whose setter throws for some values. Reading into a fresh record tells which.
+template <class T>
+constexpr Key<T> refusing(Key<T> key) {
+    key.tryRead = [](const Row& row, const ptree& node) {
+        T scratch;
+        readValue(node, row, &scratch);
+    };
+    return key;
+}
+
+namespace detail {
+
+template <class R, class C, class A>
+std::remove_cvref_t<A> argumentOf(R (C::*)(A));
+
+template <auto F>
+inline constexpr bool isNull = std::is_same_v<decltype(F), std::nullptr_t>;
+
+/// A char type is a number here.
+template <class N>
+std::string decimal(N value) {
+    return std::to_string(+value);
+}
+
+/// Calls `use` with each item: of a range of pointers, or of an iterator of the model, which is deleted.
+template <class Source, class Use>
+void forEach(const Source& source, const Use& use) {
+    if constexpr (std::is_pointer_v<Source>) {
+        const std::unique_ptr<std::remove_pointer_t<Source>> it(source);
+        while (it->hasNext()) use(it->next());
+    } else {
+        for (const auto* item : source) use(item);
+    }
+}
+
+}  // namespace detail
+
+/// Makers of rows. `Get` and `Set` are member function pointers, or functions that take a record first; without `Set`
+/// the key is written only.
 template <class T>
 struct Keys {
     /// Text as it stands, absent when empty.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> text(const char* name) {
-        return scalar(
-            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); },
-            textReader<Set>(), Form::text);
+        return scalar(name, Form::text, getter<Get>(),
+                      setter<Set>([](const std::string& text) -> const std::string& { return text; }));
     }
     /// Decimal, always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> number(const char* name) {
-        return scalar(
-            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, decimal(std::invoke(Get, r))); },
-            numberReader<Set>(), Form::number);
+        return scalar(name, Form::number, formatter<Get>([](auto value) { return detail::decimal(value); }),
+                      numberSetter<Set>());
     }
     /// Decimal, written when not 0.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> numberUnlessZero(const char* name) {
-        return scalar(
-            name,
-            [](JSONObjectWriter& w, const char* n, const T& r) {
-                if (const auto value = std::invoke(Get, r)) w.addKey(n, decimal(value));
-            },
-            numberReader<Set>(), Form::number);
+        return when<Get>(number<Get, Set>(name));
     }
     /// "true" or "false", always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> flag(const char* name) {
-        return scalar(
-            name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, bool(std::invoke(Get, r))); },
-            flagReader<Set>(), Form::flag);
+        return scalar(name, Form::flag, formatter<Get>([](bool value) { return value ? "true" : "false"; }),
+                      setter<Set>([](const std::string& text) { return HSTStringUtils::iequals(text, "true"); }));
     }
     /// "true", absent when false.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> flagWhenTrue(const char* name) {
-        return scalar(
-            name,
-            [](JSONObjectWriter& w, const char* n, const T& r) {
-                if (std::invoke(Get, r)) w.addKey(n, true);
-            },
-            flagReader<Set>(), Form::flag);
+        return when<Get>(flag<Get, Set>(name));
     }
     /// An object of further keys of the same record; absent when they write nothing.
-    template <const auto& Rows>
+    template <const auto& Table>
     static constexpr Key<T> group(const char* name) {
-        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
-                       JSONObjectWriter object;
-                       object.shareNodesOf(w);
-                       writeKeys<T>(object, Rows, r);
-                       w.addKey(n, std::move(object));
-                   }};
-        key.readNode = [](T& r, const ptree& node) { readKeys<T>(node, Rows, r); };
-        return shaped(key, Form::object, &shapesOfRows<T, Rows>);
+        return {{name, Group{[]() -> Rows { return std::span<const Key<T>>(Table); }}, Form::object,
+                 &shapesOfRows<T, Table>}};
     }
     /// Another record as an object. `Get` gives it for writing, `GetWritable` for reading by its own table.
     template <auto Get, auto GetWritable = nullptr>
     static constexpr Key<T> object(const char* name) {
-        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
-                       w.addKey(n, static_cast<const teq_platform::JSONSerializable*>(&std::invoke(Get, r)));
-                   }};
-        if constexpr (!isNull<GetWritable>) {
+        Object object{[](const void* record) -> const JSONSerializable& { return std::invoke(Get, of(record)); },
+                      nullptr, nullptr};
+        if constexpr (detail::isNull<GetWritable>) {
+            return {{name, object}};
+        } else {
             using Record = std::remove_cvref_t<std::invoke_result_t<decltype(GetWritable), T&>>;
-            key = shaped(key, Form::object, &shapesOfRecord<Record>);
-            key.readNode = [](T& r, const ptree& node) {
-                readKeys(node, keysOf<Record>(), std::invoke(GetWritable, r));
-            };
+            object.writable = [](void* record) -> void* { return &std::invoke(GetWritable, of(record)); };
+            object.rows = []() -> Rows { return keysOf<Record>(); };
+            return {{name, object, Form::object, &shapesOfRecord<Record>}};
         }
-        return key;
     }
     /// A list of records; absent when empty. `Items` gives a range of pointers, or an iterator that is to be deleted;
     /// `Add` makes the record that an item of the document is read into, by its own table.
     template <auto Items, auto Add = nullptr>
     static constexpr Key<T> objects(const char* name) {
-        Key<T> key{name,
-                   [](JSONObjectWriter& w, const char* n, const T& r) { addRecords(w, n, std::invoke(Items, r)); }};
-        if constexpr (!isNull<Add>) {
+        Objects objects{[](const void* record, const std::function<void(const JSONSerializable*)>& use) {
+                            detail::forEach(std::invoke(Items, of(record)), use);
+                        },
+                        nullptr, nullptr};
+        if constexpr (detail::isNull<Add>) {
+            return {{name, objects}};
+        } else {
             using Record = std::remove_cvref_t<decltype(*std::invoke(Add, std::declval<T&>()))>;
-            key = shaped(key, Form::list, &shapesOfRecord<Record>);
-            key.readNode = [](T& r, const ptree& node) {
-                for (const auto& [none, item] : node) readKeys(item, keysOf<Record>(), *std::invoke(Add, r));
-            };
+            objects.add = [](void* record) -> void* { return std::invoke(Add, of(record)); };
+            objects.rows = []() -> Rows { return keysOf<Record>(); };
+            return {{name, objects, Form::list, &shapesOfRecord<Record>}};
         }
-        return key;
     }
     /// A list of texts; empty ones are left out.
     template <auto Get, auto Add = nullptr>
     static constexpr Key<T> texts(const char* name) {
-        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) { w.addKey(n, std::invoke(Get, r)); }};
-        if constexpr (!isNull<Add>) {
-            key = shaped(key, Form::texts);
-            key.readNode = [](T& r, const ptree& node) {
-                for (const auto& [none, item] : node) std::invoke(Add, r, item.data());
-            };
-        }
-        return key;
+        Texts texts{[](const void* record) -> HSTVector<std::string> { return std::invoke(Get, of(record)); },
+                    nullptr};
+        if constexpr (!detail::isNull<Add>)
+            texts.add = [](void* record, const std::string& text) { std::invoke(Add, of(record), text); };
+        return {{name, texts, Form::texts}};
     }
     /// A map as a list of objects with "name" and "value" (or another key in its place).
     template <auto Get, auto Add = nullptr, const auto& ValueKey = kValueKey>
     static constexpr Key<T> pairs(const char* name) {
-        Key<T> key{name, [](JSONObjectWriter& w, const char* n, const T& r) {
-                       JSONListWriter list;
-                       list.shareNodesOf(w);
-                       for (const auto& [first, second] : std::invoke(Get, r)) {
-                           JSONObjectWriter item;
-                           item.shareNodesOf(list);
-                           item.addKey("name", first);
-                           item.addKey(ValueKey, second);
-                           list.addItem(std::move(item));
-                       }
-                       w.addKey(n, std::move(list));
-                   }};
-        if constexpr (!isNull<Add>) {
-            key = shaped(key, Form::list, &shapesOfPair<ValueKey>);
-            key.readNode = [](T& r, const ptree& node) {
-                for (const auto& [none, item] : node)
-                    std::invoke(Add, r, textAt(item, "name"), textAt(item, ValueKey));
+        Pairs pairs{[](const void* record) -> const std::map<std::string, std::string>& {
+                        return std::invoke(Get, of(record));
+                    },
+                    nullptr, ValueKey};
+        if constexpr (!detail::isNull<Add>)
+            pairs.add = [](void* record, const std::string& first, const std::string& second) {
+                std::invoke(Add, of(record), first, second);
             };
-        }
-        return key;
+        return {{name, pairs, Form::list, detail::isNull<Add> ? nullptr : &shapesOfPair<ValueKey>}};
+    }
+    /// A key of any form, read when the document has it. `Write` is a function of a writer, the name and a record,
+    /// `Read` one of a record and a node.
+    template <auto Write, auto Read = nullptr>
+    static constexpr Key<T> custom(const char* name, Form form = Form::unknown, Shapes (*inner)() = nullptr) {
+        Custom custom{[](JSONObjectWriter& writer, const char* key, const void* record) {
+                          std::invoke(Write, writer, key, of(record));
+                      },
+                      nullptr};
+        if constexpr (!detail::isNull<Read>)
+            custom.read = [](void* record, const ptree& node) { std::invoke(Read, of(record), node); };
+        return ifPresent(Key<T>{{name, custom, form, inner}});
     }
 
 private:
-    template <auto F>
-    static constexpr bool isNull = std::is_same_v<decltype(F), std::nullptr_t>;
+    static T& of(void* record) { return *static_cast<T*>(record); }
+    static const T& of(const void* record) { return *static_cast<const T*>(record); }
 
-    using ReadText = void (*)(T& record, const std::string& text);
-
-    static constexpr Key<T> scalar(const char* name, decltype(Key<T>::write) write, ReadText read, Form form) {
-        return shaped(Key<T>{name, write, read}, form);
+    static constexpr Key<T> scalar(const char* name, Form form, decltype(Scalar::get) get,
+                                   decltype(Scalar::set) set) {
+        return {{name, Scalar{get, set}, form}};
     }
 
-    /// A char type is a number here.
-    template <class N>
-    static std::string decimal(N value) {
-        return std::to_string(+value);
+    template <auto Get>
+    static constexpr decltype(Scalar::get) getter() {
+        return [](const void* record, std::string& buffer) -> const std::string& {
+            if constexpr (std::is_same_v<std::invoke_result_t<decltype(Get), const T&>, const std::string&>)
+                return std::invoke(Get, of(record));
+            else
+                return buffer = std::invoke(Get, of(record));
+        };
     }
-
-    template <auto Set>
-    static constexpr ReadText textReader() {
-        if constexpr (isNull<Set>)
+    /// `format` has no state.
+    template <auto Get, class Format>
+    static constexpr decltype(Scalar::get) formatter(Format) {
+        return [](const void* record, std::string& buffer) -> const std::string& {
+            return buffer = Format()(std::invoke(Get, of(record)));
+        };
+    }
+    template <auto Set, class Parse>
+    static constexpr decltype(Scalar::set) setter(Parse) {
+        if constexpr (detail::isNull<Set>)
             return nullptr;
         else
-            return [](T& r, const std::string& text) { std::invoke(Set, r, text); };
+            return [](void* record, const std::string& text) { std::invoke(Set, of(record), Parse()(text)); };
     }
     template <auto Set>
-    static constexpr ReadText numberReader() {
-        if constexpr (isNull<Set>)
+    static constexpr decltype(Scalar::set) numberSetter() {
+        if constexpr (detail::isNull<Set>)
             return nullptr;
         else
-            return [](T& r, const std::string& text) {
-                std::invoke(Set, r, static_cast<decltype(argumentOf(Set))>(HSTStringUtils::toNumber(text)));
-            };
-    }
-    template <auto Set>
-    static constexpr ReadText flagReader() {
-        if constexpr (isNull<Set>)
-            return nullptr;
-        else
-            return [](T& r, const std::string& text) { std::invoke(Set, r, HSTStringUtils::iequals(text, "true")); };
+            return setter<Set>([](const std::string& text) {
+                return static_cast<decltype(detail::argumentOf(Set))>(HSTStringUtils::toNumber(text));
+            });
     }
 };
-
-template <class T>
-void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Key<T>>> keys, const T& record) {
-    for (const Key<T>& key : keys)
-        if (key.write) key.write(writer, key.name, record);
-}
-
-/// Reads one key of `node`, if it is read at all. Of duplicates the first counts.
-template <class T>
-void readKey(const ptree& node, const Key<T>& key, std::type_identity_t<T>& record) {
-    static const std::string none;
-    if (!key.readText && !key.readNode) return;
-    const auto at = node.find(key.name);
-    const bool found = at != node.not_found();
-    if (!found && key.required) node.get_child(key.name);  // throws
-    if (found && key.readNode) key.readNode(record, at->second);
-    if (key.readText && (found || !key.ifPresent)) key.readText(record, found ? at->second.data() : none);
-}
-
-/// Reads the keys of the table; unknown keys of `node` are ignored.
-template <class T>
-void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
-    for (const Key<T>& key : keys) readKey(node, key, record);
-}
-
-/// The table of a record's class, for its reader; each class specialises it beside its `toJSON`.
-template <class T>
-std::span<const Key<T>> keysOf();
 
 /// A list of objects, each written by its own `toJSON`; absent when the list is empty. `range` holds pointers.
 template <class Range>
 void addList(JSONObjectWriter& writer, const char* name, const Range& range) {
     JSONListWriter list;
     list.shareNodesOf(writer);
-    for (const auto* item : range) list.addItem(static_cast<const teq_platform::JSONSerializable*>(item));
+    for (const auto* item : range) list.addItem(static_cast<const JSONSerializable*>(item));
     writer.addKey(name, std::move(list));
-}
-
-/// The same for a range of pointers or an iterator of the model, which is deleted.
-template <class Source>
-void addRecords(JSONObjectWriter& writer, const char* name, Source source) {
-    if constexpr (std::is_pointer_v<Source>) {
-        const std::unique_ptr<std::remove_pointer_t<Source>> it(source);
-        JSONListWriter list;
-        list.shareNodesOf(writer);
-        while (it->hasNext()) list.addItem(static_cast<const teq_platform::JSONSerializable*>(it->next()));
-        writer.addKey(name, std::move(list));
-    } else {
-        addList(writer, name, source);
-    }
 }
 
 }  // namespace json

@@ -39,8 +39,7 @@ constexpr json::Key<HTEQPlatform> kKeys[] = {
     K::text<&HTEQPlatform::getHardwareEmuPlatformFile>("hwEmuFile"),
     K::text<&HTEQPlatform::getSoftwarePlatformFile>("swFile"),
     K::text<&HTEQPlatform::getPlatformDir>("directory"),
-    {"targetCategories",
-     [](JSONObjectWriter& w, const char* name, const HTEQPlatform& p) { w.addKey(name, targetCategories(p)); }},
+    K::texts<&targetCategories>("targetCategories"),
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/HTEQCfaJsonReader.h"
 
+#include <algorithm>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -17,11 +18,13 @@
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHpfmReader.h"
 #include "readers/Problem.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 
 namespace {
 
+using hardware::Turn;
 using json::ptree;
 using Mode = HTEQCfaJsonReader::HwMetadataMode;
 
@@ -42,11 +45,6 @@ std::string chosen(const archive::MemberSource& source, Mode mode, const std::st
     return source.contains(primary) ? primary : "";
 }
 
-const ptree* listAt(const ptree& document, const char* key) {
-    const auto at = document.find(key);
-    return at == document.not_found() ? nullptr : &at->second;
-}
-
 /// What the emulation targets of a listed file say of the platform.
 void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
     for (const HTEQEmulation* emulation : emulations.getEmulations())
@@ -58,12 +56,13 @@ void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
 
 void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
     const auto [begin, end] = platform.getFileVecRange();
-    std::set<std::pair<std::string, std::string>> seen;  // a stranger may list one file a hundred thousand times
+    std::set<std::pair<bool, std::string>> seen;  // a stranger may list one file a hundred thousand times
     for (auto it = begin; it != end; ++it) {
-        const bool isEmulation = (*it)->getType() == "EMU_XML" || (*it)->getType() == "EMU_JSON";
-        if (!isEmulation || !seen.emplace((*it)->getType(), (*it)->getName()).second) continue;
+        const bool isXml = HSTStringUtils::iequals((*it)->getType(), "EMU_XML");
+        const bool isJson = HSTStringUtils::iequals((*it)->getType(), "EMU_JSON");
+        if ((!isXml && !isJson) || !seen.emplace(isXml, (*it)->getName()).second) continue;
         HTEQEmulations emulations;
-        if ((*it)->getType() == "EMU_XML")
+        if (isXml)
             HTEQEmulationXMLReader::parseFromCfa(archive, (*it)->getName(), &emulations);
         else
             HTEQEmulationJsonReader::parseFromCfa(archive, (*it)->getName(), &emulations);
@@ -148,16 +147,16 @@ void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
     readEmulationFiles(archive_, *platform_);
     std::optional<HTEQHpfmReader> hpfm;  // one for both, so that the text is parsed once
     if (std::string text = getHpfmStr(); !text.empty()) hpfm.emplace(std::move(text), platform_);
-    if (const ptree* list = listAt(document, "busInterfaces"); !(hpfm && hpfm->parseBusInterfaces()) && list)
-        hardware::readBusInterfaces(*list, *platform_);
-    if (const ptree* list = listAt(document, "nocConnectivity"); !(hpfm && hpfm->parseNocConnectivity()) && list)
-        hardware::readNocConnectivity(*list, *platform_);
-    if (const ptree* list = listAt(document, "ipParameters")) hardware::readIPParams(*list, *platform_);
+    if (!hpfm || !hpfm->parseBusInterfaces()) hardware::readKeys(document, Turn::busInterfaces, *platform_);
+    if (!hpfm || !hpfm->parseNocConnectivity()) hardware::readKeys(document, Turn::nocConnectivity, *platform_);
+    hardware::readKeys(document, Turn::parameters, *platform_);
 }
 
 std::string HTEQCfaJsonReader::getHpfmFile() const {
-    const HPLFile* file = platform_->findFile("HPFM");
-    return file && source_ && source_->contains(file->getName()) ? file->getName() : "";
+    const auto [begin, end] = platform_->getFileVecRange();
+    const auto file =
+        std::find_if(begin, end, [](const HPLFile* f) { return HSTStringUtils::iequals(f->getType(), "HPFM"); });
+    return file != end && source_ && source_->contains((*file)->getName()) ? (*file)->getName() : "";
 }
 
 std::string HTEQCfaJsonReader::getHpfmStr() const {

@@ -5,21 +5,27 @@
 #include <limits>
 #include <memory>
 
-#include "hardware/RomNames.h"
 #include "hardware/SlrIndex.h"
+#include "platform/HPLAddressSegment.h"
+#include "platform/HPLDevice.h"
+#include "platform/HPLFile.h"
+#include "platform/HPLInterface.h"
+#include "platform/HPLMemory.h"
+#include "platform/HPLPCIeId.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HPLPort.h"
+#include "platform/HTEQDesignIPInstance.h"
 #include "platform/HTEQHardwareFeatureRom.h"
-#include "readers/CfaXmlTexts.h"
+#include "readers/Bindings.h"
 #include "readers/DocumentFile.h"
 #include "text/HSTStringUtils.h"
 #include "xml/XmlWriter.h"
 
 namespace {
 
-using cfaxml::writeTexts;
+using binding::write;
 
 constexpr const char* kDefaultBinaryFormat = "rovapk2";
-
-std::string flagText(bool value) { return value ? "true" : "false"; }
 
 /// Calls `use` with each object of a walk that the model made.
 template <class T, class Use>
@@ -56,136 +62,65 @@ std::optional<Switches> switchesOf(const HSTVector<std::string>& values) {
     return result;
 }
 
-std::uint8_t computeUnitsOf(const HPLCore& core) {
-    constexpr unsigned kMost = std::numeric_limits<std::uint8_t>::max();
+void checkComputeUnits(const HPLCore& core) {
+    constexpr unsigned kMax = std::numeric_limits<std::uint8_t>::max();
     const unsigned units = core.getNumComputeUnits();
-    if (units > kMost)
+    if (units > kMax)
         throw xml::Exception(xml::Violation{
-            {}, "Core", fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMost)});
-    return static_cast<std::uint8_t>(units);
+            {}, "Core", fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMax)});
 }
 
-}  // namespace
-
-HTEQCfaXmlWriter::HTEQCfaXmlWriter(HPLPlatform* platform, std::string file)
-    : platform_(platform), file_(std::move(file)) {}
-
-void HTEQCfaXmlWriter::writeCFA() {
-    readers::writeDocument(file_, [this] { return document_(); });
-}
-
-std::string HTEQCfaXmlWriter::getText() const {
-    return readers::makeDocument(file_, [this] { return document_(); });
-}
-
-std::string HTEQCfaXmlWriter::document_() const {
-    BasePlatform::Root root;
-    root.VersionMajor.set(root.VersionMajor.get());
-    root.VersionMinor.set(root.VersionMinor.get());
-    writeGenAppInfo_(root);
-    writeCFA_(root.cfa);
-    return xml::write(BasePlatform::kDocument, root);
-}
-
-void HTEQCfaXmlWriter::writeGenAppInfo_(BasePlatform::Root& record) const {
-    BasePlatform::GenAppInfo& to = record.genAppInfo.emplace();
-    writeTexts(*platform_, to);
-    to.CL.set(platform_->getGeneratedChangeList());
-}
-
-void HTEQCfaXmlWriter::writeCFA_(BasePlatform::CFA& record) const {
-    writeTexts(*platform_, record);
-    record.VersionMajor.set(platform_->getVersionMajor());
-    record.VersionMinor.set(platform_->getVersionMinor());
-    record.FeatureRomTimestamp.set(platform_->getOldFeatureRomTime());
-    record.DcpLogicFunctionStripped.set(flagText(platform_->isDcpFuncStripped()));
-    record.DcpEncrypt.set(flagText(platform_->isDcpEncrypt()));
-    record.Unified.set(flagText(platform_->isUnifiedPlatform()));
-    record.Fixed.set(flagText(!platform_->isExpandable()));
-    writeHostArchitecture_(record);
-    writeBuildFlow_(record);
-    writeBoard_(record);
-    writeDesignIPs_(record);
-    writeDevices_(record);
-    writeFiles_(record);
-    writeFeatureRom_(record);
-}
-
-void HTEQCfaXmlWriter::writeHostArchitecture_(BasePlatform::CFA& record) const {
-    if (platform_->usesPR()) writeTexts(*platform_, record.host.emplace());
-}
-
-void HTEQCfaXmlWriter::writeBuildFlow_(BasePlatform::CFA& record) const {
-    BasePlatform::Build& build = record.build;
-    writeTexts(*platform_, build);
-    build.UsesPR.set(flagText(platform_->usesPR()));
-    if (const std::string& format = platform_->getAcceleratorBinaryFormat(); format != kDefaultBinaryFormat)
+void writeBuild(const HPLPlatform& platform, BasePlatform::Build& build) {
+    write(platform, build);
+    if (const std::string& format = platform.getAcceleratorBinaryFormat(); format != kDefaultBinaryFormat)
         build.AcceleratorBinaryFormat.set(format);
-    if (std::string values = platform_->getValidBinaryContentValuesAsStr(); !values.empty())
+    if (std::string values = platform.getValidBinaryContentValuesAsStr(); !values.empty())
         build.ValidBinaryContentValues.set(std::move(values));
-    build.compileSwitches = switchesOf<BasePlatform::ZuncCompileSwitches>(platform_->getZuncCompileXpSwitches());
-    build.linkSwitches = switchesOf<BasePlatform::ZuncLinkSwitches>(platform_->getZuncLinkXpSwitches());
+    build.compileSwitches = switchesOf<BasePlatform::ZuncCompileSwitches>(platform.getZuncCompileXpSwitches());
+    build.linkSwitches = switchesOf<BasePlatform::ZuncLinkSwitches>(platform.getZuncLinkXpSwitches());
 }
 
-void HTEQCfaXmlWriter::writeBoard_(BasePlatform::CFA& record) const {
-    writeTexts(platform_->getReadOnlyBoard(), record.board);
-    writeInterfaces_(record.board);
-    writeMemories_(record.board);
-    writeConnectors_(record.board);
-    writeImages_(record.board);
-    writePCIeId_(record.board);
-}
-
-/// The form has room for one: of several the last.
-void HTEQCfaXmlWriter::writeInterfaces_(BasePlatform::Board& record) const {
-    forEach(platform_->createInterfaceIter(), [&](const HPLInterface& interface) {
-        writeTexts(interface, record.interfaces.emplace().interface.emplace());
-    });
-}
-
-void HTEQCfaXmlWriter::writeMemories_(BasePlatform::Board& record) const {
+void writeMemories(const HPLPlatform& platform, BasePlatform::Board& record) {
     using BasePlatform::Param;
-    forEach(platform_->createMemoryIter(), [&](const HPLMemory& memory) {
+    forEach(platform.createMemoryIter(), [&](const HPLMemory& memory) {
         BasePlatform::Memory& to = listOf(record.memories).memories.emplace_back();
-        writeTexts(memory, to);
-        to.LowestAddress.set(static_cast<std::int64_t>(memory.getLowestAddress()));
-        to.HighestAddress.set(static_cast<std::int64_t>(memory.getHighestAddress()));
+        write(memory, to);
         if (const auto& params = memory.getReadOnlyConfigParamMap(); !params.empty())
             writePairs<&Param::Name, &Param::Value>(params, to.config.emplace().params);
     });
 }
 
-void HTEQCfaXmlWriter::writeConnectors_(BasePlatform::Board& record) const {
-    HSTVector<HPLBoard::DimmConnector*> connectors;
-    platform_->getReadOnlyBoard().getConnectorsVec(connectors);
-    for (const HPLBoard::DimmConnector* connector : connectors) {
-        BasePlatform::Connector& to = listOf(record.connectors).connectors.emplace_back();
-        writeTexts(*connector, to);
-        if (connector->isLocked()) to.IsLocked.set(flagText(true));
-    }
-}
-
-void HTEQCfaXmlWriter::writeImages_(BasePlatform::Board& record) const {
-    const HPLBoard& board = platform_->getReadOnlyBoard();
+void writeImages(const HPLBoard& board, BasePlatform::Images& record) {
     const std::pair<const char*, const std::string&> images[] = {
         {"HDPI", board.getImgFileHdpi()}, {"MDPI", board.getImgFileMdpi()}, {"LDPI", board.getImgFileLdpi()}};
     for (const auto& [type, file] : images) {
-        BasePlatform::Img& to = record.images.imgs.emplace_back();
+        BasePlatform::Img& to = record.imgs.emplace_back();
         to.Type.set(type);
         to.File.set(file);
     }
 }
 
-void HTEQCfaXmlWriter::writePCIeId_(BasePlatform::Board& record) const {
-    if (platform_->usesPR() || platform_->isFlatShell())
-        writeTexts(platform_->getReadOnlyBoard().getPCIeId(), record.pcieId.emplace());
+void writeBoard(const HPLPlatform& platform, BasePlatform::Board& record) {
+    const HPLBoard& board = platform.getReadOnlyBoard();
+    write(board, record);
+    // The form has room for one interface: of several the last.
+    forEach(platform.createInterfaceIter(), [&](const HPLInterface& interface) {
+        write(interface, record.interfaces.emplace().interface.emplace());
+    });
+    writeMemories(platform, record);
+    HSTVector<HPLBoard::DimmConnector*> connectors;
+    board.getConnectorsVec(connectors);
+    for (const HPLBoard::DimmConnector* connector : connectors)
+        write(*connector, listOf(record.connectors).connectors.emplace_back());
+    writeImages(board, record.images);
+    if (platform.usesPR() || platform.isFlatShell()) write(board.getPCIeId(), record.pcieId.emplace());
 }
 
-void HTEQCfaXmlWriter::writeDesignIPs_(BasePlatform::CFA& record) const {
+void writeDesignIPs(const HPLPlatform& platform, BasePlatform::CFA& record) {
     using BasePlatform::Parameter;
-    forEach(platform_->createDesignIPInstanceIter(), [&](const HTEQDesignIPInstance& ip) {
+    forEach(platform.createDesignIPInstanceIter(), [&](const HTEQDesignIPInstance& ip) {
         BasePlatform::IP& to = listOf(record.designIPs).ips.emplace_back();
-        writeTexts(ip, to);
+        write(ip, to);
         std::map<std::string, std::string> params;
         ip.getConfigParamMap(params);
         if (!params.empty())
@@ -193,38 +128,10 @@ void HTEQCfaXmlWriter::writeDesignIPs_(BasePlatform::CFA& record) const {
     });
 }
 
-void HTEQCfaXmlWriter::writeDevices_(BasePlatform::CFA& record) const {
-    using BasePlatform::SystemClock;
-    forEach(platform_->createDeviceIter(), [&](const HPLDevice& device) {
-        BasePlatform::Device& to = record.devices.devices.emplace_back();
-        writeTexts(device, to);
-        if (const auto& clocks = device.getSystemClockMap(); !clocks.empty())
-            writePairs<&SystemClock::Name, &SystemClock::Frequency>(clocks, to.systemClocks.emplace().clocks);
-        writeCore_(device.getReadOnlyCore(), to.core);
-    });
-}
-
-void HTEQCfaXmlWriter::writeCore_(const HPLCore& core, BasePlatform::Core& record) const {
-    using BasePlatform::InnerCoreConfigParam;
-    writeTexts(core, record);
-    record.ComputeUnits.set(computeUnitsOf(core));
-    BasePlatform::InnerCore& inner = record.innerCore.emplace();
-    writeResources_(core, inner);
-    if (const auto& params = core.getReadOnlyConfigParamMap(); !params.empty())
-        writePairs<&InnerCoreConfigParam::Name, &InnerCoreConfigParam::Value>(params, inner.config.emplace().params);
-    forEach(core.createPortIter(), [&](const HPLPort& port) {
-        BasePlatform::Port& to = inner.ports.emplace_back();
-        writeTexts(port, to);
-        forEach(port.createAddressSegmentIter(), [&](const HPLAddressSegment& segment) {
-            writeTexts(segment, listOf(to.addressSegments).segments.emplace_back());
-        });
-    });
-}
-
-void HTEQCfaXmlWriter::writeResources_(const HPLCore& core, BasePlatform::InnerCore& record) const {
+void writeResources(const HPLCore& core, BasePlatform::InnerCore& record) {
     using BasePlatform::Resource;
     BasePlatform::AvailableResources& to = record.availableResources.emplace();
-    writeTexts(core, to);
+    write(core, to);
     const hardware::SlrIndex slrs(core.getReadOnlySLRMap());
     for (const auto& [name, resources] : core.getReadOnlyPBlockToResourceMap()) {
         BasePlatform::PBlock& pblock = to.pblocks.emplace_back();
@@ -236,33 +143,67 @@ void HTEQCfaXmlWriter::writeResources_(const HPLCore& core, BasePlatform::InnerC
     }
 }
 
-void HTEQCfaXmlWriter::writeFiles_(BasePlatform::CFA& record) const {
-    const auto [begin, end] = platform_->getFileVecRange();
-    for (auto it = begin; it != end; ++it) writeTexts(**it, record.files.files.emplace_back());
+void writeCore(const HPLCore& core, BasePlatform::Core& record) {
+    using BasePlatform::InnerCoreConfigParam;
+    checkComputeUnits(core);
+    write(core, record);
+    BasePlatform::InnerCore& inner = record.innerCore.emplace();
+    writeResources(core, inner);
+    if (const auto& params = core.getReadOnlyConfigParamMap(); !params.empty())
+        writePairs<&InnerCoreConfigParam::Name, &InnerCoreConfigParam::Value>(params, inner.config.emplace().params);
+    forEach(core.createPortIter(), [&](const HPLPort& port) {
+        BasePlatform::Port& to = inner.ports.emplace_back();
+        write(port, to);
+        forEach(port.createAddressSegmentIter(), [&](const HPLAddressSegment& segment) {
+            write(segment, listOf(to.addressSegments).segments.emplace_back());
+        });
+    });
 }
 
-/// The form has room for one: of several the first.
-void HTEQCfaXmlWriter::writeFeatureRom_(BasePlatform::CFA& record) const {
-    const auto [begin, end] = platform_->getFeatureRomVecRange();
-    if (begin == end) return;
-    const HTEQHardwareFeatureRom& rom = **begin;
-    BasePlatform::FeatureRom& to = record.featureRom.emplace();
-    to.MajorVersion.set(rom.getMajorVersion());
-    to.MinorVersion.set(rom.getMinorVersion());
-    to.MorwenBuildID.set(rom.getMorwenBuildID());
-    to.IPBuildID.set(rom.getIPBuildID());
-    to.TimeSinceEpoch.set(rom.getTimeSinceEpoch());
-    to.FPGAPartName.set(hardware::romNameText(rom.getFPGAPartName()));
-    to.VBNVName.set(hardware::romNameText(rom.getVBNVName()));
-    to.DDRChannelCount.set(rom.getDDRChannelCount());
-    to.DDRChannelSize.set(rom.getDDRChannelSize());
-    to.DRBaseAddress.set(rom.getDRBaseAddress());
-    to.FeatureBitMap.set(rom.getFeatureBitMap());
-    to.UUID.set(rom.getUUIDAsString());
-    to.CDMABaseAddress0.set(rom.getCDMABaseAddress(0));
-    to.CDMABaseAddress1.set(rom.getCDMABaseAddress(1));
-    to.CDMABaseAddress2.set(rom.getCDMABaseAddress(2));
-    to.CDMABaseAddress3.set(rom.getCDMABaseAddress(3));
-    if (const auto limit = rom.getMaxTempLimit(); limit != 0) to.MaxTempLimit.set(limit);
-    if (const auto limit = rom.getMaxPowerLimit(); limit != 0) to.MaxPowerLimit.set(limit);
+void writeDevices(const HPLPlatform& platform, BasePlatform::Devices& record) {
+    using BasePlatform::SystemClock;
+    forEach(platform.createDeviceIter(), [&](const HPLDevice& device) {
+        BasePlatform::Device& to = record.devices.emplace_back();
+        write(device, to);
+        if (const auto& clocks = device.getSystemClockMap(); !clocks.empty())
+            writePairs<&SystemClock::Name, &SystemClock::Frequency>(clocks, to.systemClocks.emplace().clocks);
+        writeCore(device.getReadOnlyCore(), to.core);
+    });
+}
+
+void writeCFA(const HPLPlatform& platform, BasePlatform::CFA& record) {
+    write(platform, record);
+    record.Fixed.set(platform.isExpandable() ? "false" : "true");
+    if (platform.usesPR()) write(platform, record.host.emplace());
+    writeBuild(platform, record.build);
+    writeBoard(platform, record.board);
+    writeDesignIPs(platform, record);
+    writeDevices(platform, record.devices);
+    const auto [begin, end] = platform.getFileVecRange();
+    for (auto it = begin; it != end; ++it) write(**it, record.files.files.emplace_back());
+    // The form has room for one ROM: of several the first.
+    if (const auto [first, last] = platform.getFeatureRomVecRange(); first != last)
+        write(**first, record.featureRom.emplace());
+}
+
+std::string documentOf(const HPLPlatform& platform) {
+    BasePlatform::Root root;
+    root.VersionMajor.set(root.VersionMajor.get());
+    root.VersionMinor.set(root.VersionMinor.get());
+    write(platform, root.genAppInfo.emplace());
+    writeCFA(platform, root.cfa);
+    return xml::write(BasePlatform::kDocument, root);
+}
+
+}  // namespace
+
+HTEQCfaXmlWriter::HTEQCfaXmlWriter(HPLPlatform* platform, std::string file)
+    : platform_(platform), file_(std::move(file)) {}
+
+void HTEQCfaXmlWriter::writeCFA() {
+    readers::writeDocument(file_, [this] { return documentOf(*platform_); });
+}
+
+std::string HTEQCfaXmlWriter::getText() const {
+    return readers::makeDocument(file_, [this] { return documentOf(*platform_); });
 }

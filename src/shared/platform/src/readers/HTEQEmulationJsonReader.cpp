@@ -2,8 +2,8 @@
 
 #include "json/JsonFile.h"
 #include "msg/HEXAll.h"
-#include "platform/HTEQEmulations.h"
 #include "readers/ArchiveMember.h"
+#include "readers/EmulationKeys.h"
 #include "util/HUTPathUtils.h"
 
 HTEQEmulationJsonReader::HTEQEmulationJsonReader(const std::string& file, HTEQEmulations* emulations)
@@ -33,15 +33,5 @@ void HTEQEmulationJsonReader::parseFromCfa(const std::string& archive, const std
 }
 
 void HTEQEmulationJsonReader::parseRoot_(const json::ptree& root) {
-    if (const auto version = root.get_optional<std::string>("pfm_metadata_version"))
-        emulations_->setPfmMetadataVersion(*version);
-    for (const auto& [emulationKey, from] : root.get_child("emulations")) {
-        HTEQEmulation& emulation = *emulations_->createEmulation();
-        emulation.setName(from.get<std::string>("name", ""));
-        for (const auto& [fileKey, file] : from.get_child("files")) {
-            const auto type = file.get<std::string>("type");
-            HTEQEmulationFile& added = *emulation.createFile(type, file.get<std::string>("name"));
-            if (const auto path = file.get_optional<std::string>("inst_path")) added.setInstPath(path->c_str());
-        }
-    }
+    json::readKeys(root, json::keysOf<HTEQEmulations>(), *emulations_);
 }

@@ -17,6 +17,15 @@ namespace {
     throw error;
 }
 
+void fill(const TEQEmulation::Root& record, HTEQEmulations& emulations) {
+    for (const TEQEmulation::Emulation& from : record.emulations.emulations) {
+        HTEQEmulation& emulation = *emulations.createEmulation();
+        emulation.setName(from.Name.get());
+        for (const TEQEmulation::File& file : from.files.files)
+            emulation.createFile(file.Type.get(), file.Name.get());
+    }
+}
+
 }  // namespace
 
 HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmulations* emulations)
@@ -26,7 +35,7 @@ HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmul
 
 void HTEQEmulationXMLReader::parseXml() {
     try {
-        parseRoot_(xml::readFile(TEQEmulation::kDocument, file_));
+        fill(xml::readFile(TEQEmulation::kDocument, file_), *emulations_);
     } catch (const xml::Exception& e) {
         report(e, file_);
     }
@@ -36,18 +45,8 @@ void HTEQEmulationXMLReader::parseFromCfa(const std::string& archive, const std:
                                           HTEQEmulations* emulations) {
     const std::string text = readers::textOfMember(archive, member);
     try {
-        const TEQEmulation::Root root = xml::read(TEQEmulation::kDocument, text, archive + "!" + member);
-        HTEQEmulationXMLReader(emulations).parseRoot_(root);
+        fill(xml::read(TEQEmulation::kDocument, text, archive + "!" + member), *emulations);
     } catch (const xml::Exception& e) {
         report(e, archive, member);
-    }
-}
-
-void HTEQEmulationXMLReader::parseRoot_(const TEQEmulation::Root& record) {
-    for (const TEQEmulation::Emulation& from : record.emulations.emulations) {
-        HTEQEmulation& emulation = *emulations_->createEmulation();
-        emulation.setName(from.Name.get());
-        for (const TEQEmulation::File& file : from.files.files)
-            emulation.createFile(file.Type.get(), file.Name.get());
     }
 }

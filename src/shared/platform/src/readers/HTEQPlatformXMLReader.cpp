@@ -8,13 +8,54 @@
 #include "msg/HEXAll.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
+#include "readers/Bindings.h"
+#include "readers/DescriptorRules.h"
 #include "readers/Printed.h"
 #include "readers/Problem.h"
-#include "readers/Saturated.h"
-#include "records/TEQPlatformLMX.h"
-#include "util/HUTFile.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
+
+namespace {
+
+using readers::archiveOf;
+using readers::partitionId;
+
+void readPartition(const TEQPlatform::ReconfigurablePartition& record, const std::string& file,
+                   HTEQPlatform& platform) {
+    auto partition = std::make_unique<HTEQReconfigurablePartition>(partitionId(record.id));
+    if (const auto* direct = std::get_if<TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform>(&record.content)) {
+        partition->setHardwarePlatformFile(archiveOf(direct->hardwarePlatform, file));
+        if (direct->hwEmuPlatform) partition->setHardwareEmuPlatformFile(archiveOf(*direct->hwEmuPlatform, file));
+    } else {
+        const auto& emulation = std::get<TEQPlatform::ReconfigurablePartitionHwEmu>(record.content);
+        partition->setHardwareEmuPlatformFile(archiveOf(emulation.hwEmuPlatform, file));
+    }
+    platform.addReconfigurablePartition(partition.release());
+}
+
+void readHardware(const TEQPlatform::HardwarePlatforms& record, const std::string& file, HTEQPlatform& platform) {
+    if (const auto* direct = std::get_if<TEQPlatform::AnonHardwarePlatform>(&record.content)) {
+        platform.setHardwarePlatformFile(archiveOf(direct->hardwarePlatform, file));
+        if (direct->hwEmuPlatform) platform.setHardwareEmuPlatformFile(archiveOf(*direct->hwEmuPlatform, file));
+    } else if (const auto* emulation = std::get_if<TEQPlatform::HwEmuOnly>(&record.content)) {
+        const std::string archive = archiveOf(emulation->hwEmuPlatform, file);
+        platform.setHardwareEmuPlatformFile(archive);
+        platform.setHardwarePlatformFile(archive);  // one file serves both
+    } else {
+        for (const auto& partition : std::get<TEQPlatform::Partitioned>(record.content).reconfigurablePartitions)
+            readPartition(partition, file, platform);
+        if (record.defaultRP.isSet()) platform.setDefaultRPId(partitionId(record.defaultRP));
+    }
+}
+
+void fill(const TEQPlatform::Platform& record, const std::string& file, HTEQPlatform& platform) {
+    binding::read(record, platform);
+    readHardware(record.hardwarePlatforms, file, platform);
+    platform.setSoftwarePlatformFile(readers::pathOf(record.softwarePlatforms.softwarePlatform, file));
+    platform.setPlatformFile(file);
+}
+
+}  // namespace
 
 HTEQPlatformXMLReader::HTEQPlatformXMLReader(const std::string& file, HTEQPlatform* platform)
     : file_(file), platform_(platform) {
@@ -24,7 +65,7 @@ HTEQPlatformXMLReader::HTEQPlatformXMLReader(const std::string& file, HTEQPlatfo
 bool HTEQPlatformXMLReader::parseFile() {
     errorMsg_.clear();
     try {
-        parsePlatform_(xml::readFile(TEQPlatform::kDocument, file_));
+        fill(xml::readFile(TEQPlatform::kDocument, file_), file_, *platform_);
         return true;
     } catch (const xml::Exception& e) {
         errorMsg_ = fmt::format("Error parsing platform file: {}\nLine number:{}. {}\n", file_, e.line(), e.what());
@@ -32,53 +73,4 @@ bool HTEQPlatformXMLReader::parseFile() {
         msg::Capture::send(ComMsgMgr::make("@74-9@%s", file_, e.line()), readers::problemOf(e, file_));
         return false;
     }
-}
-
-void HTEQPlatformXMLReader::parsePlatform_(const TEQPlatform::Platform& record) {
-    platform_->setVendor(record.vendor.get());
-    platform_->setLibrary(record.library.get());
-    platform_->setName(record.name.get());
-    platform_->setVersion(record.version.get().text);
-    platform_->setDescription(record.description);
-    parseHardwarePlatforms_(record.hardwarePlatforms);
-    platform_->setSoftwarePlatformFile(pathOf_(record.softwarePlatforms.softwarePlatform));
-    platform_->setPlatformFile(file_);
-}
-
-void HTEQPlatformXMLReader::parseHardwarePlatforms_(const TEQPlatform::HardwarePlatforms& record) {
-    if (const auto* direct = std::get_if<TEQPlatform::AnonHardwarePlatform>(&record.content)) {
-        platform_->setHardwarePlatformFile(canonicalPathOf_(direct->hardwarePlatform));
-        if (direct->hwEmuPlatform) platform_->setHardwareEmuPlatformFile(canonicalPathOf_(*direct->hwEmuPlatform));
-    } else if (const auto* emulation = std::get_if<TEQPlatform::HwEmuOnly>(&record.content)) {
-        const std::string file = canonicalPathOf_(emulation->hwEmuPlatform);
-        platform_->setHardwareEmuPlatformFile(file);
-        platform_->setHardwarePlatformFile(file);  // one file serves both
-    } else {
-        for (const auto& partition : std::get<TEQPlatform::Partitioned>(record.content).reconfigurablePartitions)
-            parseReconfigurablePartition_(partition);
-        if (record.defaultRP.isSet()) platform_->setDefaultRPId(saturated<unsigned>(record.defaultRP.get().value()));
-    }
-}
-
-void HTEQPlatformXMLReader::parseReconfigurablePartition_(const TEQPlatform::ReconfigurablePartition& record) {
-    auto partition = std::make_unique<HTEQReconfigurablePartition>(saturated<unsigned>(record.id.get().value()));
-    if (const auto* direct = std::get_if<TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform>(&record.content)) {
-        partition->setHardwarePlatformFile(canonicalPathOf_(direct->hardwarePlatform));
-        if (direct->hwEmuPlatform) partition->setHardwareEmuPlatformFile(canonicalPathOf_(*direct->hwEmuPlatform));
-    } else {
-        const auto& emulation = std::get<TEQPlatform::ReconfigurablePartitionHwEmu>(record.content);
-        partition->setHardwareEmuPlatformFile(canonicalPathOf_(emulation.hwEmuPlatform));
-    }
-    platform_->addReconfigurablePartition(partition.release());
-}
-
-template <class Record>
-std::string HTEQPlatformXMLReader::pathOf_(const Record& record) const {
-    const std::string separator = HUTFile::getDirSeparator();
-    return HUTFile::getParent(file_) + separator + record.path.get() + separator + record.name.get();
-}
-
-template <class Record>
-std::string HTEQPlatformXMLReader::canonicalPathOf_(const Record& record) const {
-    return HUTFile::getCanonicalName(pathOf_(record));
 }

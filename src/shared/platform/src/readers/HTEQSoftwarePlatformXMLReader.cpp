@@ -8,12 +8,47 @@
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
+#include "readers/Bindings.h"
 #include "readers/Printed.h"
 #include "readers/Problem.h"
-#include "records/TEQSoftwarePlatformLMX.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
+
+namespace {
+
+using binding::read;
+
+/// That an image runs in the emulator follows from its settings for it.
+void readBootImages(const TEQSoftwarePlatform::BootImages& record, HTEQSystemConfig& config) {
+    config.setDefaultBootImgName(record.default_.get());
+    const TEQSoftwarePlatform::Image& image = record.image;
+    read(image, *config.addBootImg());
+    if (image.qemuArguments.isSet() || image.qemuBoot.isSet() || image.qemuDevicetree.isSet())
+        config.setSupportsQemu(true);
+}
+
+void readConfiguration(const TEQSoftwarePlatform::Configuration& record, HTEQSystemConfig& config) {
+    read(record, config);
+    if (record.prebuilt) config.setPrebuiltData(record.prebuilt->data.get());
+    if (record.runtimes.isSet())
+        for (const std::string& runtime : HSTStringUtils::split(record.runtimes.get(), ','))
+            config.addRuntime(runtime);
+    for (const auto& from : record.processorGroups) {
+        HTEQProcessorGroup& group = *config.addProcessorGroup();
+        read(from, group);
+        read(from.os, group);
+    }
+    if (record.bootImages) readBootImages(*record.bootImages, config);
+}
+
+void fill(const TEQSoftwarePlatform::Platform& record, HTEQSoftwarePlatform& platform) {
+    read(record.systemConfigurations, platform);
+    for (const auto& configuration : record.systemConfigurations.configurations)
+        readConfiguration(configuration, *platform.addSystemConfig());
+}
+
+}  // namespace
 
 HTEQSoftwarePlatformXMLReader::HTEQSoftwarePlatformXMLReader(const std::string& file, HTEQSoftwarePlatform* platform)
     : file_(file), platform_(platform) {
@@ -23,7 +58,7 @@ HTEQSoftwarePlatformXMLReader::HTEQSoftwarePlatformXMLReader(const std::string& 
 bool HTEQSoftwarePlatformXMLReader::parseFile() {
     errorMsg_.clear();
     try {
-        parsePlatform_(xml::readFile(TEQSoftwarePlatform::kDocument, file_));
+        fill(xml::readFile(TEQSoftwarePlatform::kDocument, file_), *platform_);
         return true;
     } catch (const xml::Exception& e) {
         errorMsg_ =
@@ -32,73 +67,4 @@ bool HTEQSoftwarePlatformXMLReader::parseFile() {
         msg::Capture::send(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), readers::problemOf(e, file_));
         return false;
     }
-}
-
-void HTEQSoftwarePlatformXMLReader::parsePlatform_(const TEQSoftwarePlatform::Platform& record) {
-    parseSystemConfigurations_(record.systemConfigurations);
-}
-
-void HTEQSoftwarePlatformXMLReader::parseSystemConfigurations_(
-    const TEQSoftwarePlatform::SystemConfigurations& record) {
-    platform_->setDefaultConfigName(record.defaultConfiguration.get());
-    for (const auto& configuration : record.configurations) parseConfiguration_(configuration);
-}
-
-void HTEQSoftwarePlatformXMLReader::parseConfiguration_(const TEQSoftwarePlatform::Configuration& record) {
-    HTEQSystemConfig& config = *platform_->addSystemConfig();
-    config.setName(record.name.get());
-    config.setPrettyName(record.displayName.get());
-    config.setDesc(record.description);
-    if (record.prebuilt) config.setPrebuiltData(record.prebuilt->data.get());
-    config.setDefaultProcGrpName(record.defaultProcessorGroup.get());
-    if (record.runtimes.isSet())
-        for (const std::string& runtime : HSTStringUtils::split(record.runtimes.get(), ','))
-            config.addRuntime(runtime);
-    for (const auto& group : record.processorGroups) parseProcessorGroup_(group, config);
-    if (record.bootImages) parseBootImages_(*record.bootImages, config);
-}
-
-// An attribute that the file leaves out reads as the empty text, which is also what the model begins with: the
-// setters need no question whether it is there.
-
-void HTEQSoftwarePlatformXMLReader::parseProcessorGroup_(const TEQSoftwarePlatform::ProcessorGroup& record,
-                                                         HTEQSystemConfig& config) {
-    HTEQProcessorGroup& group = *config.addProcessorGroup();
-    group.setName(record.name.get());
-    group.setPrettyName(record.displayName.get());
-    group.setCpuType(record.cpuType.get());
-    group.setArch(record.architecture.get());
-    group.setCpuInstance(record.cpuInstance.get());
-    const TEQSoftwarePlatform::Os& os = record.os;
-    group.setOSName(os.name.get());
-    group.setOSPrettyName(os.displayName.get());
-    group.setIncludePaths(os.includePaths.get());
-    group.setLibraryPaths(os.libraryPaths.get());
-    group.setSysRoot(os.sysRoot.get());
-    group.setBSPLibraryPaths(os.bspLibraryPaths.get());
-    group.setBSPIncludePaths(os.bspIncludePaths.get());
-    group.setCompilerOptions(os.compilerOptions.get());
-    group.setLinkerOptions(os.linkerOptions.get());
-    group.setHypervisorGuest(HSTStringUtils::iequals(os.hypervisorGuest.get(), "yes"));
-}
-
-void HTEQSoftwarePlatformXMLReader::parseBootImages_(const TEQSoftwarePlatform::BootImages& record,
-                                                     HTEQSystemConfig& config) {
-    config.setDefaultBootImgName(record.default_.get());
-    HTEQBootImg& image = *config.addBootImg();
-    const TEQSoftwarePlatform::Image& from = record.image;
-    image.setName(from.name.get());
-    image.setType(from.type.get());
-    image.setBif(from.bif.get());
-    image.setImgData(from.imageData.get());
-    image.setBootMode(from.bootmode.get());
-    image.setRootFS(from.rootfs.get());
-    image.setMountPath(from.mountPath.get());
-    image.setReadMe(from.readme.get());
-    image.setQemuDevTree(from.qemuDevicetree.get());
-    image.setQemuBoot(from.qemuBoot.get());
-    image.setQemuArguments(from.qemuArguments.get());
-    image.setHwBootBin(from.hwBootBin.get());
-    if (from.qemuArguments.isSet() || from.qemuBoot.isSet() || from.qemuDevicetree.isSet())
-        config.setSupportsQemu(true);
 }

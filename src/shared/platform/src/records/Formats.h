@@ -1,4 +1,5 @@
 #pragma once
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -8,12 +9,18 @@
 /// The XML formats by their names for users; every choice of a format uses this list.
 namespace records {
 
+/// A document that has been held against its format.
+struct Checked {
+    std::shared_ptr<void> record;  ///< of the format's own type; of no use when there are violations
+    xml::Violations violations;
+};
+
 struct FormatRow {
     const char* name;  ///< also the extension of its schema: "zdf" of "zdf.xsd"
     const char* what;  ///< "a platform descriptor"
     const xml::Format* format;
-    /// All errors of the document, at most `most`.
-    xml::Violations (*check)(std::string_view text, const std::string& file, std::size_t most);
+    /// Reads the document and finds every fault of it, at most `most`.
+    Checked (*check)(std::string_view text, const std::string& file, std::size_t most);
 };
 
 std::span<const FormatRow> formats();

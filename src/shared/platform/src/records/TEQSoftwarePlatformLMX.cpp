@@ -75,7 +75,7 @@ constexpr auto kConfigurationAttributes = xml::attributes<Configuration>(
     required<&Configuration::displayName>("displayName", "Name for people."),
     optional<&Configuration::defaultProcessorGroup>(
         "defaultProcessorGroup",
-        "Name of the processor group that is used when none is chosen; the first one when no group has it."),
+        "Name of the default processor group, taken as given and not checked; left out, that of the first group."),
     optional<&Configuration::runtimes>("runtimes",
                                        "Runtimes that the configuration supports, such as ocl or cpp, separated by "
                                        "commas. Left empty it is one runtime without a name."));

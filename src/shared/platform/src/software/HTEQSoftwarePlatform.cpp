@@ -10,16 +10,17 @@
 
 namespace {
 
+HSTVector<HTEQSystemConfig*> configsOf(const HTEQSoftwarePlatform& platform) {
+    HSTVector<HTEQSystemConfig*> configs;
+    platform.getSystemConfigs(configs);
+    return configs;
+}
+
 using K = json::Keys<HTEQSoftwarePlatform>;
 constexpr json::Key<HTEQSoftwarePlatform> kKeys[] = {
     K::text<&HTEQSoftwarePlatform::getLinuxRootFileSystemPath>("linuxRootFileSystemPath"),
     K::text<&HTEQSoftwarePlatform::getDefaultConfigName>("defaultConfig"),
-    {"systemConfigurations",
-     [](teq_platform::JSONObjectWriter& writer, const char* name, const HTEQSoftwarePlatform& platform) {
-         HSTVector<HTEQSystemConfig*> configs;
-         platform.getSystemConfigs(configs);
-         json::addList(writer, name, configs);
-     }},
+    K::objects<&configsOf>("systemConfigurations"),
 };
 
 using GetRuntimes = void (HTEQSystemConfig::*)(HSTVector<std::string>&) const;

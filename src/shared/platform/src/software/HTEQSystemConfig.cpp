@@ -9,15 +9,12 @@ namespace {
 
 using teq_platform::JSONObjectWriter;
 
-/// A list of the objects or texts that `Get` appends to a vector.
+/// The objects or texts that `Get` appends to a vector.
 template <class Item, void (HTEQSystemConfig::*Get)(HSTVector<Item>&) const>
-void writeList(JSONObjectWriter& writer, const char* name, const HTEQSystemConfig& config) {
+HSTVector<Item> listOf(const HTEQSystemConfig& config) {
     HSTVector<Item> items;
     (config.*Get)(items);
-    if constexpr (std::is_pointer_v<Item>)
-        json::addList(writer, name, items);
-    else
-        writer.addKey(name, items);
+    return items;
 }
 
 using K = json::Keys<HTEQSystemConfig>;
@@ -29,9 +26,9 @@ constexpr json::Key<HTEQSystemConfig> kKeys[] = {
     K::text<&HTEQSystemConfig::getDefaultBootImgName>("defaultBootImage"),
     K::text<&HTEQSystemConfig::getPrebuiltData>("prebuiltData"),
     K::flag<&HTEQSystemConfig::isQemuSupported>("qemu"),
-    {"processorGroups", writeList<HTEQProcessorGroup*, &HTEQSystemConfig::getProcessorGroups>},
-    {"bootImages", writeList<HTEQBootImg*, &HTEQSystemConfig::getBootImgs>},
-    {"runtimes", writeList<std::string, &HTEQSystemConfig::getRuntimes>},
+    K::objects<&listOf<HTEQProcessorGroup*, &HTEQSystemConfig::getProcessorGroups>>("processorGroups"),
+    K::objects<&listOf<HTEQBootImg*, &HTEQSystemConfig::getBootImgs>>("bootImages"),
+    K::texts<&listOf<std::string, &HTEQSystemConfig::getRuntimes>>("runtimes"),
 };
 
 template <class T>

@@ -4,7 +4,7 @@
 
 /// `value`, or the nearest one that `T` can hold.
 template <class T, class V>
-T saturated(V value) {
+constexpr T saturate_cast(V value) {
     using Limits = std::numeric_limits<T>;
     if (std::cmp_less(value, Limits::min())) return Limits::min();
     if (std::cmp_greater(value, Limits::max())) return Limits::max();
