@@ -10,13 +10,13 @@
 #include "archive/ArchiveSource.h"
 #include "archive/PlatformMembers.h"
 #include "archive/TreeSource.h"
+#include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
 #include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
-#include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 using archive::MemberSource;

@@ -10,8 +10,8 @@
 #include <msg/MsgCatalogue.h>
 #include <platform/HTEQPlatformCAPI.h>
 
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 namespace {
 

@@ -19,9 +19,9 @@
 #include <platform/PlatformLoader.h>
 #include <zip/HUTZip.h>
 
-#include "support/Faults.h"
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Faults.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 namespace fs = std::filesystem;
 using faults::Action;

@@ -9,11 +9,11 @@
 
 #include "archive/Request.h"
 #include "hardware/Documents.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
-#include "support/Platforms.h"
-#include "support/Run.h"
 #include "zip/Archive.h"
 
 namespace fs = std::filesystem;

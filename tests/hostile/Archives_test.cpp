@@ -4,8 +4,8 @@
 #include <functional>
 #include <string>
 
-#include "hostile/Trial.h"
-#include "zip/ZipBuilder.h"
+#include "kit/Trial.h"
+#include "kit/ZipBuilder.h"
 
 using builder::Entry;
 using builder::Header;

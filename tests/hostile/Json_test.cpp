@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "hostile/Trial.h"
-#include "zip/ZipBuilder.h"
+#include "kit/Trial.h"
+#include "kit/ZipBuilder.h"
 
 namespace {
 

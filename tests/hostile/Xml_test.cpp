@@ -4,10 +4,10 @@
 #include <functional>
 #include <string>
 
-#include "hostile/Trial.h"
-#include "support/CfaXml.h"
-#include "support/Platforms.h"
-#include "zip/ZipBuilder.h"
+#include "kit/CfaXml.h"
+#include "kit/Platforms.h"
+#include "kit/Trial.h"
+#include "kit/ZipBuilder.h"
 
 namespace {
 

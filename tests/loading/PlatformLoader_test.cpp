@@ -6,12 +6,12 @@
 #include <sstream>
 
 #include "json/JsonText.h"
+#include "kit/CfaXml.h"
+#include "kit/Platforms.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/JSONWriter.h"
-#include "support/CfaXml.h"
-#include "support/Platforms.h"
 
 namespace {
 

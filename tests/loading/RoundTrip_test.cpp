@@ -4,11 +4,11 @@
 
 #include <map>
 
+#include "kit/Leaves.h"
+#include "kit/Platforms.h"
 #include "platform/HPLPlatform.h"
 #include "platform/PlatformLoader.h"
 #include "readers/Hpfm.h"
-#include "support/Leaves.h"
-#include "support/Platforms.h"
 #include "zip/Archive.h"
 
 namespace {

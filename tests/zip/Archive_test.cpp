@@ -7,10 +7,10 @@
 #include <memory>
 #include <random>
 
+#include "kit/ZipBuilder.h"
 #include "zip/ArchiveError.h"
 #include "zip/MemoryBytes.h"
 #include "zip/NestedArchive.h"
-#include "zip/ZipBuilder.h"
 
 using builder::Entry;
 using builder::Header;

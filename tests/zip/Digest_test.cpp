@@ -2,7 +2,7 @@
 
 #include <fmt/core.h>
 
-#include "support/Run.h"
+#include "kit/Run.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/HUTZip.h"

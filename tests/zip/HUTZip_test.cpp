@@ -10,6 +10,7 @@
 #include <map>
 #include <random>
 
+#include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -19,7 +20,6 @@
 #include "zip/Destination.h"
 #include "zip/NestedArchive.h"
 #include "zip/OnDisk.h"
-#include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 

@@ -4,18 +4,10 @@
 #include <unistd.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
-/// The bytes of a file; empty when it cannot be read.
-inline std::string contentOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream text;
-    text << file.rdbuf();
-    return text.str();
-}
+#include "kit/Files.h"
 
 struct Result {
     int exit = -1;  ///< 128 + signal for a program that died

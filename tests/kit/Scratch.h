@@ -2,11 +2,11 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "kit/Files.h"
 #include "msg/ComMsgMgr.h"
 
 /// A directory for one test, gone with it.
@@ -25,11 +25,7 @@ public:
     std::string str() const { return path_.string(); }
 
     /// Writes a file, and the directories above it; gives its path.
-    std::string put(const std::string& name, std::string_view content) const {
-        std::filesystem::create_directories((path_ / name).parent_path());
-        std::ofstream(path_ / name, std::ios::binary) << content;
-        return (path_ / name).string();
-    }
+    std::string put(const std::string& name, std::string_view content) const { return write(*this / name, content); }
     /// The names in it, sorted.
     std::vector<std::string> names() const {
         std::vector<std::string> names;

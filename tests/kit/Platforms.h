@@ -2,7 +2,7 @@
 #include <map>
 #include <string>
 
-#include "support/Scratch.h"
+#include "kit/Scratch.h"
 #include "zip/HUTZip.h"
 
 /// Packs the members into `scratch/name`; gives its path.

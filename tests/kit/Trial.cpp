@@ -1,4 +1,4 @@
-#include "hostile/Trial.h"
+#include "kit/Trial.h"
 
 #include <gtest/gtest.h>
 #include <pthread.h>
@@ -15,11 +15,11 @@
 #include <sstream>
 #include <typeinfo>
 
-#include "hostile/HostState.h"
+#include "kit/HostState.h"
+#include "kit/Platforms.h"
 #include "msg/ComMsgMgr.h"
 #include "platform/HTEQPlatformCAPI.h"
 #include "platform/zr_platform.hpp"
-#include "support/Platforms.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 

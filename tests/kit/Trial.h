@@ -2,7 +2,7 @@
 #include <functional>
 #include <string>
 
-#include "support/Scratch.h"
+#include "kit/Scratch.h"
 
 /// What came of asking the C function for a document.
 struct Answer {

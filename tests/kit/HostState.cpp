@@ -1,4 +1,4 @@
-#include "hostile/HostState.h"
+#include "kit/HostState.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -1,4 +1,4 @@
-#include "support/Faults.h"
+#include "kit/Faults.h"
 
 #include <dirent.h>
 #include <dlfcn.h>

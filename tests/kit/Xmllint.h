@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 /// For each document whether xmllint finds it valid by the schema; one run for all. Fails the test when the schema
 /// itself is refused.
