@@ -33,16 +33,3 @@ TEST(Memory, PermittedParametersFollowTheType) {
         EXPECT_EQ(memory.getReadOnlyConfigParamMap(), c.stored ? stored : HPLMemory::ConfigParamMap{});
     }
 }
-
-TEST(Memory, DocumentReadAndWritten) {
-    HPLMemory memory;
-    EXPECT_EQ(documentOf(memory), "{}");
-    // The type is read before the parameters, wherever it stands.
-    readInto(memory,
-             R"({"configParams": [{"name": "C0.DDR3_tCK", "value": "2"}, {"name": "DATA_WIDTH", "value": "1"}],
-                         "type": "ddr3", "name": "bank0", "size": "16GB", "highAddress": "18446744073709551615"})");
-    EXPECT_EQ(
-        documentOf(memory),
-        R"({"name": "bank0","type": "ddr3","size": "16GB","lowAddress": "0","highAddress": "9223372036854775807",)"
-        R"("configParams": [{"name": "C0.DDR3_tCK","value": "2"},{"name": "DATA_WIDTH","value": "1"}]})");
-}

@@ -26,15 +26,3 @@ TEST(TilHardware, KindsByTheirNames) {
     }
     EXPECT_EQ(HTEQTilHardware::archToString(static_cast<Arch>(77)), "NO_TIL");
 }
-
-TEST(TilHardware, DocumentReadAndWritten) {
-    HTEQTilHardware til;
-    EXPECT_EQ(documentOf(til), "{}");
-    readInto(til, R"({"arch": "til", "npiBaseAddress": "4294967295", "shimRows": {"start": "0", "num": "1"},
-                      "coreRows": {"start": "3", "num": "8"}, "memRows": {"start": "1"}})");
-    EXPECT_EQ(documentOf(til),
-              R"({"arch": "TIL1","npiBaseAddress": "4294967295","shimRows": {"start": "0","num": "1"},)"
-              R"("coreRows": {"start": "3","num": "8"}})");
-    EXPECT_EQ(til.getStartMemRow(), 1);
-    EXPECT_THROW(readInto(til, "{}"), HEXAlgException);  // an object without a kind
-}

@@ -11,12 +11,6 @@
 
 namespace {
 
-std::string repeated(std::string_view piece, std::size_t times) {
-    std::string text;
-    for (std::size_t i = 0; i < times; ++i) text += piece;
-    return text;
-}
-
 std::string wide(const std::string& ascii, bool hasMark) {
     std::string text = hasMark ? "\xFF\xFE" : "";
     for (const char c : ascii) text += {c, '\0'};

@@ -17,35 +17,10 @@
 namespace cases {
 namespace {
 
-struct Line {
-    std::string word, text;
-    std::size_t number;  ///< in the file, from 0
-};
-struct Case {
-    std::string name;
-    std::vector<Line> lines;
-};
-
 /// A text before and behind its first blank.
 std::pair<std::string, std::string> parted(const std::string& text) {
     const auto blank = text.find(' ');
     return {text.substr(0, blank), blank == std::string::npos ? "" : text.substr(blank + 1)};
-}
-
-std::string plain(const std::string& text) {
-    std::string result;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] != '\\' || i + 1 == text.size()) {
-            result += text[i];
-            continue;
-        }
-        const char c = text[++i];
-        const bool isByte = c == 'x';
-        result += c == 'n' ? '\n' : c == 't' ? '\t' : c == 'r' ? '\r' : c;
-        if (isByte) result.back() = static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
-        if (isByte) i += 2;
-    }
-    return result;
 }
 
 std::string escaped(const std::string& text) {
@@ -194,6 +169,24 @@ void expectText(CaseFile& file, const Line& line, const std::string& found) {
 
 }  // namespace
 
+std::string plain(const std::string& text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\' || i + 1 == text.size()) {
+            result += text[i];
+            continue;
+        }
+        const char c = text[++i];
+        const bool isByte = c == 'x';
+        result += c == 'n' ? '\n' : c == 't' ? '\t' : c == 'r' ? '\r' : c;
+        if (isByte) result.back() = static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
+        if (isByte) i += 2;
+    }
+    return result;
+}
+
+std::vector<Case> read(const std::string& file) { return CaseFile(file).cases; }
+
 void expectVerdicts(const std::string& folder, const std::function<Format(const std::string& file)>& formatOf) {
     for (const auto& entry : std::filesystem::directory_iterator(folder))
         if (entry.path().extension() == ".case") expectVerdicts(entry.path(), formatOf(entry.path().stem()));
@@ -231,6 +224,18 @@ void expectRuns(const std::string& path, const std::string& programs,
         }
         SCOPED_TRACE(each.name);
         expectSuccess();
+    }
+}
+
+void expectTexts(const std::string& path,
+                 const std::function<std::string(const std::string& name, const std::string& text)>& made) {
+    CaseFile file(path);
+    for (const Case& each : file.cases) {
+        std::string text, expected;
+        for (const Line& line : each.lines)
+            (line.word == ">" ? text += plain(line.text) + "\n" : expected += plain(line.text));
+        SCOPED_TRACE(file.place(each.lines.back().number) + ": " + each.name);
+        EXPECT_EQ(made(each.name, text), expected);
     }
 }
 

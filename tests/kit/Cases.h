@@ -10,6 +10,19 @@
 /// differ are rewritten in the file.
 namespace cases {
 
+struct Line {
+    std::string word, text;
+    std::size_t number;  ///< in the file, from 0
+};
+struct Case {
+    std::string name;
+    std::vector<Line> lines;
+};
+
+std::vector<Case> read(const std::string& file);
+/// The text that an escaped one stands for.
+std::string plain(const std::string& text);
+
 /// A fault that a reader finds in a document.
 struct Fault {
     std::string name;  ///< "bad-value"
@@ -40,5 +53,10 @@ void expectVerdicts(const std::string& folder, const std::function<Format(const 
 /// `variables` are set for the commands.
 void expectRuns(const std::string& file, const std::string& path,
                 const std::vector<std::pair<std::string, std::string>>& variables);
+
+/// Texts that a function makes of others: "> LINE" is given to it with the case's name, "< LINE" is what comes out, whose
+/// lines are joined without an end.
+void expectTexts(const std::string& file,
+                 const std::function<std::string(const std::string& name, const std::string& text)>& made);
 
 }  // namespace cases

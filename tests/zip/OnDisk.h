@@ -12,11 +12,6 @@
 #include "msg/HEXAll.h"
 #include "zip/Archive.h"
 
-inline std::string slurp(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// What the call throws, as words.
 inline std::string wordsOf(const std::function<void()>& call) {
     try {
