@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "hardware/Documents.h"
-#include "hardware/RomNumbers.h"
 #include "msg/HEXAll.h"
 
 using Rom = HTEQHardwareFeatureRom;
@@ -90,24 +89,4 @@ TEST(FeatureRom, RefusesUuidsAndIndices) {
         "out of bounds (max is: '3')";
     EXPECT_EQ(refusalOf([&] { rom.setCDMABaseAddress(4, 1); }), words);
     EXPECT_EQ(refusalOf([&] { rom.getCDMABaseAddress(4); }), words);
-}
-
-TEST(FeatureRom, NumbersAsTexts) {
-    const struct {
-        const char* text;
-        std::uint64_t value;
-    } kCases[] = {{"0x30", 0x30},
-                  {"30", 30},
-                  {"0X1f", 0x1f},
-                  {"", 0},
-                  {"0x", 0},
-                  {"x", 0},
-                  {" 12z", 12},
-                  {"-1", ~0ull},
-                  {"0xZ", 0},
-                  {"18446744073709551615", ~0ull},
-                  {"0xffffffffffffffffff", ~0ull}};
-    for (const auto& c : kCases) EXPECT_EQ(hardware::romNumber(c.text), c.value) << c.text;
-    EXPECT_EQ(hardware::romHex(0), "0x");
-    EXPECT_EQ(hardware::romHex(0xAB00), "0xab00");
 }

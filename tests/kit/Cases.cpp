@@ -232,10 +232,28 @@ void expectTexts(const std::string& path,
     CaseFile file(path);
     for (const Case& each : file.cases) {
         std::string text, expected;
-        for (const Line& line : each.lines)
-            (line.word == ">" ? text += plain(line.text) + "\n" : expected += plain(line.text));
-        SCOPED_TRACE(file.place(each.lines.back().number) + ": " + each.name);
-        EXPECT_EQ(made(each.name, text), expected);
+        const Line* last = nullptr;
+        const auto expect = [&](const std::string& given, const std::string& ought, const std::string& line) {
+            SCOPED_TRACE(file.place(last->number) + ": " + each.name);
+            const std::string found = made(each.name, given);
+            EXPECT_EQ(found, ought);
+            if (found != ought) file.replace(last->number, line + escaped(found));
+        };
+        for (const Line& line : each.lines) {
+            const auto arrow = line.text.find("->");
+            if (line.word != "|") {
+                (line.word == ">" ? text : expected) += plain(line.text) + (line.word == ">" ? "\n" : "");
+            } else if (last = &line; arrow == std::string::npos) {
+                ADD_FAILURE() << line.text;
+            } else {
+                const std::string given = line.text.substr(0, arrow ? arrow - 1 : 0);
+                const std::string ought = line.text.substr(std::min(arrow + 3, line.text.size()));
+                expect(plain(given), plain(ought), "| " + given + " -> ");
+            }
+        }
+        if (last) continue;
+        last = &each.lines.back();
+        expect(text, expected, "< ");
     }
 }
 

@@ -55,7 +55,7 @@ void expectRuns(const std::string& file, const std::string& path,
                 const std::vector<std::pair<std::string, std::string>>& variables);
 
 /// Texts that a function makes of others: "> LINE" is given to it with the case's name, "< LINE" is what comes out, whose
-/// lines are joined without an end.
+/// lines are joined without an end. "| GIVEN -> MADE" has both on one line.
 void expectTexts(const std::string& file,
                  const std::function<std::string(const std::string& name, const std::string& text)>& made);
 
