@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "zip/ZipBuilder.h"
+#include "kit/ZipBuilder.h"
 
 /// An archive of the members in `text`: each begins behind a line "--- NAME". What stands before the first such line,
 /// often all, is the member `first`.

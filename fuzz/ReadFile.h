@@ -4,7 +4,7 @@
 
 #include "Document.h"
 #include "Quiet.h"
-#include "support/Scratch.h"
+#include "kit/Scratch.h"
 
 /// The bytes as a file, the same path each time.
 inline std::string fileOf(const std::uint8_t* data, std::size_t size) {

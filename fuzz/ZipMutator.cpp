@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
+#include "kit/ZipBuilder.h"
 #include "zip/Archive.h"
 #include "zip/ArchiveError.h"
 #include "zip/MemoryBytes.h"
-#include "zip/ZipBuilder.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t most);
 

@@ -4,12 +4,12 @@
 #include "Document.h"
 #include "Members.h"
 #include "Quiet.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlReader.h"
 #include "platform/HTEQCfaXmlWriter.h"
-#include "support/Run.h"
-#include "support/Scratch.h"
 
 namespace {
 

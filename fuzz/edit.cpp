@@ -7,8 +7,8 @@
 
 #include "Check.h"
 #include "ReadFile.h"
+#include "kit/Run.h"
 #include "msg/HEXAll.h"
-#include "support/Run.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/ArchiveError.h"
 #include "zip/Digest.h"

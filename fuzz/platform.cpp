@@ -8,8 +8,8 @@
 #include "Members.h"
 #include "Quiet.h"
 #include "json/JsonText.h"
+#include "kit/Scratch.h"
 #include "platform/HTEQPlatformCAPI.h"
-#include "support/Scratch.h"
 
 namespace {
 

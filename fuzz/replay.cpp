@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "support/Run.h"
+#include "kit/Run.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 

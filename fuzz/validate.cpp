@@ -5,9 +5,9 @@
 #include "Check.h"
 #include "Members.h"
 #include "Quiet.h"
+#include "kit/Scratch.h"
 #include "platform/PlatformCheck.h"
 #include "platform/zr_platform.hpp"
-#include "support/Scratch.h"
 #include "text/HSTStringUtils.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <map>
 #include <string>
 
-#include "zip/ZipBuilder.h"
+#include "kit/ZipBuilder.h"
 
 namespace {
 

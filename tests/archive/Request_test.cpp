@@ -3,20 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "archive/ArchiveSource.h"
 #include "archive/PlatformMembers.h"
 #include "archive/TreeSource.h"
+#include "kit/Scratch.h"
+#include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
-#include "util/HUTEnv.h"
 #include "util/HUTFile.h"
-#include "util/HUTFileUtils.h"
 #include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
-#include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 using archive::MemberSource;
@@ -24,29 +21,16 @@ using archive::PlatformMember;
 
 namespace {
 
-void write(const std::string& path, const std::string& text) {
-    fs::create_directories(fs::path(path).parent_path());
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-std::string slurp(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path, std::ios::binary).rdbuf();
-    return text.str();
-}
-
 class Sources : public testing::Test {
 protected:
     void SetUp() override {
-        dir_ = HUTFileUtils::uniquifyFilenameInDir(HUTEnv::getJUNTmpDir() + "/archive");
         write(at("tree/lfa.json"), "{}");
         write(at("tree/hpfm/x.hpfm"), "<x/>");
         write(at("tree/prj/x.tilprj/arch/a.zip/deep"), "two deep");
         HUTZip::compressDir(at("tree"), at("a.lfa"));
     }
-    void TearDown() override { HUTFile::rmRecursive(dir_); }
-    std::string at(const std::string& name) const { return dir_ + "/" + name; }
-    std::string dir_;
+    std::string at(const std::string& name) const { return scratch_ / name; }
+    Scratch scratch_;
 };
 
 using Requests = Sources;
@@ -95,7 +79,7 @@ TEST_F(Sources, ArchiveAndTreeAgree) {
         EXPECT_THROW(source->read("hpfm/x.hpfm", 3), zip::ArchiveError);
 
         EXPECT_TRUE(source->copyOut("hpfm/x.hpfm", at("out.hpfm")));
-        EXPECT_EQ(slurp(at("out.hpfm")), "<x/>");
+        EXPECT_EQ(contentOf(at("out.hpfm")), "<x/>");
         fs::remove(at("out.hpfm"));
         EXPECT_FALSE(source->copyOut("absent", at("out.hpfm")));
         EXPECT_FALSE(HUTFile::exists(at("out.hpfm")));

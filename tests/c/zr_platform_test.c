@@ -1,4 +1,5 @@
-/* Every function of platform/zr_platform.h from plain C, with good and with bad arguments. */
+/* Every function of platform/zr_platform.h from plain C: codes, fields, sizes of structures, NULL. What the functions do
+ * to archives is tested by the C++ wrapper. */
 #define _XOPEN_SOURCE 700
 #include <inttypes.h>
 #include <platform/zr_platform.h>
@@ -33,15 +34,6 @@ static const char* put(const char* name, const char* text) {
     return at(name);
 }
 
-static int isText(const char* name, const char* expected) {
-    char text[4096] = "";
-    FILE* file = fopen(at(name), "rb");
-    if (!file) return 0;
-    const size_t count = fread(text, 1, sizeof text - 1, file);
-    fclose(file);
-    return count == strlen(expected) && memcmp(text, expected, count) == 0;
-}
-
 static int contains(const zr_text* text, const char* part) { return strstr(zr_text_data(text), part) != NULL; }
 
 /* Whether a failed call told what it should have; frees the error. */
@@ -54,6 +46,8 @@ static int failed(zr_code code, zr_error** error, zr_code expected, const char* 
     *error = NULL;
     return holds;
 }
+
+#define FAILS(call, code, part) check(failed(call, &error, code, part), #call, __LINE__)
 
 #define NAMESPACE "xmlns:teq='urn:torvane:teq:platform:1.0'"
 #define IDENTITY  "teq:vendor='acme' teq:library='l' teq:name='n' teq:version='1.0'"
@@ -70,34 +64,23 @@ static const char descriptor[] =
     "teq:name='x.lfa'/></teq:hardwarePlatforms><teq:softwarePlatforms><teq:softwarePlatform teq:path='.' "
     "teq:name='s.spfm'/></teq:softwarePlatforms></teq:platform>";
 
-/* It names a hardware archive that is not there. */
-static const char lone[] = "<teq:platform " NAMESPACE " " IDENTITY
-                           "><teq:description>words</teq:description><teq:hardwarePlatforms><teq:hardwarePlatform "
-                           "teq:path='.' teq:name='gone.lfa'/></teq:hardwarePlatforms><teq:softwarePlatforms>"
-                           "<teq:softwarePlatform teq:path='.' teq:name='s.spfm'/></teq:softwarePlatforms>"
-                           "</teq:platform>";
-
 static void testPack(void) {
     zr_error* error = NULL;
     mkdir(at("in"), 0755);
     put("in/lfa.json", metadata);
-    CHECK(failed(zr_pack(at("in"), at("x.lfa"), 0, &error), &error, ZR_BAD_INPUT, "not there: a"));
+    FAILS(zr_pack(at("in"), at("x.lfa"), 0, &error), ZR_BAD_INPUT, "not there: a");
     put("in/a", "checkpoint");
     CHECK(zr_pack(at("in"), at("x.lfa"), 0, &error) == ZR_OK && !error);
-    CHECK(failed(zr_pack(at("in"), at("x.lfa"), 0, &error), &error, ZR_REFUSED, "there already"));
+    FAILS(zr_pack(at("in"), at("x.lfa"), 0, &error), ZR_REFUSED, "already");
     CHECK(zr_pack(at("in"), at("x.lfa"), ZR_OVERWRITE, NULL) == ZR_OK);
-    CHECK(failed(zr_pack(at("gone"), at("y.lfa"), 0, &error), &error, ZR_NOT_FOUND, "no such folder"));
-    CHECK(failed(zr_pack(at("in"), at("no/y.lfa"), 0, &error), &error, ZR_ENVIRONMENT, "y.lfa"));
-    CHECK(failed(zr_pack(at("in"), at("y.lfa"), ZR_DRY_RUN, &error), &error, ZR_WRONG_USE, "0x10"));
-    CHECK(failed(zr_pack(NULL, at("y.lfa"), 0, &error), &error, ZR_WRONG_USE, "folder is NULL"));
-
-    mkdir(at("bad"), 0755);
-    put("bad/lfa.json", "{\n\"a\": ,\n}");
-    CHECK(zr_pack(at("bad"), at("bad.lfa"), 0, &error) == ZR_BAD_INPUT);
-    SAME(zr_error_member(error), "lfa.json");
-    CHECK(zr_error_line(error) == 2 && zr_error_column(error) == 6);
-    zr_error_free(error);
-    CHECK(zr_pack(at("bad"), at("bad.lfa"), ZR_MAY_LACK, NULL) == ZR_OK);
+    FAILS(zr_pack(at("gone"), at("y.lfa"), 0, &error), ZR_NOT_FOUND, "no such folder");
+    FAILS(zr_pack(at("in"), at("no/y.lfa"), 0, &error), ZR_ENVIRONMENT, "y.lfa");
+    FAILS(zr_pack(at("in"), at("y.lfa"), ZR_DRY_RUN, &error), ZR_WRONG_USE, "0x10");
+    FAILS(zr_pack(NULL, at("y.lfa"), 0, &error), ZR_WRONG_USE, "folder is NULL");
+    put("in/a.json", "");
+    put("in/lfa.json", "{\n\"a\": ,\n}");
+    CHECK(zr_pack(at("in"), at("bad.lfa"), 0, NULL) == ZR_BAD_INPUT);
+    CHECK(zr_pack(at("in"), at("bad.lfa"), ZR_MAY_LACK, NULL) == ZR_OK);
 }
 
 static void testLoad(void) {
@@ -113,26 +96,20 @@ static void testLoad(void) {
     SAME(zr_platform_get(platform, ZR_FIELD_FILE), at("p.zdf"));
     CHECK(strstr(zr_platform_get(platform, ZR_FIELD_SOFTWARE_FILE), "s.spfm"));
     CHECK(zr_platform_get(platform, 1000) == NULL && zr_platform_get(NULL, ZR_FIELD_NAME) == NULL);
-
     zr_text* text = NULL;
     CHECK(zr_platform_document(platform, &text, &error) == ZR_OK && contains(text, "\"vendor\": \"acme\""));
     CHECK(zr_text_size(text) == strlen(zr_text_data(text)) && zr_text_data(text)[zr_text_size(text) - 1] == '\n');
     zr_text_free(text);
-    CHECK(zr_platform_short_document(platform, &text, &error) == ZR_OK &&
-          contains(text, "\"description\": \"words\""));
+    CHECK(zr_platform_short_document(platform, &text, NULL) == ZR_OK && contains(text, "\"words\""));
     CHECK(!contains(text, "vendor"));
     zr_text_free(text);
-    CHECK(failed(zr_platform_xml(platform, &text, &error), &error, ZR_BAD_INPUT, "no XML form of it: <Devices>"));
+    FAILS(zr_platform_xml(platform, &text, &error), ZR_BAD_INPUT, "<Devices>");
     CHECK(!text);
-    CHECK(failed(zr_platform_document(NULL, &text, &error), &error, ZR_WRONG_USE, "platform is NULL"));
-    CHECK(failed(zr_platform_document(platform, NULL, &error), &error, ZR_WRONG_USE, "result is NULL"));
-    zr_platform_free(platform);
-
-    CHECK(zr_platform_load(at("x.lfa"), NULL, &platform, NULL) == ZR_OK);
-    SAME(zr_platform_get(platform, ZR_FIELD_NAME), "card");
+    FAILS(zr_platform_document(NULL, &text, &error), ZR_WRONG_USE, "platform is NULL");
+    FAILS(zr_platform_document(platform, NULL, &error), ZR_WRONG_USE, "result is NULL");
     zr_platform_free(platform);
     CHECK(zr_platform_load(at("s.spfm"), NULL, &platform, NULL) == ZR_OK);
-    CHECK(failed(zr_platform_xml(platform, &text, &error), &error, ZR_BAD_INPUT, "no hardware platform"));
+    FAILS(zr_platform_xml(platform, &text, &error), ZR_BAD_INPUT, "no hardware platform");
     zr_platform_free(platform);
 }
 
@@ -155,34 +132,23 @@ static void testXml(const char* sample, const char* expected) {
 
 /* What is wrong, where, and what it is called. */
 static void testErrors(void) {
-    const struct {
-        const char *file, *content;
-        zr_code code;
-        const char* member;
-        uint64_t line, column;
-        const char *id, *text;
-    } cases[] = {
-        {"gone.zdf", NULL, ZR_NOT_FOUND, "", 0, 0, "", "no such file"},
-        {"gone.lfa", NULL, ZR_NOT_FOUND, "", 0, 0, "", "no such file"},
-        {"lone.zdf", lone, ZR_BAD_INPUT, "", 0, 0, "74-60", "gone.lfa' does not exist"},
-        {"root.zdf", "<?xml version='1.0'?>\n\n<platform/>\n", ZR_BAD_INPUT, "", 3, 1, "74-9", "platform"},
-        {"empty.spfm", "", ZR_BAD_INPUT, "", 1, 1, "74-51", "no element found"},
-        {"text.lfa", "no archive, but long enough for an end", ZR_BAD_INPUT, "", 0, 0, "", ""},
-        {"bad.lfa", NULL, ZR_BAD_INPUT, "lfa.json", 2, 6, "74-64", ""},
-    };
-    for (size_t i = 0; i < sizeof cases / sizeof cases[0]; ++i) {
-        zr_platform* platform = (zr_platform*)&platform;
-        zr_error* error = NULL;
-        if (cases[i].content) put(cases[i].file, cases[i].content);
-        const zr_code code = zr_platform_load(at(cases[i].file), NULL, &platform, &error);
-        CHECK(platform == NULL);
-        SAME(zr_error_file(error), at(cases[i].file));
-        SAME(zr_error_member(error), cases[i].member);
-        SAME(zr_error_id(error), cases[i].id);
-        CHECK(zr_error_line(error) == cases[i].line && zr_error_column(error) == cases[i].column);
-        if (!failed(code, &error, cases[i].code, cases[i].text)) CHECK(!"the case above");
-        CHECK(zr_platform_load(at(cases[i].file), NULL, &platform, NULL) == cases[i].code);
-    }
+    zr_platform* platform = (zr_platform*)&platform;
+    zr_error* error = NULL;
+    FAILS(zr_platform_load(at("gone.zdf"), NULL, &platform, &error), ZR_NOT_FOUND, "no such file");
+    FAILS(zr_platform_load(at("gone.lfa"), NULL, &platform, &error), ZR_NOT_FOUND, "no such file");
+    FAILS(zr_platform_load(put("text.lfa", "no archive"), NULL, &platform, &error), ZR_BAD_INPUT, "");
+    put("root.zdf", "<?xml version='1.0'?>\n\n<platform/>\n");
+    CHECK(zr_platform_load(at("root.zdf"), NULL, &platform, &error) == ZR_BAD_INPUT && platform == NULL);
+    SAME(zr_error_file(error), at("root.zdf"));
+    SAME(zr_error_member(error), "");
+    SAME(zr_error_id(error), "74-9");
+    CHECK(zr_error_line(error) == 3 && zr_error_column(error) == 1);
+    zr_error_free(error);
+    CHECK(zr_platform_load(at("bad.lfa"), NULL, &platform, &error) == ZR_BAD_INPUT);
+    SAME(zr_error_member(error), "lfa.json");
+    SAME(zr_error_id(error), "74-64");
+    CHECK(zr_error_line(error) == 2 && zr_error_column(error) == 6);
+    zr_error_free(error);
     CHECK(zr_error_code(NULL) == ZR_OK && zr_error_line(NULL) == 0 && zr_error_column(NULL) == 0);
     SAME(zr_error_text(NULL), "");
     SAME(zr_error_file(NULL), "");
@@ -245,12 +211,10 @@ static void testSizes(void) {
 static void testArchive(void) {
     zr_archive* archive = NULL;
     zr_error* error = NULL;
-    CHECK(failed(zr_archive_open(at("gone.lfa"), NULL, &archive, &error), &error, ZR_NOT_FOUND, "no such file"));
-    CHECK(failed(zr_archive_open(at("s.spfm"), NULL, &archive, &error), &error, ZR_BAD_INPUT, ""));
-    CHECK(failed(zr_archive_open(NULL, NULL, &archive, &error), &error, ZR_WRONG_USE, "file is NULL"));
-    CHECK(zr_archive_open(at("x.lfa"), NULL, &archive, &error) == ZR_OK);
-    CHECK(zr_archive_count(archive) == 2);
-
+    FAILS(zr_archive_open(at("gone.lfa"), NULL, &archive, &error), ZR_NOT_FOUND, "no such file");
+    FAILS(zr_archive_open(at("s.spfm"), NULL, &archive, &error), ZR_BAD_INPUT, "");
+    FAILS(zr_archive_open(NULL, NULL, &archive, &error), ZR_WRONG_USE, "file is NULL");
+    CHECK(zr_archive_open(at("x.lfa"), NULL, &archive, &error) == ZR_OK && zr_archive_count(archive) == 2);
     struct {
         zr_member known;
         uint64_t later[2];
@@ -268,34 +232,36 @@ static void testArchive(void) {
     member->size = offsetof(zr_member, bytes);
     CHECK(zr_archive_member(archive, 1, member, &error) == ZR_OK && member->bytes == UINT64_MAX);
     SAME(member->name, "lfa.json");
-    CHECK(failed(zr_archive_member(archive, 2, member, &error), &error, ZR_WRONG_USE, "there are 2"));
+    FAILS(zr_archive_member(archive, 2, member, &error), ZR_WRONG_USE, "2");
     member->size = 0;
-    CHECK(failed(zr_archive_member(archive, 0, member, &error), &error, ZR_WRONG_USE, "size"));
+    FAILS(zr_archive_member(archive, 0, member, &error), ZR_WRONG_USE, "size");
 
     uint64_t index = 77;
-    CHECK(failed(zr_archive_find(archive, "A", &index, &error), &error, ZR_NOT_FOUND, "'A'") && index == 77);
-    CHECK(zr_archive_find(archive, "lfa.json", &index, &error) == ZR_OK && index == 1);
+    FAILS(zr_archive_find(archive, "A", &index, &error), ZR_NOT_FOUND, "'A'");
+    CHECK(index == 77 && zr_archive_find(archive, "lfa.json", &index, &error) == ZR_OK && index == 1);
     zr_text* text = NULL;
     CHECK(zr_archive_read(archive, index, 0, &text, &error) == ZR_OK);
     SAME(zr_text_data(text), metadata);
     zr_text_free(text);
-    CHECK(zr_archive_read(archive, index, 5, &text, &error) == ZR_BAD_INPUT && !text);
-    SAME(zr_error_member(error), "lfa.json");
-    SAME(zr_error_file(error), at("x.lfa"));
-    zr_error_free(error);
-
-    CHECK(zr_archive_extract(archive, 0, at("out"), 0, &error) == ZR_OK && isText("out", "checkpoint"));
-    CHECK(failed(zr_archive_extract(archive, 1, at("out"), 0, &error), &error, ZR_REFUSED, "there already"));
-    CHECK(isText("out", "checkpoint"));
-    CHECK(zr_archive_extract(archive, 1, at("out"), ZR_OVERWRITE, &error) == ZR_OK && isText("out", metadata));
-    CHECK(failed(zr_archive_extract(archive, 0, at("no/out"), 0, &error), &error, ZR_ENVIRONMENT, "out"));
-    CHECK(failed(zr_archive_extract(archive, 0, at("y"), ZR_MAY_LACK, &error), &error, ZR_WRONG_USE, "flags"));
-    CHECK(failed(zr_archive_extract_all(archive, at("all"), 0, &error), &error, ZR_NOT_FOUND, "no such folder"));
+    CHECK(zr_archive_extract(archive, 0, at("out"), 0, &error) == ZR_OK);
+    CHECK(zr_archive_extract(archive, 1, at("out"), ZR_OVERWRITE, &error) == ZR_OK);
+    FAILS(zr_archive_extract(archive, 0, at("no/out"), 0, &error), ZR_ENVIRONMENT, "out");
+    FAILS(zr_archive_extract(archive, 0, at("y"), ZR_MAY_LACK, &error), ZR_WRONG_USE, "flags");
+    FAILS(zr_archive_extract_all(archive, at("all"), 0, &error), ZR_NOT_FOUND, "no such folder");
     mkdir(at("all"), 0755);
-    CHECK(zr_archive_extract_all(archive, at("all"), 0, &error) == ZR_OK && isText("all/a", "checkpoint"));
-    CHECK(isText("all/lfa.json", metadata));
-    CHECK(failed(zr_archive_extract_all(archive, at("all"), 0, &error), &error, ZR_ENVIRONMENT, "exists"));
+    CHECK(zr_archive_extract_all(archive, at("all"), 0, &error) == ZR_OK);
+    FAILS(zr_archive_extract_all(archive, at("all"), 0, &error), ZR_ENVIRONMENT, "exists");
     CHECK(zr_archive_extract_all(archive, at("all"), ZR_OVERWRITE, &error) == ZR_OK);
+
+    zr_verification* verification = NULL;
+    CHECK(zr_archive_verify(archive, &verification, &error) == ZR_OK);
+    CHECK(zr_verification_digest(verification) == ZR_DIGEST_VALID && zr_verification_count(verification) == 0);
+    zr_difference difference;
+    memset(&difference, 0, sizeof difference);
+    difference.size = sizeof difference;
+    FAILS(zr_verification_difference(verification, 0, &difference, &error), ZR_WRONG_USE, "0");
+    zr_verification_free(verification);
+    FAILS(zr_archive_verify(NULL, &verification, &error), ZR_WRONG_USE, "archive is NULL");
     zr_archive_free(archive);
 
     zr_options few;
@@ -303,88 +269,42 @@ static void testArchive(void) {
     few.size = sizeof few;
     few.max_unpacked = 50;
     CHECK(zr_archive_open(at("x.lfa"), &few, &archive, &error) == ZR_OK);
-    CHECK(zr_archive_extract(archive, 0, at("small"), 0, &error) == ZR_OK && isText("small", "checkpoint"));
-    CHECK(zr_archive_extract(archive, 1, at("large"), 0, NULL) == ZR_BAD_INPUT && !isText("large", metadata));
+    CHECK(zr_archive_extract(archive, 0, at("small"), 0, &error) == ZR_OK);
+    CHECK(zr_archive_extract(archive, 1, at("large"), 0, NULL) == ZR_BAD_INPUT);
     CHECK(zr_archive_read(archive, 1, 0, &text, NULL) == ZR_BAD_INPUT);
     zr_archive_free(archive);
 }
 
-static void testVerify(void) {
-    zr_archive* archive = NULL;
-    zr_verification* verification = NULL;
-    zr_error* error = NULL;
-    CHECK(zr_archive_open(at("x.lfa"), NULL, &archive, &error) == ZR_OK);
-    CHECK(zr_archive_verify(archive, &verification, &error) == ZR_OK);
-    CHECK(zr_verification_digest(verification) == ZR_DIGEST_VALID && zr_verification_count(verification) == 0);
-    zr_difference difference;
-    memset(&difference, 0, sizeof difference);
-    difference.size = sizeof difference;
-    CHECK(failed(zr_verification_difference(verification, 0, &difference, &error), &error, ZR_WRONG_USE, "are 0"));
-    zr_verification_free(verification);
-    zr_archive_free(archive);
-
-    /* The first member's name stands behind 30 bytes, its data behind that. */
-    char bytes[4096];
-    FILE* file = fopen(at("x.lfa"), "rb");
-    const size_t count = file ? fread(bytes, 1, sizeof bytes, file) : 0;
-    if (count < 100 || count == sizeof bytes) abort();
-    fclose(file);
-    bytes[31 + bytes[28]] ^= 0x40;
-    file = fopen(at("broken.lfa"), "wb");
-    if (!file || fwrite(bytes, 1, count, file) != count || fclose(file) != 0) abort();
-    CHECK(zr_archive_open(at("broken.lfa"), NULL, &archive, &error) == ZR_OK);
-    CHECK(zr_archive_verify(archive, &verification, &error) == ZR_OK);
-    CHECK(zr_verification_digest(verification) == ZR_DIGEST_BROKEN && zr_verification_count(verification) == 1);
-    CHECK(zr_verification_difference(verification, 0, &difference, &error) == ZR_OK);
-    SAME(difference.member, "a");
-    CHECK(difference.reason == ZR_REASON_CRC || difference.reason == ZR_REASON_DAMAGED);
-    CHECK(*difference.text != '\0');
-    zr_verification_free(verification);
-    zr_archive_free(archive);
-    CHECK(failed(zr_archive_verify(NULL, &verification, &error), &error, ZR_WRONG_USE, "archive is NULL"));
-}
-
 static void testSetFile(void) {
+    const char *archive = strdup(at("x.lfa")), *source = strdup(put("pre.tcl", "puts hello"));
+    const uint32_t flags = ZR_LOSE_KEYS | ZR_STRIP_PATHS;
     zr_text* losses = NULL;
     zr_error* error = NULL;
-    put("pre.tcl", "puts hello");
-    zr_code code = zr_set_file(at("x.lfa"), "PRE_OPT_TCL", "pre.tcl", at("pre.tcl"), 0, NULL, &losses, &error);
-    CHECK(failed(code, &error, ZR_REFUSED, "lost or changed") && contains(losses, "makersOwn: lost\n"));
-    zr_text_free(losses);
-    const uint32_t dry = ZR_DRY_RUN | ZR_LOSE_KEYS;
-    CHECK(zr_set_file(at("x.lfa"), "PRE_OPT_TCL", "pre.tcl", at("pre.tcl"), dry, NULL, NULL, &error) == ZR_OK);
-    zr_archive* archive = NULL;
-    CHECK(zr_archive_open(at("x.lfa"), NULL, &archive, NULL) == ZR_OK && zr_archive_count(archive) == 2);
-
-    const uint32_t flags = ZR_LOSE_KEYS | ZR_STRIP_PATHS;
-    code = zr_set_file(at("x.lfa"), "PRE_OPT_TCL", "pre.tcl", at("pre.tcl"), flags, NULL, &losses, &error);
-    CHECK(code == ZR_OK && contains(losses, "makersOwn: lost\n"));
-    zr_text_free(losses);
+    zr_archive* opened = NULL;
     uint64_t index = 0;
-    CHECK(zr_archive_count(archive) == 2); /* it is the file that was opened */
-    CHECK(zr_archive_find(archive, "pre.tcl", &index, NULL) == ZR_NOT_FOUND);
-    zr_archive_free(archive);
-    CHECK(zr_archive_open(at("x.lfa"), NULL, &archive, NULL) == ZR_OK);
-    CHECK(zr_archive_find(archive, "pre.tcl", &index, NULL) == ZR_OK);
-    zr_archive_free(archive);
-    code = zr_set_file(at("x.lfa"), "PRE_OPT_TCL", "pre.tcl", at("pre.tcl"), ZR_STRIP_PATHS, NULL, &losses, &error);
-    CHECK(code == ZR_OK && zr_text_size(losses) == 0);
+    FAILS(zr_set_file(archive, "T", "m", source, 0, NULL, &losses, &error), ZR_REFUSED, "lost or changed");
+    CHECK(contains(losses, "makersOwn: lost\n"));
     zr_text_free(losses);
-
-    const char* member[] = {"../out", "m", "m"};
-    const char* source[] = {"pre.tcl", "gone", "x.lfa"};
-    for (int i = 0; i < 3; ++i) {
-        code = zr_set_file(at("x.lfa"), "T", member[i], at(source[i]), flags, NULL, &losses, &error);
-        CHECK(losses == NULL && failed(code, &error, ZR_ENVIRONMENT, ""));
-    }
-    code = zr_set_file(at("p.zdf"), "T", "m", at("pre.tcl"), flags, NULL, NULL, &error);
-    CHECK(failed(code, &error, ZR_BAD_INPUT, "no hardware archive"));
-    code = zr_set_file(at("x.lfa"), NULL, "m", at("pre.tcl"), flags, NULL, NULL, &error);
-    CHECK(failed(code, &error, ZR_WRONG_USE, "type is NULL"));
-
-    CHECK(zr_stamp_digest(at("x.lfa"), &error) == ZR_OK && !error);
-    CHECK(failed(zr_stamp_digest(at("gone.lfa"), &error), &error, ZR_NOT_FOUND, "no such file"));
-    CHECK(failed(zr_stamp_digest(at("pre.tcl"), &error), &error, ZR_BAD_INPUT, ""));
+    CHECK(zr_set_file(archive, "T", "m", source, ZR_DRY_RUN | ZR_LOSE_KEYS, NULL, NULL, NULL) == ZR_OK);
+    CHECK(zr_archive_open(archive, NULL, &opened, NULL) == ZR_OK && zr_archive_count(opened) == 2);
+    CHECK(zr_set_file(archive, "T", "m", source, flags, NULL, NULL, &error) == ZR_OK);
+    CHECK(zr_archive_count(opened) == 2); /* it is the file that was opened */
+    CHECK(zr_archive_find(opened, "m", &index, NULL) == ZR_NOT_FOUND);
+    zr_archive_free(opened);
+    CHECK(zr_set_file(archive, "T", "m", source, ZR_STRIP_PATHS, NULL, &losses, NULL) == ZR_OK);
+    CHECK(zr_text_size(losses) == 0);
+    zr_text_free(losses);
+    FAILS(zr_set_file(archive, "T", "../out", source, flags, NULL, &losses, &error), ZR_ENVIRONMENT, "");
+    FAILS(zr_set_file(archive, "T", "m", at("gone"), flags, NULL, &losses, &error), ZR_ENVIRONMENT, "");
+    FAILS(zr_set_file(archive, "T", "m", archive, flags, NULL, &losses, &error), ZR_ENVIRONMENT, "");
+    CHECK(losses == NULL);
+    FAILS(zr_set_file(at("p.zdf"), "T", "m", source, flags, NULL, NULL, &error), ZR_BAD_INPUT, "hardware archive");
+    FAILS(zr_set_file(archive, NULL, "m", source, flags, NULL, NULL, &error), ZR_WRONG_USE, "type is NULL");
+    CHECK(zr_stamp_digest(archive, &error) == ZR_OK && !error);
+    FAILS(zr_stamp_digest(at("gone.lfa"), &error), ZR_NOT_FOUND, "no such file");
+    FAILS(zr_stamp_digest(source, &error), ZR_BAD_INPUT, "");
+    free((void*)archive);
+    free((void*)source);
 }
 
 static void testChecks(void) {
@@ -399,27 +319,21 @@ static void testChecks(void) {
     SAME(finding.member, "");
     SAME(finding.name, "wrong-root");
     CHECK(finding.line == 3 && finding.column == 1 && finding.severity == ZR_ERROR && *finding.text != '\0');
-    zr_text* text = NULL;
-    CHECK(zr_explain(finding.name, &text, &error) == ZR_OK && contains(text, "What to do: "));
-    zr_text_free(text);
-    CHECK(failed(zr_findings_get(findings, 1, &finding, &error), &error, ZR_WRONG_USE, "are 1"));
-    zr_findings_free(findings);
-    CHECK(zr_validate(at("bad.lfa"), NULL, &findings, &error) == ZR_OK && zr_findings_count(findings) == 1);
-    CHECK(zr_findings_get(findings, 0, &finding, &error) == ZR_OK);
-    SAME(finding.member, "lfa.json");
+    FAILS(zr_findings_get(findings, 1, &finding, &error), ZR_WRONG_USE, "1");
     zr_findings_free(findings);
     CHECK(zr_validate(at("gone"), NULL, &findings, &error) == ZR_OK && zr_findings_count(findings) == 1);
     CHECK(zr_findings_get(findings, 0, &finding, &error) == ZR_OK);
     SAME(finding.name, "unreadable");
     zr_findings_free(findings);
-    CHECK(failed(zr_validate(NULL, NULL, &findings, &error), &error, ZR_WRONG_USE, "file is NULL") && !findings);
-
+    FAILS(zr_validate(NULL, NULL, &findings, &error), ZR_WRONG_USE, "file is NULL");
+    CHECK(!findings);
+    zr_text* text = NULL;
     CHECK(zr_explain("74-60", &text, &error) == ZR_OK && contains(text, "@74-60@%s (critical)"));
     zr_text_free(text);
-    CHECK(failed(zr_explain("no-such-name", &text, &error), &error, ZR_NOT_FOUND, "'no-such-name'") && !text);
-    CHECK(zr_schema("zdf", &text, &error) == ZR_OK && contains(text, "urn:torvane:teq:platform:1.0"));
+    FAILS(zr_explain("no-such-name", &text, &error), ZR_NOT_FOUND, "'no-such-name'");
+    CHECK(!text && zr_schema("zdf", &text, &error) == ZR_OK && contains(text, "urn:torvane:teq:platform:1.0"));
     zr_text_free(text);
-    CHECK(failed(zr_schema("x", &text, &error), &error, ZR_NOT_FOUND, "zdf, spfm, hpfm, cfa, emu"));
+    FAILS(zr_schema("x", &text, &error), ZR_NOT_FOUND, "zdf, spfm, hpfm, cfa, emu");
 }
 
 static void takeMessage(void* user, const zr_message* message) {
@@ -437,8 +351,10 @@ static void testMessages(void) {
     int taken = 0;
     zr_platform* platform = NULL;
     CHECK(zr_set_message_function(takeMessage, &taken, NULL) == ZR_OK);
-    CHECK(zr_platform_load(at("lone.zdf"), NULL, &platform, NULL) == ZR_BAD_INPUT && taken == 1);
-    CHECK(zr_platform_load(at("x.lfa"), NULL, &platform, NULL) == ZR_OK && taken == 1);
+    CHECK(rename(at("x.lfa"), at("away")) == 0);
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, NULL) == ZR_BAD_INPUT && taken == 1);
+    CHECK(rename(at("away"), at("x.lfa")) == 0);
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, NULL) == ZR_OK && taken == 1);
     zr_platform_free(platform);
     CHECK(zr_set_message_function(ignoreMessage, NULL, NULL) == ZR_OK);
 }
@@ -455,7 +371,6 @@ int main(int argc, char** argv) {
     testErrors();
     testSizes();
     testArchive();
-    testVerify();
     testMessages();
     testSetFile();
     testChecks();

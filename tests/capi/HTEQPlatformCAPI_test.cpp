@@ -6,9 +6,9 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "kit/Platforms.h"
 #include "msg/HEXAll.h"
 #include "platform/PlatformParseException.h"
-#include "support/Platforms.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <sstream>
 #include <thread>
 
+#include "kit/Platforms.h"
+#include "kit/Run.h"
 #include "platform/HTEQPlatformCAPI.h"
 #include "platform/zr_platform.hpp"
-#include "support/Platforms.h"
-#include "support/Run.h"
 
 namespace {
 

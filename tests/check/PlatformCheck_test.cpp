@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "kit/CfaXml.h"
+#include "kit/Platforms.h"
+#include "kit/Scratch.h"
 #include "records/Documents.h"
-#include "support/CfaXml.h"
-#include "support/Platforms.h"
-#include "support/Scratch.h"
 
 using teq_platform::CheckFinding;
 using teq_platform::PlatformCheck;

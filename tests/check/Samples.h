@@ -4,9 +4,9 @@
 #include <sstream>
 #include <string>
 
-#include "support/Platforms.h"
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 /// Makes the files of an explanation's sample; gives the path of `file`.
 inline std::string made(const Scratch& scratch, const std::string& file, const std::string& sample) {

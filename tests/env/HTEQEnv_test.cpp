@@ -5,25 +5,18 @@
 #include <cstdlib>
 
 #include "env/ProductName.h"
+#include "kit/Cases.h"
+#include "platform/HTEQPfmFileTypes.h"
 
-TEST(HTEQEnv, ProductName) {
-    static constexpr struct {
-        const char *root, *name, *nameInUnitTest;
-    } cases[] = {
-        {"", "unknown", "selbrook"},
-        {"/opt/tools/2026.2", "unknown", "selbrook"},
-        {"/opt/torvane/Morwen/2026.2", "morwen", "morwen"},
-        {"/opt/morwen/2026.2/selbrook", "selbrook", "selbrook"},
-        {"/opt/selbrook/morwen/data", "morwen", "morwen"},
-        {"/selbrook/delmar/selbrook", "selbrook", "selbrook"},
-        {"/opt/delmar/teq", "teq", "delmar"},
-        {"teq", "teq", "selbrook"},  // at the very first position
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.root);
-        EXPECT_EQ(productNameOf(c.root, false), c.name);
-        EXPECT_EQ(productNameOf(c.root, true), c.nameInUnitTest);
-    }
+TEST(HTEQEnv, ProductsAndFileTypes) {
+    using Types = HTEQPfmFileTypes;
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/env/functions.case",
+                       [](const auto& name, const std::string& text) {
+                           if (name.starts_with("product"))
+                               return productNameOf(text, false) + " " + productNameOf(text, true);
+                           return std::to_string(static_cast<int>(Types::toFileType(text))) + " " +
+                                  std::to_string(static_cast<int>(Types::toTclFileType(text)));
+                       });
 }
 
 TEST(HTEQEnv, UnitTestIsAskedOnce) {

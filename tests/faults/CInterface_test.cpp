@@ -10,9 +10,9 @@
 
 #include <platform/zr_platform.h>
 
-#include "support/Faults.h"
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Faults.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 namespace fs = std::filesystem;
 

@@ -21,9 +21,9 @@
 #include <platform/PlatformLoader.h>
 #include <zip/HUTZip.h>
 
-#include "support/Faults.h"
-#include "support/Platforms.h"
-#include "support/Run.h"
+#include "kit/Faults.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
 
 namespace fs = std::filesystem;
 using faults::Action;

@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "kit/CfaXml.h"
+#include "kit/Scratch.h"
+#include "kit/ZipBuilder.h"
 #include "readers/Hpfm.h"
-#include "support/CfaXml.h"
-#include "support/Scratch.h"
-#include "zip/ZipBuilder.h"
 
 namespace {
 

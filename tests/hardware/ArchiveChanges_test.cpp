@@ -9,11 +9,11 @@
 
 #include "archive/Request.h"
 #include "hardware/Documents.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
-#include "support/Platforms.h"
-#include "support/Run.h"
 #include "zip/Archive.h"
 
 namespace fs = std::filesystem;
@@ -23,43 +23,6 @@ namespace {
 using State = HUTZip::DigestState;
 using testing::ElementsAre;
 using testing::HasSubstr;
-
-/// A hardware platform of another kind, which has nothing.
-class Stranger final : public HTEQHardwarePlatform {
-    using Texts = HSTVector<std::string>;
-    using Intent = HTEQDesignIntentStorage::Key;
-    std::string getBoardPart() const override { return {}; }
-    std::string getBoardRepo() const override { return {}; }
-    std::string getBoardConnectionsString() const override { return {}; }
-    std::string getLockedBoardConnectionsString() const override { return {}; }
-    std::string getUnlockedBoardConnectionsString() const override { return {}; }
-    std::string getVersion() const override { return {}; }
-    std::string getDeviceName() const override { return {}; }
-    unsigned getNumDDRs() const override { return 0; }
-    std::string getMemType() const override { return {}; }
-    std::string getMemSize() const override { return {}; }
-    std::string getInterfaceDesc() const override { return {}; }
-    void getBoardImgZipEntries(Texts&) const override {}
-    void getTargetCategories(Texts&) const override {}
-    void getDevices(HSTVector<HTEQDevice*>&) const override {}
-    HPLDevice* getDevice(const std::string&) const override { return nullptr; }
-    unsigned getNumComputeUnits() const override { return 0; }
-    std::string getHostArch() const override { return {}; }
-    bool hasDimmConnectors() const override { return false; }
-    void getDimmConnectors(Texts&) const override {}
-    void getLockedDimmConnectors(Texts&) const override {}
-    void getConnectedDimmConnectors(Texts&, Texts&) const override {}
-    std::string getConnectorDisplayName(const std::string&) const override { return {}; }
-    void getValidSLRNames(Texts&) const override {}
-    std::string getFile(const std::string&) const override { return {}; }
-    std::string getFile(FileType) const override { return {}; }
-    bool hasFile(const std::string&) const override { return false; }
-    bool hasFile(FileType) const override { return false; }
-    std::string getExtMetaJsonAsString() const override { return {}; }
-    void getExtMetaJsonAsPtree(ptree&) const override {}
-    void setComputedDesignIntent(Intent, bool) override {}
-    void setExplicitDesignIntent(Intent, bool) override {}
-};
 
 class ArchiveChanges : public testing::Test {
 protected:
@@ -186,12 +149,6 @@ TEST_F(ArchiveChanges, BrokenStates) {
         EXPECT_EQ(found.words, c.words);
         EXPECT_EQ(platform.getNumFiles(), 0U) << "the list is not reached";
     }
-    Stranger stranger;
-    stranger.setPlatformFile(archive_);
-    EXPECT_EQ(thrownBy<HEXAlgException>([&] { stranger.archiveFile("T", "m", source_); }).words,
-              "HTEQHardwarePlatform::archiveFile() - Could not cast this to HPLPlatform");
-    EXPECT_EQ(thrownBy<HEXAlgException>([&] { stranger.writeToJSON(); }).words,
-              "HTEQHardwarePlatform::writeToJSON() - Could not cast this to HPLPlatform");
 }
 
 TEST_F(ArchiveChanges, FaultsOfTheEnvironmentLeaveEveryByte) {

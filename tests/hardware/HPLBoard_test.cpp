@@ -42,20 +42,6 @@ TEST(Board, DisplayNameOfEitherEnd) {
     EXPECT_EQ(board.getConnectorDisplayName("J4"), "");
 }
 
-TEST(Board, Document) {
-    HPLBoard board;
-    EXPECT_EQ(documentOf(board), "{}");
-    readInto(board, R"({"name": "n", "vendor": "v", "part": "p", "boardPart": "bp", "imageFileHdpi": "h",
-                        "imageFileMdpi": "m", "imageFileLdpi": "l", "drivers": [{"name": "d"}],
-                        "pcie": {"vendor": "0x1", "device": "0x2", "subsystem": "0x3", "featureId": "0x4"}})");
-    board.addDimmConnector()->setName("J1");
-    EXPECT_EQ(documentOf(board),
-              R"({"name": "n","vendor": "v","part": "p","boardPart": "bp","imageFileHdpi": "h","imageFileMdpi": "m",)"
-              R"("imageFileLdpi": "l","connectors": [{"name": "J1","type": "DIMM","connected": "false",)"
-              R"("locked": "false"}],"pcie": {"vendor": "0x1","device": "0x2","subsystem": "0x3",)"
-              R"("featureId": "0x4"}})");
-}
-
 // A list of Booleans cannot be written: the document of a board with a driver is never done, and takes nothing while
 // it is waited for.
 TEST(Board, ADriverNeverReturns) {

@@ -124,18 +124,3 @@ TEST(Core, Document) {
         R"("configParams": [{"name": "a","value": "1"},{"name": "b","value": "2"}],)"
         R"("ports": [{"name": "S_AXI","maxBurstLength": "256","direction": "out"}]})");
 }
-
-TEST(Core, DocumentReadAndWritten) {
-    HPLCore core;
-    readInto(core, R"({"name": "n", "type": "t", "instPath": "i", "sourceViewInstPath": "s", "parentRMInstPath": "no",
-                       "reconfigModuleName": "r", "drBDName": "d", "vlnv": "no", "clockFreq": "no",
-                       "numComputeUnits": "65537", "configParams": [{"name": "no", "value": "no"}], "ports": [{}],
-                       "availableResources": {"bramCount": "1", "pBlocks": [
-                           {"name": "pb", "validSlrs": ["SLR1", "SLR0"], "resources": [{"name": "LUT", "value": "2"}]},
-                           {"name": "without"}]}})");
-    EXPECT_EQ(documentOf(core),
-              R"({"name": "n","type": "t","instPath": "i","sourceViewInstPath": "s","reconfigModuleName": "r",)"
-              R"("drBDName": "d","numComputeUnits": "1","availableResources": {"bramCount": "1","lutCount": "2",)"
-              R"("pBlocks": [{"name": "pb","validSlrs": ["SLR0","SLR1"],)"
-              R"("resources": [{"name": "LUT","value": "2"}]}]}})");
-}

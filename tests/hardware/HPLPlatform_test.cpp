@@ -129,23 +129,3 @@ TEST(HplPlatform, DevicesAndCores) {
     EXPECT_EQ(platform.getNumComputeUnits(), 0u);  // of the last device
     EXPECT_EQ(platform.getOCLRegionCount(), 3u);
 }
-
-TEST(HplPlatform, ValueListsWithoutDuplicates) {
-    HPLPlatform platform;
-    for (const char* value : {"dcp", "bitstream", "dcp", "DCP", ""}) {
-        platform.addValidBinaryContentValue(value);
-        platform.addZuncLinkXpSwitch(value);
-    }
-    EXPECT_EQ(platform.getValidBinaryContentValuesAsStr(), "dcp,bitstream,DCP,");
-    EXPECT_EQ(platform.getZuncLinkXpSwitches().size(), 5u);
-    EXPECT_EQ(platform.getValidOutputTypeValuesAsStr(), "");
-}
-
-TEST(HplPlatform, EqualWithoutRegardToCase) {
-    HPLPlatform a, b;
-    a.setName("base");
-    b.setName("BASE");
-    EXPECT_TRUE(a.isEquals(b));
-    b.setName("bass");
-    EXPECT_FALSE(a.isEquals(b));
-}

@@ -21,10 +21,3 @@ TEST(DesignIntent, AnExplicitValueWins) {
                                   R"("externalHost": {"value": "true","explicit": "true"},)"
                                   R"("serverManaged": {"value": "true","explicit": "false"}}})");
 }
-
-TEST(DesignIntent, NothingSet) {
-    EXPECT_EQ(documentOf(HTEQDesignIntentStorage()),
-              R"({"designIntent": {"dataCenter": {"value": "false","explicit": "false"},)"
-              R"("embedded": {"value": "false","explicit": "false"},"externalHost": {"value": "false",)"
-              R"("explicit": "false"},"serverManaged": {"value": "false","explicit": "false"}}})");
-}

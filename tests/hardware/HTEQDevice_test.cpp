@@ -4,28 +4,6 @@
 
 #include "msg/HEXAll.h"
 
-TEST(Device, PartNameOfEachForm) {
-    const struct {
-        const char *text, *name, *grade, *power, *revision;
-    } kCases[] = {
-        {"a:b:c:-2", "bc-2", "", "", ""},
-        {"a:b:c:-2:e", "b-c-2-e", "e", "", ""},
-        {"a:b:c:-2:e:es1", "b-c-2-e-es1", "e", "", "es1"},
-        {"a:b:c:-2:e:L:es1", "b-c-2-e-L-es1", "e", "L", "es1"},
-        {"a:::", "", "", "", ""},  // empty fields count
-    };
-    for (const auto& c : kCases) {
-        SCOPED_TRACE(c.text);
-        HTEQDevice device;
-        device.setFpgaPart(c.text);
-        EXPECT_EQ(device.getPartName(), c.name);
-        EXPECT_EQ(device.getPartArch(), "a");
-        EXPECT_EQ(device.getPartTempGrade(), c.grade);
-        EXPECT_EQ(device.getPartStaPower(), c.power);
-        EXPECT_EQ(device.getPartRevision(), c.revision);
-    }
-}
-
 TEST(Device, ARefusedStringKeepsTheFields) {
     for (const char* text : {"a:b:c", "a:b:c:d:e:f:g:h", "a"}) {
         SCOPED_TRACE(text);

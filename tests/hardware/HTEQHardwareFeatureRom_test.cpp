@@ -6,7 +6,6 @@
 
 #include "hardware/Documents.h"
 #include "hardware/RomNames.h"
-#include "hardware/RomNumbers.h"
 #include "msg/HEXAll.h"
 
 using Rom = HTEQHardwareFeatureRom;
@@ -98,44 +97,4 @@ TEST(FeatureRom, DocumentNamesAreCutBetweenCharacters) {
     readInto(rom, R"({"vbnvName": ")" + std::string(62, 'x') + "\xC3\xA9\"}");
     EXPECT_EQ(documentOf(rom).find("\xC3"), std::string::npos);
     EXPECT_EQ(hardware::romNameText(rom.getVBNVName()), std::string(62, 'x'));
-}
-
-TEST(FeatureRom, NumbersAsTexts) {
-    const struct {
-        const char* text;
-        std::uint64_t value;
-    } kCases[] = {{"0x30", 0x30},
-                  {"30", 30},
-                  {"0X1f", 0x1f},
-                  {"", 0},
-                  {"0x", 0},
-                  {"x", 0},
-                  {" 12z", 12},
-                  {"-1", ~0ull},
-                  {"0xZ", 0},
-                  {"18446744073709551615", ~0ull},
-                  {"0xffffffffffffffffff", ~0ull}};
-    for (const auto& c : kCases) EXPECT_EQ(hardware::romNumber(c.text), c.value) << c.text;
-    EXPECT_EQ(hardware::romHex(0), "0x");
-    EXPECT_EQ(hardware::romHex(0xAB00), "0xab00");
-}
-
-TEST(FeatureRom, DocumentReadAndWritten) {
-    Rom rom;
-    readInto(rom, R"({"majorVersion": "10", "minorVersion": "1", "morwenBuildID": "4294967295", "ipBuildID": "7",
-                      "timeSinceEpoch": "1700000000", "fpgaPartName": "part", "vbnvName": "v:b:n:1.0",
-                      "ddrChannelCount": "4", "ddrChannelSize": "16", "drBaseAddress": "4096",
-                      "featureBitMap": {"value": "0x210530", "promType": "ignored"},
-                      "uuid": "00112233-4455-6677-8899-aabbccddeeff", "cdmaBaseAddress0": "0x10",
-                      "cdmaBaseAddress1": "16", "maxTempLimit": "95"})");
-    EXPECT_EQ(
-        documentOf(rom),
-        R"({"majorVersion": "10","minorVersion": "1","morwenBuildID": "4294967295","ipBuildID": "7",)"
-        R"("timeSinceEpoch": "1700000000","fpgaPartName": "part","vbnvName": "v:b:n:1.0","ddrChannelCount": "4",)"
-        R"("ddrChannelSize": "16","drBaseAddress": "0x1000","featureBitMap": {"value": "0x210530",)"
-        R"("unifiedPlatform": "disabled","auroraLink": "disabled","boardMgmt": "disabled",)"
-        R"("boardScheduler": "disabled","promType": "0x3","debugType": "0x5","peerToPeer": "enabled",)"
-        R"("uuid": "disabled","clockThrottling": "enabled","passthruTrans": "disabled"},)"
-        R"("uuid": "00112233-4455-6677-8899-aabbccddeeff","cdmaBaseAddress0": "0x10","cdmaBaseAddress1": "0x10",)"
-        R"("cdmaBaseAddress2": "0x","cdmaBaseAddress3": "0x","maxTempLimit": "95","maxPowerLimit": "0"})");
 }

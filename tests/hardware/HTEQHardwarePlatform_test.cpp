@@ -188,14 +188,6 @@ TEST(PlatformState, TextsAndShells) {
     }
 }
 
-TEST(HardwareEmulation, TheKindTurnsTheSupportOnAndNeverOff) {
-    HPLPlatform platform;
-    platform.setIsHWEmuPlatform(true);
-    EXPECT_TRUE(platform.supportsHWEmulation());
-    platform.setIsHWEmuPlatform(false);
-    EXPECT_TRUE(platform.supportsHWEmulation());
-}
-
 TEST(MemberNames, FollowTheExtension) {
     const struct {
         const char *file, *json, *altJson, *xml, *emuJson, *altEmuJson, *emuXml;

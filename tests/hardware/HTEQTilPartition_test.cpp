@@ -37,17 +37,6 @@ TEST(TilPartition, ChildrenAreFoundByBothNumbers) {
     EXPECT_EQ(copy, HTEQTilPartition());
 }
 
-TEST(TilPartition, DocumentReadAndWritten) {
-    HTEQTilPartition partition;
-    EXPECT_EQ(documentOf(partition), R"({"startColumn": "0","numColumns": "0"})");
-    partition.fromJSON(parsed(R"({"tilInst": "til_0", "startColumn": "2", "numColumns": "-3", "uuid": "u",
-                                  "til_pl_intf_id": "i", "partitions": [{"numColumns": "1"}]})"));
-    EXPECT_TRUE(partition.isRoot());
-    EXPECT_FALSE(partition.hasPartitions());
-    EXPECT_EQ(documentOf(partition),
-              R"({"tilInst": "til_0","startColumn": "2","numColumns": "-3","uuid": "u","til_pl_intf_id": "i"})");
-}
-
 TEST(TilPartitionsJsonReader, RootsWithTheirChildren) {
     HPLPlatform platform;
     platform.parseTILPartitions(fileOf(R"({"TIL": {

@@ -145,43 +145,6 @@ TEST_F(PlatformFiles, OlderArchivesHaveNoProject) {
     EXPECT_NE(copied([&](const std::string& to) { return platform_.extractTILPRJFile(to); }), "-");
 }
 
-// A project that is there already is used only when nobody else can have put it there, and is not removed.
-TEST_F(PlatformFiles, AProjectThatIsAlreadyThere) {
-    pack(kProject);
-    platform_.addFile("TILPRJ", "til/a.tilprj");
-    const std::string there = HUTEnv::getJUNTmpDir() + "/til/a.tilprj", elsewhere = directory_ + "/elsewhere";
-    ASSERT_TRUE(platform_.extractTILPRJFile(elsewhere));
-    const auto larch = [&] { return copied([&](const std::string& to) { return platform_.extractLARCHFile(to); }); };
-    fs::create_directories(HUTEnv::getJUNTmpDir() + "/til");
-    fs::remove(there);
-    fs::create_symlink(elsewhere, there);
-    EXPECT_EQ(larch(), "-");
-    fs::remove(there);
-    fs::create_hard_link(elsewhere, there);
-    EXPECT_EQ(larch(), "-");
-    fs::remove(there);
-    fs::copy_file(elsewhere, there);
-    EXPECT_EQ(larch(), "nested larch");
-    EXPECT_TRUE(fs::exists(there));
-    std::ofstream(there) << "no archive";
-    EXPECT_EQ(larch(), "-");
-    fs::remove(there);
-}
-
-TEST_F(PlatformFiles, ProjectNamesThatLeadElsewhere) {
-    pack(kProject);
-    const std::string outside = fs::path(HUTEnv::getJUNTmpDir()).parent_path().string() + "/outside.tilprj";
-    for (const std::string& name :
-         {std::string("../outside.tilprj"), outside, std::string("til/../../outside.tilprj")}) {
-        HPLPlatform platform;
-        platform.setPlatformFile(archive_);
-        platform.addFile("ME_ARCHIVE", "til/a.tilprj");
-        platform.addFile("TILPRJ", name);
-        EXPECT_EQ(copied([&](const std::string& to) { return platform.extractLARCHFile(to); }), "-") << name;
-        EXPECT_FALSE(fs::exists(outside));
-    }
-}
-
 TEST_F(PlatformFiles, TilePartitionsOfAFixedPlatform) {
     pack(kProject);
     platform_.addFile("TILPRJ", "til/a.tilprj");

@@ -14,15 +14,15 @@
 #include <string>
 #include <thread>
 
-#include "hostile/HostState.h"
-#include "hostile/Trial.h"
+#include "kit/HostState.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
+#include "kit/Trial.h"
+#include "kit/ZipBuilder.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/PlatformLoader.h"
-#include "support/Platforms.h"
-#include "support/Run.h"
 #include "util/HUTEnv.h"
-#include "zip/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 using builder::Entry;

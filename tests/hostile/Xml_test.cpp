@@ -4,18 +4,12 @@
 #include <functional>
 #include <string>
 
-#include "hostile/Trial.h"
-#include "support/CfaXml.h"
-#include "support/Platforms.h"
-#include "zip/ZipBuilder.h"
+#include "kit/CfaXml.h"
+#include "kit/Platforms.h"
+#include "kit/Trial.h"
+#include "kit/ZipBuilder.h"
 
 namespace {
-
-std::string repeated(std::string_view piece, std::size_t times) {
-    std::string text;
-    for (std::size_t i = 0; i < times; ++i) text += piece;
-    return text;
-}
 
 std::string wide(const std::string& ascii, bool hasMark) {
     std::string text = hasMark ? "\xFF\xFE" : "";

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "support/Run.h"
-#include "support/Scratch.h"
-#include "zip/ZipBuilder.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
+#include "kit/ZipBuilder.h"
 
 namespace fs = std::filesystem;
 

@@ -7,8 +7,8 @@
 #include "hwdb/HHDFHwDefUtils.h"
 #include "hwdb/HHSMHardwareDb.h"
 #include "hwdb/RootAttribute.h"
+#include "kit/ZipBuilder.h"
 #include "util/HUTEnv.h"
-#include "zip/ZipBuilder.h"
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include <random>
 #include <sstream>
 
+#include "kit/Files.h"
+
 namespace {
 
 using json::ptree;
@@ -29,12 +31,6 @@ std::string byTheTreesOwnWriter(const ptree& tree) {
     std::ostringstream out;
     boost::property_tree::write_json(out, tree, true);
     return out.str();
-}
-
-std::string repeated(std::string_view piece, std::size_t times) {
-    std::string text;
-    for (std::size_t i = 0; i < times; ++i) text += piece;
-    return text;
 }
 
 TEST(JsonText, ReadsWhatStandsInTheText) {

@@ -6,12 +6,12 @@
 #include <sstream>
 
 #include "json/JsonText.h"
+#include "kit/CfaXml.h"
+#include "kit/Platforms.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/JSONWriter.h"
-#include "support/CfaXml.h"
-#include "support/Platforms.h"
 
 namespace {
 
@@ -87,38 +87,6 @@ TEST_F(PlatformLoaderTest, ALonePartWritesOnlyWhatItHas) {
     EXPECT_EQ(software.count("file") + software.count("uniqueName") + software.count("directory"), 0U);
     EXPECT_EQ(software.count("hardwarePlatforms"), 0U);
     EXPECT_EQ(software.count("softwarePlatform"), 1U);
-}
-
-TEST_F(PlatformLoaderTest, TellsWhyThereIsNoPlatform) {
-    const std::string good = packed(scratch, "h.lfa", {{"lfa.json", "{}"}});
-    packed(scratch, "xml.lfa", {{"lfa.xml", "<Root/>"}});
-    packed(scratch, "bad.lfa", {{"lfa.json", "{\"devices\": [{}]}"}});
-    scratch.put("text.lfa", "no archive");
-    scratch.put("bad.spfm", "<a/>");
-    scratch.put("h.zip", "");
-    const struct {
-        std::string file;
-        const char* message;
-    } cases[] = {
-        {"", "hardware platform file '' does not exist"},
-        {scratch / "gone.lfa", "does not exist"},
-        {zdf(fileElement("hardwarePlatform", "h.zip")),
-         "incorrect file extension - only CFA and LFA files are supported"},
-        {scratch / "text.lfa", "Failed to parse Hardware Platform metadata file"},
-        {scratch / "xml.lfa", "Failed to parse Hardware Platform metadata file"},
-        {scratch / "bad.lfa", "Failed to parse Hardware Platform metadata file"},
-        {scratch / "gone.spfm", "the software platform file does not exist"},
-        {scratch / "bad.spfm", "software platform file does not exist"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.file);
-        messages.taken.clear();
-        EXPECT_EQ(load(c.file), nullptr);
-        ASSERT_FALSE(messages.taken.empty());
-        EXPECT_EQ(messages.taken.back().id, "@74-60@%s");
-        EXPECT_THAT(messages.taken.back().args.at(0), HasSubstr(c.message));
-        EXPECT_NE(load(good), nullptr) << "the next one loads as if nothing had been";
-    }
 }
 
 TEST_F(PlatformLoaderTest, ASecondLoadReadsNothing) {

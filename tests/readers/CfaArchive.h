@@ -2,8 +2,8 @@
 #include <map>
 #include <string>
 
+#include "kit/ZipBuilder.h"
 #include "readers/Capture.h"
-#include "zip/ZipBuilder.h"
 
 /// Archives of a test, in a directory of their own.
 class CfaArchives {

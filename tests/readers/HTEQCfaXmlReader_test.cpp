@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "json/JsonText.h"
+#include "kit/CfaXml.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLAddressSegment.h"
 #include "platform/HPLDevice.h"
@@ -15,7 +16,6 @@
 #include "platform/JSONWriter.h"
 #include "readers/CfaArchive.h"
 #include "readers/Hpfm.h"
-#include "support/CfaXml.h"
 #include "util/HUTEnv.h"
 
 namespace {

@@ -6,6 +6,10 @@
 
 #include <memory>
 
+#include "kit/CfaXml.h"
+#include "kit/Leaves.h"
+#include "kit/RandomCfa.h"
+#include "kit/Run.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
@@ -19,10 +23,6 @@
 #include "platform/JSONWriter.h"
 #include "readers/CfaArchive.h"
 #include "readers/Hpfm.h"
-#include "readers/RandomCfa.h"
-#include "support/CfaXml.h"
-#include "support/Leaves.h"
-#include "support/Run.h"
 #include "xml/XmlWriter.h"
 
 namespace {

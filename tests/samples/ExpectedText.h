@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string>
 
-#include "support/Run.h"
+#include "kit/Run.h"
 
 /// Compares a text with a file of examples/expected, line by line.
 inline void expectText(const std::string& text, const std::string& expected) {

@@ -11,8 +11,8 @@
 #include <string>
 #include <vector>
 
-#include "support/Run.h"
-#include "support/Scratch.h"
+#include "kit/Run.h"
+#include "kit/Scratch.h"
 
 namespace {
 

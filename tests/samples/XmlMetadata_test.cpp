@@ -13,8 +13,8 @@
 #include <memory>
 #include <string>
 
+#include "kit/Scratch.h"
 #include "samples/ExpectedText.h"
-#include "support/Scratch.h"
 
 namespace {
 

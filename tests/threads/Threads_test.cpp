@@ -10,12 +10,12 @@
 
 #include "hwdb/HHSMHardwareDb.h"
 #include "hwdb/HHSMHwManager.h"
+#include "kit/Platforms.h"
+#include "kit/Run.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQPlatformCAPI.h"
 #include "platform/PlatformLoader.h"
-#include "support/Platforms.h"
-#include "support/Run.h"
 
 namespace {
 

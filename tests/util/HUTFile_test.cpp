@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "kit/Scratch.h"
 #include "msg/HEXAll.h"
-#include "util/HUTEnv.h"
 #include "util/HUTFileUtils.h"
 
 namespace fs = std::filesystem;
@@ -32,15 +32,14 @@ TEST(HUTFile, ExtensionAndParent) {
 class HUTFileOnDisk : public testing::Test {
 protected:
     void SetUp() override {
-        dir_ = HUTFileUtils::uniquifyFilenameInDir(HUTEnv::getJUNTmpDir() + "/files");
         fs::create_directories(dir_ + "/real/inner");
         std::ofstream(dir_ + "/real/file") << "x";
         fs::create_directory_symlink("real", dir_ + "/link");
         fs::create_symlink("nowhere", dir_ + "/dangling");
         fs::create_symlink("loop", dir_ + "/loop");
     }
-    void TearDown() override { EXPECT_TRUE(HUTFile::rmRecursive(dir_)); }
-    std::string dir_;
+    const Scratch scratch_;
+    const std::string dir_ = scratch_.str();
 };
 
 TEST_F(HUTFileOnDisk, Kinds) {

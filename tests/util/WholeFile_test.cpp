@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
+#include "kit/Scratch.h"
 #include "msg/HEXAll.h"
 
 namespace fs = std::filesystem;
@@ -14,15 +14,9 @@ namespace {
 
 class WholeFile : public testing::Test {
 protected:
-    WholeFile() {
-        std::string name = testing::TempDir() + "wholefile-XXXXXX";
-        dir_ = ::mkdtemp(name.data());
-    }
-    ~WholeFile() override { fs::remove_all(dir_); }
-    std::size_t names() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(dir_), fs::directory_iterator()));
-    }
-    fs::path dir_;
+    std::size_t names() const { return scratch_.names().size(); }
+    const Scratch scratch_;
+    const fs::path dir_ = scratch_.str();
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "kit/Files.h"
 #include "xml/Garden.h"
 
 using namespace garden;
@@ -19,12 +20,6 @@ std::string plain(const std::string& attributes, const std::string& body) {
 
 const std::string kBody = "<description/><gate/>";
 
-std::string repeated(const std::string& text, std::size_t times) {
-    std::string result;
-    for (std::size_t i = 0; i < times; ++i) result += text;
-    return result;
-}
-
 std::string utf16(const std::string& ascii) {
     std::string result = "\xFE\xFF";
     for (const char c : ascii) result += {'\0', c};
@@ -38,24 +33,6 @@ std::optional<xml::Exception> refusal(const xml::Document<Garden>& format, const
         return e;
     }
     return std::nullopt;
-}
-
-struct Refusal {
-    std::string text;
-    unsigned line, column;
-    std::string element, words;
-};
-
-void expectRefusals(const xml::Document<Garden>& format, const std::vector<Refusal>& cases) {
-    for (const Refusal& c : cases) {
-        SCOPED_TRACE(c.text.substr(0, 200));
-        const auto e = refusal(format, c.text);
-        ASSERT_TRUE(e);
-        EXPECT_EQ(e->line(), c.line);
-        EXPECT_EQ(e->column(), c.column);
-        EXPECT_EQ(e->element(), c.element);
-        EXPECT_THAT(e->what(), HasSubstr(c.words));
-    }
 }
 
 }  // namespace
@@ -90,149 +67,10 @@ TEST(XmlReader, FillsTheRecord) {
     EXPECT_FALSE(g.bench);  // only the writer asks for it
 }
 
-TEST(XmlReader, FirstChildDecidesTheAlternative) {
-    const Garden g = readPlain(plain("", "<description/><water><butt/><butt/></water><gate/>"));
-    EXPECT_EQ(std::get<Rained>(g.water->source).butts.size(), 2U);
-}
-
-TEST(XmlReader, MatchesByNamespaceWhateverThePrefix) {
-    const std::string bodies[] = {
-        "<g:garden xmlns:g='urn:garden' g:name='n'><g:description/><g:gate/></g:garden>",
-        "<other:garden xmlns:other='urn:garden' other:name='n'><other:description/><other:gate/></other:garden>",
-        "<garden xmlns='urn:garden' xmlns:q='urn:garden' q:name='n'><description/><q:gate/></garden>",
-        "<g:garden xmlns:g='urn:garden' g:name='n'><h:description xmlns:h='urn:garden' xmlns:g='urn:x'/><g:gate/>"
-        "</g:garden>",
-        "<g:garden xmlns:g='urn:garden' g:name='n' xml:lang='en' xmlns:s='http://www.w3.org/2001/XMLSchema-instance'"
-        " s:schemaLocation='urn:garden g.xsd'><g:description xml:space='preserve'/><g:gate/></g:garden>",
-    };
-    for (const std::string& body : bodies) {
-        SCOPED_TRACE(body);
-        EXPECT_EQ(xml::read(kDocument, body, "g.xml").name.get(), "n");
-    }
-}
-
 TEST(XmlReader, ReadsTwoEncodings) {
     EXPECT_EQ(readPlain(utf16("<garden name='wide'><description/><gate/></garden>")).name.get(), "wide");
     EXPECT_EQ(readPlain("<?xml version='1.0' encoding='utf-8'?>" + plain("", kBody)).name.get(), "n");
     EXPECT_EQ(readPlain("\xEF\xBB\xBF<garden name='bom'>" + kBody + "</garden>").name.get(), "bom");
-}
-
-TEST(XmlReader, RefusesChildren) {
-    expectRefusals(
-        kPlainDocument,
-        {
-            {plain("", "<gate/>"), 2, 1, "gate", "<gate> stands in <garden> where <description> is expected"},
-            {plain("", "<description/>\n"), 3, 1, "garden",
-             "<garden> ends where <water>, <bed> or <gate> is expected"},
-            {plain("", "<description/><gate/><bed plant='x'/>"), 2, 22, "bed",
-             "where <gate>, <bench> or the end of <garden> is expected"},
-            {plain("", "<description/><description/>"), 2, 15, "description", "where <water>, <bed> or <gate> is"},
-            {plain("", "<description/><gate/><bench/><bench/>"), 2, 30, "bench", "the end of <garden> is expected"},
-            {plain("", "<description/>\n\n  <shed/>"), 4, 3, "shed", "<shed> stands in <garden>"},
-            {plain("", "<description><b/></description>"), 2, 14, "b", "the end of <description> is expected"},
-            {plain("", "<description/><gate><b/></gate>"), 2, 21, "b", "the end of <gate> is expected"},
-            {plain("", "<description/><water/>"), 2, 23, "water", "<water> ends where <pump> or <butt> is expected"},
-            {plain("", "<description/><water><sign/></water>"), 2, 22, "sign", "where <pump> or <butt> is expected"},
-            {plain("", "<description/><water><pump power='1'/><butt/></water>"), 2, 39, "butt",
-             "where <sign> or the end of <water> is expected"},
-            {plain("", "<description/>words<gate/>"), 2, 15, "garden", "the text \"words\" stands in <garden>"},
-            {plain("", "<description/><gate> x</gate>"), 2, 21, "gate", "the end of <gate> is expected"},
-            {"<gardens/>", 1, 1, "gardens", "the document element is <gardens>; expected <garden> in no namespace"},
-            {"<garden xmlns='urn:garden' name='n'/>", 1, 1, "garden", "expected <garden> in no namespace"},
-        });
-}
-
-TEST(XmlReader, RefusesAttributes) {
-    expectRefusals(
-        kPlainDocument,
-        {
-            {"<garden>" + kBody + "</garden>", 1, 1, "garden", "<garden> needs the attribute name"},
-            {plain("", "<description/>\n <bed/>"), 3, 2, "bed", "<bed> needs the attribute plant"},
-            {plain("", "<description/><bed plant='x' Rows='1'/>"), 2, 15, "bed",
-             "<bed> has no attribute Rows; it has plant or rows"},
-            {plain("", "<description/><gate x='1'/>"), 2, 15, "gate", "<gate> has no attribute x; it has none"},
-            {plain(" xmlns:g='urn:garden' g:open='1'", kBody), 1, 1, "garden",
-             "the attribute g:open of <garden> must be in no namespace"},
-            {plain(" p:open='1'", kBody), 1, 1, "garden", "the prefix of p:open is not declared"},
-            {plain(" a:b:c='1'", kBody), 1, 1, "garden", "a:b:c is not a valid name"},
-        });
-}
-
-TEST(XmlReader, RefusesValuesInThreeKinds) {
-    expectRefusals(
-        kPlainDocument,
-        {
-            {plain(" visitors=''", kBody), 1, 1, "garden", "visitors=\"\" of <garden> is not an integer"},
-            {plain(" visitors='1 2'", kBody), 1, 1, "garden", "is not an integer"},
-            {plain(" visitors='0x10'", kBody), 1, 1, "garden", "is not an integer"},
-            {plain(" visitors='99999999999999999999999.5'", kBody), 1, 1, "garden", "is not an integer"},
-            {plain(" visitors='-1'", kBody), 1, 1, "garden", "visitors=\"-1\" of <garden> is below the minimum, 0"},
-            {plain(" visitors='-99999999999999999999999'", kBody), 1, 1, "garden", "is below the minimum, 0"},
-            {plain(" visitors='65536'", kBody), 1, 1, "garden", "is above the maximum, 65535"},
-            {plain(" level='-32769'", kBody), 1, 1, "garden", "is below the minimum, -32768"},
-            {plain(" level='32768'", kBody), 1, 1, "garden", "is above the maximum, 32767"},
-            {plain(" stones='4294967296'", kBody), 1, 1, "garden", "is above the maximum, 4294967295"},
-            {plain(" grains='18446744073709551616'", kBody), 1, 1, "garden",
-             "is above the maximum, 18446744073709551615"},
-            {plain(" balance='-9223372036854775809'", kBody), 1, 1, "garden",
-             "is below the minimum, -9223372036854775808"},
-            {plain(" balance='9223372036854775808'", kBody), 1, 1, "garden",
-             "is above the maximum, 9223372036854775807"},
-            {plain(" open='yes'", kBody), 1, 1, "garden", "is not a Boolean (true, false, 1 or 0)"},
-            {plain("", "<description/><water litres='1.0'/>"), 2, 15, "water", "is not an integer"},
-            {plain("", "<description/><water><pump power='1e3'/></water>"), 2, 22, "pump", "is not a decimal number"},
-            {plain("", "<description/><water><pump power='.'/></water>"), 2, 22, "pump", "is not a decimal number"},
-            {plain("", "<description/><bed plant='' rows='256'/>"), 2, 15, "bed", "is above the maximum, 255"},
-            {plain(" level='\x7F" + std::string(100, 'x') + "'", kBody), 1, 1, "garden",
-             "level=\"\\x7f" + std::string(59, 'x') + "...\" of"},
-        });
-}
-
-TEST(XmlReader, RefusesNamespaces) {
-    expectRefusals(
-        kDocument,
-        {
-            {"<garden name='n'/>", 1, 1, "garden", "expected <garden> in the namespace \"urn:garden\""},
-            {"<g:garden name='n'/>", 1, 1, "", "the prefix of g:garden is not declared"},
-            {"<g:garden xmlns:g='urn:garden' name='n'/>", 1, 1, "garden",
-             "the attribute name of <garden> must be in the namespace \"urn:garden\""},
-            {"<g:garden xmlns:g='urn:garden' xmlns:h='urn:garden' g:name='n' h:name='m'/>", 1, 1, "garden",
-             "<garden> has the attribute name twice"},
-            {"<g:garden xmlns:g='urn:garden' g:name='n'>\n<description/></g:garden>", 2, 1, "description",
-             "<description> stands in <garden> where <description> is expected"},
-            {"<g:garden xmlns:g='urn:garden' g:name='n'><g:description xmlns:h='urn:garden'/>\n<h:gate/></g:garden>",
-             2, 1, "garden", "the prefix of h:gate is not declared"},
-            {"<g:garden xmlns:g='' g:name='n'/>", 1, 1, "", "is not a valid namespace declaration"},
-        });
-}
-
-TEST(XmlReader, RefusesWhatIsNotWellFormed) {
-    expectRefusals(
-        kPlainDocument,
-        {
-            {"", 1, 1, "", "not well-formed XML: no element found"},
-            {"<garden name='n'>\n<description>", 2, 14, "description", "the open element is <description>"},
-            {"<garden name='n'>\n<description></gate>", 2, 16, "description", "mismatched tag"},
-            {plain(" name='m'", kBody), 1, 18, "", "duplicate attribute"},
-            {plain("", "<description>&other;</description>"), 2, 14, "description", "undefined entity"},
-            {plain("", kBody) + "<more/>", 2, 31, "", "junk after document element"},
-            {plain("", "<description>\xFF</description>"), 2, 14, "description", "not well-formed"},
-            {"<?xml version='1.0' encoding='klingon'?><garden/>", 1, 1, "", "the encoding is \"klingon\"; expected"},
-            {"<?xml version='1.0' encoding='iso-8859-1'?><garden/>", 1, 1, "", "the encoding is \"iso-8859-1\""},
-            {utf16(plain("", kBody)).substr(2), 1, 1, "", "UTF-16 without a byte-order mark"},
-        });
-}
-
-TEST(XmlReader, RefusesADocumentTypeDeclaration) {
-    for (const char* declaration :
-         {"<!DOCTYPE garden>", "<!DOCTYPE garden SYSTEM 'file:///dev/zero'>", "<!DOCTYPE garden [<!ENTITY a 'b'>]>",
-          "<!DOCTYPE garden [<!ENTITY a SYSTEM 'http://example.com/'>]>"}) {
-        SCOPED_TRACE(declaration);
-        const auto e = refusal(kPlainDocument, declaration + plain("", kBody));
-        ASSERT_TRUE(e);
-        EXPECT_EQ(e->line(), 1U);
-        EXPECT_THAT(e->what(), HasSubstr("a document type declaration is not allowed"));
-    }
 }
 
 TEST(XmlReader, IsBounded) {

@@ -2,7 +2,8 @@
 
 #include <fmt/core.h>
 
-#include "support/Run.h"
+#include "kit/Run.h"
+#include "kit/ZipCases.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/HUTZip.h"
@@ -70,9 +71,9 @@ TEST_F(DigestOf, TheFormIsTheOneThatIsWrittenDown) {
     HUTZip::attachDigestEn(archive());
     EXPECT_EQ(comment(), expected);
     EXPECT_EQ(stateOf(archive()), State::valid);
-    const std::string once = slurp(archive());
+    const std::string once = contentOf(archive());
     HUTZip::attachDigestEn(archive());
-    EXPECT_EQ(slurp(archive()), once);
+    EXPECT_EQ(contentOf(archive()), once);
 }
 
 TEST_F(DigestOf, APackedFolderHasOne) {
@@ -140,49 +141,16 @@ TEST_F(DigestOf, AForeignCommentStandsBehind) {
     const std::string before = zip.build();
     scratch_.put("b.lfa", before);
     EXPECT_NE(wordsOf([this] { HUTZip::attachDigestEn(scratch_ / "b.lfa"); }).find("comment"), std::string::npos);
-    EXPECT_EQ(slurp(scratch_ / "b.lfa"), before);
+    EXPECT_EQ(contentOf(scratch_ / "b.lfa"), before);
 }
 
 TEST_F(DigestOf, EachFaultIsToldByNameAndReason) {
-    using Zip = builder::Zip;
-    const struct {
-        const char* what;
-        std::function<void(Zip&)> harm;
-        std::vector<std::string> differences;
-    } cases[] = {
-        {"nothing", [](Zip&) {}, {}},
-        {"bytes, and the CRC made to fit",
-         [](Zip& zip) {
-             const std::string extra = zip.entries[0].central.extra;
-             zip.entries[0] = builder::Entry("b", "secone");
-             zip.entries[0].central.extra = extra;
-         },
-         {"b: hash"}},
-        {"stored bytes", [](Zip& zip) { zip.entries[0].packed[2] ^= 1; }, {"b: crc"}},
-        {"packed bytes", [](Zip& zip) { zip.entries[1].packed[1] ^= 0x7F; }, {"a: damaged"}},
-        {"size", [](Zip& zip) { zip.entries[1].both(&builder::Header::size, 69'999); }, {"a: size"}},
-        {"CRC of the directory only", [](Zip& zip) { zip.entries[0].central.crc ^= 1; }, {"b: damaged"}},
-        {"field", [](Zip& zip) { zip.entries[0].central.extra[7] ^= 1; }, {"b: field"}},
-        {"a field of 31 bytes",
-         [](Zip& zip) { zip.entries[0].central.extra = builder::extra(0x525A, std::string(31, 'x')); },
-         {"b: field"}},
-        {"a field twice",
-         [](Zip& zip) { zip.entries[0].central.extra += zip.entries[0].central.extra; },
-         {"b: field"}},
-        {"no field", [](Zip& zip) { zip.entries[0].central.extra.clear(); }, {"b: extra"}},
-        {"one more member", [](Zip& zip) { zip.entries.emplace_back("c", "third"); }, {"c: extra"}},
-        {"one less", [](Zip& zip) { zip.entries.pop_back(); }, {": missing"}},
-        {"another name", [](Zip& zip) { zip.entries[0].both(&builder::Header::name, "B"); }, {": missing"}},
-        {"comment", [](Zip& zip) { zip.comment.back() = zip.comment.back() == '0' ? '1' : '0'; }, {": missing"}},
-        {"another version", [](Zip& zip) { zip.comment[10] = '2'; }, {": missing"}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        builder::Zip zip = stamped(scratch_);
-        c.harm(zip);
-        scratch_.put("a.lfa", zip.build());
-        EXPECT_EQ(differences(archive()), c.differences);
-        EXPECT_EQ(stateOf(archive()), c.differences.empty() ? State::valid : State::broken);
+    for (const cases::Case& each : cases::read(ZR_SOURCE_DIR "/tests/cases/zip/digest.case")) {
+        SCOPED_TRACE(each.name);
+        const std::string& expected = each.lines.back().text;
+        scratch_.put("a.lfa", zipOf(each, stamped(scratch_)).build());
+        EXPECT_EQ(differences(archive()), std::vector<std::string>(expected.empty() ? 0 : 1, expected));
+        EXPECT_EQ(stateOf(archive()), expected.empty() ? State::valid : State::broken);
     }
 }
 
@@ -200,7 +168,7 @@ TEST_F(DigestOf, NoFlippedBitGoesUnnoticed) {
     scratch_.put("folder/a", "some text");
     scratch_.put("folder/b", std::string(300, 'b'));
     HUTZip::compressDir(scratch_ / "folder", archive());
-    const std::string whole = slurp(archive());
+    const std::string whole = contentOf(archive());
     std::size_t unnoticed = 0;
     for (std::size_t i = 0; i < whole.size() * 8; ++i) {
         std::string flipped = whole;

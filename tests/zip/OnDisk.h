@@ -7,15 +7,10 @@
 #include <map>
 #include <string>
 
+#include "kit/Scratch.h"
+#include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
-#include "support/Scratch.h"
 #include "zip/Archive.h"
-#include "zip/ZipBuilder.h"
-
-inline std::string slurp(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 /// What the call throws, as words.
 inline std::string wordsOf(const std::function<void()>& call) {

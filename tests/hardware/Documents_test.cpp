@@ -1,0 +1,102 @@
+#include "hardware/Documents.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "hardware/MemorySize.h"
+#include "hardware/RomNumbers.h"
+#include "kit/Cases.h"
+#include "msg/HEXAll.h"
+#include "platform/HPLBoard.h"
+#include "platform/HPLCore.h"
+#include "platform/HPLMemory.h"
+#include "platform/HTEQDevice.h"
+#include "platform/HTEQHardwareFeatureRom.h"
+#include "platform/HTEQTilHardware.h"
+#include "platform/HTEQTilPartition.h"
+
+namespace {
+
+template <class T>
+std::string writtenAfter(const std::string& text) {
+    T record;
+    try {
+        if constexpr (std::is_same_v<T, HTEQTilPartition>)
+            record.fromJSON(parsed(text));
+        else if (text != "{}\n" || std::is_same_v<T, HTEQTilHardware>)
+            readInto(record, text);
+    } catch (const HEXAll& error) {
+        return error.what();
+    }
+    return documentOf(record);
+}
+
+TEST(HardwareDocuments, ReadAndWritten) {
+    const std::map<std::string, std::string (*)(const std::string&)> classes = {
+        {"board", writtenAfter<HPLBoard>},
+        {"core", writtenAfter<HPLCore>},
+        {"memory", writtenAfter<HPLMemory>},
+        {"featureRom", writtenAfter<HTEQHardwareFeatureRom>},
+        {"tilHardware", writtenAfter<HTEQTilHardware>},
+        {"tilPartition", writtenAfter<HTEQTilPartition>},
+    };
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/hardware/documents.case",
+                       [&](const std::string& name, const std::string& text) { return classes.at(name)(text); });
+}
+
+std::string gigabytes(const std::string& text) {
+    try {
+        return std::to_string(hardware::gigabytesOf(text));
+    } catch (const std::logic_error& error) {
+        return std::string("stoi: ") + error.what();
+    }
+}
+
+std::string kindOfTile(const std::string& text) {
+    try {
+        return HTEQTilHardware::archToString(HTEQTilHardware::stringToArch(text));
+    } catch (const HEXAlgException& error) {
+        return error.what();
+    }
+}
+
+std::string part(const std::string& text) {
+    HTEQDevice device;
+    device.setFpgaPart(text);
+    EXPECT_EQ(device.getPartArch(), "a");
+    return device.getPartName() + "," + device.getPartTempGrade() + "," + device.getPartStaPower() + "," +
+           device.getPartRevision();
+}
+
+std::string parameter(const std::string& text) {
+    HPLMemory memory;
+    const std::string name = text.substr(text.find(' ') + 1);
+    memory.setType(text.substr(0, text.find(' ')));
+    memory.addConfigParam(name, "old");
+    memory.addConfigParam(name, "1");
+    const auto& stored = memory.getReadOnlyConfigParamMap();
+    EXPECT_TRUE(stored.empty() || stored.at(name) == "1") << text;
+    return std::to_string(stored.size());
+}
+
+TEST(HardwareFunctions, OfTexts) {
+    const std::map<std::string, std::string (*)(const std::string&)> functions = {
+        {"gigabytes", gigabytes},
+        {"romNumber", [](const std::string& text) { return std::to_string(hardware::romNumber(text)); }},
+        {"kind", kindOfTile},
+        {"part", part},
+        {"parameter", parameter},
+    };
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/hardware/functions.case", [&](const auto& name, const auto& text) {
+        return functions.at(name.substr(0, name.find(' ')))(text);
+    });
+    EXPECT_EQ(hardware::romHex(0), "0x");
+    EXPECT_EQ(hardware::romHex(0xAB00), "0xab00");
+    EXPECT_EQ(HTEQTilHardware::archToString(static_cast<HTEQTilHardware::Arch>(77)), "NO_TIL");
+    const std::string blanks(2'000'000, ' ');
+    EXPECT_EQ(hardware::gigabytesOf("7" + blanks + "GB"), 7) << "long texts are no trouble";
+    EXPECT_EQ(hardware::gigabytesOf("7" + blanks), 0);
+}
+
+}  // namespace
