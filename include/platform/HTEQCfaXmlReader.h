@@ -1,8 +1,11 @@
 #pragma once
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <set>
 #include <string>
 
+#include "platform/HwMetadataMode.h"
 #include "text/ZrApi.h"
 
 class HPLBoard;
@@ -10,6 +13,10 @@ class HPLCore;
 class HPLDevice;
 class HPLPlatform;
 class HPLPort;
+struct ComMsgMgrInstance;
+namespace archive {
+class PlatformArchive;
+}
 namespace BasePlatform {
 struct AvailableResources;
 struct Board;
@@ -40,6 +47,9 @@ public:
     /// `platform` stays the caller's and is filled; a fresh one is expected. Throws `HEXFileNotFoundException` when
     /// the path is empty or does not exist.
     HTEQCfaXmlReader(const std::string& archive, HPLPlatform* platform);
+    HTEQCfaXmlReader(const HTEQCfaXmlReader&) = delete;
+    HTEQCfaXmlReader& operator=(const HTEQCfaXmlReader&) = delete;
+    ~HTEQCfaXmlReader();
 
     /// Reads the archive's metadata. False, with a message, when it
     /// - is missing or not valid: "@74-62@%s%s%d" (what is wrong, "archive/member", line);
@@ -49,16 +59,18 @@ public:
     ///   archive, what is wrong).
     /// The platform is half filled then.
     bool parseCFA();
+    /// The same, but throws `HEXFileFault`, with the reason, in place of answering false. `asked` is what the caller
+    /// was ready to read: the reason names the members that the archive lacks.
+    void readCFA(teq_platform::HwMetadataMode asked = teq_platform::HwMetadataMode::XmlOnly);
     /// The version of the schema that the document tells; nothing else is read into the platform. Fails as `parseCFA`
     /// does when the document is missing or not valid, and leaves both numbers then.
     bool getRootVersion(int& major, int& minor);
 
 private:
-    template <class Use>
-    bool withRoot_(Use use);
-    std::string textOf_(const std::string& member) const;
-    bool contains_(const std::string& member) const;
-    bool canCfaBeOpened_(const BasePlatform::Root& root, std::string& error) const;
+    void readRoot_(teq_platform::HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use);
+    std::string textOf_(teq_platform::HwMetadataMode asked);
+    ComMsgMgrInstance invalid_(const std::string& text, std::uint64_t line) const;
+    std::string newerSchema_(const BasePlatform::Root& root) const;
 
     void parseRoot_(const BasePlatform::Root& record);
     void parseGenAppData_(const BasePlatform::GenAppInfo& record);
@@ -82,7 +94,9 @@ private:
     void parseDesignIPs_(const BasePlatform::DesignIPs& record);
 
     std::string archive_;
+    std::string member_;  ///< the metadata
     HPLPlatform* platform_;
+    std::unique_ptr<const archive::PlatformArchive> opened_;  ///< `archive_`
     std::uint64_t hpfmBytes_ = 0;           ///< of all that were read
     std::set<std::string> emulationsRead_;  ///< members
 };

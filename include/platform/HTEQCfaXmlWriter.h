@@ -27,7 +27,7 @@ public:
     /// has no such form (no device, a port without name or type, more than 255 compute units, a text that XML cannot
     /// hold), with "@74-10@%s" when the file cannot be written.
     void writeCFA();
-    /// What `writeCFA` would write. Throws as it does for a platform that has no such form.
+    /// What `writeCFA` would write. Throws `HEXFileFault`, with the reason, for a platform that has no such form.
     std::string getText() const;
 
 private:

@@ -23,6 +23,8 @@ public:
     /// name, as in "./hw_emu.xml", do not count. Throws `HEXError` ("@74-34@%s%s") when the member cannot be opened,
     /// and `HXMLException` as `parseXml` does.
     static void parseFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
+    /// The same, but throws `HEXFileFault` in place of `HXMLException`.
+    static void readFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
 
 private:
     explicit HTEQEmulationXMLReader(HTEQEmulations* emulations) : emulations_(emulations) {}

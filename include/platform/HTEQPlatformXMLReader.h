@@ -20,6 +20,8 @@ public:
     /// False when the file cannot be read or is no valid descriptor: the error text is then printed on standard
     /// output and kept, message "@74-9@%s" is sent, and the platform is as it was.
     bool parseFile();
+    /// The same, but throws `HEXFileFault` where `parseFile` answers false.
+    void readFile();
     /// Two lines about the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }
 

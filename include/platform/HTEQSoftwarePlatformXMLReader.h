@@ -23,6 +23,8 @@ public:
     /// False when the file cannot be read or is not valid: the error text is then printed on standard output and
     /// kept, message "@74-51@%s%d" is sent, and the platform is as it was.
     bool parseFile();
+    /// The same, but throws `HEXFileFault` where `parseFile` answers false.
+    void readFile();
     /// About the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }
 

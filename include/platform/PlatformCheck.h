@@ -1,24 +1,19 @@
 #pragma once
-#include <cstdint>
 #include <span>
 #include <string>
 
+#include "msg/HEXDiagnostic.h"
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
 namespace teq_platform {
 
-/// One thing that is wrong in a file, or legal and probably a mistake.
-struct CheckFinding {
+/// One thing that is wrong in a file, or legal and probably a mistake. Its text is printable, in one line.
+struct CheckFinding : HEXDiagnostic {
     enum class Severity { warning, error };
 
-    std::string file;                    ///< path as it was given, or as the descriptor names it
-    std::string member;                  ///< of an archive; empty for the file itself
-    std::uint64_t line = 0, column = 0;  ///< from 1, columns in characters; 0 when there is no place in the text
     Severity severity = Severity::error;
-    const char* name = "";  ///< stays the same whatever the words become; a row of `PlatformCheck::explanations`
-    std::string element;    ///< name of the element, path of the JSON value ("devices[0].core"); may be empty
-    std::string text;       ///< what stands there and what is allowed: printable, in one line
+    const char* name = "";  ///< never changes with the text; a row of `PlatformCheck::explanations`
 };
 
 /// What a name means, with a bad and a good sample. Of what the samples are: see `file`.

@@ -2,17 +2,17 @@
 
 #include <memory>
 
-#include "archive/Request.h"
+#include "archive/PlatformArchive.h"
 #include "hardware/RomNames.h"
-#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/HTEQHpfmReader.h"
+#include "readers/ArchiveMember.h"
 #include "readers/CfaXmlTexts.h"
 #include "readers/Printed.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -22,7 +22,9 @@
 
 namespace {
 
+using archive::PlatformArchive;
 using cfaxml::readTexts;
+using teq_platform::HwMetadataMode;
 using xml::Attr;
 
 bool isTrue(const Attr<std::string>& flag) { return flag.isSet() && HSTStringUtils::iequals(flag.get(), "true"); }
@@ -37,74 +39,82 @@ int numberOf(const std::string& text) { return static_cast<int>(HSTStringUtils::
 
 }  // namespace
 
+HTEQCfaXmlReader::~HTEQCfaXmlReader() = default;
+
 HTEQCfaXmlReader::HTEQCfaXmlReader(const std::string& archive, HPLPlatform* platform)
     : archive_(archive), platform_(platform) {
     if (archive.empty() || !HUTPathUtils::exists(archive)) throw HEXFileNotFoundException(archive);
 }
 
 bool HTEQCfaXmlReader::parseCFA() {
-    return withRoot_([this](const BasePlatform::Root& root) {
-        std::string error;
-        if (!canCfaBeOpened_(root, error)) {
-            ComMsgMgr::sendMsg("@74-52@%s", error);
-            return false;
-        }
-        parseRoot_(root);
-        return true;
+    return readers::succeedsReported([this] { readCFA(); });
+}
+
+void HTEQCfaXmlReader::readCFA(HwMetadataMode asked) {
+    readRoot_(asked, [this](const BasePlatform::Root& root) {
+        if (const std::string refusal = newerSchema_(root); !refusal.empty())
+            readers::fail(ComMsgMgr::make("@74-52@%s", refusal), {.file = archive_, .text = refusal});
+        readers::reading(
+            archive_, member_, [&] { parseRoot_(root); },
+            [this](const std::exception& e) {
+                return ComMsgMgr::make("@74-65@%s%s%s", member_, archive_, e.what());
+            });
     });
 }
 
 bool HTEQCfaXmlReader::getRootVersion(int& major, int& minor) {
-    return withRoot_([&](const BasePlatform::Root& root) {
-        major = static_cast<int>(root.VersionMajor.get());
-        minor = static_cast<int>(root.VersionMinor.get());
-        return true;
+    return readers::succeedsReported([&] {
+        readRoot_(HwMetadataMode::XmlOnly, [&](const BasePlatform::Root& root) {
+            major = static_cast<int>(root.VersionMajor.get());
+            minor = static_cast<int>(root.VersionMinor.get());
+        });
     });
 }
 
-/// Gives `use` the archive's document; what it cannot be read for, or `use` throws, becomes a message.
-template <class Use>
-bool HTEQCfaXmlReader::withRoot_(Use use) {
-    std::string member;
-    try {
-        platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
-        member = platform_->getXmlFileName();
-        return use(xml::read(BasePlatform::kDocument, textOf_(member), archive_ + "!" + member));
-    } catch (const xml::Exception& e) {
-        msg::Capture::send(
-            ComMsgMgr::make("@74-62@%s%s%d", e.what(), archive_ + HUTFile::getDirSeparator() + member, e.line()),
-            readers::problemOf(e, archive_, member));
-    } catch (const std::exception& e) {
-        msg::Capture::send(ComMsgMgr::make("@74-65@%s%s%s", member, archive_, e.what()),
-                           readers::problemOf(e, archive_, member));
-    }
-    return false;
+/// Gives `use` the archive's document.
+void HTEQCfaXmlReader::readRoot_(HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use) {
+    platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
+    member_ = platform_->getXmlFileName();
+    const std::string text = textOf_(asked);
+    std::unique_ptr<const BasePlatform::Root> root;
+    readers::reading(
+        archive_, member_,
+        [&] {
+            root = std::make_unique<const BasePlatform::Root>(
+                xml::read(BasePlatform::kDocument, text, archive_ + "!" + member_));
+        },
+        [this](const std::exception& e) { return invalid_(e.what(), readers::diagnosticOf(e, archive_).line); });
+    use(*root);
 }
 
-/// A member that cannot be opened fails as an empty document would, with better words.
-std::string HTEQCfaXmlReader::textOf_(const std::string& member) const {
-    std::string reason = "the archive has no such member";
+ComMsgMgrInstance HTEQCfaXmlReader::invalid_(const std::string& text, std::uint64_t line) const {
+    return ComMsgMgr::make("@74-62@%s%s%d", text, archive_ + HUTFile::getDirSeparator() + member_, line);
+}
+
+/// A member that cannot be opened is reported as an empty document is: as a fault of its first line.
+std::string HTEQCfaXmlReader::textOf_(HwMetadataMode asked) {
+    const auto refuse = [this](const std::string& reason, const HEXDiagnostic& diagnostic) {
+        readers::fail(invalid_(reason + " (column 1)", 1), diagnostic);
+    };
     try {
-        if (std::optional<std::string> text = archive::open(archive_)->read(member)) return std::move(*text);
+        opened_ = std::make_unique<PlatformArchive>(archive_);
+        if (std::optional<std::string> text = opened_->text(member_)) return std::move(*text);
+        refuse("the archive has no such member", opened_->missingMetadata(asked));
     } catch (const zip::ArchiveError& e) {
-        reason = e.what();
+        refuse(e.what(), e.diagnostic());
     }
-    throw xml::Exception({{.file = archive_ + "!" + member, .line = 1, .column = 1}, "", reason});
+    return {};
 }
 
-bool HTEQCfaXmlReader::contains_(const std::string& member) const {
-    return archive::open(archive_)->contains(member);
-}
-
-bool HTEQCfaXmlReader::canCfaBeOpened_(const BasePlatform::Root& root, std::string& error) const {
+/// Why the document cannot be read; empty when it can.
+std::string HTEQCfaXmlReader::newerSchema_(const BasePlatform::Root& root) const {
     const Attr<std::string>& state = root.cfa.build.PlatformState;
-    if (state.isSet() && HSTStringUtils::iequals(state.get(), "pre_synth")) return true;
+    if (state.isSet() && HSTStringUtils::iequals(state.get(), "pre_synth")) return {};
     const auto current = static_cast<std::int32_t>(BasePlatform::Root().VersionMajor.get());
     const auto major = static_cast<std::int32_t>(root.VersionMajor.get());
-    if (major <= current) return true;
-    error = "Hardware Platform '" + archive_ + "' (version " + std::to_string(major) +
-            ") is newer than the current version " + std::to_string(current) + " (" + HUTEnv::getFullBuildStr() + ")";
-    return false;
+    if (major <= current) return {};
+    return "Hardware Platform '" + archive_ + "' (version " + std::to_string(major) +
+           ") is newer than the current version " + std::to_string(current) + " (" + HUTEnv::getFullBuildStr() + ")";
 }
 
 void HTEQCfaXmlReader::parseRoot_(const BasePlatform::Root& record) {
@@ -126,8 +136,9 @@ void HTEQCfaXmlReader::parseCFA_(const BasePlatform::CFA& record) {
     if (record.DcpEncrypt.isSet()) platform_->setDcpEncrypt(isTrue(record.DcpEncrypt));
     if (record.Unified.isSet()) platform_->setUnifiedPlatform(isTrue(record.Unified));
     // A platform that does not tell is fixed when its archive has a hardware definition.
-    platform_->setExpandable(record.Fixed.isSet() ? !isTrue(record.Fixed)
-                                                  : !contains_("hwdef.xml") && !contains_("sysdef.xml"));
+    platform_->setExpandable(record.Fixed.isSet()
+                                 ? !isTrue(record.Fixed)
+                                 : !opened_->contains("hwdef.xml") && !opened_->contains("sysdef.xml"));
     if (record.host) parseHost_(*record.host);
     parseBuild_(record.build);
     parseBoard_(platform_->getBoard(), record.board);
@@ -260,9 +271,9 @@ void HTEQCfaXmlReader::parseFiles_(const BasePlatform::Files& record) {
 }
 
 void HTEQCfaXmlReader::parseHpfm_(const std::string& member) {
-    const std::optional<std::string> text = archive::open(archive_)->read(member);
+    const std::optional<std::string> text = readers::textOrNothing(*opened_, member);
     if (!text) return;
-    // Each row of the list adds what its file says, and a stranger may list one file a hundred thousand times.
+    // Each row of the list adds what its file says, and a file may be listed a hundred thousand times.
     hpfmBytes_ += text->size();
     if (hpfmBytes_ > archive::kMetadataBound)
         throw HEXUserException("the hpfm files that '" + archive_ + "' lists hold more than " +
@@ -279,7 +290,7 @@ void HTEQCfaXmlReader::parseHpfm_(const std::string& member) {
 void HTEQCfaXmlReader::parseEmulations_(const std::string& member) {
     if (!emulationsRead_.insert(member).second) return;
     HTEQEmulations emulations;
-    HTEQEmulationXMLReader::parseFromCfa(archive_, member, &emulations);
+    HTEQEmulationXMLReader::readFromCfa(archive_, member, &emulations);
     for (const HTEQEmulation* emulation : emulations.getEmulations())
         for (const HTEQEmulationFile* file : emulation->getFiles())
             if (file->getType() == "EMU_HPFM") platform_->setSupportsHWEmulation(true);

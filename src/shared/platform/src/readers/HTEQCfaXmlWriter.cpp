@@ -75,7 +75,7 @@ void HTEQCfaXmlWriter::writeCFA() {
 }
 
 std::string HTEQCfaXmlWriter::getText() const {
-    return readers::makeDocument(file_, [this] { return document_(); });
+    return document_();
 }
 
 std::string HTEQCfaXmlWriter::document_() const {

@@ -2,14 +2,13 @@
 
 #include <fmt/core.h>
 
-#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
 #include "readers/Printed.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "records/TEQSoftwarePlatformLMX.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
@@ -21,16 +20,18 @@ HTEQSoftwarePlatformXMLReader::HTEQSoftwarePlatformXMLReader(const std::string& 
 }
 
 bool HTEQSoftwarePlatformXMLReader::parseFile() {
+    return readers::succeeds([this] { readFile(); });
+}
+
+void HTEQSoftwarePlatformXMLReader::readFile() {
     errorMsg_.clear();
     try {
         parsePlatform_(xml::readFile(TEQSoftwarePlatform::kDocument, file_));
-        return true;
     } catch (const xml::Exception& e) {
         errorMsg_ =
             fmt::format("Error parsing software platform file: {}\nLine number:{}. {}", file_, e.line(), e.what());
         readers::print(errorMsg_ + "\n");
-        msg::Capture::send(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), readers::problemOf(e, file_));
-        return false;
+        readers::fail(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), e.diagnostic());
     }
 }
 
