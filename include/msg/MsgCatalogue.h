@@ -5,6 +5,12 @@
 /// Severity of a message, in ascending order.
 enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical = 0x10000000, error = 0x20000000 };
 
+/// An id without its "@" and its argument format: "74-60" of "@74-60@%s", of "@74-60" and of itself.
+constexpr std::string_view shortMessageId(std::string_view id) {
+    if (id.starts_with('@')) id.remove_prefix(1);
+    return id.substr(0, id.find('@'));
+}
+
 /// One message that the library can send. The id and the arguments are the contract; the text may change.
 struct MsgRow {
     std::string_view id;     ///< as sent, for instance "@74-60@%s"

@@ -1,5 +1,6 @@
 #pragma once
 #include <boost/property_tree/ptree_fwd.hpp>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -8,7 +9,7 @@
 
 class HPLPlatform;
 namespace archive {
-class MemberSource;
+class PlatformArchive;
 }
 
 /// Fills one hardware platform from a JSON member of a `.cfa` or `.lfa` archive. A missing key gives an empty or zero
@@ -37,6 +38,11 @@ public:
     /// The same from the emulation directory; the platform is then marked as the child of another.
     bool parseHwEmuLFA(const std::string& archive, HwMetadataMode mode);
 
+    /// The same as `parseCFA` and `parseHwEmuLFA`, but they throw `HEXFileFault`, with the reason, in place of
+    /// answering false.
+    void readCFA(const std::string& archive, HwMetadataMode mode);
+    void readHwEmuLFA(const std::string& archive, HwMetadataMode mode);
+
     /// Reads a JSON file outside of an archive. False if it is not a file. Exceptions of the parser, the property
     /// tree and the model are passed on.
     bool parseFile(const std::string& file);
@@ -54,11 +60,11 @@ public:
 
 private:
     void parseRoot_(const boost::property_tree::ptree& document);
-    bool open(const std::string& archive);
-    bool parseMember(const std::string& member);
+    void open(const std::string& archive);
+    std::string memberFor(const std::string& archive, HwMetadataMode mode, bool ofChild);
+    void readMember(const std::string& member, const std::function<std::string()>& textOf);
 
     HPLPlatform* platform_;
     std::string archive_;
-    std::shared_ptr<const archive::MemberSource> source_;  ///< `archive_`, opened
-    std::string member_;                                   ///< what is being read, for messages
+    std::unique_ptr<const archive::PlatformArchive> opened_;  ///< `archive_`
 };

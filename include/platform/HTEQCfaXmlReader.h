@@ -1,9 +1,17 @@
 #pragma once
+#include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 
+#include "platform/HwMetadataMode.h"
 #include "text/ZrApi.h"
 
 class HPLPlatform;
+struct ComMsgMgrInstance;
+namespace archive {
+class PlatformArchive;
+}
 namespace BasePlatform {
 struct Root;
 }  // namespace BasePlatform
@@ -17,6 +25,9 @@ public:
     /// Fills `platform`, which must be new and stays owned by the caller. Throws `HEXFileNotFoundException` if the
     /// path is empty or does not exist.
     HTEQCfaXmlReader(const std::string& archive, HPLPlatform* platform);
+    HTEQCfaXmlReader(const HTEQCfaXmlReader&) = delete;
+    HTEQCfaXmlReader& operator=(const HTEQCfaXmlReader&) = delete;
+    ~HTEQCfaXmlReader();
 
     /// Reads the archive's metadata. False, with a message, if it
     /// - is missing or not valid: "@74-62@%s%s%d" (error, "archive/member", line);
@@ -26,16 +37,21 @@ public:
     ///   archive, error).
     /// In these cases the platform may be partly filled.
     bool parseCFA();
+    /// The same, but throws `HEXFileFault`, with the reason, in place of answering false. `asked` is what the caller
+    /// was ready to read: the reason names the members that the archive lacks.
+    void readCFA(teq_platform::HwMetadataMode asked = teq_platform::HwMetadataMode::XmlOnly);
     /// The schema version of the document; nothing is read into the platform. Fails like `parseCFA` if the document
     /// is missing or not valid, and then leaves both numbers unchanged.
     bool getRootVersion(int& major, int& minor);
 
 private:
-    template <class Use>
-    bool withRoot_(Use use);
-    std::string textOf_(const std::string& member) const;
-    bool canCfaBeOpened_(const BasePlatform::Root& root, std::string& error) const;
+    void readRoot_(teq_platform::HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use);
+    std::string textOf_(teq_platform::HwMetadataMode asked);
+    ComMsgMgrInstance invalid_(const std::string& text, std::uint64_t line) const;
+    std::string newerSchema_(const BasePlatform::Root& root) const;
 
     std::string archive_;
+    std::string member_;  ///< the metadata
     HPLPlatform* platform_;
+    std::unique_ptr<const archive::PlatformArchive> opened_;  ///< `archive_`
 };

@@ -18,7 +18,7 @@ public:
     /// cannot be written in this form (no device, a port without name or type, more than 255 compute units, a text
     /// that XML cannot hold), with "@74-10@%s" if the file cannot be written.
     void writeCFA();
-    /// What `writeCFA` would write. Throws like it if the platform cannot be written in this form.
+    /// What `writeCFA` would write. Throws `HEXFileFault`, with the reason, for a platform that has no such form.
     std::string getText() const;
 
 private:

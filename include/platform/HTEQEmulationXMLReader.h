@@ -20,6 +20,8 @@ public:
     /// ignored in the member's name. Throws `HEXError` ("@74-34@%s%s") if the member cannot be opened, and
     /// `HXMLException` like `parseXml`.
     static void parseFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
+    /// The same, but throws `HEXFileFault` in place of `HXMLException`.
+    static void readFromCfa(const std::string& archive, const std::string& member, HTEQEmulations* emulations);
 
 private:
     std::string file_;

@@ -15,6 +15,8 @@ public:
     /// False if the file cannot be read or is not a valid descriptor: the error text is then printed on standard
     /// output and kept, message "@74-9@%s" is sent, and the platform is unchanged.
     bool parseFile();
+    /// The same, but throws `HEXFileFault` where `parseFile` answers false.
+    void readFile();
     /// Two lines about the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }
 

@@ -15,6 +15,8 @@ public:
     /// False if the file cannot be read or is not valid: the error text is then printed on standard output and kept,
     /// message "@74-51@%s%d" is sent, and the platform is unchanged.
     bool parseFile();
+    /// The same, but throws `HEXFileFault` where `parseFile` answers false.
+    void readFile();
     /// About the last failure; empty after success.
     const std::string& getErrorMsg() const { return errorMsg_; }
 

@@ -1,24 +1,19 @@
 #pragma once
-#include <cstdint>
 #include <span>
 #include <string>
 
+#include "msg/HEXDiagnostic.h"
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
 namespace teq_platform {
 
-/// An error in a file, or something valid that is probably a mistake.
-struct CheckFinding {
+/// An error in a file, or something valid that is probably a mistake. Its text is printable, in one line.
+struct CheckFinding : HEXDiagnostic {
     enum class Severity { warning, error };
 
-    std::string file;                    ///< path as given, or as named by the descriptor
-    std::string member;                  ///< of an archive; empty for the file itself
-    std::uint64_t line = 0, column = 0;  ///< from 1, columns in characters; 0 if there is no location in the text
     Severity severity = Severity::error;
     const char* name = "";  ///< stable, unlike the text; a row of `PlatformCheck::explanations`
-    std::string element;    ///< name of the element, path of the JSON value ("devices[0].core"); may be empty
-    std::string text;       ///< what was found and what is allowed: printable, in one line
 };
 
 /// What a name means, with a bad and a good sample of `file`.

@@ -2,6 +2,7 @@
 #include <memory>
 #include <string>
 
+#include "platform/FileKind.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HwMetadataMode.h"
 #include "platform/PlatformParseException.h"
@@ -65,14 +66,13 @@ public:
     /// @}
 
 private:
-    enum class FileKind { hardware, software, descriptor };
-
     void attachPartition(HTEQReconfigurablePartition& partition);
     void attachAll();
+    std::shared_ptr<HTEQPlatform> loadOrThrow();
 
     std::shared_ptr<HTEQPlatform> platform_;
     std::string file_;
-    FileKind kind_ = FileKind::descriptor;
+    FileKind kind_;
     bool loaded_ = false;
     HwMetadataMode mode_;
 };

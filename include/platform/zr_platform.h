@@ -180,6 +180,8 @@ ZR_C_API uint64_t zr_error_line(const zr_error* error) ZR_NOEXCEPT;
 ZR_C_API uint64_t zr_error_column(const zr_error* error) ZR_NOEXCEPT;
 /* Of the message that reported it, as "74-64", for zr_explain; may be "". */
 ZR_C_API const char* zr_error_id(const zr_error* error) ZR_NOEXCEPT;
+/* All of it in one printable line: "file!member:line:column: text [id]", with what is known of it. */
+ZR_C_API const char* zr_error_describe(const zr_error* error) ZR_NOEXCEPT;
 ZR_C_API void zr_error_free(zr_error* error) ZR_NOEXCEPT;
 
 /* ---- Texts, and the bytes of members */

@@ -22,7 +22,7 @@ namespace zr {
 class Error : public std::runtime_error {
 public:
     explicit Error(const zr_error* error)
-        : std::runtime_error(words(error)),
+        : std::runtime_error(zr_error_describe(error)),
           code_(zr_error_code(error)),
           line_(zr_error_line(error)),
           column_(zr_error_column(error)),
@@ -40,17 +40,6 @@ public:
     const std::string& id() const { return id_; }
 
 private:
-    static std::string words(const zr_error* error) {
-        std::string words = zr_error_file(error);
-        if (*zr_error_member(error) != '\0') words += std::string("!") + zr_error_member(error);
-        if (zr_error_line(error) > 0)
-            words += ":" + std::to_string(zr_error_line(error)) + ":" + std::to_string(zr_error_column(error));
-        if (!words.empty()) words += ": ";
-        words += zr_error_text(error);
-        if (*zr_error_id(error) != '\0') words += std::string(" [") + zr_error_id(error) + "]";
-        return words;
-    }
-
     zr_code code_;
     std::uint64_t line_, column_;
     std::string text_, file_, member_, id_;

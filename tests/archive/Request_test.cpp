@@ -1,4 +1,4 @@
-#include "archive/Request.h"
+#include "zip/Request.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <thread>
 
 #include "archive/ArchiveSource.h"
+#include "archive/PlatformArchive.h"
 #include "archive/PlatformMembers.h"
-#include "archive/TreeSource.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
@@ -64,45 +64,54 @@ TEST(PlatformMembers, Names) {
     }
 }
 
-/// The same answers from an archive and from the tree that it was packed from.
-TEST_F(Sources, ArchiveAndTreeAgree) {
-    for (const auto& source : {archive::openArchive(at("a.lfa")), archive::openTree(at("tree"))}) {
-        SCOPED_TRACE(source->name());
-        std::string names;
-        for (const auto& file : source->files()) names += file.name + " ";
-        EXPECT_EQ(names, "hpfm/x.hpfm lfa.json prj/x.tilprj ");
-        EXPECT_TRUE(source->contains("prj/x.tilprj"));
-        EXPECT_FALSE(source->contains("hpfm"));
-        EXPECT_EQ(source->read("lfa.json"), "{}");
-        for (const char* const absent : {"LFA.json", "hpfm", "../a.lfa", "hpfm/../lfa.json", "/lfa.json", ""})
-            EXPECT_EQ(source->read(absent), std::nullopt) << absent;
-        EXPECT_THROW(source->read("hpfm/x.hpfm", 3), zip::ArchiveError);
+TEST_F(Sources, Members) {
+    const auto source = archive::open(at("a.lfa"));
+    std::string names;
+    for (const auto& file : source->files()) names += file.name + " ";
+    EXPECT_EQ(names, "hpfm/x.hpfm lfa.json prj/x.tilprj ");
+    EXPECT_TRUE(source->contains("prj/x.tilprj"));
+    EXPECT_FALSE(source->contains("hpfm"));
+    EXPECT_EQ(source->read("lfa.json"), "{}");
+    for (const char* const absent : {"LFA.json", "hpfm", "../a.lfa", "hpfm/../lfa.json", "/lfa.json", ""})
+        EXPECT_EQ(source->read(absent), std::nullopt) << absent;
+    EXPECT_THROW(source->read("hpfm/x.hpfm", 3), zip::ArchiveError);
 
-        EXPECT_TRUE(source->copyOut("hpfm/x.hpfm", at("out.hpfm")));
-        EXPECT_EQ(contentOf(at("out.hpfm")), "<x/>");
-        fs::remove(at("out.hpfm"));
-        EXPECT_FALSE(source->copyOut("absent", at("out.hpfm")));
-        EXPECT_FALSE(HUTFile::exists(at("out.hpfm")));
-        EXPECT_THROW(source->copyOut("lfa.json", at("no/such/file")), HEXUserException);
+    EXPECT_TRUE(source->copyOut("hpfm/x.hpfm", at("out.hpfm")));
+    EXPECT_EQ(contentOf(at("out.hpfm")), "<x/>");
+    EXPECT_THROW(source->copyOut("lfa.json", at("out.hpfm"), false), HEXUserException);
+    EXPECT_EQ(contentOf(at("out.hpfm")), "<x/>");
+    EXPECT_FALSE(source->copyOut("absent", at("other")));
+    EXPECT_FALSE(HUTFile::exists(at("other")));
+    EXPECT_THROW(source->copyOut("lfa.json", at("no/such/file")), HEXUserException);
+    EXPECT_THROW(archive::open(at("nowhere")), zip::ArchiveError);
+}
 
-        EXPECT_EQ(source->openNested("absent"), nullptr);
-        const auto project = source->openNested("prj/x.tilprj");
-        ASSERT_NE(project, nullptr);
-        const auto inner = project->openNested("arch/a.zip");
-        ASSERT_NE(inner, nullptr);
-        EXPECT_EQ(inner->read("deep"), "two deep");
-        EXPECT_TRUE(source->copyOut("prj/x.tilprj", at("x.zip")));
-        EXPECT_TRUE(HUTZip::containsFile(at("x.zip"), "arch/a.zip"));
-    }
-    EXPECT_THROW(archive::openTree(at("nowhere")), zip::ArchiveError);
-    EXPECT_THROW(archive::openArchive(at("nowhere")), zip::ArchiveError);
+/// The order in which metadata members are read is known to this class alone.
+TEST_F(Sources, MetadataOrder) {
+    using Mode = archive::PlatformArchive::Mode;
+    for (const char* name : {"alt_lfa.json", "lfa.xml", "hw_emu/alt_lfa.json"}) write(at("tree/" + std::string(name)), "x");
+    HUTZip::compressDir(at("tree"), at("all.lfa"));
+    const archive::PlatformArchive some(at("a.lfa")), all(at("all.lfa"));
+    EXPECT_EQ(some.metadata(Mode::Default)->member, "lfa.json");
+    EXPECT_EQ(all.metadata(Mode::Default)->member, "alt_lfa.json");
+    EXPECT_EQ(all.metadata(Mode::PrimaryJsonOnly)->member, "lfa.json");
+    EXPECT_EQ(all.metadata(Mode::XmlOnly)->member, "lfa.xml");
+    EXPECT_FALSE(some.metadata(Mode::XmlOnly));
+    EXPECT_EQ(some.missingMetadata(Mode::XmlOnly).text, "the archive has no metadata member lfa.xml");
+    EXPECT_EQ(some.missingMetadata(Mode::Default).text,
+              "the archive has no metadata member alt_lfa.json, lfa.json or lfa.xml");
+    EXPECT_EQ(all.childMetadata(Mode::Default)->member, "hw_emu/alt_lfa.json");
+    EXPECT_FALSE(all.childMetadata(Mode::PrimaryJsonOnly));
+    EXPECT_EQ(all.allMetadata().size(), 4U);
+    EXPECT_TRUE(some.lists("lfa.json") && some.lists("hpfm") && some.lists("prj"));
+    EXPECT_FALSE(some.lists("hpf") || some.lists("hpfm/x") || some.lists(""));
 }
 
 TEST_F(Sources, NestedTwoDeepAndNoDeeper) {
     fs::create_directory(at("wrap"));
     fs::rename(at("a.lfa"), at("wrap/b.lfa"));
     HUTZip::compressDir(at("wrap"), at("c.lfa"));
-    const auto project = archive::openArchive(at("c.lfa"))->openNested("b.lfa")->openNested("prj/x.tilprj");
+    const auto project = archive::open(at("c.lfa"))->openNested("b.lfa")->openNested("prj/x.tilprj");
     EXPECT_EQ(project->name(), at("c.lfa") + "!b.lfa!prj/x.tilprj");
     EXPECT_THROW(project->openNested("arch/a.zip"), zip::ArchiveError);
     EXPECT_EQ(project->openNested("absent"), nullptr);
@@ -123,24 +132,24 @@ TEST_F(Sources, OneBudgetForAChain) {
 TEST_F(Requests, ShareOneOpening) {
     const std::string path = at("a.lfa");
     {
-        const archive::Request request;
-        const auto first = archive::open(path);
+        const zip::Request request;
+        const auto first = zip::openShared(path);
         {
-            const archive::Request inner;
-            EXPECT_EQ(archive::open(path), first);
+            const zip::Request inner;
+            EXPECT_EQ(zip::openShared(path), first);
         }
-        EXPECT_EQ(archive::open(path), first) << "the outermost request keeps it";
+        EXPECT_EQ(zip::openShared(path), first) << "the outermost request keeps it";
         EXPECT_EQ(openOn(path), 1);
-        std::thread([&] { EXPECT_NE(archive::open(path), first); }).join();
+        std::thread([&] { EXPECT_NE(zip::openShared(path), first); }).join();
     }
     EXPECT_EQ(openOn(path), 0);
-    const auto alone = archive::open(path);
-    EXPECT_NE(archive::open(path), alone);
-    EXPECT_EQ(alone->read("lfa.json"), "{}");
+    const auto alone = zip::openShared(path);
+    EXPECT_NE(zip::openShared(path), alone);
+    EXPECT_EQ(alone->read(*alone->find("lfa.json")), "{}");
 }
 
 TEST_F(Requests, KeepTwelveArchivesOpen) {
-    const archive::Request request;
+    const zip::Request request;
     const auto held = archive::open(at("a.lfa"));
     int open = 0;
     for (int i = 0; i < 40; ++i) {
@@ -153,7 +162,7 @@ TEST_F(Requests, KeepTwelveArchivesOpen) {
 }
 
 TEST_F(Requests, SeeAChangedFile) {
-    const archive::Request request;
+    const zip::Request request;
     const auto old = archive::open(at("a.lfa"));
     write(at("tree/lfa.json"), "{1}");
     HUTZip::compressDir(at("tree"), at("a.lfa"));

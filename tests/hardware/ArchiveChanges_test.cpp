@@ -7,7 +7,6 @@
 #include <fstream>
 #include <functional>
 
-#include "archive/Request.h"
 #include "hardware/Documents.h"
 #include "kit/Platforms.h"
 #include "kit/Run.h"
@@ -15,6 +14,7 @@
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
 #include "zip/Archive.h"
+#include "zip/Request.h"
 
 namespace fs = std::filesystem;
 
@@ -125,7 +125,7 @@ TEST_F(ArchiveChanges, WithoutAPlatformFileNothingHappens) {
 }
 
 TEST_F(ArchiveChanges, WhatWasArchivedIsReadAtOnce) {
-    const archive::Request request;
+    const zip::Request request;
     EXPECT_TRUE(platform_.extract("bit/full.bit", archive_, scratch_ / "copy"));
     platform_.archiveFile("BIT", "bit/full.bit", source_);
     EXPECT_TRUE(platform_.extractFile("BIT", scratch_ / "copy"));

@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "Console.h"
-#include "Nearest.h"
 #include "Reference.h"
 #include "Verbs.h"
 
+#include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
 namespace {
@@ -66,7 +66,7 @@ std::string complaint(const CLI::ParseError& error, const std::string& first) {
     for (const Verb& verb : verbs()) names.push_back(verb.name);
     const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
     if (isVerb || first.empty() || first.starts_with("-")) return error.what();
-    return "there is no verb '" + HSTStringUtils::printable(first) + "'" + nearest(first, names);
+    return "there is no verb '" + HSTStringUtils::printable(first) + "'" + teq_platform::requests::nearest(first, names);
 }
 
 void write(const std::string& text) { Console::take().data(text); }
@@ -97,15 +97,16 @@ int runCommandLine(int argc, char** argv) {
     } catch (const CLI::CallForVersion&) {
         return write("zr-platform " ZR_VERSION "\n"), 0;
     } catch (const CLI::ParseError& e) {
-        Console::take().words("error: " + complaint(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
+        Console::take().note("error: " + complaint(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
                               (chosen ? std::string(chosen->name) + " " : "") + "--help");
         return static_cast<int>(Exit::usage);
     }
     if (!reference.empty()) return write(referenceAs(reference)), 0;
     if (!chosen) {
-        Console::take().words(app.help());
+        Console::take().note(app.help());
         return static_cast<int>(Exit::usage);
     }
     Console::take().configure(call);
+    const teq_platform::requests::Scope request;
     return chosen->run(call);
 }

@@ -15,6 +15,10 @@
 #include <msg/ComMsgMgr.h>
 #include <text/HSTStringUtils.h>
 
+using teq_platform::Failure;
+using teq_platform::FailureKind;
+using teq_platform::RequestError;
+
 Exit worse(Exit a, Exit b) {
     constexpr Exit kOrder[] = {Exit::fault, Exit::environment, Exit::input, Exit::usage, Exit::no};
     for (const Exit exit : kOrder)
@@ -22,31 +26,10 @@ Exit worse(Exit a, Exit b) {
     return Exit::done;
 }
 
-Problem Problem::of(Exit exit, std::string file, std::string text) {
-    Problem problem;
-    problem.exit = exit;
-    problem.file = std::move(file);
-    problem.text = std::move(text);
-    return problem;
-}
-
-std::string Problem::line_() const {
-    std::string place = HSTStringUtils::printable(file);
-    if (!member.empty()) place += "!" + HSTStringUtils::printable(member);
-    if (line > 0) place += ":" + std::to_string(line);
-    if (line > 0 && column > 0) place += ":" + std::to_string(column);
-    if (!place.empty()) place += ": ";
-    return place + "error: " + HSTStringUtils::printable(text) + (id.empty() ? "" : " [" + id + "]");
-}
-
-Problem Problem::of(const FileProblem& fault) {
-    Problem problem;
-    static_cast<FileProblem&>(problem) = fault;
-    return problem;
-}
+Exit exitOf(const Failure& failure) { return static_cast<Exit>(rowOf(failure.kind).exitCode); }
 
 struct Console::State {
-    std::stringbuf library;  ///< words that the library wrote on the standard streams
+    std::stringbuf library;  ///< what the library printed on the standard streams
     std::string out;
     bool verbose = false, quiet = false, json = false;
 
@@ -55,19 +38,17 @@ struct Console::State {
 
 namespace {
 
-/// Writes all of `bytes`, or says why not.
+/// Writes all of `bytes`.
 void writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t n = ::write(file, bytes.data(), bytes.size());
         if (n < 0 && errno == EINTR) continue;
         if (n < 0)
-            throw Problem::of(Exit::environment, "", std::string("cannot write the output: ") + std::strerror(errno));
+            throw RequestError(FailureKind::environment,
+                               {.text = std::string("cannot write the output: ") + std::strerror(errno)});
         bytes.remove_prefix(static_cast<std::size_t>(n));
     }
 }
-
-/// "74-60" of "@74-60@%s".
-std::string shortId(const std::string& id) { return id.empty() ? "" : id.substr(1, id.rfind('@') - 1); }
 
 }  // namespace
 
@@ -81,7 +62,7 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
                                          {"text", message.text}};
         writeAll(2, boost::json::serialize(record) + "\n");
     } else {
-        writeAll(2, HSTStringUtils::printable(message.text) + " [" + shortId(message.id) + "]\n");
+        writeAll(2, HSTStringUtils::printable(message.text) + " [" + std::string(shortMessageId(message.id)) + "]\n");
     }
 }
 
@@ -107,25 +88,26 @@ void Console::data(std::string_view bytes) {
     if (state_->out.size() > 1 << 16) flush();
 }
 
-void Console::sayKept() {
+void Console::printCaptured() {
     const std::string said = state_->library.str();
     state_->library.str("");
-    if (state_->verbose && !said.empty()) words(HSTStringUtils::printable(said));
+    if (state_->verbose && !said.empty()) note(HSTStringUtils::printable(said));
 }
 
 void Console::flush() {
-    sayKept();
+    printCaptured();
     const std::string out = std::exchange(state_->out, {});
     writeAll(1, out);
 }
 
-void Console::words(const std::string& line) {
+void Console::note(const std::string& line) {
     if (!state_->quiet) writeAll(2, line + "\n");
 }
 
-void Console::problem(const Problem& problem) {
-    sayKept();
-    words(problem.line_());
+void Console::report(const Failure& failure) {
+    printCaptured();
+    const char* hint = failure.kind == FailureKind::exists ? "; --force overwrites it" : "";
+    note(failure.diagnostic.report("error") + hint);
 }
 
 bool Console::wide() const { return isatty(1) == 1; }

@@ -4,38 +4,28 @@
 #include <string_view>
 #include <vector>
 
-#include <msg/HEXFileFault.h>
+#include <platform/RequestFailure.h>
 
 #include "Verbs.h"
 
-/// Exit codes, and how bad they are: of several files the worst counts.
+/// Exit codes. Of several files the worst counts.
 enum class Exit { done = 0, no = 1, usage = 2, input = 3, environment = 4, fault = 70 };
 Exit worse(Exit a, Exit b);
+Exit exitOf(const teq_platform::Failure& failure);
 
-/// One thing that went wrong, with its place as far as it is known.
-struct Problem : FileProblem {
-    Exit exit = Exit::input;
-
-    static Problem of(Exit exit, std::string file, std::string text);
-    static Problem of(const FileProblem& fault);
-
-    /// "file:line:column: error: text [id]", for a member "archive!member:line:column: ...".
-    std::string line_() const;
-};
-
-/// Standard output and standard error of the tool. The library writes words on the standard streams in places and
-/// sends messages: both are taken in here, so that standard output holds data only.
+/// Standard output and standard error of the tool. The library prints text on the standard streams in places and sends
+/// messages: both are captured here, so that standard output holds data only.
 class Console {
 public:
     /// Takes the streams and the message sink over, for the process.
     static Console& take();
     void configure(const Call& call);
 
-    /// Data, as it stands. Throws `Problem` when it cannot be written.
+    /// Data, as it stands. Fails when it cannot be written.
     void data(std::string_view bytes);
-    /// A line of words on standard error, unless --quiet.
-    void words(const std::string& line);
-    void problem(const Problem& problem);
+    /// A line on standard error, unless --quiet.
+    void note(const std::string& line);
+    void report(const teq_platform::Failure& failure);
     void flush();
 
     bool wide() const;  ///< standard output is a terminal
@@ -43,7 +33,7 @@ public:
 private:
     Console();
     /// What the library has printed since the last call, for --verbose.
-    void sayKept();
+    void printCaptured();
     struct State;
     State* state_;
 };

@@ -1,21 +1,12 @@
-#include <sstream>
-
-#include <platform/JSONWriter.h>
-#include <platform/PlatformLoader.h>
+#include <platform/PlatformRequests.h>
 
 #include "Console.h"
 #include "Load.h"
 
+namespace requests = teq_platform::requests;
+
 int runJson(const Call& call) {
-    const auto platform = loaded(call["FILE"], call);
-    if (!call.has("short")) {
-        Console::take().data(teq_platform::PlatformLoader::document(*platform, call["FILE"]));
-        return 0;
-    }
-    teq_platform::JSONObjectWriter writer;
-    platform->shortToJSON(writer);
-    std::ostringstream text;
-    writer.write(text);
-    Console::take().data(text.str());
+    const auto form = call.has("short") ? requests::Form::brief : requests::Form::full;
+    Console::take().data(requests::document(*loaded(call["FILE"], call), call["FILE"], form));
     return 0;
 }

@@ -1,7 +1,6 @@
 #include "Load.h"
 
-#include <msg/HEXFileFault.h>
-#include <platform/PlatformLoader.h>
+#include <platform/PlatformRequests.h>
 
 using teq_platform::HwMetadataMode;
 
@@ -13,16 +12,14 @@ HwMetadataMode modeOf(const Call& call) {
 }
 
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call) {
-    return teq_platform::PlatformLoader::open(file, modeOf(call));
+    return teq_platform::requests::load(file, modeOf(call));
 }
 
-std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, Problem& problem) {
+std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, teq_platform::Failure& failure) {
     try {
         return loaded(file, call);
-    } catch (const HEXFileNotFoundException&) {
-        problem = Problem::of(Exit::input, file, "no such file");
-    } catch (const HEXFileFault& e) {
-        problem = Problem::of(e.problem());
+    } catch (const HEXAll&) {
+        failure = teq_platform::currentFailure();
+        return nullptr;
     }
-    return nullptr;
 }

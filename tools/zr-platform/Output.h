@@ -1,24 +1,8 @@
 #pragma once
+#include <functional>
 #include <string>
 
-/// Throws a `Problem` when `destination`, a file or "-", has no directory, or is there and may not be overwritten.
-void checkDestination(const std::string& destination, bool overwrite);
-
-/// A result that is written beside its destination and renamed over it when it is whole; "-" is standard output.
-class OutputFile {
-public:
-    /// `ext`: of the name to write to; empty for the destination's. Throws what `checkDestination` throws.
-    OutputFile(const std::string& destination, bool overwrite, const std::string& ext = "");
-    OutputFile(const OutputFile&) = delete;
-    OutputFile& operator=(const OutputFile&) = delete;
-    ~OutputFile();
-
-    /// Where to write: a name that nothing stands at.
-    const std::string& path() const { return path_; }
-    /// Puts what was written at `path` into its place.
-    void commit();
-
-private:
-    std::string destination_, path_;
-    bool overwrite_;
-};
+/// Calls `write` with the path to write to, and whether a file there may be replaced: `destination` itself, or, for
+/// "-", a temporary file with the extension `ext`, which is then copied to standard output.
+void writeTo(const std::string& destination, bool mayReplace, const std::string& ext,
+             const std::function<void(const std::string& path, bool mayReplace)>& write);

@@ -1,16 +1,8 @@
-#include <platform/PlatformSchema.h>
-#include <text/HSTStringUtils.h>
+#include <platform/PlatformRequests.h>
 
 #include "Console.h"
 
-using teq_platform::PlatformSchema;
-
 int runSchema(const Call& call) {
-    const std::string text = PlatformSchema::text(call["FORMAT"]);
-    if (text.empty())
-        throw Problem::of(Exit::usage, "",
-                          "there is no format '" + call["FORMAT"] + "'; there are " +
-                              HSTStringUtils::join(PlatformSchema::formats(), ", "));
-    Console::take().data(text);
+    Console::take().data(teq_platform::requests::schema(call["FORMAT"]));
     return 0;
 }

@@ -1,19 +1,21 @@
-#include <platform/PlatformEdit.h>
-#include <text/HSTStringUtils.h>
+#include <platform/PlatformRequests.h>
 
 #include "Console.h"
 #include "Load.h"
 
 int runSetFile(const Call& call) {
-    const std::string& archive = call["ARCHIVE"];
-    teq_platform::PlatformEdit edit(archive, modeOf(call), call.has("strip-paths"));
+    const auto result = teq_platform::requests::setFile({.archive = call["ARCHIVE"],
+                                                         .type = call["TYPE"],
+                                                         .member = call["MEMBER"],
+                                                         .source = call["SOURCE"],
+                                                         .mode = modeOf(call),
+                                                         .mayLose = call.has("force"),
+                                                         .stripPaths = call.has("strip-paths"),
+                                                         .dryRun = call.has("dry-run")});
     Console& console = Console::take();
-    for (const std::string& change : edit.lost())
-        console.words(HSTStringUtils::printable(std::string(archive).append(": ").append(change)));
-    if (!edit.lost().empty() && !call.has("force")) {
-        console.words("nothing was written; --force writes all the same");
-        return static_cast<int>(Exit::no);
-    }
-    if (!call.has("dry-run")) edit.setFile(call["TYPE"], call["MEMBER"], call["SOURCE"]);
-    return 0;
+    for (const std::string& loss : result.losses)
+        console.note(HEXDiagnostic{.file = call["ARCHIVE"], .text = loss}.format());
+    if (!result.isRefused) return 0;
+    console.note("nothing was written; --force writes all the same");
+    return static_cast<int>(Exit::no);
 }

@@ -128,7 +128,7 @@ void showTilPartitions(Text& text, const HPLPlatform& platform) {
     try {
         for (const HTEQTilPartition& partition : platform.getTilPartitions()) addTilRows(rows, partition, "");
     } catch (const HEXAll& e) {
-        text.note("tile partitions are not to be read: " + HSTStringUtils::printable(e.what()));
+        text.note("tile partitions cannot be read: " + HSTStringUtils::printable(e.what()));
     }
     text.rows("tile partitions", {"name", ">first column", ">columns", "UUID", "interface"}, rows);
 }

@@ -1,12 +1,17 @@
+#include <platform/FileKind.h>
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQPlatformXMLReader.h>
 #include <platform/HTEQReconfigurablePartition.h>
-#include <util/HUTFile.h>
 
 #include "Console.h"
 #include "Load.h"
 #include "ShowHardware.h"
 #include "Text.h"
+
+using teq_platform::Failure;
+using teq_platform::FailureKind;
+using teq_platform::FileKind;
+using teq_platform::fileKindOf;
 
 namespace {
 
@@ -48,24 +53,22 @@ void showAll(Text& text, const HTEQPlatform& platform) {
 /// A file that a descriptor names, loaded on its own: what it holds, or why it cannot be read.
 Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call) {
     if (file.empty()) return Exit::done;
-    Problem problem;
-    if (!HUTFile::exists(file)) {
-        problem = Problem::of(Exit::input, file, "no such file");
-    } else if (const auto part = tryLoad(file, call, problem)) {
+    Failure failure;
+    if (const auto part = tryLoad(file, call, failure)) {
         showAll(text, *part);
         return Exit::done;
     }
     text.heading(what);
-    text.note("not to be read: " + problem.line_());
-    Console::take().problem(problem);
-    return problem.exit;
+    text.note("cannot be read: " + failure.diagnostic.report("error"));
+    Console::take().report(failure);
+    return exitOf(failure);
 }
 
 /// What can be read of a descriptor whose platform does not load as a whole.
 Exit showParts(Text& text, const std::string& file, const Call& call) {
     HTEQPlatform platform;
     platform.setZdf(true);
-    if (!HTEQPlatformXMLReader(file, &platform).parseFile()) return Exit::input;
+    HTEQPlatformXMLReader(file, &platform).readFile();
     showIdentity(text, platform);
     Exit exit = Exit::done;
     const auto show = [&](const char* what, const std::string& part) {
@@ -81,24 +84,20 @@ Exit showParts(Text& text, const std::string& file, const Call& call) {
     return exit;
 }
 
-bool isDescriptor(const std::string& file) {
-    return !file.ends_with(".lfa") && !file.ends_with(".cfa") && !file.ends_with(".spfm");
-}
-
 }  // namespace
 
 int runShow(const Call& call) {
     const std::string& file = call["FILE"];
     Text text;
-    Problem problem;
+    Failure failure;
     Exit exit = Exit::done;
-    if (const auto platform = tryLoad(file, call, problem)) {
+    if (const auto platform = tryLoad(file, call, failure))
         showAll(text, *platform);
-    } else if (isDescriptor(file) && HUTFile::exists(file) && problem.id != "74-9") {
+    else if (fileKindOf(file) == FileKind::descriptor && failure.kind != FailureKind::noSuchFile &&
+             failure.diagnostic.id != "74-9")
         exit = showParts(text, file, call);
-    } else {
-        throw problem;
-    }
+    else
+        return Console::take().report(failure), static_cast<int>(exitOf(failure));
     Console::take().data(text.str());
     return static_cast<int>(exit);
 }

@@ -1,5 +1,4 @@
 #include <platform/PlatformCheck.h>
-#include <text/HSTStringUtils.h>
 
 #include "Console.h"
 
@@ -13,12 +12,10 @@ const char* severityOf(const CheckFinding& finding) {
 }
 
 std::string lineOf(const CheckFinding& finding) {
-    std::string line = finding.file;
-    if (!finding.member.empty()) line += "!" + finding.member;
-    if (finding.line > 0) line += ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
-    line += std::string(": ") + severityOf(finding) + ": ";
-    if (!finding.element.empty()) line += finding.element + ": ";
-    return HSTStringUtils::printable(line + finding.text) + " [" + finding.name + "]\n";
+    HEXDiagnostic line = finding;
+    line.id = finding.name;
+    if (!finding.element.empty()) line.text = finding.element + ": " + finding.text;
+    return line.report(severityOf(finding)) + "\n";
 }
 
 boost::json::object recordOf(const CheckFinding& finding) {

@@ -23,8 +23,10 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
         for (const HUTZip::Difference& difference : found.differences) {
             const char* reason = HUTZip::reasonText(difference.reason);
             differences.push_back({{"member", difference.member}, {"reason", reason}, {"text", difference.text}});
-            const std::string place = archive + (difference.member.empty() ? "" : "!" + difference.member);
-            lines += HSTStringUtils::printable(place + ": " + difference.text) + " [" + reason + "]\n";
+            lines +=
+                HEXDiagnostic{.file = archive, .member = difference.member, .id = reason, .text = difference.text}
+                    .report("") +
+                "\n";
         }
         const bool same = found.isSound() && found.digest != HUTZip::DigestState::broken;
         const bool good = same && !(requireDigest && found.digest == HUTZip::DigestState::none);
@@ -39,10 +41,10 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
                      {"differences", differences}});
         return good ? Exit::done : Exit::no;
     } catch (const HEXFileFault& e) {
-        const Problem problem = Problem::of(e.problem());
-        Console::take().problem(problem);
-        records.add({{"archive", archive}, {"good", false}, {"digest", nullptr}, {"problem", problem.text}});
-        return Exit::input;
+        const teq_platform::Failure failure = teq_platform::currentFailure();
+        Console::take().report(failure);
+        records.add({{"archive", archive}, {"good", false}, {"digest", nullptr}, {"problem", e.diagnostic().text}});
+        return exitOf(failure);
     }
 }
 

@@ -7,8 +7,6 @@
 #include <functional>
 #include <utility>
 
-#include "msg/Capture.h"
-#include "msg/ShortId.h"
 #include "text/HSTStringUtils.h"
 
 namespace {
@@ -24,7 +22,7 @@ const char* severityName(MsgMask mask) {
 }
 
 void toStandardError(const ComMsgMgrInstance& message) {
-    const std::string_view id = message.id.empty() ? "0-0" : msg::shortId(message.id);
+    const std::string_view id = message.id.empty() ? "0-0" : shortMessageId(message.id);
     std::fprintf(stderr, "%s: [%s %.*s] %s\n", severityName(message.mask), message.module.c_str(),
                  static_cast<int>(id.size()), id.data(), HSTStringUtils::printable(message.text).c_str());
 }
@@ -45,10 +43,7 @@ std::string compose(std::string_view text, const std::vector<std::string>& args)
 
 void ComMsgMgr::setSink(Sink sink) { currentSink() = sink ? std::move(sink) : Sink(toStandardError); }
 
-void ComMsgMgr::send(const ComMsgMgrInstance& message) {
-    msg::Capture::take(message);
-    currentSink()(message);
-}
+void ComMsgMgr::send(const ComMsgMgrInstance& message) { currentSink()(message); }
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {
     std::string text = compose(row.text, args);

@@ -11,7 +11,7 @@
 #include "msg/HEXAll.h"
 #include "util/Descriptor.h"
 #include "util/HUTFile.h"
-#include "util/Successor.h"
+#include "util/AtomicFile.h"
 
 namespace wholefile {
 
@@ -43,7 +43,7 @@ std::string read(const std::string& path, std::size_t most) {
 
 void replace(const std::string& path, std::string_view bytes) {
     const std::string target = HUTFile::getCanonicalName(path);
-    util::Successor made(target, 0600);
+    util::AtomicFile made(target, 0600);
     made.write(0, bytes);
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0)
@@ -51,7 +51,7 @@ void replace(const std::string& path, std::string_view bytes) {
     else if (::fchmod(made.descriptor(), 0644) != 0)
         fail(path, "written");
     made.sync();
-    made.takePlace();
+    made.commit();
 }
 
 }  // namespace wholefile

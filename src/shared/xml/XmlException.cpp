@@ -2,20 +2,23 @@
 
 #include <fmt/core.h>
 
-#include "text/HSTStringUtils.h"
-
 namespace xml {
+namespace {
 
-Exception::Exception(Violation violation)
-    : violation_(std::move(violation)),
+HEXDiagnostic diagnosticOf(const Violation& violation) {
+    return {.file = violation.place.file,
+            .line = violation.place.line,
+            .column = violation.place.column,
+            .element = violation.element,
+            .text = violation.text};
+}
+
+}  // namespace
+
+Exception::Exception(const Violation& violation)
+    : HEXFileFault(diagnosticOf(violation)),
       what_(line() == 0 ? text() : fmt::format("{} (column {})", text(), column())) {}
 
 Exception::~Exception() = default;
-
-std::string Exception::describe() const {
-    const Place& at = place();
-    if (at.line == 0) return fmt::format("{}: {}", at.file, text());
-    return fmt::format("{}:{}:{}: {}", at.file, at.line, at.column, text());
-}
 
 }  // namespace xml

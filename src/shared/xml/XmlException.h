@@ -1,8 +1,9 @@
 #pragma once
 #include <cstdint>
-#include <exception>
 #include <string>
 #include <vector>
+
+#include "msg/HEXFileFault.h"
 
 namespace xml {
 
@@ -45,24 +46,19 @@ struct Violation {
 using Violations = std::vector<Violation>;
 
 /// A document that cannot be read, or a record that cannot be written.
-class Exception : public std::exception {
+class Exception : public HEXFileFault {
 public:
-    explicit Exception(Violation violation);
+    explicit Exception(const Violation& violation);
     ~Exception() override;
 
     /// The text followed by " (column N)", since callers print only file and line with it.
     const char* what() const noexcept override { return what_.c_str(); }
-    const std::string& text() const { return violation_.text; }
-    std::uint64_t line() const { return violation_.place.line; }
-    std::uint64_t column() const { return violation_.place.column; }
-    const std::string& element() const { return violation_.element; }
-    const Place& place() const { return violation_.place; }
-    const Violation& violation() const { return violation_; }
-    /// "file:line:column: text"
-    std::string describe() const;
+    const std::string& text() const { return diagnostic().text; }
+    std::uint64_t line() const { return diagnostic().line; }
+    std::uint64_t column() const { return diagnostic().column; }
+    const std::string& element() const { return diagnostic().element; }
 
 private:
-    Violation violation_;
     std::string what_;
 };
 

@@ -10,9 +10,8 @@
 
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
+#include "util/AtomicFile.h"
 #include "util/HUTFile.h"
-#include "util/Successor.h"
-#include "zip/ArchiveLock.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/MemoryBytes.h"
@@ -31,10 +30,7 @@ struct stat statusOf(int descriptor) {
 }  // namespace
 
 ArchiveEdit::ArchiveEdit(const std::string& path, std::chrono::milliseconds patience)
-    : path_(HUTFile::getCanonicalName(path)) {
-    auto bytes = openLocked(path_, patience);
-    file_ = bytes.get();
-    archive_ = std::make_unique<Archive>(std::move(bytes), path_);
+    : path_(HUTFile::getCanonicalName(path)), locked_(path_, patience) {
     if (::faccessat(AT_FDCWD, HUTFile::getParent(path_).c_str(), W_OK | X_OK, AT_EACCESS) != 0)
         refuse("its directory: " + std::generic_category().message(errno));
 }
@@ -44,9 +40,8 @@ void ArchiveEdit::refuse(const std::string& text) const {
 }
 
 void ArchiveEdit::put(const std::string& member, SourceFile source) {
-    const FileStamp& stamp = source.bytes().stamp();
-    if (stamp.device == file_->stamp().device && stamp.inode == file_->stamp().inode)
-        source.refuse("it is the archive itself");
+    const FileStamp& from = source.bytes().stamp();
+    if (from.device == stamp().device && from.inode == stamp().inode) source.refuse("it is the archive itself");
     stage(member, {nullptr, std::move(source), {}});
 }
 
@@ -63,7 +58,7 @@ void ArchiveEdit::stage(const std::string& member, Change change) {
 
 bool ArchiveEdit::remove(const std::string& member) {
     const bool wasStaged = changes_.erase(member) > 0;
-    if (!archive_->find(member)) return wasStaged;
+    if (!archive().find(member)) return wasStaged;
     return removed_.insert(member).second;
 }
 
@@ -72,35 +67,35 @@ bool ArchiveEdit::isKept(const Member& member) const {
 }
 
 FileStamp ArchiveEdit::commit(Digest digest) {
-    const bool isValid = isDigestValid(*archive_);
+    const bool isValid = isDigestValid(archive());
     if (changes_.empty() && removed_.empty() && (digest == Digest::keep || isValid)) return stamp();
-    if (changes_.empty() && removed_.size() == archive_->members().size()) refuse("no member would be left in it");
+    if (changes_.empty() && removed_.size() == archive().members().size()) refuse("no member would be left in it");
     const Stamp fields = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
 
-    util::Successor successor(path_, 0600);
-    write(fields, [&successor](std::uint64_t offset, std::string_view bytes) { successor.write(offset, bytes); });
+    util::AtomicFile made(path_, 0600);
+    write(fields, [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
     checkSources();
-    checkResult(successor.descriptor());
-    successor.takeModeAndOwner(statusOf(file_->descriptor()));
-    successor.sync();
+    checkResult(made.descriptor());
+    made.takeModeAndOwner(statusOf(locked_.file().descriptor()));
+    made.sync();
     checkArchive();
-    successor.takePlace();
-    return FileStamp(statusOf(successor.descriptor()));
+    made.commit();
+    return FileStamp(statusOf(made.descriptor()));
 }
 
 ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {
     Stamp stamp;
     std::vector<DigestRow> rows;
-    for (const Member& member : archive_->members()) {
+    for (const Member& member : archive().members()) {
         if (!isKept(member)) continue;
-        rows.push_back({member.name, member.size, isValid ? *digestField(member) : zip::hashOf(*archive_, member)});
+        rows.push_back({member.name, member.size, isValid ? *digestField(member) : zip::hashOf(archive(), member)});
         if (!isValid) stamp.fields.emplace(member.name, rows.back().hash);
     }
     for (auto& [name, change] : changes_) {
         rows.push_back({name, change.bytes().size(), hashOf(change)});
         stamp.fields.emplace(name, rows.back().hash);
     }
-    stamp.comment = withDigest(digestLine(rows), archive_->comment());
+    stamp.comment = withDigest(digestLine(rows), archive().comment());
     return stamp;
 }
 
@@ -120,7 +115,7 @@ ZipWriter::Bytes ArchiveEdit::Change::toPack() const {
 }
 
 void ArchiveEdit::write(const Stamp& stamp, const ZipWriter::Write& to) const {
-    const ByteSource& old = archive_->bytes();
+    const ByteSource& old = archive().bytes();
     ZipWriter writer(path_,
                      {old.size(),
                       [&](std::uint64_t offset, char* target, std::size_t count) {
@@ -132,7 +127,7 @@ void ArchiveEdit::write(const Stamp& stamp, const ZipWriter::Write& to) const {
             writer.setField(number, kDigestField, viewOf(field->second));
     };
     std::uint64_t number = 0;
-    for (const Member& member : archive_->members()) {
+    for (const Member& member : archive().members()) {
         const auto change = changes_.find(std::string(member.name));
         if (removed_.contains(member.name)) {
             writer.remove(number);
@@ -143,7 +138,7 @@ void ArchiveEdit::write(const Stamp& stamp, const ZipWriter::Write& to) const {
         ++number;
     }
     for (const auto& [name, change] : changes_)
-        if (!archive_->find(name)) setField(writer.add(name, change.toPack()), name);
+        if (!archive().find(name)) setField(writer.add(name, change.toPack()), name);
     if (!stamp.comment.empty()) writer.setComment(stamp.comment);
     writer.close();
 }
@@ -155,7 +150,7 @@ void ArchiveEdit::checkSources() const {
 
 void ArchiveEdit::checkArchive() const {
     struct stat status {};
-    if (::stat(path_.c_str(), &status) != 0 || !(FileStamp(status) == file_->stamp()) || !file_->isAsOpened())
+    if (::stat(path_.c_str(), &status) != 0 || !(FileStamp(status) == stamp()) || !locked_.file().isAsOpened())
         refuse("it was changed by somebody else since it was read");
 }
 
@@ -163,7 +158,7 @@ void ArchiveEdit::checkArchive() const {
 /// another archive to it.
 void ArchiveEdit::checkKept(const Archive& made) const {
     std::size_t count = changes_.size();
-    for (const Member& member : archive_->members()) {
+    for (const Member& member : archive().members()) {
         if (!isKept(member)) continue;
         const Member* const kept = made.find(member.name);
         if (!kept || kept->size != member.size || kept->crc != member.crc)

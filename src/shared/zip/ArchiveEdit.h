@@ -10,6 +10,7 @@
 #include <string_view>
 
 #include "zip/Archive.h"
+#include "zip/ArchiveLock.h"
 #include "zip/FileBytes.h"
 #include "zip/Sha256.h"
 #include "zip/SourceFile.h"
@@ -39,8 +40,8 @@ public:
     ArchiveEdit& operator=(const ArchiveEdit&) = delete;
 
     /// As opened.
-    const Archive& archive() const { return *archive_; }
-    const FileStamp& stamp() const { return file_->stamp(); }
+    const Archive& archive() const { return locked_.archive(); }
+    const FileStamp& stamp() const { return locked_.file().stamp(); }
 
     // These throw `HEXUserException` for a name that could not be extracted again. The last call for a name takes
     // effect.
@@ -84,9 +85,8 @@ private:
     void checkKept(const Archive& made) const;
     [[noreturn]] void refuse(const std::string& text) const;
 
-    std::string path_;                 ///< canonical
-    const FileBytes* file_ = nullptr;  ///< the archive's
-    std::unique_ptr<const Archive> archive_;
+    std::string path_;  ///< canonical
+    LockedArchive locked_;
     std::map<std::string, Change> changes_;
     std::set<std::string, std::less<>> removed_;
 };

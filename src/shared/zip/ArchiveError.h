@@ -14,10 +14,10 @@ public:
     ArchiveError(std::string archive, std::string member, std::string text, Fault fault = Fault::other);
     ~ArchiveError() override;
 
-    const std::string& archive() const { return problem().file; }
+    const std::string& archive() const { return diagnostic().file; }
     /// Empty if the error concerns the archive itself.
-    const std::string& member() const { return problem().member; }
-    const std::string& text() const { return problem().text; }
+    const std::string& member() const { return diagnostic().member; }
+    const std::string& text() const { return diagnostic().text; }
     Fault fault() const { return fault_; }
 
 private:

@@ -7,9 +7,8 @@
 #include <system_error>
 
 #include "msg/HEXAll.h"
-#include "util/Descriptor.h"
+#include "util/AtomicFile.h"
 #include "util/HUTFile.h"
-#include "zip/NewFile.h"
 
 namespace {
 
@@ -37,8 +36,8 @@ void writeFile(const std::string& path, const Fill& fill, bool mayReplace) {
     const std::string directory = HUTFile::getParent(target);
     const util::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!parent.isOpen()) fail(path, errno);
-    zip::NewFile file(parent.get(), target.substr(target.rfind('/') + 1), path, 0666);
-    fill([&file](std::string_view bytes) { file.write(bytes); });
+    util::AtomicFile file(parent.get(), target.substr(target.rfind('/') + 1), path, 0666);
+    fill([&file](std::string_view bytes) { file.append(bytes); });
     file.commit(mayReplace);
 }
 

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "text/HSTStringUtils.h"
+#include "util/AtomicFile.h"
 #include "zip/ArchiveError.h"
 #include "zip/MemberName.h"
-#include "zip/NewFile.h"
 
 namespace zip {
 namespace {
@@ -73,9 +73,9 @@ void ExtractionDirectory::extract(const Archive& archive, const Member& member, 
     const bool isNested = separator != std::string::npos;
     const util::Descriptor directory = openDirectory(isNested ? std::string_view(name).substr(0, separator) : "");
     if (member.isDirectory()) return;
-    NewFile file(directory.get(), isNested ? name.substr(separator + 1) : name, path_ + "/" + name, 0644);
+    util::AtomicFile file(directory.get(), isNested ? name.substr(separator + 1) : name, path_ + "/" + name, 0644);
     archive.copyTo(
-        member, [&file](std::string_view piece) { file.write(piece); }, budget);
+        member, [&file](std::string_view piece) { file.append(piece); }, budget);
     file.commit(overwrite);
 }
 

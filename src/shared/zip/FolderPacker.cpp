@@ -16,7 +16,7 @@
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
-#include "util/Successor.h"
+#include "util/AtomicFile.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/SourceFile.h"
@@ -78,15 +78,15 @@ public:
         collect();
         if (entries_.empty()) throw HEXUserException("folder '" + folder_ + "' is empty: there is nothing to pack");
         std::ranges::sort(entries_, {}, &Entry::member);
-        util::Successor made(archive, 0666);
+        util::AtomicFile made(archive, 0666);
         write(made);
         made.sync();
         if (accept) accept(made.path());
-        made.takePlace(mayReplace);
+        made.commit(mayReplace);
     }
 
 private:
-    void write(util::Successor& made) const {
+    void write(util::AtomicFile& made) const {
         ZipWriter writer(folder_, {},
                          [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
         std::vector<zip::DigestRow> rows;

@@ -11,42 +11,45 @@
 #include "zip/ArchiveError.h"
 #include "zip/ExtractionDirectory.h"
 #include "zip/FolderPacker.h"
+#include "zip/Request.h"
 
 bool HUTZip::containsFile(const std::string& archive, const std::string& member) {
     try {
-        return zip::Archive(archive).find(member) != nullptr;
+        return zip::openShared(archive)->find(member) != nullptr;
     } catch (const zip::ArchiveError&) {
         return false;
     }
 }
 
 HSTVector<HUTZip::Member> HUTZip::members(const std::string& archive) {
-    const zip::Archive opened(archive);
+    const auto opened = zip::openShared(archive);
     HSTVector<Member> members;
-    members.reserve(opened.members().size());
-    for (const zip::Member& member : opened.members())
+    members.reserve(opened->members().size());
+    for (const zip::Member& member : opened->members())
         members.push_back({std::string(member.name), member.size, member.packedSize});
     std::sort(members.begin(), members.end(), [](const Member& a, const Member& b) { return a.name < b.name; });
     return members;
 }
 
 void HUTZip::getFiles(const std::string& archive, HSTVector<std::string>& files) {
-    const zip::Archive opened(archive);
+    const auto opened = zip::openShared(archive);
     files.clear();
-    files.reserve(opened.members().size());
-    for (const zip::Member& member : opened.members()) files.emplace_back(member.name);
+    files.reserve(opened->members().size());
+    for (const zip::Member& member : opened->members()) files.emplace_back(member.name);
 }
 
 bool HUTZip::uncompressDir(const std::string& archive, const std::string& directory, const std::string& destination,
                            bool overwrite) {
-    const zip::Archive opened(archive);
+    const auto opened = zip::openShared(archive);
     const zip::ExtractionDirectory target(destination);
     const std::string below = directory.empty() || directory.ends_with('/') ? directory : directory + "/";
-    zip::OutputBudget budget;
+    const auto shared = zip::Request::budget();
+    zip::OutputBudget own;
+    zip::OutputBudget& budget = shared ? *shared : own;
     bool isFound = false;
-    for (const zip::Member& member : opened.members()) {
+    for (const zip::Member& member : opened->members()) {
         if (!member.name.starts_with(below)) continue;
-        target.extract(opened, member, overwrite, budget);
+        target.extract(*opened, member, overwrite, budget);
         isFound = true;
     }
     return isFound;
@@ -68,4 +71,4 @@ const char* HUTZip::reasonText(Reason reason) {
     return kTexts.at(static_cast<std::size_t>(reason));
 }
 
-HUTZip::Verification HUTZip::verify(const std::string& archive) { return zip::checkArchive(zip::Archive(archive)); }
+HUTZip::Verification HUTZip::verify(const std::string& archive) { return zip::checkArchive(*zip::openShared(archive)); }

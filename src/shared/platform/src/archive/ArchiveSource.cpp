@@ -5,18 +5,19 @@
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
 #include "zip/NestedArchive.h"
+#include "zip/Request.h"
 
 namespace archive {
 namespace {
 
-constexpr int kDeepest = 2;
+constexpr int kMaxDepth = 2;
 
 }  // namespace
 
-ArchiveSource::ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::uint64_t budget)
+ArchiveSource::ArchiveSource(std::shared_ptr<const zip::Archive> archive, std::uint64_t budget)
     : archive_(std::move(archive)), callBudget_(budget) {}
 
-ArchiveSource::ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget)
+ArchiveSource::ArchiveSource(std::shared_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget)
     : archive_(std::move(archive)), sharedBudget_(std::move(budget)) {}
 
 std::vector<MemberInfo> ArchiveSource::files() const {
@@ -40,19 +41,19 @@ std::optional<std::string> ArchiveSource::read(std::string_view member, std::uin
     return archive_->read(*found, bound);
 }
 
-bool ArchiveSource::copyOut(std::string_view member, const std::string& destination) const {
+bool ArchiveSource::copyOut(std::string_view member, const std::string& destination, bool mayReplace) const {
     const zip::Member* const found = archive_->find(member);
     if (!found) return false;
     const auto budget = budgetOfCall();
     zip::writeDestination(destination,
-                          [&](const zip::Archive::Sink& take) { archive_->copyTo(*found, take, *budget); });
+                          [&](const zip::Archive::Sink& take) { archive_->copyTo(*found, take, *budget); }, mayReplace);
     return true;
 }
 
 std::shared_ptr<const MemberSource> ArchiveSource::openNested(std::string_view member) const {
     const zip::Member* const found = archive_->find(member);
     if (!found) return nullptr;
-    if (depth_ == kDeepest)
+    if (depth_ == kMaxDepth)
         throw zip::ArchiveError(name(), std::string(member), "archives are opened at most two deep in another one");
     auto budget = budgetOfCall();
     auto inner = zip::openNested(*archive_, *found, *budget);
@@ -61,8 +62,11 @@ std::shared_ptr<const MemberSource> ArchiveSource::openNested(std::string_view m
     return nested;
 }
 
-std::shared_ptr<const MemberSource> openArchive(const std::string& path) {
-    return std::make_shared<ArchiveSource>(std::make_unique<zip::Archive>(path));
+std::shared_ptr<const MemberSource> open(const std::string& path) {
+    auto archive = zip::openShared(path);
+    if (auto budget = zip::Request::budget())
+        return std::make_shared<ArchiveSource>(std::move(archive), std::move(budget));
+    return std::make_shared<ArchiveSource>(std::move(archive));
 }
 
 }  // namespace archive

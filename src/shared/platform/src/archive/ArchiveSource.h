@@ -10,29 +10,30 @@ namespace archive {
 /// The members of an opened zip archive.
 class ArchiveSource final : public MemberSource {
 public:
-    /// `budget`: how many bytes each call may unpack, and all calls on nested archives together.
-    explicit ArchiveSource(std::unique_ptr<const zip::Archive> archive,
+    /// `budget`: how many bytes each call may decompress, and all calls on nested archives together.
+    explicit ArchiveSource(std::shared_ptr<const zip::Archive> archive,
                            std::uint64_t budget = zip::OutputBudget::kOfCall);
-    /// `budget`: how many bytes all calls may unpack, shared with others.
-    ArchiveSource(std::unique_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget);
+    /// `budget`: how many bytes all calls may decompress, shared with others.
+    ArchiveSource(std::shared_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget);
 
     const std::string& name() const override { return archive_->name(); }
     std::vector<MemberInfo> files() const override;
     bool contains(std::string_view member) const override { return archive_->find(member) != nullptr; }
     std::optional<std::string> read(std::string_view member, std::uint64_t bound) const override;
-    bool copyOut(std::string_view member, const std::string& destination) const override;
+    bool copyOut(std::string_view member, const std::string& destination, bool mayReplace) const override;
     std::shared_ptr<const MemberSource> openNested(std::string_view member) const override;
 
 private:
     std::shared_ptr<zip::OutputBudget> budgetOfCall() const;
 
-    std::unique_ptr<const zip::Archive> archive_;
+    std::shared_ptr<const zip::Archive> archive_;
     std::uint64_t callBudget_ = 0;
     int depth_ = 0;                                    ///< 0 for a file of its own
     std::shared_ptr<zip::OutputBudget> sharedBudget_;  ///< null when each call has one of its own
 };
 
-/// Opens the archive at `path`. Throws `zip::ArchiveError`.
-std::shared_ptr<const MemberSource> openArchive(const std::string& path);
+/// Opens the archive at `path`, within a request (`zip::Request`) only once and with the request's budget. Throws
+/// `zip::ArchiveError`.
+std::shared_ptr<const MemberSource> open(const std::string& path);
 
 }  // namespace archive

@@ -33,7 +33,7 @@ public:
     virtual std::optional<std::string> read(std::string_view member, std::uint64_t bound = kMetadataBound) const = 0;
     /// Copies a member to a path of the user's own choice, whose directory must exist, and replaces what is there.
     /// False when there is no such member. Throws `HEXUserException` for the disk; no file is left half written.
-    virtual bool copyOut(std::string_view member, const std::string& destination) const = 0;
+    virtual bool copyOut(std::string_view member, const std::string& destination, bool mayReplace = true) const = 0;
     /// The archive that is a member, of this one or of one in it: two deep at most, and all that is unpacked along
     /// the way counts against one budget. Null when there is no such member.
     virtual std::shared_ptr<const MemberSource> openNested(std::string_view member) const = 0;

@@ -1,33 +1,24 @@
 #pragma once
 #include <string>
-#include <utility>
 
-#include "msg/Capture.h"
-#include "msg/HEXFileFault.h"
+#include "msg/Silence.h"
+#include "platform/RequestFailure.h"
 #include "platform/zr_platform.h"
 
 namespace capi {
 
-/// What a call of the C interface fails with when no exception of the library says it.
-struct Failure {
-    zr_code code;
-    FileProblem problem;
-};
-
 [[noreturn]] void wrongUse(const std::string& text);
-[[noreturn]] void notFound(const std::string& file, const std::string& text);
-[[noreturn]] void refuse(const std::string& file, const std::string& text);
 
 /// Makes the error of the exception that is being handled; `file` is that of the call, null when it has none.
 zr_code reportCaught(zr_error** error, const char* file) noexcept;
 
-/// Runs a call's body. What it throws becomes an error object, and nothing that is said meanwhile reaches standard
-/// output.
+/// Runs a call's body. What it throws becomes an error object, and nothing that readers print meanwhile reaches
+/// standard output.
 template <class Body>
 zr_code guarded(zr_error** error, const char* file, Body body) noexcept {
     if (error) *error = nullptr;
     try {
-        const msg::Capture said(msg::Capture::Words::drop);
+        const msg::Silence silence;
         body();
         return ZR_OK;
     } catch (...) {
@@ -42,6 +33,8 @@ T& need(T* value, const char* name) {
     return *value;
 }
 std::string needText(const char* value, const char* name);
+/// The file argument `value`, which must exist.
+std::string needFile(const char* value, const char* name);
 /// Refuses flags that the call does not take.
 void checkFlags(std::uint32_t flags, std::uint32_t taken);
 void checkIndex(std::uint64_t index, std::uint64_t count);

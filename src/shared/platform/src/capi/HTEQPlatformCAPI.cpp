@@ -2,10 +2,10 @@
 
 #include <cstring>
 
-#include "archive/Request.h"
 #include "json/JsonText.h"
 #include "platform/JSONWriter.h"
 #include "platform/PlatformLoader.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -19,7 +19,7 @@ char* copyOf(const std::string& text) {
 
 /// The document that `fill` writes of the loaded platform; null when it could not be loaded.
 char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HTEQPlatform&)) {
-    const archive::Request request;
+    const zip::Request request;
     const auto platform = teq_platform::PlatformLoader(file, teq_platform::HwMetadataMode::Default).load();
     if (!platform) return nullptr;
     JSONObjectWriter writer;

@@ -6,6 +6,7 @@
 #include "capi/Guard.h"
 #include "capi/Handles.h"
 #include "capi/Structs.h"
+#include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
 #include "util/HUTFile.h"
 #include "zip/Archive.h"
@@ -15,6 +16,8 @@
 #include "zip/OutputBudget.h"
 
 using namespace capi;
+using teq_platform::FailureKind;
+using teq_platform::RequestError;
 
 struct zr_archive {
     zr_archive(const std::string& path, std::uint64_t bytes) : archive(path), budget(bytes) {
@@ -56,9 +59,8 @@ zr_code zr_archive_open(const char* file, const zr_options* options, zr_archive*
     if (archive) *archive = nullptr;
     return guarded(error, file, [&] {
         need(archive, "archive");
-        const std::string path = needText(file, "file");
+        const std::string path = needFile(file, "file");
         const Options taken = readOptions(options);
-        if (!HUTFile::exists(path)) notFound(path, "no such file");
         *archive = std::make_unique<zr_archive>(path, taken.budget).release();
     });
 }
@@ -82,7 +84,9 @@ zr_code zr_archive_find(const zr_archive* archive, const char* name, std::uint64
         const std::string asked = needText(name, "name");
         need(index, "index");
         const zip::Member* const found = opened.find(asked);
-        if (!found) notFound(opened.name(), "there is no member '" + asked + "'");
+        if (!found)
+            throw RequestError(FailureKind::unknownName,
+                               {.file = opened.name(), .text = "there is no member '" + asked + "'"});
         *index = static_cast<std::uint64_t>(found - opened.members().data());
     });
 }
@@ -104,7 +108,7 @@ zr_code zr_archive_extract(const zr_archive* archive, std::uint64_t index, const
         const std::string destination = needText(file, "file");
         checkFlags(flags, ZR_OVERWRITE);
         const bool mayReplace = (flags & ZR_OVERWRITE) != 0;
-        if (!mayReplace && HUTFile::exists(destination)) refuse(destination, "is there already");
+        teq_platform::requests::checkDestination(destination, mayReplace);
         zip::OutputBudget budget(archive->budget);
         zip::writeDestination(
             destination, [&](const zip::Archive::Sink& take) { archive->archive.copyTo(member, take, budget); },
@@ -118,7 +122,8 @@ zr_code zr_archive_extract_all(const zr_archive* archive, const char* folder, st
         const zip::Archive& opened = need(archive, "archive").archive;
         const std::string destination = needText(folder, "folder");
         checkFlags(flags, ZR_OVERWRITE);
-        if (!HUTFile::isDir(destination)) notFound(destination, "no such folder");
+        if (!HUTFile::isDir(destination))
+            throw RequestError(FailureKind::noSuchFile, {.file = destination, .text = "no such folder"});
         const zip::ExtractionDirectory target(destination);
         zip::OutputBudget budget(archive->budget);
         for (const zip::Member& member : opened.members())

@@ -1,20 +1,16 @@
 // Checking files.
 #include <memory>
 
-#include "archive/Request.h"
 #include "capi/Guard.h"
 #include "capi/Handles.h"
 #include "capi/Structs.h"
 #include "platform/PlatformCheck.h"
-#include "platform/PlatformExplanation.h"
-#include "platform/PlatformSchema.h"
+#include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
-#include "text/HSTStringUtils.h"
 
 using namespace capi;
 using teq_platform::CheckFinding;
 using teq_platform::PlatformCheck;
-using teq_platform::PlatformSchema;
 
 struct zr_findings {
     HSTVector<CheckFinding> found;
@@ -25,7 +21,7 @@ zr_code zr_validate(const char* file, const zr_options* options, zr_findings** f
     return guarded(error, file, [&] {
         need(findings, "findings");
         const std::string path = needText(file, "file");
-        const archive::Request request(readOptions(options).budget);
+        const teq_platform::requests::Scope scope(readOptions(options).budget);
         *findings = std::make_unique<zr_findings>(PlatformCheck::check(path)).release();
     });
 }
@@ -60,22 +56,10 @@ zr_code zr_findings_get(const zr_findings* findings, std::uint64_t index, zr_fin
 
 zr_code zr_explain(const char* name, zr_text** text, zr_error** error) noexcept {
     if (text) *text = nullptr;
-    return guarded(error, nullptr, [&] {
-        const std::string asked = needText(name, "name");
-        std::string found = teq_platform::PlatformExplanation::text(asked);
-        if (found.empty()) notFound("", "there is no finding or message '" + asked + "'");
-        give(text, std::move(found));
-    });
+    return guarded(error, nullptr, [&] { give(text, teq_platform::requests::explain(needText(name, "name"))); });
 }
 
 zr_code zr_schema(const char* format, zr_text** text, zr_error** error) noexcept {
     if (text) *text = nullptr;
-    return guarded(error, nullptr, [&] {
-        const std::string asked = needText(format, "format");
-        std::string found = PlatformSchema::text(asked);
-        if (found.empty())
-            notFound("", "there is no format '" + asked + "'; there are " +
-                             HSTStringUtils::join(PlatformSchema::formats(), ", "));
-        give(text, std::move(found));
-    });
+    return guarded(error, nullptr, [&] { give(text, teq_platform::requests::schema(needText(format, "format"))); });
 }

@@ -1,7 +1,5 @@
 #include "check/ArchiveMembers.h"
 
-#include <algorithm>
-
 #include "check/HpfmCheck.h"
 #include "check/MetadataCheck.h"
 #include "check/XmlCheck.h"
@@ -24,25 +22,13 @@ std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::stri
     const std::string member = isEmulation         ? std::string(readers::withoutLeadingDot(name))
                                : directory.empty() ? name
                                                    : directory + "/" + name;
-    if (has_(member)) {
+    if (archive_.lists(member)) {
         if (checked_.insert(member).second) checkContent_(type, member);
         return std::nullopt;
     }
     const std::string text = "the archive has no member \"" + HSTStringUtils::excerpt(member, kMostOfPath) + "\"";
     if (isEmulation) return Fault{kMissingEmulationMember, text + ", which a reader of the platform opens"};
     return Fault{kMissingMember, text};
-}
-
-/// A folder is there when something is in it.
-bool ArchiveMembers::has_(const std::string& member) {
-    if (archive_.contains(member)) return true;
-    if (names_.empty()) {
-        for (archive::MemberInfo& info : archive_.files()) names_.push_back(std::move(info.name));
-        std::ranges::sort(names_);
-    }
-    const std::string folder = member + "/";
-    const auto inside = std::ranges::lower_bound(names_, folder);
-    return inside != names_.end() && inside->starts_with(folder);
 }
 
 void ArchiveMembers::checkContent_(const std::string& type, const std::string& member) {
@@ -59,7 +45,7 @@ void ArchiveMembers::checkContent_(const std::string& type, const std::string& m
 
 std::optional<Source> ArchiveMembers::read(const std::string& member, Findings& findings) const {
     try {
-        if (auto text = archive_.read(member)) return Source{archive_.name(), member, std::move(*text)};
+        if (auto text = archive_.text(member)) return Source{archive_.name(), member, std::move(*text)};
     } catch (const zip::ArchiveError& e) {
         findings.add(kDamagedMember, archive_.name(), member, e.text());
     }

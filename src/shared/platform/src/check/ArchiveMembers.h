@@ -2,9 +2,8 @@
 #include <optional>
 #include <set>
 #include <string>
-#include <vector>
 
-#include "archive/MemberSource.h"
+#include "archive/PlatformArchive.h"
 #include "check/Findings.h"
 
 namespace check {
@@ -12,8 +11,8 @@ namespace check {
 /// The members of an archive as its metadata lists them.
 class ArchiveMembers {
 public:
-    /// The archive's name and members; `archive` must outlive it.
-    explicit ArchiveMembers(const archive::MemberSource& archive) : archive_(archive) {}
+    /// `archive` must outlive it.
+    explicit ArchiveMembers(const archive::PlatformArchive& archive) : archive_(archive) {}
 
     /// What is wrong with a file that metadata lists.
     struct Fault {
@@ -34,11 +33,9 @@ public:
     Findings takeFindings() { return std::move(findings_); }
 
 private:
-    bool has_(const std::string& member);
     void checkContent_(const std::string& type, const std::string& member);
 
-    const archive::MemberSource& archive_;
-    std::vector<std::string> names_;  ///< sorted; empty until someone asks about a folder
+    const archive::PlatformArchive& archive_;
     std::set<std::string> checked_;
     bool validHpfm_ = false;
     Findings findings_;

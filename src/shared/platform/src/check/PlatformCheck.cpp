@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "archive/PlatformMembers.h"
-#include "archive/Request.h"
+#include "archive/PlatformArchive.h"
 #include "check/ArchiveMembers.h"
 #include "check/DescriptorCheck.h"
 #include "check/Explanations.h"
@@ -12,62 +11,48 @@
 #include "check/XmlCheck.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQEmulations.h"
-#include "platform/HTEQHardwarePlatform.h"
+#include "platform/FileKind.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
 #include "xml/XmlReader.h"
 #include "zip/ArchiveError.h"
+#include "zip/Request.h"
 
 namespace teq_platform {
 
 namespace {
 
-using archive::PlatformMember;
+using archive::PlatformArchive;
 using check::checkSyntax;
 using check::Findings;
 using check::Source;
 
-/// The metadata members, the archive's own before those of its emulation child.
-constexpr struct {
-    PlatformMember member;
-    bool ofChild;
-} kMetadata[] = {
-    {PlatformMember::altJson, false},     {PlatformMember::json, false},     {PlatformMember::xml, false},
-    {PlatformMember::altHwEmuJson, true}, {PlatformMember::hwEmuJson, true}, {PlatformMember::hwEmuXml, true},
-};
-
-bool isXmlMember(PlatformMember member) {
-    return member == PlatformMember::xml || member == PlatformMember::hwEmuXml;
-}
-
-void checkMetadata(const Source& source, PlatformMember member, bool ofChild, const archive::MemberSource& archive,
+void checkMetadata(const Source& source, const PlatformArchive::Metadata& metadata, const PlatformArchive& archive,
                    Findings& findings) {
     check::ArchiveMembers members(archive);
-    if (isXmlMember(member))
+    if (metadata.isXml())
         check::checkXmlMetadata(source, &members, findings);
     else
-        check::checkJsonMetadata(source, &members, ofChild ? HTEQEmulations::getEmuDirName() : "", findings);
+        check::checkJsonMetadata(source, &members, metadata.isOfChild() ? HTEQEmulations::getEmuDirName() : "",
+                                 findings);
     findings.append(members.takeFindings());
 }
 
-void checkMembers(const archive::MemberSource& archive, const std::string& extension, Findings& findings) {
+void checkMembers(const PlatformArchive& archive, Findings& findings) {
     bool found = false;
-    for (const auto& [member, ofChild] : kMetadata) {
-        const std::string name = archive::platformMember(member, extension);
-        if (!archive.contains(name)) continue;
-        found |= !ofChild;
-        if (const auto source = check::ArchiveMembers(archive).read(name, findings))
-            checkMetadata(*source, member, ofChild, archive, findings);
+    for (const PlatformArchive::Metadata& metadata : archive.allMetadata()) {
+        found |= !metadata.isOfChild();
+        if (const auto source = check::ArchiveMembers(archive).read(metadata.member, findings))
+            checkMetadata(*source, metadata, archive, findings);
     }
     if (!found)
         findings.add(check::kNoMetadata, archive.name(), "",
-                     "the archive has no metadata member " + extension + ".json, alt_" + extension + ".json or " +
-                         extension + ".xml");
+                     archive.missingMetadata(HwMetadataMode::Default).text);
 }
 
 void checkArchive(const std::string& file, Findings& findings) {
     try {
-        checkMembers(*archive::open(file), HUTFile::getExt(file), findings);
+        checkMembers(PlatformArchive(file), findings);
     } catch (const zip::ArchiveError& e) {
         findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
     }
@@ -123,9 +108,9 @@ void checkXmlFile(const Source& source, Findings& findings) {
 }  // namespace
 
 HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
-    const archive::Request request;
+    const zip::Request request;
     Findings findings;
-    if (HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(file))) {
+    if (fileKindOf(file) == FileKind::hardware) {
         checkArchive(file, findings);
     } else if (const auto source = textOf(file, findings)) {
         if (isJson(*source))

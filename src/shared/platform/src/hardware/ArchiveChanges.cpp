@@ -61,7 +61,7 @@ void checkExtensions(const HPLPlatform& platform, const json::ptree& document, c
     if (!member || document.count("extensions") > 0) return;
     json::ptree extensions;
     const std::string text = archive.read(*member);
-    if (!text.empty()) json::parse(text, archive.name() + "!" + name, extensions);
+    if (!text.empty()) json::parse(text, archive.name() + "!" + name, {.file = archive.name(), .member = name}, extensions);
     if (!extensions.empty())
         throw HEXUserException("member '" + name + "' of archive '" + archive.name() + "' could not be read");
 }

@@ -233,5 +233,8 @@ std::string HPLPlatform::getExtMetaJsonAsString() const {
 
 void HPLPlatform::getExtMetaJsonAsPtree(ptree& tree) const {
     const std::string text = getExtMetaJsonAsString();
-    if (!text.empty()) json::parse(text, getPlatformFile() + "!" + getExtMetaJsonFile_(), tree);
+    if (!text.empty()) {
+        const std::string member = getExtMetaJsonFile_();
+        json::parse(text, getPlatformFile() + "!" + member, {.file = getPlatformFile(), .member = member}, tree);
+    }
 }

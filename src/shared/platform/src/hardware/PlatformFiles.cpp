@@ -1,7 +1,7 @@
 #include "hardware/PlatformFiles.h"
 
 #include "archive/MemberSource.h"
-#include "archive/Request.h"
+#include "archive/PlatformArchive.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTEnv.h"
@@ -12,6 +12,8 @@
 namespace hardware {
 
 namespace {
+
+using archive::PlatformArchive;
 
 /// The result of `call`; `failed` if the archive or the file system causes an exception.
 template <class Call, class Result>
@@ -26,11 +28,16 @@ Result orElse(Result failed, Call call) {
 }  // namespace
 
 bool hasMember(const std::string& archive, const std::string& member) {
-    return orElse(false, [&] { return archive::open(archive)->contains(member); });
+    return orElse(false, [&] { return PlatformArchive(archive).contains(member); });
 }
 
 std::string memberText(const std::string& archive, const std::string& member) {
-    return orElse(std::string(), [&] { return archive::open(archive)->read(member).value_or(""); });
+    try {
+        return PlatformArchive(archive).text(member).value_or("");
+    } catch (const HEXAll& e) {
+        ComMsgMgr::send({"platform", "", MsgMask::warning, {}, e.what(), std::source_location::current()});
+        return {};
+    }
 }
 
 bool copyMember(const archive::MemberSource& source, const std::string& member, const std::string& destination) {
@@ -43,7 +50,7 @@ bool copyMember(const archive::MemberSource& source, const std::string& member, 
 }
 
 bool copyMember(const std::string& archive, const std::string& member, const std::string& destination) {
-    return orElse(false, [&] { return copyMember(*archive::open(archive), member, destination); });
+    return orElse(false, [&] { return copyMember(PlatformArchive(archive).source(), member, destination); });
 }
 
 std::string unpackDirectory(const std::string& archive, const std::string& directory) {

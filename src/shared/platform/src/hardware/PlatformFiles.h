@@ -12,7 +12,7 @@ class MemberSource;
 namespace hardware {
 
 bool hasMember(const std::string& archive, const std::string& member);
-/// The member's whole text, of at most 32 MiB.
+/// The member's whole text, of at most 32 MiB. A warning names one that is damaged or larger.
 std::string memberText(const std::string& archive, const std::string& member);
 /// Copies a member to a path chosen by the caller, and makes its directory. A failure leaves no file.
 bool copyMember(const std::string& archive, const std::string& member, const std::string& destination);

@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "archive/ArchiveSource.h"
-#include "archive/Request.h"
 #include "hardware/PlatformFiles.h"
 #include "json/JsonFile.h"
 #include "json/JsonKeys.h"

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <boost/json/basic_parser_impl.hpp>
-#include <boost/property_tree/json_parser/error.hpp>
 #include <optional>
 #include <vector>
 
@@ -110,6 +109,15 @@ std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec
 
 }  // namespace
 
+ParseError::ParseError(const std::string& name, HEXDiagnostic place, const Fault& fault)
+    : json_parser_error(fault.text + " (column " + std::to_string(fault.place.column) + ")", name,
+                        static_cast<unsigned long>(fault.place.line)),
+      diagnostic_(std::move(place)) {
+    diagnostic_.line = fault.place.line;
+    diagnostic_.column = fault.place.column;
+    diagnostic_.text = fault.text;
+}
+
 std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
     const std::size_t start = text.starts_with(kMark) ? kMark.size() : 0;
@@ -126,10 +134,11 @@ std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& 
 }
 
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits) {
-    if (const auto fault = tryParse(text, tree, limits))
-        BOOST_PROPERTY_TREE_THROW(
-            json_parser_error(fault->text + " (column " + std::to_string(fault->place.column) + ")", name,
-                              static_cast<unsigned long>(fault->place.line)));
+    if (const auto fault = tryParse(text, tree, limits)) throw ParseError(name, {.file = name}, *fault);
+}
+
+void parse(std::string_view text, const std::string& name, const HEXDiagnostic& place, ptree& tree) {
+    if (const auto fault = tryParse(text, tree)) throw ParseError(name, place, *fault);
 }
 
 }  // namespace json

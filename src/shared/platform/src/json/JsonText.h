@@ -1,10 +1,12 @@
 #pragma once
+#include <boost/property_tree/json_parser/error.hpp>
 #include <boost/property_tree/ptree.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "json/JsonPlaces.h"
+#include "msg/HEXDiagnostic.h"
 
 /// JSON text to property tree and back, without recursion.
 namespace json {
@@ -20,15 +22,27 @@ inline constexpr Limits kUntrusted{};        ///< for members of archives and fi
 inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this library wrote
 
 /// Fills `tree` with the document `text`: numbers, true, false and null as in the text, duplicate keys kept in order,
-/// a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and the error if the text is
-/// not JSON or not valid UTF-8, has NUL in a string, has anything after the document, or exceeds the limits; `tree`
-/// is then unchanged.
+/// a leading byte-order mark skipped. Throws `ParseError` with `name`, the line and the error if the text is not JSON
+/// or not valid UTF-8, has NUL in a string, has anything after the document, or exceeds the limits; `tree` is then
+/// unchanged.
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kUntrusted);
+/// The same for a text whose place (file and member) is more than its name.
+void parse(std::string_view text, const std::string& name, const HEXDiagnostic& place, ptree& tree);
 
 /// Why a text is not JSON, or exceeds the limits.
 struct Fault {
     TextPlace place;
     std::string text;
+};
+/// What `parse` throws: the property tree's own exception, which callers expect, with the place as a record.
+class ParseError : public boost::property_tree::json_parser::json_parser_error {
+public:
+    /// `place` names file and member.
+    ParseError(const std::string& name, HEXDiagnostic place, const Fault& fault);
+    const HEXDiagnostic& diagnostic() const { return diagnostic_; }
+
+private:
+    HEXDiagnostic diagnostic_;
 };
 /// The same without an exception: the error, or no value if `tree` has been filled.
 std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits = kUntrusted);

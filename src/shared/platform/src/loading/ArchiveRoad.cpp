@@ -5,19 +5,18 @@
 
 namespace loading {
 
-bool fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode,
+void fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode,
                      Route route) {
     HTEQCfaJsonReader reader(&platform);
     switch (route) {
         case Route::askFirst: {
             std::string member;
-            if (reader.canParse(archive, mode, member)) return reader.parseCFA(archive, mode);
-            return HTEQCfaXmlReader(archive, &platform).parseCFA();
+            if (reader.canParse(archive, mode, member)) return reader.readCFA(archive, mode);
+            return HTEQCfaXmlReader(archive, &platform).readCFA(mode);
         }
-        case Route::jsonOnly: return reader.parseCFA(archive, mode);
-        case Route::emulationChild: return reader.parseHwEmuLFA(archive, mode);
+        case Route::jsonOnly: return reader.readCFA(archive, mode);
+        case Route::emulationChild: return reader.readHwEmuLFA(archive, mode);
     }
-    return false;
 }
 
 }  // namespace loading

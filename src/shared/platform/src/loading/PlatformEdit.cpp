@@ -1,11 +1,12 @@
 #include "platform/PlatformEdit.h"
 
-#include "archive/Request.h"
+#include "archive/PlatformArchive.h"
 #include "hardware/PlatformText.h"
 #include "json/JsonChanges.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
 #include "platform/PlatformLoader.h"
+#include "zip/Request.h"
 
 namespace teq_platform {
 
@@ -13,17 +14,17 @@ namespace {
 
 /// What writing the platform's document would lose or change of the metadata that stands in `archive` now.
 HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& archive) {
-    const std::string member = platform.getJsonFileName(), alternative = platform.getAltJsonFileName();
-    const auto source = archive::open(archive);
-    if (source->contains(alternative))
-        return {"the member " + alternative + " stays as it is, and is read before " + member};
-    const auto before = source->read(member);
-    if (!before)
+    const archive::PlatformArchive opened(archive);
+    const std::string member = platform.getJsonFileName();
+    const auto metadata = opened.metadata(HwMetadataMode::Default);
+    if (!metadata || metadata->isXml())
         return {"the metadata is XML only: a new member " + member + " would be read in the place of " +
                 platform.getXmlFileName()};
+    if (metadata->member != member)
+        return {"the member " + metadata->member + " stays as it is, and is read before " + member};
     const bool writesFile = platform.writesPlatformFile();
     HSTVector<std::string> found = json::lostOrChanged(
-        *before, hardware::textOf(platform, &platform, archive, writesFile ? nullptr : "platformFile"));
+        opened.text(member).value_or(""), hardware::textOf(platform, archive, writesFile ? nullptr : "platformFile"));
     if (!writesFile)
         std::erase_if(found, [](const std::string& change) { return change.starts_with("platformFile: "); });
     return found;
@@ -32,10 +33,10 @@ HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& 
 }  // namespace
 
 PlatformEdit::PlatformEdit(const std::string& archive, HwMetadataMode mode, bool stripPaths) {
-    const archive::Request request;
+    const zip::Request request;
     loaded_ = PlatformLoader::open(archive, mode);
     platform_ = dynamic_cast<HPLPlatform*>(loaded_->getHardwarePlatform());
-    if (!platform_ || loaded_->isZdf()) throw HEXFileFault({.file = archive, .text = "this is no hardware archive"});
+    if (!platform_ || loaded_->isZdf()) throw HEXFileFault({.file = archive, .text = "this is not a hardware archive"});
     platform_->setWritesPlatformFile(!stripPaths);
     lost_ = lossesOf(*platform_, archive);
 }

@@ -1,18 +1,18 @@
 #include "platform/PlatformLoader.h"
 
-#include <filesystem>
+#include <functional>
+#include <new>
 
-#include "archive/Request.h"
 #include "hardware/PlatformText.h"
 #include "loading/ArchiveRoad.h"
-#include "loading/LoadFault.h"
-#include "msg/Capture.h"
+#include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQPlatformXMLReader.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
 #include "util/HUTFile.h"
+#include "zip/Request.h"
 
 namespace teq_platform {
 
@@ -21,52 +21,77 @@ using loading::Route;
 
 namespace {
 
-std::string extensionOf(const std::string& file) {
-    const std::string extension = HUTFile::getExt(file);
-    return extension.empty() ? "" : "." + extension;
+constexpr std::string_view kNotLoaded = shortMessageId("@74-60@%s");
+
+constexpr const char* kHardwareFailed = "Failed to parse Hardware Platform metadata file";
+constexpr const char* kEmulationFailed = "Failed to parse Hardware Emulation Platform metadata file";
+
+/// Runs a step of loading. A failure leaves as a `PlatformParseException` with the text of the step, and the cause
+/// nested in it.
+void step(const char* text, const std::function<void()>& run) {
+    try {
+        run();
+    } catch (const HEXFileFault&) {
+        std::throw_with_nested(PlatformParseException(text));
+    } catch (const std::bad_alloc&) {
+        std::throw_with_nested(PlatformParseException(text));
+    }
 }
 
-/// A hardware platform filled from `file`; null when that fails.
-std::unique_ptr<HPLPlatform> hardwareFrom(const std::string& file, HwMetadataMode mode, Route route) {
+std::unique_ptr<HPLPlatform> hardwareFrom(const std::string& file, HwMetadataMode mode, Route route,
+                                          const char* failure) {
     auto hardware = std::make_unique<HPLPlatform>();
-    if (!fillFromArchive(*hardware, file, mode, route)) hardware.reset();
+    step(failure, [&] { fillFromArchive(*hardware, file, mode, route); });
     return hardware;
 }
 
-std::unique_ptr<HPLPlatform> partitionHardware(const std::string& file, HwMetadataMode mode, const char* failure) {
-    auto hardware = hardwareFrom(file, mode, Route::jsonOnly);
-    if (!hardware) throw PlatformParseException(failure);
+/// The emulation platform of `file`; null when there is none that can be read.
+std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMode mode, Route route) {
+    auto hardware = std::make_unique<HPLPlatform>();
+    try {
+        fillFromArchive(*hardware, file, mode, route);
+    } catch (const HEXFileFault&) {
+        return nullptr;
+    }
     return hardware;
+}
+
+/// Throws what lies below a failed load.
+[[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
+    std::rethrow_if_nested(e);
+    throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
 }
 
 }  // namespace
 
 PlatformLoader::PlatformLoader(const std::string& file, HwMetadataMode mode)
-    : platform_(std::make_shared<HTEQPlatform>()), file_(file), mode_(mode) {
+    : platform_(std::make_shared<HTEQPlatform>()), file_(file), kind_(fileKindOf(file)), mode_(mode) {
     if (file.empty()) return;
-    const std::string extension = extensionOf(file);
-    if (HTEQHardwarePlatform::isValidPlatformExt(extension)) {
-        kind_ = FileKind::hardware;
-    } else if (extension == ".spfm") {
-        kind_ = FileKind::software;
-    }
     platform_->setZdf(kind_ == FileKind::descriptor);
     platform_->setPartial(kind_ != FileKind::descriptor);
-    if (kind_ == FileKind::descriptor && !HTEQPlatformXMLReader(file, platform_.get()).parseFile())
-        throw PlatformParseException("failed to parse the ZDF file");
+    if (kind_ == FileKind::descriptor)
+        step("failed to parse the ZDF file", [&] { HTEQPlatformXMLReader(file, platform_.get()).readFile(); });
 }
 
 PlatformLoader::~PlatformLoader() = default;
 
 std::shared_ptr<HTEQPlatform> PlatformLoader::load() {
+    try {
+        return loadOrThrow();
+    } catch (const PlatformParseException&) {
+        return nullptr;
+    }
+}
+
+std::shared_ptr<HTEQPlatform> PlatformLoader::loadOrThrow() {
     if (loaded_) return platform_;
-    const archive::Request request;
+    const zip::Request request;
     try {
         attachAll();
     } catch (const PlatformParseException& e) {
-        msg::Capture::send(ComMsgMgr::make("@74-60@%s", e.what()), {.text = e.what()});
+        ComMsgMgr::sendMsg("@74-60@%s", e.what());
         platform_.reset();
-        return nullptr;
+        throw;
     }
     loaded_ = true;
     return platform_;
@@ -74,21 +99,16 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::load() {
 
 std::shared_ptr<HTEQPlatform> PlatformLoader::open(const std::string& file, HwMetadataMode mode) {
     if (file.empty()) throw HEXFileNotFoundException(file);
-    const archive::Request request;
-    const msg::Capture said(msg::Capture::Words::print);
-    std::string hardwareFile;
+    const zip::Request request;
     try {
-        PlatformLoader loader(file, mode);
-        hardwareFile = loader.getHardwarePlatformFile();
-        if (auto platform = loader.load()) return platform;
+        return PlatformLoader(file, mode).loadOrThrow();
     } catch (const PlatformParseException& e) {
-        throw HEXFileFault(loading::readFault(file, said, e.what()));
+        throwCause(e, file);
     }
-    throw HEXFileFault(loading::loadFault(file, hardwareFile, mode, said));
 }
 
 std::string PlatformLoader::document(const HTEQPlatform& platform, const std::string& file) {
-    return hardware::textOf(platform, platform.getHardwarePlatform(), file);
+    return hardware::textOf(platform, file);
 }
 
 void PlatformLoader::attachAll() {
@@ -108,10 +128,9 @@ void PlatformLoader::attachHardwarePlatform() {
     if (partial && kind_ == FileKind::software) return;
     const std::string file = partial ? file_ : platform_->getHardwarePlatformFile();
     if (!HUTFile::exists(file)) throw PlatformParseException("hardware platform file '" + file + "' does not exist");
-    if (!HTEQHardwarePlatform::isValidPlatformExt(extensionOf(file)))
+    if (fileKindOf(file) != FileKind::hardware)
         throw PlatformParseException("incorrect file extension - only CFA and LFA files are supported");
-    auto hardware = hardwareFrom(file, mode_, Route::askFirst);
-    if (!hardware) throw PlatformParseException("Failed to parse Hardware Platform metadata file");
+    auto hardware = hardwareFrom(file, mode_, Route::askFirst, kHardwareFailed);
     if (partial) platform_->setPlatformFile(hardware->getPlatformFile());
     platform_->setHardwarePlatform(hardware.release());
 }
@@ -120,12 +139,12 @@ void PlatformLoader::attachHardwareEmulationPlatform() {
     if (platform_->getHardwareEmulationPlatform()) return;
     const std::string& own = platform_->getHardwareEmuPlatformFile();
     if (!own.empty()) {
-        platform_->setHardwareEmulationPlatform(hardwareFrom(own, mode_, Route::jsonOnly).release());
+        platform_->setHardwareEmulationPlatform(emulationFrom(own, mode_, Route::jsonOnly).release());
         return;
     }
     const HTEQHardwarePlatform* parent = platform_->getHardwarePlatform();
     if (!parent || parent->getPlatformFile().empty()) return;
-    auto child = hardwareFrom(parent->getPlatformFile(), mode_, Route::emulationChild);
+    auto child = emulationFrom(parent->getPlatformFile(), mode_, Route::emulationChild);
     if (!child) return;
     child->setIsChildHardwareEmuPlatform(true);
     platform_->setHardwareEmulationPlatform(child.release());
@@ -134,14 +153,12 @@ void PlatformLoader::attachHardwareEmulationPlatform() {
 void PlatformLoader::attachPartition(HTEQReconfigurablePartition& partition) {
     const bool isDefault = partition.getID() == platform_->getDefaultRPId();
     if (!partition.getHardwarePlatform()) {
-        auto hardware = partitionHardware(partition.getHardwarePlatformFile(), mode_,
-                                          "Failed to parse Hardware Platform metadata file");
+        auto hardware = hardwareFrom(partition.getHardwarePlatformFile(), mode_, Route::jsonOnly, kHardwareFailed);
         partition.setHardwarePlatform(hardware.release());
         if (isDefault) platform_->setDefaultRPHardwarePlatform(partition.getHardwarePlatform());
     }
     if (!partition.getHardwareEmulationPlatform() && !partition.getHardwareEmulationPlatformFile().empty()) {
-        auto emulation = partitionHardware(partition.getHardwareEmulationPlatformFile(), mode_,
-                                           "Failed to parse Hardware Emulation Platform metadata file");
+        auto emulation = hardwareFrom(partition.getHardwareEmulationPlatformFile(), mode_, Route::jsonOnly, kEmulationFailed);
         partition.setHardwareEmulationPlatform(emulation.release());
         if (isDefault) platform_->setDefaultRPHardwareEmulationPlatform(partition.getHardwareEmulationPlatform());
     }
@@ -155,8 +172,8 @@ void PlatformLoader::attachSoftwarePlatform() {
     if (file.empty()) return;
     if (!HUTFile::exists(file)) throw PlatformParseException("the software platform file does not exist");
     auto software = std::make_unique<HTEQSoftwarePlatform>();
-    if (!HTEQSoftwarePlatformXMLReader(file, software.get()).parseFile())
-        throw PlatformParseException("software platform file does not exist");
+    step("software platform file does not exist",
+         [&] { HTEQSoftwarePlatformXMLReader(file, software.get()).readFile(); });
     platform_->addSoftwarePlatform(software.release());
 }
 

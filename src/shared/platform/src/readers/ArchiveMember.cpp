@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "archive/Request.h"
-#include "msg/HEXAll.h"
+#include "archive/PlatformArchive.h"
+#include "zip/ArchiveError.h"
 
 namespace readers {
 
@@ -12,7 +12,7 @@ namespace {
 /// Nothing when the archive or the member cannot be opened.
 std::optional<std::string> read(const std::string& archive, std::string_view member) {
     try {
-        return archive::open(archive)->read(member);
+        return archive::PlatformArchive(archive).text(member);
     } catch (const HEXAll&) {
         return std::nullopt;
     }
@@ -33,6 +33,14 @@ std::string textOfMember(const std::string& archive, const std::string& member) 
     std::optional<std::string> text = read(archive, name);
     if (!text) throw HEXError(ComMsgMgr::make("@74-34@%s%s", archive, name));
     return std::move(*text);
+}
+
+std::optional<std::string> textOrNothing(const archive::PlatformArchive& archive, const std::string& member) {
+    try {
+        return archive.text(member);
+    } catch (const zip::ArchiveError&) {
+        return std::nullopt;
+    }
 }
 
 }  // namespace readers

@@ -7,43 +7,27 @@
 #include <set>
 #include <utility>
 
-#include "archive/Request.h"
+#include "archive/PlatformArchive.h"
 #include "hardware/HardwareKeys.h"
 #include "json/JsonFile.h"
-#include "msg/Capture.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQEmulationJsonReader.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHpfmReader.h"
-#include "readers/Problem.h"
+#include "readers/ArchiveMember.h"
+#include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 
 namespace {
 
+using archive::PlatformArchive;
 using hardware::Turn;
 using json::ptree;
 using Mode = HTEQCfaJsonReader::HwMetadataMode;
-
-/// The archive at `path`; null when it is none.
-std::shared_ptr<const archive::MemberSource> opened(const std::string& path) {
-    try {
-        return archive::open(path);
-    } catch (const zip::ArchiveError&) {
-        return nullptr;
-    }
-}
-
-/// The member of the two that the mode allows; empty when the archive has none.
-std::string chosen(const archive::MemberSource& source, Mode mode, const std::string& primary,
-                   const std::string& alternative) {
-    if (mode == Mode::XmlOnly) return "";
-    if (mode == Mode::Default && source.contains(alternative)) return alternative;
-    return source.contains(primary) ? primary : "";
-}
 
 /// What the emulation targets of a listed file say of the platform.
 void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
@@ -56,14 +40,14 @@ void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
 
 void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
     const auto [begin, end] = platform.getFileVecRange();
-    std::set<std::pair<bool, std::string>> seen;  // a stranger may list one file a hundred thousand times
+    std::set<std::pair<bool, std::string>> seen;  // one file may be listed a hundred thousand times
     for (auto it = begin; it != end; ++it) {
         const bool isXml = HSTStringUtils::iequals((*it)->getType(), "EMU_XML");
         const bool isJson = HSTStringUtils::iequals((*it)->getType(), "EMU_JSON");
         if ((!isXml && !isJson) || !seen.emplace(isXml, (*it)->getName()).second) continue;
         HTEQEmulations emulations;
         if (isXml)
-            HTEQEmulationXMLReader::parseFromCfa(archive, (*it)->getName(), &emulations);
+            HTEQEmulationXMLReader::readFromCfa(archive, (*it)->getName(), &emulations);
         else
             HTEQEmulationJsonReader::parseFromCfa(archive, (*it)->getName(), &emulations);
         takeEmulations(emulations, platform);
@@ -75,55 +59,79 @@ void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
 HTEQCfaJsonReader::HTEQCfaJsonReader(HPLPlatform* platform) : platform_(platform) {}
 HTEQCfaJsonReader::~HTEQCfaJsonReader() = default;
 
-bool HTEQCfaJsonReader::open(const std::string& archive) {
-    if (source_ && archive == archive_) return true;  // the loader asks first and parses then
-    if (archive.empty() || !HUTFile::exists(archive)) {
-        ComMsgMgr::sendMsg("@74-66@%s", archive);
-        return false;
-    }
+void HTEQCfaJsonReader::open(const std::string& archive) {
+    if (opened_ && archive == archive_) return;  // the loader asks first and parses then
+    opened_.reset();
+    if (archive.empty() || !HUTFile::exists(archive))
+        readers::fail(ComMsgMgr::make("@74-66@%s", archive), {.file = archive, .text = "no such file"});
     archive_ = archive;
     platform_->setPlatformFile(HUTFile::getCanonicalName(archive));
-    source_ = opened(archive);
-    return source_ != nullptr;
+    opened_ = std::make_unique<PlatformArchive>(archive);
+}
+
+std::string HTEQCfaJsonReader::memberFor(const std::string& archive, Mode mode, bool ofChild) {
+    open(archive);
+    const auto own = opened_->metadata(mode);
+    if (!own || own->isXml()) throw HEXFileFault(opened_->missingMetadata(mode));
+    if (!ofChild) return own->member;
+    const auto child = opened_->childMetadata(mode);
+    if (!child) throw HEXFileFault({.file = archive, .text = "the archive has no emulation metadata"});
+    return child->member;
 }
 
 bool HTEQCfaJsonReader::canParse(const std::string& archive, Mode mode, std::string& member) {
-    if (!open(archive)) return false;
-    member = chosen(*source_, mode, platform_->getJsonFileName(), platform_->getAltJsonFileName());
-    return !member.empty();
+    return readers::succeeds([&] { member = memberFor(archive, mode, false); });
 }
 
 bool HTEQCfaJsonReader::canParseHwEmu(const std::string& archive, Mode mode, std::string& member) {
-    if (!canParse(archive, mode, member)) return false;
-    // Here the main member comes first: the alternative one only takes its place when it is missing.
-    member = platform_->getHwEmuJsonFileName();
-    if (!source_->contains(member)) member = mode == Mode::Default ? platform_->getAltHwEmuJsonFileName() : "";
-    return source_->contains(member);
+    return readers::succeeds([&] { member = memberFor(archive, mode, true); });
 }
 
 bool HTEQCfaJsonReader::parseCFA(const std::string& archive, Mode mode) {
-    std::string member;
-    return canParse(archive, mode, member) && parseMember(member);
+    return readers::succeedsReported([&] { readCFA(archive, mode); });
+}
+
+void HTEQCfaJsonReader::readCFA(const std::string& archive, Mode mode) {
+    const std::string member = memberFor(archive, mode, false);
+    readMember(member, [&] { return opened_->text(member).value_or(""); });
 }
 
 bool HTEQCfaJsonReader::parseHwEmuLFA(const std::string& archive, Mode mode) {
-    std::string member;
-    if (!canParseHwEmu(archive, mode, member) || !parseMember(member)) return false;
-    platform_->setIsChildHardwareEmuPlatform(true);
-    return true;
+    return readers::succeedsReported([&] { readHwEmuLFA(archive, mode); });
 }
 
-bool HTEQCfaJsonReader::parseMember(const std::string& member) {
-    member_ = member;
+void HTEQCfaJsonReader::readHwEmuLFA(const std::string& archive, Mode mode) {
+    const std::string member = memberFor(archive, mode, true);
+    std::optional<std::string> text;
     try {
-        return parseJsonString(source_->read(member).value_or(""));
-    } catch (const std::exception& e) {
-        msg::Capture::send(ComMsgMgr::make("@74-64@%s%s%s", member, archive_, e.what()),
-                           readers::problemOf(e, archive_, member));
-    } catch (...) {
-        ComMsgMgr::sendMsg("@74-63@%s%s", member, archive_);
+        text = opened_->text(member);
+    } catch (const zip::ArchiveError& e) {
+        readers::fail(ComMsgMgr::make("@74-67@%s%s", member, archive), e.diagnostic());
     }
-    return false;
+    readMember(member, [&] { return std::move(*text); });
+    platform_->setIsChildHardwareEmuPlatform(true);
+}
+
+void HTEQCfaJsonReader::readMember(const std::string& member, const std::function<std::string()>& textOf) {
+    std::string text;
+    const auto parse = [&] {
+        ptree document;
+        json::parse(text, member, {.file = archive_, .member = member}, document);
+        parseRoot_(document);
+    };
+    const auto messageOf = [&](const std::exception& e) {
+        return ComMsgMgr::make("@74-64@%s%s%s", member, archive_, e.what());
+    };
+    readers::reading(archive_, member, [&] { text = textOf(); }, messageOf);
+    if (text.empty()) throw HEXFileFault({.file = archive_, .member = member, .text = "the metadata is empty"});
+    try {
+        readers::reading(archive_, member, parse, messageOf);
+    } catch (const std::exception&) {
+        throw;
+    } catch (...) {
+        readers::fail(ComMsgMgr::make("@74-63@%s%s", member, archive_),
+                      {.file = archive_, .member = member, .text = "an unknown exception"});
+    }
 }
 
 bool HTEQCfaJsonReader::parseFile(const std::string& file) {
@@ -137,7 +145,7 @@ bool HTEQCfaJsonReader::parseFile(const std::string& file) {
 bool HTEQCfaJsonReader::parseJsonString(const std::string& text) {
     if (text.empty()) return false;
     ptree document;
-    json::parse(text, member_, document);
+    json::parse(text, "", document);
     parseRoot_(document);
     return true;
 }
@@ -156,12 +164,12 @@ std::string HTEQCfaJsonReader::getHpfmFile() const {
     const auto [begin, end] = platform_->getFileVecRange();
     const auto file =
         std::find_if(begin, end, [](const HPLFile* f) { return HSTStringUtils::iequals(f->getType(), "HPFM"); });
-    return file != end && source_ && source_->contains((*file)->getName()) ? (*file)->getName() : "";
+    return file != end && opened_ && opened_->contains((*file)->getName()) ? (*file)->getName() : "";
 }
 
 std::string HTEQCfaJsonReader::getHpfmStr() const {
     const std::string member = getHpfmFile();
-    return member.empty() ? "" : source_->read(member).value_or("");
+    return member.empty() ? "" : readers::textOrNothing(*opened_, member).value_or("");
 }
 
 bool HTEQCfaJsonReader::readHpfmBusInterfaces(const std::string& hpfm) {

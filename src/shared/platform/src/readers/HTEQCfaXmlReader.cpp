@@ -3,8 +3,7 @@
 #include <memory>
 #include <set>
 
-#include "archive/Request.h"
-#include "msg/Capture.h"
+#include "archive/PlatformArchive.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLAddressSegment.h"
 #include "platform/HPLDevice.h"
@@ -19,10 +18,11 @@
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/HTEQHpfmReader.h"
+#include "readers/ArchiveMember.h"
 #include "readers/Bindings.h"
 #include "readers/CfaXmlRules.h"
 #include "readers/Printed.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -32,8 +32,10 @@
 
 namespace {
 
+using archive::PlatformArchive;
 using binding::read;
 using readers::isTrue;
+using teq_platform::HwMetadataMode;
 
 int numberOf(const std::string& text) { return static_cast<int>(HSTStringUtils::toNumber(text)); }
 
@@ -143,7 +145,8 @@ void readDesignIP(const BasePlatform::IP& record, HTEQDesignIPInstance& ip) {
 /// Fills a platform from the document of its archive, and from the members that the document lists.
 class Filling {
 public:
-    Filling(const std::string& archive, HPLPlatform& platform) : archive_(archive), platform_(platform) {}
+    Filling(const PlatformArchive& opened, const std::string& archive, HPLPlatform& platform)
+        : opened_(opened), archive_(archive), platform_(platform) {}
 
     void fill(const BasePlatform::Root& record) {
         read(record.genAppInfo.value_or(BasePlatform::GenAppInfo()), platform_);
@@ -151,7 +154,7 @@ public:
         read(cfa, platform_);
         // A platform that does not tell is fixed when its archive has a hardware definition.
         platform_.setExpandable(cfa.Fixed.isSet() ? !isTrue(cfa.Fixed)
-                                                  : !contains_("hwdef.xml") && !contains_("sysdef.xml"));
+                                                  : !opened_.contains("hwdef.xml") && !opened_.contains("sysdef.xml"));
         if (cfa.host) read(*cfa.host, platform_);
         readBuild(cfa.build, platform_);
         readBoard(cfa.board, platform_);
@@ -163,8 +166,6 @@ public:
     }
 
 private:
-    bool contains_(const std::string& member) const { return archive::open(archive_)->contains(member); }
-
     void readFile_(const BasePlatform::File& record) {
         const std::string &type = record.Type.get(), &name = record.Name.get();
         read(record, *platform_.addFile(type, name));
@@ -173,9 +174,9 @@ private:
     }
 
     void parseHpfm_(const std::string& member) {
-        const std::optional<std::string> text = archive::open(archive_)->read(member);
+        const std::optional<std::string> text = readers::textOrNothing(opened_, member);
         if (!text) return;
-        // Each row of the list adds what its file says, and a stranger may list one file a hundred thousand times.
+        // Each entry of the list adds what its file says, and one file may be listed a hundred thousand times.
         hpfmBytes_ += text->size();
         if (hpfmBytes_ > archive::kMetadataBound)
             throw HEXUserException("the hpfm files that '" + archive_ + "' lists hold more than " +
@@ -192,12 +193,13 @@ private:
     void parseEmulations_(const std::string& member) {
         if (!emulationsRead_.insert(member).second) return;
         HTEQEmulations emulations;
-        HTEQEmulationXMLReader::parseFromCfa(archive_, member, &emulations);
+        HTEQEmulationXMLReader::readFromCfa(archive_, member, &emulations);
         for (const HTEQEmulation* emulation : emulations.getEmulations())
             for (const HTEQEmulationFile* file : emulation->getFiles())
                 if (file->getType() == "EMU_HPFM") platform_.setSupportsHWEmulation(true);
     }
 
+    const PlatformArchive& opened_;
     const std::string& archive_;
     HPLPlatform& platform_;
     std::uint64_t hpfmBytes_ = 0;           ///< of all that were read
@@ -206,69 +208,78 @@ private:
 
 }  // namespace
 
+HTEQCfaXmlReader::~HTEQCfaXmlReader() = default;
+
 HTEQCfaXmlReader::HTEQCfaXmlReader(const std::string& archive, HPLPlatform* platform)
     : archive_(archive), platform_(platform) {
     if (archive.empty() || !HUTPathUtils::exists(archive)) throw HEXFileNotFoundException(archive);
 }
 
 bool HTEQCfaXmlReader::parseCFA() {
-    return withRoot_([this](const BasePlatform::Root& root) {
-        std::string error;
-        if (!canCfaBeOpened_(root, error)) {
-            ComMsgMgr::sendMsg("@74-52@%s", error);
-            return false;
-        }
-        Filling(archive_, *platform_).fill(root);
-        return true;
+    return readers::succeedsReported([this] { readCFA(); });
+}
+
+void HTEQCfaXmlReader::readCFA(HwMetadataMode asked) {
+    readRoot_(asked, [this](const BasePlatform::Root& root) {
+        if (const std::string refusal = newerSchema_(root); !refusal.empty())
+            readers::fail(ComMsgMgr::make("@74-52@%s", refusal), {.file = archive_, .text = refusal});
+        readers::reading(
+            archive_, member_, [&] { Filling(*opened_, archive_, *platform_).fill(root); },
+            [this](const std::exception& e) {
+                return ComMsgMgr::make("@74-65@%s%s%s", member_, archive_, e.what());
+            });
     });
 }
 
 bool HTEQCfaXmlReader::getRootVersion(int& major, int& minor) {
-    return withRoot_([&](const BasePlatform::Root& root) {
-        major = static_cast<int>(root.VersionMajor.get());
-        minor = static_cast<int>(root.VersionMinor.get());
-        return true;
+    return readers::succeedsReported([&] {
+        readRoot_(HwMetadataMode::XmlOnly, [&](const BasePlatform::Root& root) {
+            major = static_cast<int>(root.VersionMajor.get());
+            minor = static_cast<int>(root.VersionMinor.get());
+        });
     });
 }
 
-/// Gives `use` the archive's document; what it cannot be read for, or `use` throws, becomes a message.
-template <class Use>
-bool HTEQCfaXmlReader::withRoot_(Use use) {
-    std::string member;
-    try {
-        platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
-        member = platform_->getXmlFileName();
-        return use(xml::read(BasePlatform::kDocument, textOf_(member), archive_ + "!" + member));
-    } catch (const xml::Exception& e) {
-        msg::Capture::send(
-            ComMsgMgr::make("@74-62@%s%s%d", e.what(), archive_ + HUTFile::getDirSeparator() + member, e.line()),
-            readers::problemOf(e, archive_, member));
-    } catch (const std::exception& e) {
-        msg::Capture::send(ComMsgMgr::make("@74-65@%s%s%s", member, archive_, e.what()),
-                           readers::problemOf(e, archive_, member));
-    }
-    return false;
+/// Gives `use` the archive's document.
+void HTEQCfaXmlReader::readRoot_(HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use) {
+    platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
+    member_ = platform_->getXmlFileName();
+    const std::string text = textOf_(asked);
+    std::unique_ptr<const BasePlatform::Root> root;
+    readers::reading(
+        archive_, member_,
+        [&] {
+            root = std::make_unique<const BasePlatform::Root>(
+                xml::read(BasePlatform::kDocument, text, archive_ + "!" + member_));
+        },
+        [this](const std::exception& e) { return invalid_(e.what(), readers::diagnosticOf(e, archive_).line); });
+    use(*root);
 }
 
-/// A member that cannot be opened fails as an empty document would, with better words.
-std::string HTEQCfaXmlReader::textOf_(const std::string& member) const {
-    std::string reason = "the archive has no such member";
+ComMsgMgrInstance HTEQCfaXmlReader::invalid_(const std::string& text, std::uint64_t line) const {
+    return ComMsgMgr::make("@74-62@%s%s%d", text, archive_ + HUTFile::getDirSeparator() + member_, line);
+}
+
+/// A member that cannot be opened is reported as an empty document is: as a fault of its first line.
+std::string HTEQCfaXmlReader::textOf_(HwMetadataMode asked) {
+    const auto refuse = [this](const std::string& reason, const HEXDiagnostic& diagnostic) {
+        readers::fail(invalid_(reason + " (column 1)", 1), diagnostic);
+    };
     try {
-        if (std::optional<std::string> text = archive::open(archive_)->read(member)) return std::move(*text);
+        opened_ = std::make_unique<PlatformArchive>(archive_);
+        if (std::optional<std::string> text = opened_->text(member_)) return std::move(*text);
+        refuse("the archive has no such member", opened_->missingMetadata(asked));
     } catch (const zip::ArchiveError& e) {
-        reason = e.what();
+        refuse(e.what(), e.diagnostic());
     }
-    xml::Violation violation;
-    violation.place = {.file = archive_ + "!" + member, .line = 1, .column = 1};
-    violation.text = reason;
-    throw xml::Exception(std::move(violation));
+    return {};
 }
 
-bool HTEQCfaXmlReader::canCfaBeOpened_(const BasePlatform::Root& root, std::string& error) const {
-    if (!readers::isNewerSchema(root)) return true;
+/// Why the document cannot be read; empty when it can.
+std::string HTEQCfaXmlReader::newerSchema_(const BasePlatform::Root& root) const {
+    if (!readers::isNewerSchema(root)) return {};
     const auto major = static_cast<std::int32_t>(root.VersionMajor.get());
-    error = "Hardware Platform '" + archive_ + "' (version " + std::to_string(major) +
-            ") is newer than the current version " + std::to_string(readers::currentSchema()) + " (" +
-            HUTEnv::getFullBuildStr() + ")";
-    return false;
+    return "Hardware Platform '" + archive_ + "' (version " + std::to_string(major) +
+           ") is newer than the current version " + std::to_string(readers::currentSchema()) + " (" +
+           HUTEnv::getFullBuildStr() + ")";
 }

@@ -205,5 +205,5 @@ void HTEQCfaXmlWriter::writeCFA() {
 }
 
 std::string HTEQCfaXmlWriter::getText() const {
-    return readers::makeDocument(file_, [this] { return documentOf(*platform_); });
+    return documentOf(*platform_);
 }

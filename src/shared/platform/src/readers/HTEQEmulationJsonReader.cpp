@@ -28,7 +28,8 @@ void HTEQEmulationJsonReader::parseJson() {
 void HTEQEmulationJsonReader::parseFromCfa(const std::string& archive, const std::string& member,
                                            HTEQEmulations* emulations) {
     json::ptree root;
-    json::parse(readers::textOfMember(archive, member), archive + "!" + member, root);
+    json::parse(readers::textOfMember(archive, member), archive + "!" + member, {.file = archive, .member = member},
+                root);
     HTEQEmulationJsonReader(emulations).parseRoot_(root);
 }
 

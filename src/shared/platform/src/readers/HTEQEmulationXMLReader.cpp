@@ -1,20 +1,29 @@
 #include "platform/HTEQEmulationXMLReader.h"
 
-#include "msg/Capture.h"
-#include "msg/HEXAll.h"
+#include <functional>
+
+#include "msg/HEXFileFault.h"
 #include "platform/HTEQEmulations.h"
 #include "readers/ArchiveMember.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "records/TEQEmulationLMX.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 
 namespace {
 
-[[noreturn]] void report(const xml::Exception& e, const std::string& file, const std::string& member = "") {
-    HXMLException error(e.describe());
-    msg::Capture::send(error.message(), readers::problemOf(e, file, member));
-    throw error;
+/// The message is the fault's text and has no id.
+[[noreturn]] void report(const xml::Exception& e, const std::string& file, const std::string& member) {
+    const HEXFileFault fault(readers::diagnosticOf(e, file, member));
+    readers::fail(HXMLException(fault.what()).message(), fault.diagnostic());
+}
+
+void orXmlException(const std::function<void()>& read) {
+    try {
+        read();
+    } catch (const HEXFileFault& e) {
+        throw HXMLException(e.what());
+    }
 }
 
 void fill(const TEQEmulation::Root& record, HTEQEmulations& emulations) {
@@ -37,16 +46,21 @@ void HTEQEmulationXMLReader::parseXml() {
     try {
         fill(xml::readFile(TEQEmulation::kDocument, file_), *emulations_);
     } catch (const xml::Exception& e) {
-        report(e, file_);
+        orXmlException([&] { report(e, file_, ""); });
     }
 }
 
-void HTEQEmulationXMLReader::parseFromCfa(const std::string& archive, const std::string& member,
-                                          HTEQEmulations* emulations) {
+void HTEQEmulationXMLReader::readFromCfa(const std::string& archive, const std::string& member,
+                                         HTEQEmulations* emulations) {
     const std::string text = readers::textOfMember(archive, member);
     try {
         fill(xml::read(TEQEmulation::kDocument, text, archive + "!" + member), *emulations);
     } catch (const xml::Exception& e) {
         report(e, archive, member);
     }
+}
+
+void HTEQEmulationXMLReader::parseFromCfa(const std::string& archive, const std::string& member,
+                                          HTEQEmulations* emulations) {
+    orXmlException([&] { readFromCfa(archive, member, emulations); });
 }

@@ -4,14 +4,13 @@
 
 #include <memory>
 
-#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "readers/Bindings.h"
 #include "readers/DescriptorRules.h"
 #include "readers/Printed.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 
@@ -63,14 +62,16 @@ HTEQPlatformXMLReader::HTEQPlatformXMLReader(const std::string& file, HTEQPlatfo
 }
 
 bool HTEQPlatformXMLReader::parseFile() {
+    return readers::succeeds([this] { readFile(); });
+}
+
+void HTEQPlatformXMLReader::readFile() {
     errorMsg_.clear();
     try {
         fill(xml::readFile(TEQPlatform::kDocument, file_), file_, *platform_);
-        return true;
     } catch (const xml::Exception& e) {
         errorMsg_ = fmt::format("Error parsing platform file: {}\nLine number:{}. {}\n", file_, e.line(), e.what());
         readers::print(errorMsg_);
-        msg::Capture::send(ComMsgMgr::make("@74-9@%s", file_, e.line()), readers::problemOf(e, file_));
-        return false;
+        readers::fail(ComMsgMgr::make("@74-9@%s", file_, e.line()), e.diagnostic());
     }
 }

@@ -2,7 +2,6 @@
 
 #include <fmt/core.h>
 
-#include "msg/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
@@ -10,7 +9,7 @@
 #include "platform/HTEQSystemConfig.h"
 #include "readers/Bindings.h"
 #include "readers/Printed.h"
-#include "readers/Problem.h"
+#include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
@@ -56,15 +55,17 @@ HTEQSoftwarePlatformXMLReader::HTEQSoftwarePlatformXMLReader(const std::string& 
 }
 
 bool HTEQSoftwarePlatformXMLReader::parseFile() {
+    return readers::succeeds([this] { readFile(); });
+}
+
+void HTEQSoftwarePlatformXMLReader::readFile() {
     errorMsg_.clear();
     try {
         fill(xml::readFile(TEQSoftwarePlatform::kDocument, file_), *platform_);
-        return true;
     } catch (const xml::Exception& e) {
         errorMsg_ =
             fmt::format("Error parsing software platform file: {}\nLine number:{}. {}", file_, e.line(), e.what());
         readers::print(errorMsg_ + "\n");
-        msg::Capture::send(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), readers::problemOf(e, file_));
-        return false;
+        readers::fail(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), e.diagnostic());
     }
 }

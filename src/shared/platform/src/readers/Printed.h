@@ -2,14 +2,14 @@
 #include <iostream>
 #include <string_view>
 
-#include "msg/Capture.h"
+#include "msg/Silence.h"
 #include "text/HSTStringUtils.h"
 
 namespace readers {
 
-/// Prints lines that name files of strangers: nothing in them reaches a terminal as an order.
+/// Prints lines that contain untrusted text: no control character in them reaches a terminal.
 inline void print(std::string_view lines) {
-    if (!msg::Capture::printsWords()) return;
+    if (msg::Silence::isKept()) return;
     while (!lines.empty()) {
         const auto end = lines.find('\n');
         std::cout << HSTStringUtils::printable(lines.substr(0, end));

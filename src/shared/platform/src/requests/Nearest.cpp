@@ -1,10 +1,10 @@
-#include "Nearest.h"
-
 #include <algorithm>
 #include <numeric>
 
-#include <text/HSTStringUtils.h>
+#include "platform/PlatformRequests.h"
+#include "text/HSTStringUtils.h"
 
+namespace teq_platform::requests {
 namespace {
 
 /// How many letters must be put in, taken out or changed.
@@ -25,19 +25,21 @@ std::size_t distance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::string nearest(const std::string& name, const std::vector<std::string>& known) {
-    constexpr std::size_t kMost = 3, kLongest = 256;
-    const std::string asked = HSTStringUtils::toLower(name.substr(0, kLongest));
+std::string nearest(const std::string& name, const HSTVector<std::string>& known) {
+    constexpr std::size_t kMaxNames = 3, kMaxLength = 256;
+    const std::string asked = HSTStringUtils::toLower(name.substr(0, kMaxLength));
     std::vector<std::pair<std::size_t, std::string>> found;
     for (const std::string& one : known) {
-        const std::string lower = HSTStringUtils::toLower(one.substr(0, kLongest));
+        const std::string lower = HSTStringUtils::toLower(one.substr(0, kMaxLength));
         const std::size_t away = lower.find(asked) != std::string::npos ? 0 : distance(asked, lower);
         if (away <= std::max<std::size_t>(2, asked.size() / 2)) found.emplace_back(away, one);
     }
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
     std::string text;
-    for (std::size_t i = 0; i < std::min(kMost, found.size()); ++i)
+    for (std::size_t i = 0; i < std::min(kMaxNames, found.size()); ++i)
         text += (text.empty() ? "; nearest: " : ", ") + found[i].second;
     return text;
 }
+
+}  // namespace teq_platform::requests

@@ -1,4 +1,4 @@
-#include "util/Successor.h"
+#include "util/AtomicFile.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -45,7 +45,7 @@ bool lock(int file) {
 }
 
 /// Removes a file of that name whose lock is free. One that is in use, or is not ours, stays.
-void removeStray(int directory, const char* name) {
+void removeLeftover(int directory, const char* name) {
     const Descriptor file(::openat(directory, name, O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0 || !S_ISREG(status.st_mode) ||
@@ -54,52 +54,60 @@ void removeStray(int directory, const char* name) {
     if (isNameOf(file.get(), directory, name)) ::unlinkat(directory, name, 0);
 }
 
-void removeStrays(int directory) {
+void removeLeftovers(int directory) {
     Descriptor own(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, int (*)(DIR*)> list(own.isOpen() ? ::fdopendir(own.get()) : nullptr, ::closedir);
     if (!list) return;
     own.release();
     while (const dirent* const entry = ::readdir(list.get()))
-        if (isOurName(entry->d_name)) removeStray(directory, entry->d_name);
+        if (isOurName(entry->d_name)) removeLeftover(directory, entry->d_name);
 }
 
 }  // namespace
 
-Successor::Successor(std::string target, mode_t mode)
-    : target_(std::move(target)),
-      directory_(::open(HUTFile::getParent(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
-    if (!directory_.isOpen()) fail(errno);
-    make(mode);
+AtomicFile::AtomicFile(std::string target, mode_t mode)
+    : parent_(::open(HUTFile::getParent(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+      directory_(parent_.get()),
+      name_(target.substr(target.rfind('/') + 1)),
+      shown_(std::move(target)) {
+    if (!parent_.isOpen()) fail(errno);
+    constexpr std::size_t kMaxExtension = 16;  // a longer one is part of the name, which may be as long as a name can be
+    const std::string extension = HUTFile::getExt(name_);
+    make(mode, extension.empty() || extension.size() > kMaxExtension ? "" : "." + extension);
 }
 
-Successor::~Successor() {
-    if (isMade_) ::unlinkat(directory_.get(), name_.c_str(), 0);
+AtomicFile::AtomicFile(int directory, std::string name, std::string shown, mode_t mode)
+    : directory_(directory), name_(std::move(name)), shown_(std::move(shown)) {
+    make(mode, "");
 }
 
-void Successor::fail(int error) const {
-    throw HEXUserException("file '" + target_ + "' could not be written: " + std::generic_category().message(error));
+AtomicFile::~AtomicFile() {
+    if (isMade_) ::unlinkat(directory_, temporary_.c_str(), 0);
 }
 
-void Successor::make(mode_t mode) {
+void AtomicFile::fail(int error) const {
+    throw HEXUserException("file '" + shown_ + "' could not be written: " + std::generic_category().message(error));
+}
+
+void AtomicFile::make(mode_t mode, const std::string& extension) {
     const std::string stem = std::string(kStem) + std::to_string(::getpid()) + "-";
-    const std::string extension = HUTFile::getExt(target_);
     for (int n = 0; !isMade_; ++n) {
-        name_ = stem + std::to_string(n) + (extension.empty() ? "" : "." + extension);
+        temporary_ = stem + std::to_string(n) + extension;
         file_ = Descriptor(
-            ::openat(directory_.get(), name_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+            ::openat(directory_, temporary_.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (!file_.isOpen() && errno == EEXIST) continue;
         if (!file_.isOpen()) fail(errno);
         const bool isLocked = lock(file_.get());
         if (const int error = errno; !isLocked && error != EWOULDBLOCK) {
-            ::unlinkat(directory_.get(), name_.c_str(), 0);
+            ::unlinkat(directory_, temporary_.c_str(), 0);
             fail(error);
         }
         // Before it was locked, another process may have taken it for a leftover.
-        isMade_ = isLocked && isNameOf(file_.get(), directory_.get(), name_.c_str());
+        isMade_ = isLocked && isNameOf(file_.get(), directory_, temporary_.c_str());
     }
 }
 
-void Successor::write(std::uint64_t offset, std::string_view bytes) {
+void AtomicFile::write(std::uint64_t offset, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t put = ::pwrite(file_.get(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
         if (put < 0 && errno == EINTR) continue;
@@ -107,33 +115,36 @@ void Successor::write(std::uint64_t offset, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(put));
         offset += static_cast<std::uint64_t>(put);
     }
-    if (offset >= begun_ + kStretch) {  // the disk writes while the next bytes are made, so sync does not wait long
-        ::sync_file_range(file_.get(), static_cast<off_t>(begun_), static_cast<off_t>(offset - begun_),
+    size_ = std::max(size_, offset);
+    if (offset >= flushed_ + kStretch) {  // written while the next bytes are made, so sync waits less
+        ::sync_file_range(file_.get(), static_cast<off_t>(flushed_), static_cast<off_t>(offset - flushed_),
                           SYNC_FILE_RANGE_WRITE);
-        begun_ = offset;
+        flushed_ = offset;
     }
 }
 
-std::string Successor::path() const { return HUTFile::getParent(target_) + "/" + name_; }
+std::string AtomicFile::path() const { return HUTFile::getParent(shown_) + "/" + temporary_; }
 
-void Successor::takeModeAndOwner(const struct stat& of) {
+void AtomicFile::takeModeAndOwner(const struct stat& of) {
     const bool isGiven = ::fchown(file_.get(), of.st_uid, of.st_gid) == 0 ||
                          (::fchown(file_.get(), static_cast<uid_t>(-1), of.st_gid) == 0 && of.st_uid == ::geteuid());
     // Only the old owner could grant set-user-ID rights.
     if (::fchmod(file_.get(), of.st_mode & (isGiven ? 07777 : 0777)) != 0) fail(errno);
 }
 
-void Successor::sync() {
+void AtomicFile::sync() {
     if (::fsync(file_.get()) != 0) fail(errno);
+    isSynced_ = true;
 }
 
-void Successor::takePlace(bool mayReplace) {
-    const std::string name = target_.substr(target_.rfind('/') + 1);
+void AtomicFile::commit(bool mayReplace) {
+    if (!isSynced_ && !file_.close()) fail(errno);
     const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
-    if (::renameat2(directory_.get(), name_.c_str(), directory_.get(), name.c_str(), flags) != 0) fail(errno);
+    if (::renameat2(directory_, temporary_.c_str(), directory_, name_.c_str(), flags) != 0) fail(errno);
     isMade_ = false;
-    if (::fsync(directory_.get()) != 0) fail(errno);
-    removeStrays(directory_.get());
+    if (!isSynced_) return;
+    if (::fsync(directory_) != 0) fail(errno);
+    removeLeftovers(directory_);
 }
 
 }  // namespace util

@@ -1,0 +1,111 @@
+#pragma once
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/FileKind.h"
+#include "platform/HTEQPlatform.h"
+#include "platform/HwMetadataMode.h"
+#include "platform/RequestFailure.h"
+#include "text/HSTVector.h"
+#include "text/ZrApi.h"
+
+namespace zip {
+class Request;
+}
+
+/// What a user can ask for, as functions of plain values. The C interface and the tool convert arguments and results
+/// and decide nothing. Failures leave as exceptions, of which `currentFailure` makes a kind and a diagnostic.
+namespace teq_platform::requests {
+
+/// One request: while it lives, its thread opens each archive once, and everything that is decompressed counts against
+/// one budget. Lives on the stack.
+class ZR_API Scope {
+public:
+    /// `budget`: bytes; 0 for the library's own limit.
+    explicit Scope(std::uint64_t budget = 0);
+    ~Scope();
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+private:
+    std::unique_ptr<zip::Request> request_;
+};
+
+/// The platform of a file, as `PlatformLoader::open` gives it. A file that does not exist is `noSuchFile`.
+ZR_API std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode);
+
+enum class Form {
+    full,   ///< the whole document
+    brief,  ///< only unique name, file and description
+    xml,    ///< the hardware metadata in the form of older archives
+};
+/// A document of a platform that was loaded from `file`.
+ZR_API std::string document(const HTEQPlatform& platform, const std::string& file, Form form);
+
+/// What identifies a platform, by the numbers of `zr_field`.
+enum class Field {
+    name,
+    vendor,
+    library,
+    version,
+    description,
+    type,
+    file,
+    hardwareFile,
+    emulationFile,
+    softwareFile,
+    count_
+};
+using Fields = std::array<std::string, static_cast<std::size_t>(Field::count_)>;
+/// Of a descriptor its own values, of a lone archive those of its hardware platform.
+ZR_API Fields fields(const HTEQPlatform& platform);
+
+/// Fails when `destination` exists and may not be replaced, or its directory does not exist.
+ZR_API void checkDestination(const std::string& destination, bool mayReplace);
+/// Writes a file whole or not at all; into a device or a pipe the bytes are written as they are.
+ZR_API void writeFile(const std::string& destination, std::string_view bytes, bool mayReplace);
+
+struct Pack {
+    std::string folder, archive;
+    bool mayReplace = false;  ///< the archive
+    bool mayLack = false;     ///< files that the metadata lists
+};
+ZR_API void pack(const Pack& request);
+
+struct SetFile {
+    std::string archive, type, member, source;
+    HwMetadataMode mode = HwMetadataMode::Default;
+    bool mayLose = false;  ///< write although keys of the metadata are lost or changed
+    bool stripPaths = false;
+    bool dryRun = false;
+};
+struct SetFileResult {
+    HSTVector<std::string> losses;  ///< a printable line for each key that is lost or changed
+    bool isRefused = false;         ///< because of them; nothing was written
+};
+ZR_API SetFileResult setFile(const SetFile& request);
+
+struct Extract {
+    std::string archive;
+    std::string name;  ///< of a member or a file type, or "OUTER!INNER" for a member of a nested archive
+    std::string destination;
+    HwMetadataMode mode = HwMetadataMode::Default;
+    bool isType = false;      ///< `name` is a file type, even if a member has that name
+    bool repairHpfm = false;  ///< mark all HBM banks of an hpfm as default when only some are
+    bool mayReplace = false;
+};
+ZR_API void extract(const Extract& request);
+
+/// What a finding or a message means. A name that does not exist is `unknownName`, with the nearest ones.
+ZR_API std::string explain(const std::string& name);
+/// The W3C XML Schema of a format; otherwise `unknownFormat`, with the formats that exist.
+ZR_API std::string schema(const std::string& format);
+
+/// "; nearest: a, b, c" of the known names that are most like `name`; empty without any.
+ZR_API std::string nearest(const std::string& name, const HSTVector<std::string>& known);
+
+}  // namespace teq_platform::requests

@@ -1,0 +1,19 @@
+#pragma once
+
+namespace msg {
+
+/// While one lives, the texts that readers print on standard output are dropped on its thread. Lives on the stack.
+class Silence {
+public:
+    Silence() { ++depth; }
+    ~Silence() { --depth; }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+    static bool isKept() { return depth > 0; }
+
+private:
+    static thread_local int depth;
+};
+
+}  // namespace msg

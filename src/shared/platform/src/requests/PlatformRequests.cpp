@@ -1,0 +1,92 @@
+#include "platform/PlatformRequests.h"
+
+#include "json/JsonText.h"
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQCfaXmlWriter.h"
+#include "platform/JSONWriter.h"
+#include "platform/PlatformExplanation.h"
+#include "platform/PlatformLoader.h"
+#include "platform/PlatformSchema.h"
+#include "text/HSTStringUtils.h"
+#include "util/HUTFile.h"
+#include "zip/Request.h"
+
+namespace teq_platform::requests {
+namespace {
+
+std::string briefDocument(const HTEQPlatform& platform) {
+    JSONObjectWriter writer;
+    platform.shortToJSON(writer);
+    return json::write(writer.getTree());
+}
+
+std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {
+    auto* const hardware = dynamic_cast<HPLPlatform*>(platform.getHardwarePlatform());
+    if (!hardware) throw HEXFileFault({.file = file, .text = "there is no hardware platform in it"});
+    const std::string& archive = hardware->getPlatformFile();
+    try {
+        return HTEQCfaXmlWriter(hardware, archive).getText();
+    } catch (const HEXFileFault& e) {
+        throw HEXFileFault({.file = archive, .text = "there is no XML form of it: " + e.diagnostic().text});
+    }
+}
+
+}  // namespace
+
+Scope::Scope(std::uint64_t budget)
+    : request_(std::make_unique<zip::Request>(budget > 0 ? budget : zip::OutputBudget::kOfCall)) {}
+Scope::~Scope() = default;
+
+std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode) {
+    if (!HUTFile::exists(file)) throw HEXFileNotFoundException(file);
+    return PlatformLoader::open(file, mode);
+}
+
+std::string document(const HTEQPlatform& platform, const std::string& file, Form form) {
+    switch (form) {
+        case Form::full: return PlatformLoader::document(platform, file);
+        case Form::brief: return briefDocument(platform);
+        case Form::xml: return xmlDocument(platform, file);
+    }
+    return {};
+}
+
+Fields fields(const HTEQPlatform& platform) {
+    Fields fields{platform.getName(),
+                  platform.getVendor(),
+                  platform.getLibrary(),
+                  platform.getVersion(),
+                  platform.getDescription(),
+                  platform.getTypePrettyString(),
+                  platform.getPlatformFile(),
+                  platform.getHardwarePlatformFile(),
+                  platform.getHardwareEmuPlatformFile(),
+                  platform.getSoftwarePlatformFile()};
+    const auto at = [&fields](Field field) -> std::string& { return fields.at(static_cast<std::size_t>(field)); };
+    if (const HTEQHardwarePlatform* hardware = platform.getHardwarePlatform(); hardware && !platform.isZdf()) {
+        at(Field::name) = hardware->getName();
+        at(Field::vendor) = hardware->getVendor();
+        at(Field::version) = hardware->getVersion();
+        at(Field::description) = hardware->getDescription();
+    }
+    return fields;
+}
+
+std::string explain(const std::string& name) {
+    std::string text = PlatformExplanation::text(name);
+    if (text.empty())
+        throw RequestError(FailureKind::unknownName, {.text = "there is no finding or message '" + name + "'" +
+                                                              nearest(name, PlatformExplanation::names())});
+    return text;
+}
+
+std::string schema(const std::string& format) {
+    std::string text = PlatformSchema::text(format);
+    if (text.empty())
+        throw RequestError(FailureKind::unknownFormat,
+                           {.text = "there is no format '" + format + "'; the formats are " +
+                                    HSTStringUtils::join(PlatformSchema::formats(), ", ")});
+    return text;
+}
+
+}  // namespace teq_platform::requests

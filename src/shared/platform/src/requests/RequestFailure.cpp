@@ -1,0 +1,85 @@
+#include "platform/RequestFailure.h"
+
+#include <algorithm>
+#include <array>
+#include <boost/property_tree/exceptions.hpp>
+#include <new>
+
+#include "platform/PlatformParseException.h"
+#include "readers/Reading.h"
+
+namespace teq_platform {
+namespace {
+
+using enum FailureKind;
+
+constexpr std::array kRows{
+    FailureRow{refused, 3, 1},       FailureRow{exists, 3, 1},      FailureRow{unknownName, 2, 1},
+    FailureRow{unknownFormat, 2, 2}, FailureRow{wrongUse, 1, 2},    FailureRow{noSuchFile, 2, 3},
+    FailureRow{badInput, 4, 3},      FailureRow{environment, 5, 4}, FailureRow{noMemory, 6, 4},
+    FailureRow{internal, 7, 70},
+};
+
+template <class E>
+bool isA(const std::exception& e) {
+    return dynamic_cast<const E*>(&e) != nullptr;
+}
+
+/// What an exception stands for: the first row that fits, from narrow types to wide ones.
+constexpr struct {
+    bool (*fits)(const std::exception& e);
+    FailureKind kind;
+} kKinds[] = {
+    {isA<HEXFileNotFoundException>, noSuchFile},
+    {isA<HEXFileFault>, badInput},
+    {isA<HEXUserException>, environment},
+    {isA<HEXAll>, badInput},
+    {isA<PlatformParseException>, badInput},
+    {isA<boost::property_tree::ptree_error>, badInput},
+    {isA<std::bad_alloc>, noMemory},
+    {[](const std::exception&) { return true; }, internal},
+};
+
+FailureKind kindOf(const std::exception& e) {
+    if (const auto* error = dynamic_cast<const RequestError*>(&e)) return error->kind();
+    return std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
+}
+
+/// The texts of the exceptions that are nested in `e`.
+std::string reasonsOf(const std::exception& e) {
+    try {
+        std::rethrow_if_nested(e);
+    } catch (const std::exception& reason) {
+        return ": " + std::string(reason.what()) + reasonsOf(reason);
+    } catch (...) {
+        return ": unknown reason";
+    }
+    return {};
+}
+
+HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std::string& file) {
+    if (kind == noMemory) return {.file = file, .text = "out of memory"};
+    if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
+    HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
+    diagnostic.text += reasonsOf(e);
+    return diagnostic;
+}
+
+}  // namespace
+
+RequestError::~RequestError() = default;
+
+const FailureRow& rowOf(FailureKind kind) { return *std::ranges::find(kRows, kind, &FailureRow::kind); }
+
+Failure currentFailure(const std::string& file) {
+    try {
+        throw;
+    } catch (const std::exception& e) {
+        const FailureKind kind = kindOf(e);
+        return {kind, diagnosticOf(e, kind, file)};
+    } catch (...) {
+        return {internal, {.file = file, .text = "unknown exception"}};
+    }
+}
+
+}  // namespace teq_platform

@@ -1,0 +1,54 @@
+#pragma once
+#include <sys/stat.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "util/Descriptor.h"
+
+namespace util {
+
+/// A file that appears whole or not at all: it is written under a temporary name in the directory of its target, and
+/// nothing at the target changes before `commit`. The temporary name is ".zr-edit-" and numbers, with a short
+/// extension of the target, and the file is locked (flock) while its maker lives, so that leftovers of a killed process are
+/// recognised and removed by the next synced commit. Throws `HEXUserException`.
+class AtomicFile {
+public:
+    /// What stands at `target`, a link too, is replaced. `mode` as `open` takes it.
+    AtomicFile(std::string target, mode_t mode);
+    /// The same for `name`, which has no separator, in a directory that is open and stays the caller's; `shown` is its
+    /// path in messages.
+    AtomicFile(int directory, std::string name, std::string shown, mode_t mode);
+    /// Removes the file unless it was committed.
+    ~AtomicFile();
+    AtomicFile(const AtomicFile&) = delete;
+    AtomicFile& operator=(const AtomicFile&) = delete;
+
+    /// The temporary path, of a file that was made by its path.
+    std::string path() const;
+    void write(std::uint64_t offset, std::string_view bytes);
+    void append(std::string_view bytes) { write(size_, bytes); }
+    /// Open to be read too; stays this object's.
+    int descriptor() const { return file_.get(); }
+    /// Where that is not permitted the file stays its maker's.
+    void takeModeAndOwner(const struct stat& of);
+    /// Waits until the disk has the bytes; `commit` then waits until it has the name.
+    void sync();
+    /// Puts the file at its target. Without `mayReplace` it is an error when something is there.
+    void commit(bool mayReplace = true);
+
+private:
+    void make(mode_t mode, const std::string& extension);
+    [[noreturn]] void fail(int error) const;
+
+    Descriptor parent_;  ///< of a target that was given by its path
+    int directory_;
+    std::string name_, shown_, temporary_;
+    Descriptor file_;
+    std::uint64_t size_ = 0;     ///< end of what was written
+    std::uint64_t flushed_ = 0;  ///< what lies before has been handed to the disk
+    bool isMade_ = false, isSynced_ = false;
+};
+
+}  // namespace util
