@@ -20,7 +20,7 @@ CheckFinding findingAt(const Source& source, const xml::Place& place, const char
 namespace {
 
 ReadXml readAs(const Source& source, const records::FormatRow& format, std::size_t most = kMostOfDocument) {
-    return {&format, format.check(source.text, source.file, most)};
+    return {&format, format.read(source.text, source.file, most)};
 }
 
 /// The format that the file's name tells, or null.

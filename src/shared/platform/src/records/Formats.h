@@ -20,7 +20,11 @@ struct FormatRow {
     const char* what;  ///< "a platform descriptor"
     const xml::Format* format;
     /// Reads the document and finds every fault of it, at most `most`.
-    Checked (*check)(std::string_view text, const std::string& file, std::size_t most);
+    Checked (*read)(std::string_view text, const std::string& file, std::size_t most);
+
+    xml::Violations check(std::string_view text, const std::string& file, std::size_t most) const {
+        return read(text, file, most).violations;
+    }
 };
 
 std::span<const FormatRow> formats();
