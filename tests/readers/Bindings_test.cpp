@@ -108,13 +108,13 @@ void thereAndBack(const xml::Format& format, const std::string& path) {
         const auto& [name, value] = *values.begin();
         EXPECT_EQ(value, given.at(name)) << name;
         EXPECT_TRUE(bound.emplace(name, value).second) << name << " has two rows";
-        // What the document lacks.
+        // Values that the document lacks.
         const R none;
         row.read(&none, at, row.onlySet);
         row.write(at, &emptied, false);
         const bool isKept = row.onlySet || name == "UUID";  // an empty text is no UUID
         EXPECT_EQ(valuesOf(element, &emptied) == values, isKept) << name;
-        // What it has without content. A host without an interface is of an unknown one; the period "0" is a text.
+        // Empty values. The model keeps an empty interface as "unknown"; the period "0" is a text.
         if (name == "Interface" || name == "normalizedPeriod") continue;
         R cleared, left;
         clear(element, &cleared);

@@ -29,8 +29,8 @@ class HTEQSoftwarePlatform;
 class HTEQSystemClock;
 class HTEQSystemConfig;
 
-/// The tables of all XML formats. What is not a value of a row, lists and what follows from several values, is code
-/// of the format's reader and writer.
+/// The tables of all XML formats. Lists, and what follows from several values, are code in the format's reader and
+/// writer.
 namespace binding {
 
 // The descriptor: DescriptorBindings.cpp.
