@@ -35,7 +35,7 @@ TEST(HostileArchives, LiesThatTheDirectoryTells) {
         std::function<void(Zip&)> change;
         const char* words;
     } cases[] = {
-        {"bytes before", [](Zip& z) { z.before = "#!/bin/sh\n", z.offset = 0; }, "10 bytes stand before"},
+        {"bytes before", [](Zip& z) { z.before = "#!/bin/sh\n", z.offset = 0; }, "10 bytes before"},
         {"bytes behind", [](Zip& z) { z.behind = "x"; }, "1 bytes follow"},
         {"count", [](Zip& z) { z.count = 1; }, "counts 4 members"},
         {"offset", [](Zip& z) { z.offset = 1; }, "does not end at"},
@@ -51,7 +51,7 @@ TEST(HostileArchives, LiesThatTheDirectoryTells) {
         {"a thousand million members", [](Zip& z) { z.isZip64 = true, z.count64 = 1'000'000'000; },
          "at most 1000000 are read"},
         {"one name twice", [](Zip& z) { z.entries.push_back(z.entries[0]); }, "lfa.json: two members"},
-        {"NUL in a name", [](Zip& z) { z.entries.emplace_back(std::string("a\0b", 3)); }, "a NUL"},
+        {"NUL in a name", [](Zip& z) { z.entries.emplace_back(std::string("a\0b", 3)); }, "contains NUL"},
         {"overlap", [](Zip& z) { z.entries[1].offset = 0; }, "where the next member begins"},
         {"encrypted", [](Zip& z) { z.entries[0].both(&Header::flags, 1); }, "lfa.json: it is encrypted"},
         {"unknown method", [](Zip& z) { z.entries[0].both(&Header::method, 99); }, "method 99"},
