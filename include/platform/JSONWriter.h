@@ -52,6 +52,6 @@ private:
 
 }  // namespace teq_platform
 
-// Programs that include this header only expect all three writers.
+// Programs that include only this header expect all three writers.
 #include "platform/JSONListWriter.h"
 #include "platform/JSONObjectWriter.h"

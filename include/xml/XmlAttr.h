@@ -15,7 +15,7 @@ struct Integer {
     bool operator==(const Integer&) const = default;
 };
 
-/// A decimal number, kept as it stands in the file without the blanks around it.
+/// A decimal number, stored as in the file without the blanks around it.
 struct Decimal {
     std::string text;
     bool operator==(const Decimal&) const = default;
