@@ -6,7 +6,6 @@
 #include <thread>
 
 #include "archive/ArchiveSource.h"
-#include "archive/PlatformMembers.h"
 #include "archive/TreeSource.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
@@ -17,7 +16,6 @@
 
 namespace fs = std::filesystem;
 using archive::MemberSource;
-using archive::PlatformMember;
 
 namespace {
 
@@ -45,24 +43,6 @@ int openOn(const std::string& path) {
 }
 
 }  // namespace
-
-TEST(PlatformMembers, Names) {
-    static const struct {
-        PlatformMember member;
-        const char* name;
-    } cases[] = {
-        {PlatformMember::json, "lfa.json"},
-        {PlatformMember::altJson, "alt_lfa.json"},
-        {PlatformMember::hwEmuJson, "hw_emu/lfa.json"},
-        {PlatformMember::altHwEmuJson, "hw_emu/alt_lfa.json"},
-        {PlatformMember::xml, "lfa.xml"},
-        {PlatformMember::hwEmuXml, "hw_emu/lfa.xml"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(archive::platformMember(c.member, "lfa"), c.name);
-        EXPECT_EQ(archive::platformMember(c.member, ""), "");
-    }
-}
 
 /// The same answers from an archive and from the tree that it was packed from.
 TEST_F(Sources, ArchiveAndTreeAgree) {
@@ -96,16 +76,6 @@ TEST_F(Sources, ArchiveAndTreeAgree) {
     }
     EXPECT_THROW(archive::openTree(at("nowhere")), zip::ArchiveError);
     EXPECT_THROW(archive::openArchive(at("nowhere")), zip::ArchiveError);
-}
-
-TEST_F(Sources, NestedTwoDeepAndNoDeeper) {
-    fs::create_directory(at("wrap"));
-    fs::rename(at("a.lfa"), at("wrap/b.lfa"));
-    HUTZip::compressDir(at("wrap"), at("c.lfa"));
-    const auto project = archive::openArchive(at("c.lfa"))->openNested("b.lfa")->openNested("prj/x.tilprj");
-    EXPECT_EQ(project->name(), at("c.lfa") + "!b.lfa!prj/x.tilprj");
-    EXPECT_THROW(project->openNested("arch/a.zip"), zip::ArchiveError);
-    EXPECT_EQ(project->openNested("absent"), nullptr);
 }
 
 TEST_F(Sources, OneBudgetForAChain) {
