@@ -20,6 +20,14 @@ STAIRCASES = {
     ),
 }
 
+# Lines of test code to 100 lines of code: what a room may have that is not listed, and what each of these may have.
+SHARE = 30
+SHARES = {
+}
+# Tests that stand in a folder of another name, and those of the library as a whole.
+TESTS_OF = {"c": "capi", "cli": "tools"}
+OF_THE_WHOLE = ["faults", "growth", "hostile", "hosts", "samples", "threads", "use"]
+
 
 def read_rooms():
     """Rooms in order: name -> (rank, folder, header-only public headers)."""
@@ -109,6 +117,50 @@ def check_rooms():
     return check_includes(rooms, public) + check_staircases(rooms) + check_header_page()
 
 
+def code_lines(paths):
+    """Lines that are neither blank nor a comment."""
+    count = 0
+    for path in paths:
+        text = re.sub(r"/\*.*?\*/", "", path.read_text(), flags=re.S)
+        count += sum(1 for line in text.splitlines() if line.strip() and not line.strip().startswith("//"))
+    return count
+
+
+def sources(folder):
+    return [path for path in sorted(folder.rglob("*")) if path.suffix in (".c", ".cpp", ".h", ".hpp")]
+
+
+def check_tests():
+    """Prints the share of tests by room."""
+    rooms = read_rooms()
+    public, problems = public_headers(rooms)
+    code = {room: code_lines(sources(folder)) for room, (_, folder, _) in rooms.items()}
+    for header, room in public.items():
+        code[room] += code_lines([ROOT / "include" / header])
+    code["tools"] = code_lines(sources(ROOT / "tools"))
+    tests = dict.fromkeys(code, 0)
+    shared = {}
+    for folder in sorted(path for path in (ROOT / "tests").iterdir() if path.is_dir() and path.name != "cases"):
+        room = TESTS_OF.get(folder.name, folder.name)
+        (tests if room in tests else shared).setdefault(room, 0)
+        (tests if room in tests else shared)[room] += code_lines(sources(folder))
+    for room in code:
+        share = 100 * tests[room] / code[room]
+        most = SHARES.get(room, SHARE)
+        print(f"{room:10} {tests[room]:6} {code[room]:6} {share:4.0f}")
+        if share > most:
+            problems.append(f"tests/{room}: {share:.0f} lines of test code to 100 of code; at most {most}")
+    for folder, lines in shared.items():
+        print(f"{folder:10} {lines:6}")
+        if folder not in OF_THE_WHOLE + ["kit"]:
+            problems.append(f"tests/{folder}: neither a room's nor listed in OF_THE_WHOLE")
+    total, of = sum(tests.values()) + sum(shared.values()), sum(code.values())
+    print(f"{'all tests':10} {total:6} {of:6} {100 * total / of:4.0f}")
+    cases = sum(len(path.read_text(errors="replace").splitlines()) for path in (ROOT / "tests/cases").rglob("*.*"))
+    print(f"{'cases':10} {cases:6}\n{'fuzz':10} {code_lines(sources(ROOT / 'fuzz')):6}")
+    return problems
+
+
 def tidy(source):
     result = subprocess.run(["clang-tidy-16", "--quiet", "-p", "build/release", source], cwd=ROOT, capture_output=True,
                             text=True)
@@ -124,7 +176,8 @@ def check_tidy():
 
 
 def main():
-    problems = check_rooms() if "--rooms" in sys.argv else check_tidy()
+    checks = {"--rooms": check_rooms, "--tests": check_tests, "--tidy": check_tidy}
+    problems = [problem for option in sys.argv[1:] for problem in checks[option]()]
     print("\n".join(problems), file=sys.stderr)
     sys.exit(1 if problems else 0)
 

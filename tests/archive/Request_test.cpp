@@ -7,7 +7,6 @@
 
 #include "archive/ArchiveSource.h"
 #include "archive/PlatformArchive.h"
-#include "archive/PlatformMembers.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
@@ -16,8 +15,6 @@
 #include "zip/HUTZip.h"
 
 namespace fs = std::filesystem;
-using archive::MemberSource;
-using archive::PlatformMember;
 
 namespace {
 
@@ -45,24 +42,6 @@ int openOn(const std::string& path) {
 }
 
 }  // namespace
-
-TEST(PlatformMembers, Names) {
-    static const struct {
-        PlatformMember member;
-        const char* name;
-    } cases[] = {
-        {PlatformMember::json, "lfa.json"},
-        {PlatformMember::altJson, "alt_lfa.json"},
-        {PlatformMember::hwEmuJson, "hw_emu/lfa.json"},
-        {PlatformMember::altHwEmuJson, "hw_emu/alt_lfa.json"},
-        {PlatformMember::xml, "lfa.xml"},
-        {PlatformMember::hwEmuXml, "hw_emu/lfa.xml"},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(archive::platformMember(c.member, "lfa"), c.name);
-        EXPECT_EQ(archive::platformMember(c.member, ""), "");
-    }
-}
 
 TEST_F(Sources, Members) {
     const auto source = archive::open(at("a.lfa"));
@@ -105,16 +84,6 @@ TEST_F(Sources, MetadataOrder) {
     EXPECT_EQ(all.allMetadata().size(), 4U);
     EXPECT_TRUE(some.lists("lfa.json") && some.lists("hpfm") && some.lists("prj"));
     EXPECT_FALSE(some.lists("hpf") || some.lists("hpfm/x") || some.lists(""));
-}
-
-TEST_F(Sources, NestedTwoDeepAndNoDeeper) {
-    fs::create_directory(at("wrap"));
-    fs::rename(at("a.lfa"), at("wrap/b.lfa"));
-    HUTZip::compressDir(at("wrap"), at("c.lfa"));
-    const auto project = archive::open(at("c.lfa"))->openNested("b.lfa")->openNested("prj/x.tilprj");
-    EXPECT_EQ(project->name(), at("c.lfa") + "!b.lfa!prj/x.tilprj");
-    EXPECT_THROW(project->openNested("arch/a.zip"), zip::ArchiveError);
-    EXPECT_EQ(project->openNested("absent"), nullptr);
 }
 
 TEST_F(Sources, OneBudgetForAChain) {

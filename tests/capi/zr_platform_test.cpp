@@ -68,30 +68,6 @@ TEST_F(Wrapper, TellsFailuresWithTheirPlace) {
               "the archive has no metadata member lfa.xml");
 }
 
-/// The place is that of the text at fault, whatever the texts in it look like.
-TEST_F(Wrapper, TellsThePlaceInEveryMember) {
-    const struct {
-        std::string metadata, other;
-        const char *place, *words;
-    } cases[] = {
-        {R"({"files": [{"name": "other", "type": "EMU_JSON"}]})", "{\n\n\"a\": }", "!other:3:6: ", "no valid JSON"},
-        {R"({"files": [{"name": "other", "type": "EMU_XML"}]})",
-         "<Root VersionMajor='1'\n VersionMinor='0'><x/></Root>", "!other:2:19: ", "<x> stands in <Root>"},
-        {R"({"files": [{"name": "other", "type": "META_JSON"}]})", "{\n \"a\": [}", "!other:2:8: ", "no valid JSON"},
-        {R"x({"tilHardware": {"arch": "x(7): y (column 3)"}})x", "", "!lfa.json: ", "x(7): y (column 3)"},
-        {R"x({"designIpInstances": [{"configuration": {"a (column 3)": "1", "a (column 3).b": "2"}}]})x", "", ": ",
-         "\"a (column 3)\" has a value"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.metadata);
-        const std::string file = packed(scratch, "x.lfa", {{"lfa.json", c.metadata}, {"other", c.other}});
-        const zr::Error error = errorOf([&] { zr::Platform(file).document(); });
-        EXPECT_EQ(error.code(), ZR_BAD_INPUT);
-        EXPECT_THAT(error.what(), testing::StartsWith(file + c.place));
-        EXPECT_THAT(error.text(), testing::HasSubstr(c.words));
-    }
-}
-
 TEST_F(Wrapper, PrintsNothingOnStandardOutput) {
     std::ostringstream printed;
     std::streambuf* const before = std::cout.rdbuf(printed.rdbuf());

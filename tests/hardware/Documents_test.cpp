@@ -11,8 +11,10 @@
 #include "platform/HPLBoard.h"
 #include "platform/HPLCore.h"
 #include "platform/HPLMemory.h"
+#include "platform/HPLPlatform.h"
 #include "platform/HTEQDevice.h"
 #include "platform/HTEQHardwareFeatureRom.h"
+#include "platform/HTEQSystemClock.h"
 #include "platform/HTEQTilHardware.h"
 #include "platform/HTEQTilPartition.h"
 
@@ -80,6 +82,41 @@ std::string parameter(const std::string& text) {
     return std::to_string(stored.size());
 }
 
+std::string clock(const std::string& status) {
+    HPLPlatform platform;
+    platform.addSystemClock()->setStatus(status);
+    HSTVector<HTEQSystemClock*> clocks;
+    platform.getSystemClocks(clocks);
+    return std::string(platform.hasScalableClocks() ? "scalable" : "") + (platform.hasFixedClocks() ? "fixed" : "") +
+           (clocks.at(0)->isReserved() ? "reserved" : "");
+}
+
+std::string state(const std::string& text) {
+    HPLPlatform platform;
+    platform.setPlatformState(text);
+    platform.setComputedDesignIntent(HTEQDesignIntentStorage::Key::dataCenter, true);
+    EXPECT_FALSE(platform.isFlatShell()) << "partial reconfiguration";
+    platform.setUsesPR(false);
+    std::string found = std::to_string(static_cast<int>(platform.getState())) + " ";
+    if (platform.isPreSynthFlatShell()) found += "pre-synth-shell ";
+    if (platform.isSynthFlatShell()) found += "synth-shell ";
+    if (platform.isFlatShell()) found += "flat-shell ";
+    platform.setExpandable(false);
+    EXPECT_FALSE(platform.isFlatShell());
+    platform.setState(platform.getState());
+    return found + platform.getPlatformState();
+}
+
+std::string members(const std::string& file) {
+    HPLPlatform platform;
+    platform.setPlatformFile(file);
+    const std::string own = platform.getJsonFileName() + " " + platform.getAltJsonFileName() + " " +
+                            platform.getXmlFileName() + " " + platform.getHwEmuJsonFileName() + " " +
+                            platform.getAltHwEmuJsonFileName() + " ";
+    platform.setIsChildHardwareEmuPlatform(true);
+    return own + platform.getXmlFileName();
+}
+
 TEST(HardwareFunctions, OfTexts) {
     const std::map<std::string, std::string (*)(const std::string&)> functions = {
         {"gigabytes", gigabytes},
@@ -87,6 +124,9 @@ TEST(HardwareFunctions, OfTexts) {
         {"kind", kindOfTile},
         {"part", part},
         {"parameter", parameter},
+        {"clock", clock},
+        {"state", state},
+        {"members", members},
     };
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/hardware/functions.case", [&](const auto& name, const auto& text) {
         return functions.at(name.substr(0, name.find(' ')))(text);

@@ -17,9 +17,6 @@
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSystemClock.h"
 
-using State = HTEQHardwarePlatform::PlatformState;
-using Key = HTEQDesignIntentStorage::Key;
-
 namespace {
 
 void addClock(HPLPlatform& platform, const char* name, int id, const char* frequency, const char* status = "") {
@@ -114,25 +111,7 @@ TEST(Clocks, WithoutAnIdNoneIsTheDefault) {
     EXPECT_EQ(platform.getDefaultClock(), nullptr);
 }
 
-TEST(Clocks, StatusDecides) {
-    const struct {
-        const char* status;
-        bool scalable, fixed, reserved;
-    } kCases[] = {{"SCALABLE", true, false, false},
-                  {"changeable", true, false, false},
-                  {"Fixed", false, true, false},
-                  {"reserved", false, false, true},
-                  {"", false, false, false}};
-    for (const auto& c : kCases) {
-        SCOPED_TRACE(c.status);
-        HPLPlatform platform;
-        addClock(platform, "a", 0, "1", c.status);
-        EXPECT_EQ(platform.hasScalableClocks(), c.scalable);
-        EXPECT_EQ(platform.hasFixedClocks(), c.fixed);
-        HSTVector<HTEQSystemClock*> clocks;
-        platform.getSystemClocks(clocks);
-        EXPECT_EQ(clocks.at(0)->isReserved(), c.reserved);
-    }
+TEST(Clocks, OfTheUserAreScalable) {
     HPLPlatform user;
     HPLDevice* device = user.addDevice();
     device->addSystemClock("mine", "250");
@@ -160,55 +139,7 @@ TEST(BusInterfaces, CountsByTypeAndMode) {
     EXPECT_EQ(platform.getBusInterfaceByName("noc"), nullptr);
 }
 
-TEST(PlatformState, TextsAndShells) {
-    const struct {
-        const char* text;
-        State state;
-        bool preSynthShell, synthShell;
-    } kCases[] = {{"synth", State::synth, false, true},
-                  {"impl", State::impl, false, false},
-                  {"pre_synth", State::pre_synth, true, false},
-                  {"PRE_SYNTH", State::other, false, false},
-                  {"", State::other, false, false}};
-    for (const auto& c : kCases) {
-        SCOPED_TRACE(c.text);
-        HPLPlatform platform;
-        platform.setPlatformState(c.text);
-        EXPECT_EQ(platform.getState(), c.state);
-        platform.setComputedDesignIntent(Key::dataCenter, true);
-        EXPECT_FALSE(platform.isFlatShell());  // partial reconfiguration
-        platform.setUsesPR(false);
-        EXPECT_EQ(platform.isPreSynthFlatShell(), c.preSynthShell);
-        EXPECT_EQ(platform.isSynthFlatShell(), c.synthShell);
-        EXPECT_EQ(platform.isFlatShell(), c.preSynthShell || c.synthShell);
-        platform.setExpandable(false);
-        EXPECT_FALSE(platform.isFlatShell());
-        platform.setState(c.state);
-        EXPECT_EQ(platform.getPlatformState(), c.state == State::other ? "" : c.text);
-    }
-}
-
-TEST(MemberNames, FollowTheExtension) {
-    const struct {
-        const char *file, *json, *altJson, *xml, *emuJson, *altEmuJson, *emuXml;
-    } kCases[] = {
-        {"/a.b/x.lfa", "lfa.json", "alt_lfa.json", "lfa.xml", "hw_emu/lfa.json", "hw_emu/alt_lfa.json",
-         "hw_emu/lfa.xml"},
-        {"", "", "alt_", "", "", "", ""},
-        {"/a.b/x", "", "alt_", "", "", "", ""},
-    };
-    for (const auto& c : kCases) {
-        SCOPED_TRACE(c.file);
-        HPLPlatform platform;
-        platform.setPlatformFile(c.file);
-        EXPECT_EQ(platform.getJsonFileName(), c.json);
-        EXPECT_EQ(platform.getAltJsonFileName(), c.altJson);
-        EXPECT_EQ(platform.getXmlFileName(), c.xml);
-        EXPECT_EQ(platform.getHwEmuJsonFileName(), c.emuJson);
-        EXPECT_EQ(platform.getAltHwEmuJsonFileName(), c.altEmuJson);
-        platform.setIsChildHardwareEmuPlatform(true);
-        EXPECT_EQ(platform.getXmlFileName(), c.emuXml);
-    }
+TEST(MemberNames, OfTwoExtensions) {
     EXPECT_TRUE(HTEQHardwarePlatform::isValidPlatformExt(".lfa"));
     EXPECT_FALSE(HTEQHardwarePlatform::isValidPlatformExt("lfa"));
     EXPECT_FALSE(HTEQHardwarePlatform::isValidPlatformExt(".LFA"));

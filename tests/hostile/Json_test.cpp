@@ -19,11 +19,6 @@ std::string archiveOf(const std::string& text, const std::vector<builder::Entry>
     return path;
 }
 
-/// A configuration of a design IP, whose keys are paths.
-std::string configuration(const std::string& members) {
-    return R"({"designIpInstances": [{"vlnv": "v", "instance": "i", "configuration": {)" + members + "}}]}";
-}
-
 /// "board.pcie.vendor" of every key that a reader reads.
 void addKeys(std::vector<std::string>& keys, json::Shapes shapes, const std::string& before) {
     for (const json::Shape& shape : shapes) {
@@ -35,51 +30,7 @@ void addKeys(std::vector<std::string>& keys, json::Shapes shapes, const std::str
 }  // namespace
 
 TEST(HostileJson, Texts) {
-    const std::string deepKey = repeated("a.", 63) + "a";
-    const struct {
-        const char* what;
-        std::string text;
-        const char *outcome, *words;
-    } cases[] = {
-        {"nothing", "", "null", "Failed to parse"},
-        {"a byte-order mark", "\xEF\xBB\xBF{}", "loads", ""},
-        {"two marks", "\xEF\xBB\xBF\xEF\xBB\xBF{}", "null", "lfa.json(1): no valid JSON"},
-        {"a value", "17", "loads", ""},
-        {"brackets", repeated("[", 200'000), "null", "deeper than 192 levels"},
-        {"braces", repeated("{\"a\":", 200'000), "null", "deeper than 192 levels"},
-        {"as deep as may be", repeated("[", 192) + repeated("]", 192), "loads", ""},
-        {"a key of thousands of dots", "{\"" + repeated("a.", 4'500) + "\": 1}", "null", "too many levels"},
-        {"dots in a configuration", configuration("\"" + repeated("a.", 4'500) + "\": 1"), "null", "too many levels"},
-        {"as many dots as may be", configuration("\"" + deepKey + "\": 1"), "loads", ""},
-        {"a key beside its own path", configuration(R"("a": "1", "a.b": "2")"), "json_parser_error", "\"a\""},
-        {"a path beside its own key", configuration(R"("a.b": "2", "a": "1")"), "json_parser_error", "\"a\""},
-        {"empty keys", configuration(R"("": "1", ".": "2", "..a": "3")"), "", ""},
-        {"overlong forms", "{\"name\": \"\xC0\xAF\"}", "null", "no valid JSON"},
-        {"a lone surrogate", R"({"name": "\udc00"})", "null", "no valid JSON"},
-        {"an encoded surrogate", "{\"name\": \"\xED\xA0\x80\"}", "null", "no valid JSON"},
-        {"beyond the last character", "{\"name\": \"\xF4\x90\x80\x80\"}", "null", "no valid JSON"},
-        {"an escaped NUL", R"({"name": "a\u0000b"})", "null", "a text holds a NUL"},
-        {"a NUL", std::string("{\"name\": \"a\0b\"}", 15), "null", "no valid JSON"},
-        {"UTF-16", std::string("\xFF\xFE{\0}\0", 6), "null", "no valid JSON"},
-        {"twice the same key", R"({"name": "a", "name": "b"})", "loads", ""},
-        {"something behind", "{}\n{}", "null", "lfa.json(2): there is text after the document"},
-        {"cut", R"({"name": "n)", "null", "incomplete"},
-        {"a long number", "{\"idCode\": " + std::string(10'000, '9') + "}", "loads", ""},
-        {"long numbers for numbers",
-         "{\"versionMajor\": " + std::string(10'000, '9') + R"(, "memories": [{"lowAddress": "-)" +
-             std::string(10'000, '9') + R"("}], "systemClocks": [{"id": )" + std::string(10'000, '9') + "}]}",
-         "loads", ""},
-        {"a number beyond every exponent", R"({"idCode": 1e999999999})", "", ""},
-        {"a device without core", R"({"devices": [{}]})", "null", "core"},
-        {"an unknown architecture", R"({"tilHardware": {"arch": "x"}})", "null", "Invalid til architecture"},
-        {"escapes for a terminal", R"({"tilHardware": {"arch": "\u001b[2J\u009b1m"}})", "null", ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        const Answer answer = tried(archiveOf(c.text));
-        EXPECT_NE(answer.outcome.find(c.outcome), std::string::npos) << answer.outcome << ": " << answer.words;
-        EXPECT_NE(answer.words.find(c.words), std::string::npos) << answer.words;
-    }
+    expectAnswers("json.case", [](const cases::Case& each) { return archiveOf(cases::plain(each.lines[0].text)); });
 }
 
 /// At every key that a reader reads: a list for an object, an object for a list, texts for numbers and the rest.
@@ -119,26 +70,10 @@ TEST(HostileJson, WrongKindsAtEveryKey) {
 }
 
 TEST(HostileJson, ExtensionMetadata) {
-    const std::string listing = R"({"files": [{"type": "EXT_META_JSON", "name": "e.json"}]})";
-    const struct {
-        const char* what;
-        std::string text;
-        const char *outcome, *words;
-    } cases[] = {
-        {"an object", R"({"a": {"b": [1]}})", "loads", ""},
-        {"cut", R"({"a": )", "json_parser_error", "x.lfa!e.json"},
-        {"brackets", repeated("[", 200'000), "json_parser_error", "deeper than 192 levels"},
-        {"as deep as may be", repeated("{\"a\":", 191) + "1" + repeated("}", 191), "loads", ""},
-        {"invalid UTF-8", "{\"a\": \"\xFF\"}", "json_parser_error", "no valid JSON"},
-        {"a key of thousands of dots", "{\"" + repeated("a.", 4'500) + "\": 1}", "json_parser_error",
-         "too many levels"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.what);
-        const Answer answer = tried(archiveOf(listing, {builder::Entry("e.json", c.text, true)}));
-        EXPECT_NE(answer.outcome.find(c.outcome), std::string::npos) << answer.outcome << ": " << answer.words;
-        EXPECT_NE(answer.words.find(c.words), std::string::npos) << answer.words;
-    }
+    expectAnswers("extension.case", [](const cases::Case& each) {
+        return archiveOf(R"({"files": [{"type": "EXT_META_JSON", "name": "e.json"}]})",
+                         {builder::Entry("e.json", cases::plain(each.lines[0].text), true)});
+    });
 }
 
 /// One file of emulation metadata that is listed a hundred thousand times is read once; many of them spend the budget

@@ -7,6 +7,7 @@
 #include "hwdb/HHDFHwDefUtils.h"
 #include "hwdb/HHSMHardwareDb.h"
 #include "hwdb/RootAttribute.h"
+#include "kit/Cases.h"
 #include "kit/ZipBuilder.h"
 #include "util/HUTEnv.h"
 
@@ -25,25 +26,10 @@ std::string fileWith(std::initializer_list<builder::Entry> entries) {
 }  // namespace
 
 TEST(RootAttribute, OfTheRootOnly) {
-    static const struct {
-        std::string document;
-        const char* top;  ///< null: none
-    } cases[] = {
-        {"<p top='a'/>", "a"},
-        {"\xEF\xBB\xBF<?xml version=\"1.0\"?><!-- x --><n:p xmlns:n='u' other='b' top='&#65;&amp;'><broken", "A&"},
-        {"<p><q top='a'/></p>", nullptr},
-        {"<p xmlns:n='u' n:top='a'/>", nullptr},
-        {"<p top='a' top='b'/>", nullptr},
-        {"<!DOCTYPE p [<!ATTLIST p top CDATA 'a'>]><p/>", nullptr},
-        {"<!DOCTYPE p [<!ENTITY e 'a'>]><p top='&e;'/>", nullptr},
-        {"<p top='a'", nullptr},
-        {"no xml", nullptr},
-        {"", nullptr},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.document);
-        EXPECT_EQ(rootAttribute(c.document, "top"), c.top ? std::optional<std::string>(c.top) : std::nullopt);
-    }
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/hwdb/root.case", [](const auto&, const std::string& document) {
+        const auto top = rootAttribute(document, "top");
+        return top ? "(" + *top + ")" : "none";
+    });
 }
 
 TEST(HHDFHwDefUtils, TopModule) {

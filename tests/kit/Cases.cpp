@@ -177,6 +177,12 @@ std::string plain(const std::string& text) {
             continue;
         }
         const char c = text[++i];
+        if (c == '(') {
+            const auto blank = text.find(' ', i), end = text.find("\\)", blank);
+            result += repeated(plain(text.substr(blank + 1, end - blank - 1)), std::stoul(text.substr(i + 1)));
+            i = end + 1;
+            continue;
+        }
         const bool isByte = c == 'x';
         result += c == 'n' ? '\n' : c == 't' ? '\t' : c == 'r' ? '\r' : c;
         if (isByte) result.back() = static_cast<char>(std::stoi(text.substr(i + 1, 2), nullptr, 16));
@@ -240,14 +246,13 @@ void expectTexts(const std::string& path,
             if (found != ought) file.replace(last->number, line + escaped(found));
         };
         for (const Line& line : each.lines) {
-            const auto arrow = line.text.find("->");
+            const auto arrow = line.text.rfind(" -> ");
             if (line.word != "|") {
                 (line.word == ">" ? text : expected) += plain(line.text) + (line.word == ">" ? "\n" : "");
             } else if (last = &line; arrow == std::string::npos) {
                 ADD_FAILURE() << line.text;
             } else {
-                const std::string given = line.text.substr(0, arrow ? arrow - 1 : 0);
-                const std::string ought = line.text.substr(std::min(arrow + 3, line.text.size()));
+                const std::string given = line.text.substr(0, arrow), ought = line.text.substr(arrow + 4);
                 expect(plain(given), plain(ought), "| " + given + " -> ");
             }
         }

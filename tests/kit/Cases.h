@@ -6,7 +6,8 @@
 #include <vector>
 
 /// Cases as text: files `tests/cases/FOLDER/*.case`. A blank line ends a case, "== NAME" names it, "#" begins a comment.
-/// In a text, \n, \t, \r, \\ and \xNN stand for a byte. With ZR_UPDATE_EXPECTED set, verdicts and exact outputs that
+/// In a text, \n, \t, \r, \\ and \xNN stand for a byte, "\(N TEXT\)" for N times a
+/// text. With ZR_UPDATE_EXPECTED set, verdicts and exact outputs that
 /// differ are rewritten in the file.
 namespace cases {
 

@@ -285,66 +285,39 @@ int unlinkat(int directory, const char* name, int flags) noexcept {
 int unlink(const char* name) noexcept { return unlinkat(AT_FDCWD, name, 0); }
 int rmdir(const char* name) noexcept { return unlinkat(AT_FDCWD, name, AT_REMOVEDIR); }
 
-// Calls that are only counted and refused.
-int fstat(int file, struct stat* status) noexcept {
-    return fails("fstat") ? -1 : static_cast<int>(::syscall(SYS_fstat, file, status));
-}
-int fstatat(int directory, const char* path, struct stat* status, int flags) noexcept {
-    return fails("fstatat") ? -1 : static_cast<int>(::syscall(SYS_newfstatat, directory, path, status, flags));
-}
+// Calls that are only counted and refused: by number, and by the next library that has the name.
+#define ZR_BY_NUMBER(Result, name, parameters, ...) \
+    Result name parameters { return fails(#name) ? Result(-1) : static_cast<Result>(::syscall(__VA_ARGS__)); }
+#define ZR_BY_NAME(Result, failure, name, parameters, ...)        \
+    Result name parameters {                                      \
+        static auto* const real = next<Result parameters>(#name); \
+        return fails(#name) ? failure : real(__VA_ARGS__);        \
+    }
+ZR_BY_NUMBER(int, fstat, (int file, struct stat* status) noexcept, SYS_fstat, file, status)
+ZR_BY_NUMBER(int, fstatat, (int directory, const char* path, struct stat* status, int flags) noexcept, SYS_newfstatat,
+             directory, path, status, flags)
+ZR_BY_NUMBER(int, mkdirat, (int directory, const char* path, mode_t mode) noexcept, SYS_mkdirat, directory, path,
+             mode)
+ZR_BY_NUMBER(int, flock, (int file, int how) noexcept, SYS_flock, file, how)
+ZR_BY_NUMBER(int, fchmod, (int file, mode_t mode) noexcept, SYS_fchmod, file, mode)
+ZR_BY_NUMBER(int, fchown, (int file, uid_t user, gid_t group) noexcept, SYS_fchown, file, user, group)
+ZR_BY_NUMBER(ssize_t, readlink, (const char* path, char* bytes, std::size_t size) noexcept, SYS_readlink, path, bytes,
+             size)
+ZR_BY_NUMBER(int, sync_file_range, (int file, off64_t offset, off64_t size, unsigned flags), SYS_sync_file_range,
+             file, offset, size, flags)
+ZR_BY_NUMBER(int, access, (const char* path, int how) noexcept, SYS_access, path, how)
+ZR_BY_NUMBER(int, faccessat, (int directory, const char* path, int how, int flags) noexcept, SYS_faccessat2,
+             directory, path, how, flags)
+ZR_BY_NAME(char*, nullptr, mkdtemp, (char* form) noexcept, form)
+ZR_BY_NAME(int, -1, mkostemp, (char* form, int flags), form, flags)
+ZR_BY_NAME(dirent*, nullptr, readdir, (DIR * directory), directory)
+ZR_BY_NAME(DIR*, nullptr, opendir, (const char* path), path)
+ZR_BY_NAME(DIR*, nullptr, fdopendir, (int directory), directory)
+ZR_BY_NAME(FILE*, nullptr, fopen, (const char* path, const char* mode), path, mode)
 int stat(const char* path, struct stat* status) noexcept { return fstatat(AT_FDCWD, path, status, 0); }
 int lstat(const char* path, struct stat* status) noexcept {
     return fstatat(AT_FDCWD, path, status, AT_SYMLINK_NOFOLLOW);
 }
-int mkdirat(int directory, const char* path, mode_t mode) noexcept {
-    return fails("mkdirat") ? -1 : static_cast<int>(::syscall(SYS_mkdirat, directory, path, mode));
-}
 int mkdir(const char* path, mode_t mode) noexcept { return mkdirat(AT_FDCWD, path, mode); }
-int flock(int file, int how) noexcept {
-    return fails("flock") ? -1 : static_cast<int>(::syscall(SYS_flock, file, how));
-}
-int fchmod(int file, mode_t mode) noexcept {
-    return fails("fchmod") ? -1 : static_cast<int>(::syscall(SYS_fchmod, file, mode));
-}
-int fchown(int file, uid_t user, gid_t group) noexcept {
-    return fails("fchown") ? -1 : static_cast<int>(::syscall(SYS_fchown, file, user, group));
-}
-ssize_t readlink(const char* path, char* bytes, std::size_t size) noexcept {
-    return fails("readlink") ? -1 : static_cast<ssize_t>(::syscall(SYS_readlink, path, bytes, size));
-}
-int sync_file_range(int file, off64_t offset, off64_t size, unsigned flags) {
-    return fails("sync_file_range") ? -1
-                                    : static_cast<int>(::syscall(SYS_sync_file_range, file, offset, size, flags));
-}
-int access(const char* path, int how) noexcept {
-    return fails("access") ? -1 : static_cast<int>(::syscall(SYS_access, path, how));
-}
-int faccessat(int directory, const char* path, int how, int flags) noexcept {
-    return fails("faccessat") ? -1 : static_cast<int>(::syscall(SYS_faccessat2, directory, path, how, flags));
-}
-char* mkdtemp(char* form) noexcept {
-    static auto* const real = next<char*(char*)>("mkdtemp");
-    return fails("mkdtemp") ? nullptr : real(form);
-}
-int mkostemp(char* form, int flags) {
-    static auto* const real = next<int(char*, int)>("mkostemp");
-    return fails("mkostemp") ? -1 : real(form, flags);
-}
-dirent* readdir(DIR* directory) {
-    static auto* const real = next<dirent*(DIR*)>("readdir");
-    return fails("readdir") ? nullptr : real(directory);
-}
-DIR* opendir(const char* path) {
-    static auto* const real = next<DIR*(const char*)>("opendir");
-    return fails("opendir") ? nullptr : real(path);
-}
-DIR* fdopendir(int directory) {
-    static auto* const real = next<DIR*(int)>("fdopendir");
-    return fails("fdopendir") ? nullptr : real(directory);
-}
-FILE* fopen(const char* path, const char* mode) {
-    static auto* const real = next<FILE*(const char*, const char*)>("fopen");
-    return fails("fopen") ? nullptr : real(path, mode);
-}
 
 }  // extern "C"

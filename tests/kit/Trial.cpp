@@ -209,3 +209,11 @@ void expectAnswer(const std::string& path, const std::string& outcome, const std
     for (const std::string& line : HSTStringUtils::split(answer.words, '\n'))
         EXPECT_EQ(HSTStringUtils::printable(line), line) << "what a terminal would obey";
 }
+
+void expectAnswers(const std::string& file, const std::function<std::string(const cases::Case&)>& place) {
+    for (const cases::Case& each : cases::read(ZR_SOURCE_DIR "/tests/cases/hostile/" + file)) {
+        SCOPED_TRACE(file + ": " + each.name);
+        const cases::Line& last = each.lines.back();
+        expectAnswer(place(each), last.word == "any" ? "" : last.word, cases::plain(last.text));
+    }
+}

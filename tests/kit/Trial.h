@@ -2,6 +2,7 @@
 #include <functional>
 #include <string>
 
+#include "kit/Cases.h"
 #include "kit/Scratch.h"
 
 /// What came of asking the C function for a document.
@@ -43,3 +44,6 @@ private:
 Answer tried(const std::string& path);
 /// The same, and the answer is the expected one; `words` stand among its words.
 void expectAnswer(const std::string& path, const std::string& outcome, const std::string& words);
+/// The same of each case of a file of tests/cases/hostile: its last line is the outcome, "any" for one of those that are
+/// documented, and a part of the words; `place` makes the file of its other lines.
+void expectAnswers(const std::string& file, const std::function<std::string(const cases::Case&)>& place);

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "kit/Cases.h"
 #include "kit/Scratch.h"
 #include "msg/HEXAll.h"
 #include "util/HUTFileUtils.h"
@@ -12,21 +13,9 @@
 namespace fs = std::filesystem;
 
 TEST(HUTFile, ExtensionAndParent) {
-    static const struct {
-        std::string path, extension, parent;
-    } cases[] = {
-        {"x.lfa", "lfa", "."}, {"/a/b.d/x.lfa", "lfa", "/a/b.d"},
-        {"a.b/x", "", "a.b"},  {"a/.cfa", "", "a"},
-        {"x.", "", "."},       {"x.tar.gz", "gz", "."},
-        {"/x", "", "/"},       {"/", "", "/"},
-        {"a//x", "", "a"},     {"a/b/", "", "a/b"},
-        {"..", "", "."},       {"", "", ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.path);
-        EXPECT_EQ(HUTFile::getExt(c.path), c.extension);
-        EXPECT_EQ(HUTFile::getParent(c.path), c.parent);
-    }
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/util/paths.case", [](const auto&, const std::string& path) {
+        return HUTFile::getExt(path) + "|" + HUTFile::getParent(path);
+    });
 }
 
 class HUTFileOnDisk : public testing::Test {

@@ -15,7 +15,6 @@
 #include "zip/Archive.h"
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
-#include "zip/NestedArchive.h"
 #include "zip/OnDisk.h"
 
 namespace fs = std::filesystem;
@@ -68,19 +67,6 @@ TEST_F(PackFolder, ComesBackAsItWas) {
     EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), false));
     EXPECT_EQ(readTree("out"), tree);
     EXPECT_TRUE(HUTFile::isDir(at("out/hollow/inner")));
-}
-
-TEST_F(PackFolder, FoldersThatAreArchives) {
-    writeTree("folder", {{"lfa.json", "{}"}, {"prj/x.tilprj/arch/til.json", "[]"}, {"a.zip/b.zip/c", "deep"}});
-    HUTZip::compressDir(at("folder"), at("a.lfa"));
-    const zip::Archive archive(at("a.lfa"));
-    ASSERT_EQ(archive.members().size(), 3U);
-    zip::OutputBudget budget;
-    const auto project = zip::openNested(archive, *archive.find("prj/x.tilprj"), budget);
-    EXPECT_EQ(project->read(*project->find("arch/til.json")), "[]");
-    const auto outer = zip::openNested(archive, *archive.find("a.zip"), budget);
-    const auto inner = zip::openNested(*outer, *outer->find("b.zip"), budget);
-    EXPECT_EQ(inner->read(*inner->find("c")), "deep");
 }
 
 TEST_F(PackFolder, RefusesAndLeavesNothing) {
