@@ -152,7 +152,7 @@ constexpr const char* kCopy = "copy.bit";
 
 void copyOut(benchmark::State& state) {
     for (auto _ : state) {
-        archive::openArchive("abig.lfa")->copyOut("bit/full.bit", kCopy);
+        archive::open("abig.lfa")->copyOut("bit/full.bit", kCopy);
         state.PauseTiming();
         unlink(kCopy);
         state.ResumeTiming();

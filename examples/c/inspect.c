@@ -4,10 +4,7 @@
 #include <stdio.h>
 
 static int fail(zr_error* error) {
-    const char* member = zr_error_member(error);
-    fprintf(stderr, "%s%s%s:%lu:%lu: %s [%s]\n", zr_error_file(error), *member ? "!" : "", member,
-            (unsigned long)zr_error_line(error), (unsigned long)zr_error_column(error), zr_error_text(error),
-            zr_error_id(error));
+    fprintf(stderr, "%s\n", zr_error_describe(error));
     zr_error_free(error);
     return 1;
 }

@@ -13,6 +13,7 @@
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
+class HPLPlatform;
 namespace zip {
 class Request;
 }
@@ -88,6 +89,18 @@ struct SetFileResult {
     bool isRefused = false;         ///< because of them; nothing was written
 };
 ZR_API SetFileResult setFile(const SetFile& request);
+
+/// A file that the metadata of a hardware platform lists.
+struct ListedFile {
+    enum class State { file, folder, missing };
+
+    std::string type;
+    std::string member;  ///< its name in the archive
+    State state = State::missing;
+    std::uint64_t size = 0;  ///< of a file, in bytes
+};
+/// In the order of the metadata. Throws `HEXFileFault` if the archive cannot be read.
+ZR_API HSTVector<ListedFile> listedFiles(const HPLPlatform& platform);
 
 struct Extract {
     std::string archive;

@@ -140,12 +140,14 @@ static void testErrors(void) {
     SAME(zr_error_member(error), "lfa.json");
     SAME(zr_error_id(error), "74-64");
     CHECK(zr_error_line(error) == 2 && zr_error_column(error) == 6);
+    CHECK(strstr(zr_error_describe(error), "!lfa.json:2:6: ") && strstr(zr_error_describe(error), " [74-64]"));
     zr_error_free(error);
     CHECK(zr_error_code(NULL) == ZR_OK && zr_error_line(NULL) == 0 && zr_error_column(NULL) == 0);
     SAME(zr_error_text(NULL), "");
     SAME(zr_error_file(NULL), "");
     SAME(zr_error_member(NULL), "");
     SAME(zr_error_id(NULL), "");
+    SAME(zr_error_describe(NULL), "");
     zr_error_free(NULL);
     zr_text_free(NULL);
     zr_platform_free(NULL);

@@ -53,7 +53,8 @@ void writeAll(int file, std::string_view bytes) {
 }  // namespace
 
 void Console::State::onMessage(const ComMsgMgrInstance& message) {
-    if (quiet || !(verbose || json)) return;
+    const bool isWarning = message.id.empty() && message.mask == MsgMask::warning;  // what was ignored
+    if (quiet || !(verbose || json || isWarning)) return;
     if (json) {
         boost::json::array args(message.args.begin(), message.args.end());
         const boost::json::object record{{"id", message.id},
@@ -62,7 +63,8 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
                                          {"text", message.text}};
         writeAll(2, boost::json::serialize(record) + "\n");
     } else {
-        writeAll(2, HSTStringUtils::printable(message.text) + " [" + std::string(shortMessageId(message.id)) + "]\n");
+        const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
+        writeAll(2, line.report(isWarning ? "warning" : "") + "\n");
     }
 }
 

@@ -1,7 +1,6 @@
 #include "ShowHardware.h"
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <sstream>
 
@@ -14,13 +13,14 @@
 #include <platform/HTEQHardwareBusInterface.h>
 #include <platform/HTEQSystemClock.h>
 #include <platform/HTEQTilPartition.h>
+#include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
-#include <zip/HUTZip.h>
 
 #include "Text.h"
 
 namespace {
 
+using teq_platform::requests::ListedFile;
 using Rows = std::vector<std::vector<std::string>>;
 
 /// The elements of one of the model's iterators.
@@ -133,24 +133,19 @@ void showTilPartitions(Text& text, const HPLPlatform& platform) {
     text.rows("tile partitions", {"name", ">first column", ">columns", "UUID", "interface"}, rows);
 }
 
-/// The size of a listed file; a folder of the archive has none.
-std::string sizeOf(const std::map<std::string, std::string>& sizes, const std::string& name) {
-    const auto at = sizes.find(name);
-    if (at != sizes.end()) return at->second;
-    const auto inside = sizes.lower_bound(name + "/");
-    return inside != sizes.end() && inside->first.starts_with(name + "/") ? "folder" : "missing";
+std::string sizeOf(const ListedFile& file) {
+    switch (file.state) {
+        case ListedFile::State::file: return std::to_string(file.size);
+        case ListedFile::State::folder: return "folder";
+        case ListedFile::State::missing: return "missing";
+    }
+    return "";
 }
 
 void showFiles(Text& text, const HPLPlatform& platform) {
-    std::map<std::string, std::string> sizes;
-    for (const HUTZip::Member& member : HUTZip::members(platform.getPlatformFile()))
-        sizes[member.name] = std::to_string(member.size);
-    const std::string directory = platform.isChildHardwareEmuPlatform() ? platform.getHwEmuDir() + "/" : "";
     Rows rows;
-    for (const HPLFile* file : all(platform.createFileVecIter())) {
-        const std::string name = directory + file->getName();
-        rows.push_back({file->getType(), sizeOf(sizes, name), name});
-    }
+    for (const ListedFile& file : teq_platform::requests::listedFiles(platform))
+        rows.push_back({file.type, sizeOf(file), file.member});
     text.rows("files in the archive", {"type", ">bytes", "member"}, rows);
 }
 

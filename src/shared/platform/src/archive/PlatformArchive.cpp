@@ -6,8 +6,10 @@
 #include <utility>
 
 #include "archive/ArchiveSource.h"
+#include "msg/ComMsgMgr.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "zip/ArchiveError.h"
 
 namespace archive {
 namespace {
@@ -81,6 +83,16 @@ HEXDiagnostic PlatformArchive::missingMetadata(Mode mode) const {
     const std::string others = HSTStringUtils::join(names, ", ");
     return {.file = name(),
             .text = "the archive has no metadata member " + others + (others.empty() ? "" : " or ") + last};
+}
+
+std::optional<std::string> PlatformArchive::textOrWarning(std::string_view member) const {
+    try {
+        return text(member);
+    } catch (const zip::ArchiveError& e) {
+        const std::string ignored = e.diagnostic().format() + "; it is ignored";
+        ComMsgMgr::send({"platform", "", MsgMask::warning, {}, ignored, std::source_location::current()});
+        return std::nullopt;
+    }
 }
 
 bool PlatformArchive::lists(const std::string& name) const {

@@ -45,6 +45,8 @@ public:
     bool lists(const std::string& name) const;
     /// The whole member, of at most `kMetadataBound` bytes; nothing when there is none of the name.
     std::optional<std::string> text(std::string_view member) const { return source_->read(member); }
+    /// The same, but a member that cannot be read is ignored like a missing one, with a warning message that names it.
+    std::optional<std::string> textOrWarning(std::string_view member) const;
     /// Copies a member, as `MemberSource::copyOut` does.
     bool copy(std::string_view member, const std::string& destination, bool mayReplace) const {
         return source_->copyOut(member, destination, mayReplace);

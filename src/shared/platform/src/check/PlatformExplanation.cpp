@@ -30,12 +30,6 @@ std::string described(const CheckExplanation& row) {
            "\n\nWhat to do: " + row.advice + "\n" + samplesOf(row);
 }
 
-/// "74-60" of "@74-60@%s", of "@74-60" and of itself.
-std::string_view bareId(std::string_view id) {
-    if (id.starts_with('@')) id.remove_prefix(1);
-    return id.substr(0, id.find('@'));
-}
-
 const char* severityOf(MsgMask mask) {
     switch (mask) {
         case MsgMask::info: return "information";
@@ -50,7 +44,7 @@ const char* severityOf(MsgMask mask) {
 std::string describedMessage(std::string_view id) {
     std::string text;
     for (const MsgRow& row : kMsgCatalogue)
-        if (bareId(row.id) == id)
+        if (shortMessageId(row.id) == id)
             text += std::string(row.id) + " (" + severityOf(row.mask) + "): " + std::string(row.text) + "\n";
     const auto notes = check::messageNotes();
     const auto note = std::ranges::find(notes, id, &check::MessageNote::id);
@@ -64,13 +58,13 @@ std::string describedMessage(std::string_view id) {
 
 std::string PlatformExplanation::text(const std::string& name) {
     const CheckExplanation* row = PlatformCheck::explain(name);
-    return row ? described(*row) : describedMessage(bareId(name));
+    return row ? described(*row) : describedMessage(shortMessageId(name));
 }
 
 HSTVector<std::string> PlatformExplanation::names() {
     HSTVector<std::string> names;
     for (const CheckExplanation& row : PlatformCheck::explanations()) names.emplace_back(row.name);
-    for (const MsgRow& row : kMsgCatalogue) names.emplace_back(bareId(row.id));
+    for (const MsgRow& row : kMsgCatalogue) names.emplace_back(shortMessageId(row.id));
     return names;
 }
 

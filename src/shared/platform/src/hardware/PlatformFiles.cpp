@@ -32,12 +32,7 @@ bool hasMember(const std::string& archive, const std::string& member) {
 }
 
 std::string memberText(const std::string& archive, const std::string& member) {
-    try {
-        return PlatformArchive(archive).text(member).value_or("");
-    } catch (const HEXAll& e) {
-        ComMsgMgr::send({"platform", "", MsgMask::warning, {}, e.what(), std::source_location::current()});
-        return {};
-    }
+    return orElse(std::string(), [&] { return PlatformArchive(archive).textOrWarning(member).value_or(""); });
 }
 
 bool copyMember(const archive::MemberSource& source, const std::string& member, const std::string& destination) {

@@ -6,11 +6,11 @@
 
 namespace hardware {
 
-std::string textOf(const teq_platform::JSONSerializable& object, const std::string& file, const char* without) {
+std::string textOf(const teq_platform::JSONSerializable& object, const std::string& file, const std::string& without) {
     try {
         teq_platform::JSONObjectWriter writer;
         writer.writeObject(object);
-        if (without) writer.getTree().erase(without);
+        if (!without.empty()) writer.getTree().erase(without);
         return json::write(writer.getTree());
     } catch (const json::ParseError& e) {
         throw HEXFileFault(e.diagnostic());

@@ -94,10 +94,13 @@ value parsed(const std::string& text) {
 
 }  // namespace
 
-std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after) {
+std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after,
+                                       const std::string& ignored) {
     Comparison comparison;
     const value now = parsed(after);
-    comparison.compare("", parsed(before), &now);
+    value old = parsed(before);
+    if (old.is_object()) old.as_object().erase(ignored);
+    comparison.compare("", old, &now);
     return comparison.found;
 }
 

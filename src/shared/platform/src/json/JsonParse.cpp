@@ -104,7 +104,7 @@ std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec
     if (builder.problem) return builder.problem;
     if (ec == boost::json::error::too_deep)
         return "the document nests deeper than " + std::to_string(limits.depth) + " levels";
-    return "no valid JSON: " + ec.message();
+    return "not valid JSON: " + ec.message();
 }
 
 }  // namespace

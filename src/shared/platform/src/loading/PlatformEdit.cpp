@@ -22,12 +22,8 @@ HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& 
                 platform.getXmlFileName()};
     if (metadata->member != member)
         return {"the member " + metadata->member + " stays as it is, and is read before " + member};
-    const bool writesFile = platform.writesPlatformFile();
-    HSTVector<std::string> found = json::lostOrChanged(
-        opened.text(member).value_or(""), hardware::textOf(platform, archive, writesFile ? nullptr : "platformFile"));
-    if (!writesFile)
-        std::erase_if(found, [](const std::string& change) { return change.starts_with("platformFile: "); });
-    return found;
+    const char* const left = platform.writesPlatformFile() ? "" : "platformFile";
+    return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left), left);
 }
 
 }  // namespace

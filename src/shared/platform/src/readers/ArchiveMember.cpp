@@ -35,12 +35,4 @@ std::string textOfMember(const std::string& archive, const std::string& member) 
     return std::move(*text);
 }
 
-std::optional<std::string> textOrNothing(const archive::PlatformArchive& archive, const std::string& member) {
-    try {
-        return archive.text(member);
-    } catch (const zip::ArchiveError&) {
-        return std::nullopt;
-    }
-}
-
 }  // namespace readers

@@ -1,11 +1,6 @@
 #pragma once
-#include <optional>
 #include <string>
 #include <string_view>
-
-namespace archive {
-class PlatformArchive;
-}
 
 namespace readers {
 
@@ -16,8 +11,5 @@ std::string_view withoutLeadingDot(std::string_view member);
 /// The bytes of a member, its name taken without the leading dot. Throws `HEXError` ("@74-34@%s%s") when the archive
 /// or the member cannot be opened.
 std::string textOfMember(const std::string& archive, const std::string& member);
-
-/// The text of a member; nothing when there is none, or it cannot be read: a stream on it would not open either.
-std::optional<std::string> textOrNothing(const archive::PlatformArchive& archive, const std::string& member);
 
 }  // namespace readers

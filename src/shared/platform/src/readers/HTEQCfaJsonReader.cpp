@@ -16,7 +16,6 @@
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHpfmReader.h"
-#include "readers/ArchiveMember.h"
 #include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
@@ -169,7 +168,7 @@ std::string HTEQCfaJsonReader::getHpfmFile() const {
 
 std::string HTEQCfaJsonReader::getHpfmStr() const {
     const std::string member = getHpfmFile();
-    return member.empty() ? "" : readers::textOrNothing(*opened_, member).value_or("");
+    return member.empty() ? "" : opened_->textOrWarning(member).value_or("");
 }
 
 bool HTEQCfaJsonReader::readHpfmBusInterfaces(const std::string& hpfm) {

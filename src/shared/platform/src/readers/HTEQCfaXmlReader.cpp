@@ -18,7 +18,6 @@
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/HTEQHpfmReader.h"
-#include "readers/ArchiveMember.h"
 #include "readers/Bindings.h"
 #include "readers/CfaXmlRules.h"
 #include "readers/Printed.h"
@@ -174,7 +173,7 @@ private:
     }
 
     void parseHpfm_(const std::string& member) {
-        const std::optional<std::string> text = readers::textOrNothing(opened_, member);
+        const std::optional<std::string> text = opened_.textOrWarning(member);
         if (!text) return;
         // Each entry of the list adds what its file says, and one file may be listed a hundred thousand times.
         hpfmBytes_ += text->size();

@@ -1,4 +1,5 @@
-// Copying one file out of an archive, by the name of a member or by its type.
+// The files of an archive: what the metadata lists, and copying one out by the name of a member or by its type.
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -20,31 +21,33 @@ namespace {
 
 using archive::PlatformArchive;
 
-struct Listed {
-    std::string type, member;
-};
-
-/// The files that the metadata lists; none when it cannot be read.
-std::vector<Listed> listedFiles(const std::string& archive, HwMetadataMode mode) {
-    std::vector<Listed> listed;
-    try {
-        const auto platform = PlatformLoader::open(archive, mode);
-        const auto* hardware = dynamic_cast<const HPLPlatform*>(platform->getHardwarePlatform());
-        if (!hardware) return listed;
-        const std::unique_ptr<HSTFwdIter<HPLFile*>> files(hardware->createFileVecIter());
-        while (files->hasNext()) {
-            const HPLFile* file = files->next();
-            listed.push_back({file->getType(), file->getName()});
-        }
-    } catch (const HEXAll&) {  // members can still be named
+/// The files that the metadata lists, without their state.
+HSTVector<ListedFile> namesOf(const HPLPlatform& platform) {
+    HSTVector<ListedFile> listed;
+    const std::unique_ptr<HSTFwdIter<HPLFile*>> files(platform.createFileVecIter());
+    const std::string directory = platform.isChildHardwareEmuPlatform() ? platform.getHwEmuDir() + "/" : "";
+    while (files->hasNext()) {
+        const HPLFile* file = files->next();
+        listed.push_back({file->getType(), directory + file->getName()});
     }
     return listed;
 }
 
+/// The same by the name of an archive; none when its metadata cannot be read.
+HSTVector<ListedFile> namesIn(const std::string& archive, HwMetadataMode mode) {
+    try {
+        const auto platform = PlatformLoader::open(archive, mode);
+        const auto* hardware = dynamic_cast<const HPLPlatform*>(platform->getHardwarePlatform());
+        return hardware ? namesOf(*hardware) : HSTVector<ListedFile>();
+    } catch (const HEXAll&) {  // members can still be named
+        return {};
+    }
+}
+
 [[noreturn]] void refuse(const PlatformArchive& archive, const std::string& name, bool isType,
-                         const std::vector<Listed>& listed) {
+                         const HSTVector<ListedFile>& listed) {
     HSTVector<std::string> known;
-    for (const Listed& file : listed) known.push_back(file.type);
+    for (const ListedFile& file : listed) known.push_back(file.type);
     if (!isType)
         for (archive::MemberInfo& member : archive.source().files()) known.push_back(std::move(member.name));
     throw RequestError(FailureKind::unknownName,
@@ -55,7 +58,7 @@ std::vector<Listed> listedFiles(const std::string& archive, HwMetadataMode mode)
 /// The member that `name` stands for: exactly that one, else the last file of that type.
 std::string memberFor(const PlatformArchive& archive, const std::string& name, const Extract& request) {
     if (!request.isType && archive.contains(name)) return name;
-    const std::vector<Listed> listed = listedFiles(archive.name(), request.mode);
+    const HSTVector<ListedFile> listed = namesIn(archive.name(), request.mode);
     for (auto file = listed.rbegin(); file != listed.rend(); ++file)
         if (HSTStringUtils::iequals(file->type, name)) return file->member;
     refuse(archive, name, request.isType, listed);
@@ -68,6 +71,23 @@ void copy(const PlatformArchive& archive, const std::string& member, const std::
 }
 
 }  // namespace
+
+HSTVector<ListedFile> listedFiles(const HPLPlatform& platform) {
+    const PlatformArchive archive(platform.getPlatformFile());
+    std::map<std::string, std::uint64_t> sizes;
+    for (archive::MemberInfo& member : archive.source().files()) sizes.emplace(std::move(member.name), member.size);
+    HSTVector<ListedFile> listed = namesOf(platform);
+    for (ListedFile& file : listed) {
+        const auto at = sizes.find(file.member);
+        if (at != sizes.end()) {
+            file.state = ListedFile::State::file;
+            file.size = at->second;
+        } else if (archive.lists(file.member)) {
+            file.state = ListedFile::State::folder;
+        }
+    }
+    return listed;
+}
 
 void extract(const Extract& request) {
     if (!HUTFile::isFile(request.archive)) throw HEXFileNotFoundException(request.archive);
