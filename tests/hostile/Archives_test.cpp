@@ -25,7 +25,7 @@ std::string written(const std::string& bytes, const std::string& name = "x.lfa")
 
 /// Of each lie the public road learns what it learns of the reader of the metadata member.
 TEST(HostileArchives, Lies) {
-    int refused = 0;
+    int asked = 0, refused = 0;
     for (const char* file : {"lies.case", "sound.case"})
         for (const cases::Case& each : cases::read(ZR_SOURCE_DIR "/tests/cases/zip/" + std::string(file))) {
             SCOPED_TRACE(each.name);
@@ -38,7 +38,9 @@ TEST(HostileArchives, Lies) {
                 words = cases::plain(each.lines.back().text);
                 ++refused;
             }
-            expectAnswer(path, words.empty() ? "loads" : "null", words);
+            const Answer answer = ++asked % 3 == 0 ? tried(path) : ask(path);
+            EXPECT_EQ(answer.outcome, words.empty() ? "loads" : "null");
+            EXPECT_NE(answer.words.find(words), std::string::npos) << answer.words;
         }
     EXPECT_GT(refused, 50);
 }

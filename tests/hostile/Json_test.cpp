@@ -31,6 +31,7 @@ void addKeys(std::vector<std::string>& keys, json::Shapes shapes, const std::str
 
 TEST(HostileJson, Texts) {
     expectAnswers("json.case", [](const cases::Case& each) { return archiveOf(cases::plain(each.lines[0].text)); });
+    EXPECT_EQ(tried(archiveOf(R"({"tilHardware": {"arch": "\u001b[2J\u009b1m"}})")).outcome, "null");
 }
 
 /// At every key that a reader reads: a list for an object, an object for a list, texts for numbers and the rest.
@@ -41,9 +42,10 @@ TEST(HostileJson, WrongKindsAtEveryKey) {
     const char* const values[] = {
         "[]",       "{}",     "[[]]", "[{}]", "[[[1]], {\"a\": {}}]", "{\"\": {\"\": []}}", "\"\"",
         "\"text\"", "-1e400", "true", "null", "[null, 1, \"x\"]"};
-    int asked = 0, loaded = 0;
+    int asked = 0, loaded = 0, number = 0;
     for (const std::string& key : keys) {
         for (const char* const value : values) {
+            if (++number % 5 > 2) continue;  // three of five, others at the next key
             // "a.b" as an object in an object, and as an object in a list.
             for (const bool isList : {false, true}) {
                 if (isList && key.find('.') == std::string::npos) continue;
