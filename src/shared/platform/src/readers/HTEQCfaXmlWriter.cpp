@@ -59,10 +59,11 @@ std::optional<Switches> switchesOf(const HSTVector<std::string>& values) {
 std::uint8_t computeUnitsOf(const HPLCore& core) {
     constexpr unsigned kMost = std::numeric_limits<std::uint8_t>::max();
     const unsigned units = core.getNumComputeUnits();
-    if (units > kMost)
-        throw xml::Exception(xml::Violation{
-            {}, "Core", fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMost)});
-    return static_cast<std::uint8_t>(units);
+    if (units <= kMost) return static_cast<std::uint8_t>(units);
+    xml::Violation violation;
+    violation.element = "Core";
+    violation.text = fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMost);
+    throw xml::Exception(std::move(violation));
 }
 
 }  // namespace
