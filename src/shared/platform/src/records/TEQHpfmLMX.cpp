@@ -73,8 +73,7 @@ constexpr auto kBusInterfaceAddressSegmentAttributes = xml::attributes<BusInterf
     optional<&BusInterfaceAddressSegment::baseName>("baseName", "Name of the segment without its number."),
     optional<&BusInterfaceAddressSegment::index>("index",
                                                  "Index of the memory bank that the segment represents, 0 to 65535."),
-    optional<&BusInterfaceAddressSegment::memoryInstance>("memoryInstance",
-                                                          "Instance of the memory behind the segment."),
+    optional<&BusInterfaceAddressSegment::memoryInstance>("memoryInstance", "Instance of the segment's memory."),
     optional<&BusInterfaceAddressSegment::auto_>(
         "auto",
         "Whether a linker may assign the bank by itself: true, preferred (it is a default bank too), or false. "
