@@ -17,7 +17,7 @@
 namespace cases {
 namespace {
 
-/// A text before and behind its first blank.
+/// A text before and after its first blank.
 std::pair<std::string, std::string> parted(const std::string& text) {
     const auto blank = text.find(' ');
     return {text.substr(0, blank), blank == std::string::npos ? "" : text.substr(blank + 1)};

@@ -39,7 +39,7 @@ private:
     int count_ = 0;
 };
 
-/// Asks for `path` and checks all that a stranger's file may not do, whatever it holds: the answer comes in time and
+/// Asks for `path` and checks everything that untrusted input must not do, whatever it holds: the answer comes in time and
 /// is one of the documented ones, nothing is written, the host is as it was, and the next good platform loads.
 Answer tried(const std::string& path);
 /// The same, and the answer is the expected one; `words` stand among its words.

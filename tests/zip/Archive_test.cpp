@@ -47,7 +47,7 @@ Contents contentsOf(const std::string& bytes) {
     return contents;
 }
 
-/// What stands behind the archive's name in the error of reading all members, in both ways.
+/// The text after the archive's name in the error of reading all members, both ways.
 std::string refusalOf(const std::string& bytes) {
     std::string whole, stream;
     try {

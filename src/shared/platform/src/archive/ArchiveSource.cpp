@@ -54,7 +54,7 @@ std::shared_ptr<const MemberSource> ArchiveSource::openNested(std::string_view m
     const zip::Member* const found = archive_->find(member);
     if (!found) return nullptr;
     if (depth_ == kMaxDepth)
-        throw zip::ArchiveError(name(), std::string(member), "archives may be nested at most two levels deep");
+        throw zip::ArchiveError(name(), std::string(member), "archives can be nested at most two deep");
     auto budget = budgetOfCall();
     auto inner = zip::openNested(*archive_, *found, *budget);
     auto nested = std::make_shared<ArchiveSource>(std::move(inner), std::move(budget));
