@@ -109,12 +109,12 @@ TEST(Archive, RefusesLiesAboutLargeMembers) {
     } cases[] = {
         {"as it is", [](Entry&) {}, ""},
         {"CRC", [](Entry& e) { e.both(&Header::crc, 1); }, "its CRC is "},
-        {"larger than told", [](Entry& e) { e.both(&Header::size, e.local.size - 1); }, "to more bytes than"},
-        {"smaller than told", [](Entry& e) { e.both(&Header::size, e.local.size + 1); }, "to fewer bytes than"},
+        {"larger than declared", [](Entry& e) { e.both(&Header::size, e.local.size - 1); }, "to more bytes than"},
+        {"smaller than declared", [](Entry& e) { e.both(&Header::size, e.local.size + 1); }, "to fewer bytes than"},
         {"damaged", [](Entry& e) { e.packed[0] = '\7'; }, "compressed data are damaged"},
         {"cut short", [](Entry& e) { e.packed.pop_back(), e.both(&Header::packedSize, e.packed.size()); },
          "compressed data are truncated"},
-        {"bytes behind", [](Entry& e) { e.packed += 'x', e.both(&Header::packedSize, e.packed.size()); },
+        {"bytes after", [](Entry& e) { e.packed += 'x', e.both(&Header::packedSize, e.packed.size()); },
          "bytes after its compressed data"},
     };
     const Entry sound("large", std::string(5'000'000, 'x'), true);

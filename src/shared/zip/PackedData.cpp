@@ -21,7 +21,7 @@ constexpr std::uint16_t kFlagsThatCount = 0xFFFF & ~6;
 
 /// Whether `bytes` begin with the member's CRC and sizes, in the width of `Size`.
 template <class Size>
-bool agrees(std::string_view bytes, const Member& member) {
+bool matches(std::string_view bytes, const Member& member) {
     return bytes.size() >= 4 + 2 * sizeof(Size) && u32(&bytes[0]) == member.crc &&
            number<Size>(&bytes[4]) == member.packedSize && number<Size>(&bytes[4 + sizeof(Size)]) == member.size;
 }
@@ -104,7 +104,7 @@ void PackedData::checkDescriptor() const {
     if (!bytes_.read(at, buffer.data(), size)) refuse("it cannot be read from the archive");
     const std::string_view bare(buffer.data(), size);
     const auto isDescriptor = [this](std::string_view bytes) {
-        return agrees<std::uint32_t>(bytes, member_) || agrees<std::uint64_t>(bytes, member_);
+        return matches<std::uint32_t>(bytes, member_) || matches<std::uint64_t>(bytes, member_);
     };
     if (isDescriptor(bare)) return;
     if (bare.starts_with("PK\7\10") && isDescriptor(bare.substr(4))) return;

@@ -37,7 +37,7 @@ std::optional<std::string> ArchiveSource::read(std::string_view member, std::uin
     if (!found) return std::nullopt;
     if (const auto budget = budgetOfCall(); found->size <= bound && !budget->spend(found->size))
         throw zip::ArchiveError(name(), std::string(member),
-                                "more bytes to decompress than the budget of the call has left");
+                                "decompressing it would exceed the budget of the call");
     return archive_->read(*found, bound);
 }
 
