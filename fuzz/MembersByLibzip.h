@@ -13,6 +13,6 @@ struct LibzipMember {
 };
 
 /// The members of the archive, in its order, with the data of those of at most `most` bytes. `fault` says why
-/// the archive could not be opened, and is otherwise empty. It has its own source file because names in libzip's header
-/// clash with those of our reader.
+/// the archive could not be opened, and is otherwise empty. It has its own source file because names in libzip's
+/// header clash with those of our reader.
 std::vector<LibzipMember> membersByLibzip(std::string_view archive, std::uint64_t most, std::string& fault);

@@ -18,8 +18,8 @@ struct MemberInfo {
     std::uint64_t size = 0;
 };
 
-/// A source of members: names and bytes, without any knowledge of platforms. Names are compared byte for byte. A damaged
-/// or inconsistent archive throws `zip::ArchiveError`, which names archive and member.
+/// A source of members: names and bytes, without any knowledge of platforms. Names are compared byte for byte. A
+/// damaged or inconsistent archive throws `zip::ArchiveError`, which names archive and member.
 class MemberSource {
 public:
     virtual ~MemberSource() = default;
@@ -34,8 +34,8 @@ public:
     /// Copies a member to a path that the user chose, whose directory must exist, and replaces an existing file. False
     /// if there is no such member. Throws `HEXUserException` if writing fails; no file is left half written.
     virtual bool copyOut(std::string_view member, const std::string& destination, bool mayReplace = true) const = 0;
-    /// Opens an archive that is a member, at most two levels deep. Everything decompressed along the way counts against
-    /// one budget. Null if there is no such member.
+    /// Opens an archive that is a member, at most two levels deep. Everything decompressed along the way counts
+    /// against one budget. Null if there is no such member.
     virtual std::shared_ptr<const MemberSource> openNested(std::string_view member) const = 0;
 };
 

@@ -12,8 +12,8 @@
 
 namespace archive {
 
-/// The archive of a platform: the members with its metadata, and the files that the metadata lists. All code that reads,
-/// checks, packs, edits or shows a platform uses this class. A damaged archive throws `zip::ArchiveError`.
+/// The archive of a platform: the members with its metadata, and the files that the metadata lists. All code that
+/// reads, checks, packs, edits or shows a platform uses this class. A damaged archive throws `zip::ArchiveError`.
 class PlatformArchive {
 public:
     using Mode = teq_platform::HwMetadataMode;

@@ -32,9 +32,8 @@ using ptree = boost::property_tree::ptree;
 
 class Rows;
 
-// The value of a key, by kind: how it is written from a record and read into it. The key is not read if the function for
-// reading is null.
-// Only `Custom` knows the tree.
+// The value of a key, by kind: how it is written from a record and read into it. The key is not read if the function
+// for reading is null. Only `Custom` knows the tree.
 
 struct Scalar {
     /// The text; an empty one is not written. `buffer` may hold it.
@@ -118,7 +117,7 @@ void readValue(const ptree& value, const Row& row, void* record);
 /// What the reader looks at of a table's keys. The rows must stay where they are.
 std::vector<Shape> shapesOf(const Rows& rows);
 
-/// The text at `key`, empty when it is not there.
+/// The text at `key`, empty if the key is missing.
 const std::string& textAt(const ptree& node, const char* key);
 
 /// The table of a record's class; each class specialises it beside its `toJSON`.

@@ -14,8 +14,8 @@ enum class Route {
     emulationChild,  ///< the JSON member of the archive's emulation directory
 };
 
-/// The only way from an archive to the model. Throws `HEXFileFault`, after the reader's message, if the metadata is missing
-/// or cannot be read; `platform` is then partly filled.
+/// The only way from an archive to the model. Throws `HEXFileFault`, after the reader's message, if the metadata is
+/// missing or cannot be read; `platform` is then partly filled.
 void fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode,
                      Route route);
 

@@ -23,7 +23,8 @@ namespace binding {
 
 /// The functions take a record and an object of the types that the row was created for.
 struct Row {
-    /// Null for a value that is only written. With `onlySet`, a value that the document lacks leaves the object unchanged.
+    /// Null for a value that is only written. With `onlySet`, a value that the document lacks leaves the object
+    /// unchanged.
     void (*read)(const void* record, void* object, bool onlySet) = nullptr;
     /// Null for a value that is only read. With `unlessEmpty`, an empty text, 0 and false leave the record unchanged.
     void (*write)(const void* object, void* record, bool unlessEmpty) = nullptr;
@@ -97,8 +98,8 @@ std::remove_cvref_t<A> argumentOf(void (*)(M&, A));
 
 }  // namespace detail
 
-/// The pair of a record type and a class, with functions that create rows. `Member` is an `Attr` or a text of the record;
-/// `Get` and `Set` are members of the class, or functions whose first argument is the object.
+/// The pair of a record type and a class, with functions that create rows. `Member` is an `Attr` or a text of the
+/// record; `Get` and `Set` are members of the class, or functions whose first argument is the object.
 template <class Record, class Class>
 struct Fields {
     using R = Record;
