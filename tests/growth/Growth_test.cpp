@@ -226,7 +226,7 @@ TEST_P(Growth, IsLinear) {
         const int number = input.most / part;
         const auto size = static_cast<double>(write(input, number));
         Use used = useOf({"json", scratch_ / input.name});
-        // n log n for four times as much is below 5; a small time tells nothing, and a large one may be the
+        // n log n for four times as much is below 5; a small time proves nothing, and a large one may be the
         // machine's.
         const auto grows = [&] { return part == 1 && used.seconds > 0.2 && used.seconds > 6.5 * before; };
         for (int again = 0; again < 3 && grows(); ++again)

@@ -165,7 +165,7 @@ TEST(Archive, NoCutAndNoChangedByteGivesOtherData) {
     zip.isZip64 = true;
     const std::string sound = zip.build();
     Contents expected = contentsOf(sound);
-    expected.erase("bit/");  // one changed letter makes a file of the directory, which is no lie
+    expected.erase("bit/");  // one changed letter turns the directory into a file, which is consistent
     for (std::size_t size = 0; size < sound.size(); ++size)
         EXPECT_THROW(contentsOf(sound.substr(0, size)), ArchiveError) << "cut to " << size;
     int refused = 0;
