@@ -47,7 +47,8 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
     }
     const std::vector<std::string> choices = choicesOf(option);
     CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
-    if (choices.size() > 1) made->check(CLI::IsMember(choices));
+    made->type_name(option.choices);
+    if (choices.size() > 1) made->check(CLI::IsMember(choices).description(""));
 }
 
 void addPositional(CLI::App& app, const Positional& positional, Call& call) {
@@ -68,6 +69,7 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
 /// One subcommand for each row; the chosen row goes to `chosen`.
 void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
     CLI::App* command = app.add_subcommand(verb.name, wrapped(verb.summary, kHelpColumn));
+    command->group("Verbs");
     for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
@@ -93,14 +95,14 @@ int runCommandLine(int argc, char** argv) {
     CLI::App app("Inspects, checks and packs FPGA acceleration platforms.", "zr-platform");
     for (const char* label : {"TEXT", "REQUIRED"}) app.get_formatter()->label(label, "");
     app.get_formatter()->column_width(kHelpColumn);
-    app.get_formatter()->label("[SUBCOMMAND]", "VERB");
-    app.get_formatter()->label("Subcommands", "Verbs");
+    app.get_formatter()->label("SUBCOMMAND", "VERB");
     Call call;
     const Verb* chosen = nullptr;
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print a reference generated from the tables")
-        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}));
+        ->type_name("man|markdown|bash|findings")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}).description(""));
     app.footer("\n" + wrapped(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);

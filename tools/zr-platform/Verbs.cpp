@@ -6,8 +6,8 @@ constexpr const char* kModes = "default|primary|xml";
 constexpr const char* kPlatformFile =
     "a descriptor (.zdf), a hardware archive (.cfa, .lfa) or a software file (.spfm)";
 constexpr Option kMetadata = {"metadata", kModes,
-                              "which metadata of an archive to read; default: the alternative JSON member, else the "
-                              "primary one, else XML; primary: not the alternative one; xml: XML only"};
+                              "which metadata to read: the alternative JSON member, else the primary one, else XML "
+                              "(default); the same without the alternative one (primary); XML only (xml)"};
 constexpr Option kJson = {"json", nullptr, "print the records as one JSON document"};
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record per line"};
 constexpr Option kForce = {"force", nullptr, "overwrite an existing file"};
@@ -66,7 +66,7 @@ const std::vector<Verb> kVerbs = {
      {{"dry-run", nullptr, "report what would change, and write nothing"},
       {"strip-paths", nullptr, "omit the key platformFile, a path on the writer's machine, from the metadata"},
       {"force", nullptr, "write even if keys of the metadata are lost or changed"}},
-     "Put a file into an archive and list it in the metadata",
+     "Put a file into an archive and its metadata",
      "Member, metadata and digest are written in one atomic replacement: whatever happens, the archive is either the "
      "old one or the new one. The library rewrites the metadata and does not keep keys that it does not know: each "
      "key that would be lost or changed is reported, and nothing is written without --force.",
