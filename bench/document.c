@@ -1,4 +1,4 @@
-/* A whole process of ours: the document of a platform on standard output. With "short" behind it, the short one. */
+/* A whole process: prints the document of a platform, or the short one if "short" follows the file. */
 #include <platform/HTEQPlatformCAPI.h>
 #include <stdio.h>
 #include <string.h>

@@ -11,8 +11,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 for sample in u77 heron osprey harrier lone; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
-        # Not packed with --force, which would also accept a listed file that the folder lacks; but for the archive
-        # that is there to be refused.
+        # Packed without --force, which would also accept missing listed files, except the archive that is meant to
+        # be refused.
         rm -f "$out/$folder"
         case $folder in */dunlin_next.cfa) force=--force ;; *) force= ;; esac
         "$tool" pack "$folder" "$out/$folder" $force

@@ -5,8 +5,8 @@
 
 #include "kit/ZipBuilder.h"
 
-/// An archive of the members in `text`: each begins behind a line "--- NAME". What stands before the first such line,
-/// often all, is the member `first`.
+/// An archive of the members in `text`: each follows a line "--- NAME". The text before the first such line, often
+/// all of it, is the member `first`.
 inline std::string archiveOf(std::string_view text, const std::string& first) {
     constexpr std::string_view kMark = "\n--- ";
     builder::Zip zip;

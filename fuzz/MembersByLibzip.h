@@ -8,11 +8,11 @@
 struct LibzipMember {
     std::string name;
     std::uint64_t size = 0;
-    bool isRead = false;  ///< the data could be read, and are sound
+    bool isRead = false;  ///< the data could be read and are valid
     std::string data;
 };
 
-/// The members of the archive, in its order, with the data of those of at most `most` bytes. `fault` tells why
-/// the archive could not be opened, and is else empty. Its source stands apart because the names of libzip's header
-/// clash with those of our reader.
+/// The members of the archive, in its order, with the data of those of at most `most` bytes. `fault` says why
+/// the archive could not be opened, and is otherwise empty. It has its own source file because names in libzip's
+/// header clash with those of our reader.
 std::vector<LibzipMember> membersByLibzip(std::string_view archive, std::uint64_t most, std::string& fault);

@@ -13,11 +13,11 @@ inline std::string fileOf(const std::uint8_t* data, std::size_t size) {
     return scratch.put("input", {reinterpret_cast<const char*>(data), size});
 }
 
-/// A model that is read of the file, or refused with words, writes its document.
+/// A model that is read from the file, or refused with a message, writes its document.
 template <class Reader, class Model>
 void readModel(const std::string& file) {
     Model model;
     Reader reader(file, &model);
-    require(reader.parseFile() == reader.getErrorMsg().empty(), "a failure has words");
+    require(reader.parseFile() == reader.getErrorMsg().empty(), "a failure has a message");
     requireDocument(model);
 }

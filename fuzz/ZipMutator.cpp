@@ -21,7 +21,7 @@ using builder::Entry;
 using builder::Header;
 using builder::Zip;
 
-constexpr std::uint64_t kMostBytes = 1 << 16;
+constexpr std::uint64_t kMaxBytes = 1 << 16;
 
 /// What the archive is built of; nothing when it is not sound, or too large to be of use.
 std::optional<Zip> takenApart(const std::string& bytes) {
@@ -29,7 +29,7 @@ std::optional<Zip> takenApart(const std::string& bytes) {
         const zip::Archive archive(std::make_unique<zip::MemoryBytes>(bytes), "input");
         Zip zip;
         for (const zip::Member& member : archive.members()) {
-            const std::string data = member.isDirectory() ? "" : archive.read(member, kMostBytes);
+            const std::string data = member.isDirectory() ? "" : archive.read(member, kMaxBytes);
             Entry& entry =
                 zip.entries.emplace_back(std::string(member.name), data, member.method == zip::Method::deflated);
             entry.mode = member.mode;
@@ -103,7 +103,7 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     if (!zip || random() % 4 == 0) return LLVMFuzzerMutate(data, size, most);
     try {
         for (auto changes = 1 + random() % 3; changes > 0; --changes) change(*zip, random);
-    } catch (const zip::ArchiveError&) {  // a lie that was told before
+    } catch (const zip::ArchiveError&) {  // an inconsistency made earlier
     }
     const std::string bytes = zip->build();
     if (bytes.size() > most) return LLVMFuzzerMutate(data, size, most);

@@ -30,18 +30,18 @@ std::string throughTheModel(const Scratch& scratch, const std::string& archive) 
 
 }  // namespace
 
-/// The XML metadata of an archive, with other members behind it: what the library writes of it, it reads again, and
-/// from the second time on it writes the same.
+/// The XML metadata of an archive, followed by other members: the library can read what it writes, and from the second
+/// time on it writes the same.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     silence();
     static const Scratch scratch;
     const std::string text(data, data + size);
-    const auto behind = text.find("\n--- ");
-    const std::string others = behind == std::string::npos ? "" : text.substr(behind);
+    const auto end = text.find("\n--- ");
+    const std::string others = end == std::string::npos ? "" : text.substr(end);
     const auto through = [&](const std::string& xml) {
         return throughTheModel(scratch, archiveOf(xml + others, "lfa.xml"));
     };
-    const std::string first = through(text.substr(0, behind));
+    const std::string first = through(text.substr(0, end));
     if (first.empty() || first.find("\n--- ") != std::string::npos) return 0;
     const std::string second = through(first);
     require(!second.empty(), "what is written is read and written again");

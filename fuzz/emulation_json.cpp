@@ -16,7 +16,7 @@ void read(const std::string& file) {
         reader.parseJson();
     } catch (const boost::property_tree::json_parser_error&) {
         require(emulations.getEmulations().empty() && emulations.getFeatureRoms().empty(),
-                "nothing comes of what is no JSON");
+                "invalid JSON gives nothing");
     } catch (const boost::property_tree::ptree_error&) {  // a key is missing
     }
 }

@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     HPLPlatform whole, parts;
     HTEQHpfmReader reader(text, &whole);
     const bool isRead = reader.parseStream();
-    require(isRead == reader.getErrorMsg().empty(), "a failure has words");
+    require(isRead == reader.getErrorMsg().empty(), "a failure has a message");
     HTEQHpfmReader partReader(text, &parts);
     require(partReader.parseBusInterfaces() == isRead, "bus interfaces are read when the whole is");
     require(partReader.parseNocConnectivity() == isRead, "NoC connectivity is read when the whole is");

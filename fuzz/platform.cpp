@@ -18,7 +18,7 @@ std::unique_ptr<char, decltype(&hteq_free_json_string)> documentOf(const std::st
     char* text = nullptr;
     try {
         text = hteq_get_platform_json(file.c_str());
-    } catch (const boost::property_tree::json_parser_error&) {  // the extension metadata is no JSON
+    } catch (const boost::property_tree::json_parser_error&) {  // the extension metadata is not JSON
     }
     return {text, hteq_free_json_string};
 }
@@ -35,6 +35,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!document) return 0;
     json::ptree tree;
     json::parse(document.get(), "document", tree, json::kOwn);
-    require(tree.get("file", "") == file, "the document tells its file");
+    require(tree.get("file", "") == file, "the document contains its file");
     return 0;
 }

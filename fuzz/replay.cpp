@@ -15,7 +15,7 @@ int main(int count, char** arguments) {
         std::size_t files = 0;
         for (const auto& entry : std::filesystem::directory_iterator(directory)) {
             std::fprintf(stderr, "%s\n", entry.path().c_str());
-            // A copy of its own size on the heap, so that a read behind its end is seen.
+            // A copy of its own size on the heap, so that a read past its end is detected.
             const std::string text = contentOf(entry.path());
             const std::vector<std::uint8_t> bytes(text.begin(), text.end());
             LLVMFuzzerTestOneInput(bytes.data(), bytes.size());

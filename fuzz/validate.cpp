@@ -14,7 +14,7 @@ namespace {
 
 struct Kind {
     const char* file;
-    const char* member;  ///< the first one of an archive; null for a file that is none
+    const char* member;  ///< the first one of an archive; null if the file is not one
     bool loads;          ///< there is a reader for the whole file
 };
 constexpr Kind kJson[] = {
@@ -38,7 +38,7 @@ bool loads(const std::string& file) {
 void requireSound(const zr::Finding& finding, const std::string& folder) {
     require(finding.file.starts_with(folder), "a finding names its file");
     require(teq_platform::PlatformCheck::explain(finding.name) != nullptr, "a finding is explained");
-    require(!finding.text.empty() && HSTStringUtils::printable(finding.text) == finding.text, "a finding has words");
+    require(!finding.text.empty() && HSTStringUtils::printable(finding.text) == finding.text, "a finding has a text");
     require(finding.line > 0 || finding.column == 0, "a column stands in a line");
 }
 

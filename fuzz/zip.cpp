@@ -10,12 +10,12 @@
 
 namespace {
 
-constexpr std::uint64_t kMostBytes = 1 << 20;
-constexpr int kMostDeep = 2;
+constexpr std::uint64_t kMaxBytes = 1 << 20;
+constexpr int kMaxDepth = 2;
 
 std::optional<std::string> readWhole(const zip::Archive& archive, const zip::Member& member) {
     try {
-        return archive.read(member, kMostBytes);
+        return archive.read(member, kMaxBytes);
     } catch (const zip::ArchiveError&) {
         return std::nullopt;
     }
@@ -23,14 +23,14 @@ std::optional<std::string> readWhole(const zip::Archive& archive, const zip::Mem
 
 std::optional<std::string> readInPieces(const zip::Archive& archive, const zip::Member& member) {
     std::string data;
-    zip::OutputBudget budget(kMostBytes);
+    zip::OutputBudget budget(kMaxBytes);
     try {
         archive.copyTo(
             member, [&data](std::string_view piece) { data += piece; }, budget);
     } catch (const zip::ArchiveError&) {
         return std::nullopt;
     }
-    require(budget.left() == kMostBytes - data.size(), "the budget pays for each byte");
+    require(budget.left() == kMaxBytes - data.size(), "the budget pays for each byte");
     return data;
 }
 
@@ -42,9 +42,9 @@ void readAll(const zip::Archive& archive, int depth) {
         require(whole == pieces, "a member is the same whole and in pieces");
         if (!whole) continue;
         require(whole->size() == member.size, "a member has as many bytes as its archive says");
-        if (depth == kMostDeep) continue;
+        if (depth == kMaxDepth) continue;
         try {
-            zip::OutputBudget budget(kMostBytes);
+            zip::OutputBudget budget(kMaxBytes);
             readAll(*zip::openNested(archive, member, budget), depth + 1);
         } catch (const zip::ArchiveError&) {  // no archive
         }

@@ -14,11 +14,11 @@
 
 namespace {
 
-constexpr std::uint64_t kMostBytes = 1 << 20;
+constexpr std::uint64_t kMaxBytes = 1 << 20;
 
 std::optional<std::string> dataOf(const zip::Archive& archive, const zip::Member& member) {
     try {
-        return archive.read(member, kMostBytes);
+        return archive.read(member, kMaxBytes);
     } catch (const zip::ArchiveError&) {
         return std::nullopt;
     }
@@ -29,7 +29,7 @@ std::optional<std::string> dataOf(const zip::Archive& archive, const zip::Member
 bool isTakenByZlib(const zip::Archive& archive, const zip::Member& member) {
     if (member.method == zip::Method::stored) return true;
     zip::PackedData packed(archive.bytes(), archive.name(), member, member.packedSize);
-    zip::Inflater inflater(kMostBytes);
+    zip::Inflater inflater(kMaxBytes);
     return inflater.unpack(packed.next(), [](std::string_view) {}).empty() && inflater.isDone();
 }
 
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     if (misleadsLibzip(bytes)) return 0;
     std::string fault;
-    const auto theirs = membersByLibzip(bytes, kMostBytes, fault);
+    const auto theirs = membersByLibzip(bytes, kMaxBytes, fault);
     if (!fault.empty() && mayDispleaseLibzip(*ours)) return 0;
     require(fault.empty(), fault.c_str());
     require(theirs.size() == ours->members().size(), "both see the same number of members");

@@ -17,7 +17,7 @@ Zip of(std::vector<Entry> entries) {
     return zip;
 }
 
-/// The sizes and the CRC stand behind the data, with or without the signature.
+/// The sizes and the CRC follow the data, with or without the signature.
 Entry withDescriptor(const std::string& name, const std::string& data, bool isSigned) {
     Entry entry(name, data, true);
     entry.both(&Header::flags, 8);

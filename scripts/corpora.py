@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the tool over a folder of hostile files and tells what it makes of them.
+"""Runs the tool over a folder of hostile files and reports whether each is accepted or rejected.
 
 usage: scripts/corpora.py FOLDER [TOOL]
 
@@ -63,14 +63,14 @@ def answer(tool, arguments, scratch):
     except subprocess.TimeoutExpired:
         return "hang", "", LIMIT
     seconds = time.monotonic() - start
-    words = done.stderr.decode("utf-8", "replace").strip()
+    output = done.stderr.decode("utf-8", "replace").strip()
     if done.returncode:  # findings and verdicts are answers
-        words += done.stdout.decode("utf-8", "replace").strip()
+        output += done.stdout.decode("utf-8", "replace").strip()
     if done.returncode < 0 or b"Sanitizer" in done.stderr:
-        return "crash", words, seconds
-    if done.returncode and (not words or any(ord(c) < 32 and c != "\n" for c in words)):
-        return "mumble", words, seconds  # no line for a person, or one that a terminal would obey
-    return "accept" if done.returncode == 0 else "reject", words, seconds
+        return "crash", output, seconds
+    if done.returncode and (not output or any(ord(c) < 32 and c != "\n" for c in output)):
+        return "mumble", output, seconds  # no line for a person, or one that a terminal would obey
+    return "accept" if done.returncode == 0 else "reject", output, seconds
 
 
 def main():
@@ -88,18 +88,18 @@ def main():
                 scratch = pathlib.Path(directory)
                 for way, arguments, expected in ways(kind, row, content, scratch):
                     before = sorted(p.name for p in scratch.iterdir())
-                    got, words, seconds = answer(tool, arguments, scratch)
+                    got, output, seconds = answer(tool, arguments, scratch)
                     left = sorted(p.name for p in scratch.iterdir()) != before
                     good = not left and (got == expected or (expected == "either" and got in ("accept", "reject")))
                     total += 1
-                    if not left and got == "reject" and CHOICE in words:
+                    if not left and got == "reject" and CHOICE in output:
                         stricter += not good
                         good = True
                     wrong += not good
                     slowest = max(slowest, (seconds, f"{kind}/{row['#file']} as {way}"))
                     counts[(way, got)] = counts.get((way, got), 0) + 1
                     if not good:
-                        print(f"{kind}/{row['#file']} as {way}: expected {expected}, got {got}{' and left files' if left else ''}: {words[:200]}")
+                        print(f"{kind}/{row['#file']} as {way}: expected {expected}, got {got}{' and left files' if left else ''}: {output[:200]}")
         print(f"{kind}: {len(rows)} files; " + ", ".join(f"{way} {got} {n}" for (way, got), n in sorted(counts.items())))
     print(f"{total} runs, {total - wrong - stricter} as expected, {stricter} stricter by choice, {wrong} not; slowest {slowest[0]:.2f} s ({slowest[1]})")
     return 1 if wrong else 0

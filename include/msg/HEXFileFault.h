@@ -2,8 +2,8 @@
 #include "msg/HEXAll.h"
 #include "msg/HEXDiagnostic.h"
 
-/// Malformed input whose place is known: what every reader, the loader and the archive reader throw. Its text is
-/// `HEXDiagnostic::format` unless a derived class says otherwise.
+/// Malformed input with a known location: thrown by every reader, the loader and the archive reader. Its text is
+/// `HEXDiagnostic::format`, unless a derived class differs.
 class ZR_API HEXFileFault : public HEXDataException {
 public:
     explicit HEXFileFault(HEXDiagnostic diagnostic);

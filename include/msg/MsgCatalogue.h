@@ -5,7 +5,7 @@
 /// Severity of a message, in ascending order.
 enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical = 0x10000000, error = 0x20000000 };
 
-/// An id without its "@" and its argument format: "74-60" of "@74-60@%s", of "@74-60" and of itself.
+/// An id without its "@" and its argument format: "74-60" for "@74-60@%s", "@74-60" or "74-60".
 constexpr std::string_view shortMessageId(std::string_view id) {
     if (id.starts_with('@')) id.remove_prefix(1);
     return id.substr(0, id.find('@'));
@@ -16,7 +16,7 @@ struct MsgRow {
     std::string_view id;     ///< as sent, for instance "@74-60@%s"
     std::string_view kinds;  ///< of its arguments: 's' text, 'd' integer. The format of a few ids lists fewer.
     MsgMask mask;
-    std::string_view text;  ///< for people; "{0}", "{1}" stand for the arguments
+    std::string_view text;  ///< for people; "{0}" and "{1}" are the arguments
 };
 
 /// All messages. Sending an id that is not listed, or with other arguments, does not compile (`ComMsgMgr::sendMsg`).

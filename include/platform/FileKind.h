@@ -5,14 +5,14 @@
 
 namespace teq_platform {
 
-/// What a platform's file is, by its name alone.
+/// The kind of a platform's file, by its name alone.
 enum class FileKind {
-    descriptor,  ///< any name that is none of the others
+    descriptor,  ///< any other name
     hardware,    ///< a hardware archive: ".cfa", ".lfa"
     software,    ///< ".spfm"
 };
 
-/// Extensions are compared with their case.
+/// Extensions are case-sensitive.
 ZR_API FileKind fileKindOf(const std::string& file);
 
 }  // namespace teq_platform

@@ -37,8 +37,8 @@ public:
     ///   archive, error).
     /// In these cases the platform may be partly filled.
     bool parseCFA();
-    /// The same, but throws `HEXFileFault`, with the reason, in place of answering false. `asked` is what the caller
-    /// was ready to read: the reason names the members that the archive lacks.
+    /// The same, but throws `HEXFileFault` with the reason instead of returning false. `asked` is the caller's mode:
+    /// the reason names the members that the archive lacks.
     void readCFA(teq_platform::HwMetadataMode asked = teq_platform::HwMetadataMode::XmlOnly);
     /// The schema version of the document; nothing is read into the platform. Fails like `parseCFA` if the document
     /// is missing or not valid, and then leaves both numbers unchanged.

@@ -51,9 +51,9 @@ public:
     HTEQHardwarePlatform(const HTEQHardwarePlatform&) = delete;
     HTEQHardwarePlatform& operator=(const HTEQHardwarePlatform&) = delete;
 
-    // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes after the last. `getSystemClocks`, `getHardwareIPParams`, `getBusInterfaces` and
-    // `getFeatureRoms` walk what the `create...Iter` operation of their objects returns.
+    // The order of the virtual functions is part of the ABI: a new one goes after the last. `getSystemClocks`,
+    // `getHardwareIPParams`, `getBusInterfaces` and `getFeatureRoms` walk what the `create...Iter` operation of their
+    // objects returns.
 
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HTEQHardwarePlatform() override;

@@ -12,8 +12,7 @@ public:
     /// The architecture is not part of the document.
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
 
-    // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes after the last.
+    // The order of the virtual functions is part of the ABI: a new one goes after the last.
 
     virtual const std::string& getName() const { return name_; }
     virtual const std::string& getPrettyName() const { return prettyName_; }

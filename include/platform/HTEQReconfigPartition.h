@@ -3,7 +3,7 @@
 
 #include "platform/JSONSerializable.h"
 
-/// The numeric ids of a reconfigurable partition. 0 stands for an unknown id, which is left out of the document. For
+/// The numeric ids of a reconfigurable partition. 0 is an unknown id, which is omitted from the document. For
 /// the hardware of a descriptor's partition see `HTEQReconfigurablePartition`.
 class ZR_API HTEQReconfigPartition : public teq_platform::JSONSerializable {
 public:

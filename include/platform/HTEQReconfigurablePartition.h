@@ -6,8 +6,8 @@
 
 class HTEQHardwarePlatform;
 
-/// Ties an id of a platform descriptor to the hardware platforms of that partition. The platforms belong to whoever
-/// made them and must outlive this object. For the ids in hardware metadata see `HTEQReconfigPartition`.
+/// Ties an id of a platform descriptor to the hardware platforms of that partition. The platforms belong to their
+/// creator and must outlive this object. For the ids in hardware metadata see `HTEQReconfigPartition`.
 class ZR_API HTEQReconfigurablePartition : public teq_platform::JSONSerializable {
 public:
     explicit HTEQReconfigurablePartition(unsigned id) : id_(id) {}

@@ -17,8 +17,7 @@ public:
     HTEQSystemConfig(const HTEQSystemConfig&) = delete;
     HTEQSystemConfig& operator=(const HTEQSystemConfig&) = delete;
 
-    // The virtual operations stand in the order of their slots, which programs that were built against this header
-    // rely on: a new one goes after the last.
+    // The order of the virtual functions is part of the ABI: a new one goes after the last.
 
     void toJSON(teq_platform::JSONObjectWriter& writer) const override;
     ~HTEQSystemConfig() override;

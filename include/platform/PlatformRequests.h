@@ -18,15 +18,15 @@ namespace zip {
 class Request;
 }
 
-/// What a user can ask for, as functions of plain values. The C interface and the tool convert arguments and results
-/// and decide nothing. Failures leave as exceptions, of which `currentFailure` makes a kind and a diagnostic.
+/// The operations of the C interface and the tool, as functions of plain values: the two only convert arguments and
+/// results. Failures are exceptions, which `currentFailure` turns into a kind and a diagnostic.
 namespace teq_platform::requests {
 
-/// One request: while it lives, its thread opens each archive once, and everything that is decompressed counts against
-/// one budget. Lives on the stack.
+/// One request: during its lifetime, its thread opens each archive once, and all decompressed bytes count against one
+/// budget. Create it on the stack.
 class ZR_API Scope {
 public:
-    /// `budget`: bytes; 0 for the library's own limit.
+    /// `budget`: in bytes; 0 for the library's limit.
     explicit Scope(std::uint64_t budget = 0);
     ~Scope();
     Scope(const Scope&) = delete;
@@ -36,7 +36,7 @@ private:
     std::unique_ptr<zip::Request> request_;
 };
 
-/// The platform of a file, as `PlatformLoader::open` gives it. A file that does not exist is `noSuchFile`.
+/// The platform of a file, see `PlatformLoader::open`. A missing file is `noSuchFile`.
 ZR_API std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode);
 
 enum class Form {
@@ -44,10 +44,10 @@ enum class Form {
     brief,  ///< only unique name, file and description
     xml,    ///< the hardware metadata in the form of older archives
 };
-/// A document of a platform that was loaded from `file`.
+/// A document of the platform, which was loaded from `file`.
 ZR_API std::string document(const HTEQPlatform& platform, const std::string& file, Form form);
 
-/// What identifies a platform, by the numbers of `zr_field`.
+/// What identifies a platform; values as in `zr_field`.
 enum class Field {
     name,
     vendor,
@@ -62,18 +62,18 @@ enum class Field {
     count_
 };
 using Fields = std::array<std::string, static_cast<std::size_t>(Field::count_)>;
-/// Of a descriptor its own values, of a lone archive those of its hardware platform.
+/// For a descriptor, its own values; for an archive alone, those of its hardware platform.
 ZR_API Fields fields(const HTEQPlatform& platform);
 
-/// Fails when `destination` exists and may not be replaced, or its directory does not exist.
+/// Throws if `destination` exists and may not be replaced, or if its directory does not exist.
 ZR_API void checkDestination(const std::string& destination, bool mayReplace);
-/// Writes a file whole or not at all; into a device or a pipe the bytes are written as they are.
+/// Writes a file completely or not at all. To a device or a pipe, the bytes are written directly.
 ZR_API void writeFile(const std::string& destination, std::string_view bytes, bool mayReplace);
 
 struct Pack {
     std::string folder, archive;
-    bool mayReplace = false;  ///< the archive
-    bool mayLack = false;     ///< files that the metadata lists
+    bool mayReplace = false;  ///< overwrite the archive
+    bool mayLack = false;     ///< files that the metadata lists may be missing
 };
 ZR_API void pack(const Pack& request);
 
@@ -86,7 +86,7 @@ struct SetFile {
 };
 struct SetFileResult {
     HSTVector<std::string> losses;  ///< a printable line for each key that is lost or changed
-    bool isRefused = false;         ///< because of them; nothing was written
+    bool isRefused = false;         ///< because of the losses; nothing was written
 };
 ZR_API SetFileResult setFile(const SetFile& request);
 
@@ -108,17 +108,17 @@ struct Extract {
     std::string destination;
     HwMetadataMode mode = HwMetadataMode::Default;
     bool isType = false;      ///< `name` is a file type, even if a member has that name
-    bool repairHpfm = false;  ///< mark all HBM banks of an hpfm as default when only some are
+    bool repairHpfm = false;  ///< mark all HBM banks of an hpfm as default if only some are
     bool mayReplace = false;
 };
 ZR_API void extract(const Extract& request);
 
-/// What a finding or a message means. A name that does not exist is `unknownName`, with the nearest ones.
+/// What a finding or a message means. An unknown name is `unknownName`, and the text suggests the nearest ones.
 ZR_API std::string explain(const std::string& name);
-/// The W3C XML Schema of a format; otherwise `unknownFormat`, with the formats that exist.
+/// The W3C XML Schema of a format. An unknown format is `unknownFormat`, and the text lists the formats.
 ZR_API std::string schema(const std::string& format);
 
-/// "; nearest: a, b, c" of the known names that are most like `name`; empty without any.
+/// "; nearest: a, b, c" with the known names most similar to `name`; empty if there are none.
 ZR_API std::string nearest(const std::string& name, const HSTVector<std::string>& known);
 
 }  // namespace teq_platform::requests

@@ -7,21 +7,21 @@
 
 namespace teq_platform {
 
-/// Why a request has no result, as programs and shells are told.
+/// Why a request failed, as reported to programs and shells.
 enum class FailureKind {
-    refused,      ///< the request would lose something that exists, and was not told to
+    refused,      ///< the request would lose existing data, and does not allow that
     exists,       ///< the destination already exists
     unknownName,  ///< there is no such member, type, finding or message
     unknownFormat,
     wrongUse,  ///< an argument is missing or out of range
     noSuchFile,
-    badInput,     ///< a file is at fault: not valid, damaged, larger than a limit
-    environment,  ///< permission, no space, another fault of the system
+    badInput,     ///< a file is not valid, damaged, or larger than a limit
+    environment,  ///< permission, no space, another error of the system
     noMemory,
-    internal,  ///< a fault of the library
+    internal,  ///< an error in the library
 };
 
-/// How a kind is reported: one row for each.
+/// How a kind is reported; one row per kind.
 struct FailureRow {
     FailureKind kind;
     int code;      ///< of the C interface, `zr_code`
@@ -29,7 +29,7 @@ struct FailureRow {
 };
 ZR_API const FailureRow& rowOf(FailureKind kind);
 
-/// A failure that no other exception of the library stands for.
+/// A failure that no other exception of the library represents.
 class ZR_API RequestError : public HEXFileFault {
 public:
     RequestError(FailureKind kind, HEXDiagnostic diagnostic) : HEXFileFault(std::move(diagnostic)), kind_(kind) {}
@@ -44,8 +44,8 @@ struct Failure {
     FailureKind kind = FailureKind::internal;
     HEXDiagnostic diagnostic;
 };
-/// The exception that is being handled, whatever it is; to be called in a `catch`. `file` is what the request was
-/// about, for exceptions that name none. Throws std::bad_alloc when memory runs out.
+/// The failure for the exception being handled, of any type; call it in a `catch`. `file` is the file of the request,
+/// for exceptions that name none. Throws std::bad_alloc if memory runs out.
 ZR_API Failure currentFailure(const std::string& file = "");
 
 }  // namespace teq_platform

@@ -36,7 +36,7 @@ static const char* put(const char* name, const char* text) {
 
 static int contains(const zr_text* text, const char* part) { return strstr(zr_text_data(text), part) != NULL; }
 
-/* Whether a failed call told what it should have; frees the error. */
+/* Whether a failed call reported what it should have; frees the error. */
 static int failed(zr_code code, zr_error** error, zr_code expected, const char* part) {
     const int holds = code == expected && zr_error_code(*error) == expected && strstr(zr_error_text(*error), part);
     if (!holds)

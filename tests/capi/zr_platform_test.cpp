@@ -128,7 +128,7 @@ TEST_F(Wrapper, FindsWhatIsWrong) {
     EXPECT_THAT(zr::explain(findings[0].name), HasSubstr("What to do"));
 }
 
-/// A stranger's line feed makes no second line, whoever takes the words.
+/// A line feed from untrusted input does not start a second line in any output.
 TEST_F(Wrapper, SaysEverythingInOneLine) {
     std::vector<std::string> said;
     const auto take = [](void* user, const zr_message* message) {

@@ -38,7 +38,7 @@ TEST(Explanations, SamplesGiveTheirName) {
     }
 }
 
-TEST(Explanations, AreToldOncePerName) {
+TEST(Explanations, ExistOncePerName) {
     std::set<std::string> names;
     for (const CheckExplanation& row : PlatformCheck::explanations()) {
         EXPECT_TRUE(names.insert(row.name).second) << row.name;

@@ -47,7 +47,7 @@ TEST(PlatformCheck, FindsEveryFaultOfADocument) {
                      ":3:38: other [unknown-element]", ":4:29: systemConfigurations [missing-element]"}));
 }
 
-TEST(PlatformCheck, TellsThePlacesOfJsonValues) {
+TEST(PlatformCheck, ReportsTheLocationsOfJsonValues) {
     EXPECT_EQ(
         foundIn({{"lfa.json",
                   "{\n"
@@ -71,13 +71,13 @@ TEST(PlatformCheck, TellsThePlacesOfJsonValues) {
                "lfa.json:10:28: featureRoms[0].uuid [refused-value]"}));
 }
 
-TEST(PlatformCheck, MissesKeysWithoutWhichAReaderFails) {
+TEST(PlatformCheck, ReportsMissingRequiredKeys) {
     EXPECT_EQ(foundIn({{"lfa.json",
                         "{\"devices\": [{}], \"featureRoms\": [{}],\n\"tilHardware\": {\"npiBaseAddress\": 1}}"}}),
               Lines({"lfa.json:1:14: devices[0] [missing-key]", "lfa.json:2:16: tilHardware [missing-key]"}));
 }
 
-TEST(PlatformCheck, TakesWhatReadersTake) {
+TEST(PlatformCheck, AcceptsWhatReadersAccept) {
     EXPECT_EQ(foundIn({{"lfa.json", "{}"}}), Lines());
     EXPECT_EQ(foundIn({{"lfa.json", R"({"vendor": 1, "versionMajor": " -5", "usesPR": "TRUE", "devices": null,
         "board": {}, "memories": "", "zuncLinkXPSwitches": ["a", 1, true], "other": {"a": [1]},
@@ -103,7 +103,7 @@ TEST(PlatformCheck, ChecksTheMembersThatReadersOpen) {
                      "x.json:1:2:  [not-json]"}));
 }
 
-TEST(PlatformCheck, LeavesAloneWhatTheHpfmTakesThePlaceOf) {
+TEST(PlatformCheck, IgnoresKeysThatTheHpfmReplaces) {
     const std::string metadata = R"({"files": [{"type": "HPFM", "name": "a.hpfm"}], "busInterfaces": "none"})";
     EXPECT_EQ(foundIn({{"lfa.json", metadata}, {"a.hpfm", documents::kHpfm}}), Lines());
     EXPECT_EQ(foundIn({{"lfa.json", metadata}, {"a.hpfm", "<a/>"}}),
@@ -149,7 +149,7 @@ TEST(PlatformCheck, ChecksOlderMetadata) {
                      "cfa.xml:15:5: FeatureRom [refused-value]"}));
 }
 
-TEST(PlatformCheck, TellsWhatLoadsButCannotBeWritten) {
+TEST(PlatformCheck, ReportsWhatLoadsButCannotBeWritten) {
     const std::string before = R"({"designIpInstances": [{}, {"configuration": )";
     EXPECT_EQ(foundIn({{"lfa.json", before + R"({"a.b.c": 1, "a": 2, "ab": 3, "d": "", "d.e": 4, ".f": 5}}]})"}}),
               Lines({"lfa.json:1:56: designIpInstances[1].configuration [clashing-parameter]"}));
@@ -188,7 +188,7 @@ TEST(PlatformCheck, FollowsADescriptorToItsFiles) {
     EXPECT_EQ(findings[0].severity, CheckFinding::Severity::warning);
 }
 
-TEST(PlatformCheck, TellsAFilesKindByNameAndContent) {
+TEST(PlatformCheck, RecognisesAFileByNameAndContent) {
     const struct {
         const char* name;
         std::string text, expected;

@@ -1,4 +1,4 @@
-// The tool as a user runs it: arguments in; exit code, data and words out.
+// The tool as a user runs it: arguments in; exit code, data and messages out.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -73,7 +73,7 @@ TEST(Help, EachVerbHasAnExampleThatRuns) {
 
 TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
-        << "./dev docs writes it anew";
+        << "run ./dev docs";
     EXPECT_EQ(tool({"--reference", "findings"}).out, contentOf(ZR_SOURCE_DIR "/docs/validate.md"));
     const Scratch scratch;
     scratch.put("zr.1", tool({"--reference", "man"}).out);

@@ -126,21 +126,21 @@ void CallsWithoutMemory::failEach(const std::string& name, const Call& call, boo
     for (long at = 1; !isDone; at += at < 60 ? 1 : step) {
         const std::string when = name + ", allocation " + std::to_string(at) + (andLater ? " and all after" : "");
         long kept = 0;
-        zr_code code = ZR_OK, told = ZR_OK;
+        zr_code code = ZR_OK, reported = ZR_OK;
         bool hasWords = true;
         for (int attempt = 0; attempt < 2; ++attempt) {  // what is made at the first need and kept is made once
             const long live = faults::live();
             faults::armMemory(at, andLater);
             code = call(&error);
             isDone = faults::allocations() < at;
-            told = zr_error_code(error);
+            reported = zr_error_code(error);
             hasWords = (code == ZR_OK) == (*zr_error_text(error) == '\0');
             zr_error_free(error);
             faults::armMemory(0, false);
             kept = faults::live() - live;
             if (kept == 0) break;
         }
-        ASSERT_EQ(code, told) << when;
+        ASSERT_EQ(code, reported) << when;
         ASSERT_TRUE(hasWords) << when;
         ASSERT_TRUE(code == good || code == ZR_NO_MEMORY || code == ZR_ENVIRONMENT) << when << ": " << code;
         const bool isOfLibzip = faults::refused().starts_with("libzip.");  // which loses one block in `zip_close`

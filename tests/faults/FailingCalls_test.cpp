@@ -60,7 +60,7 @@ protected:
     }
     ~FailingCalls() override { ComMsgMgr::setSink(nullptr); }
 
-    /// Loads and changes. Empty when it is done, "refused" for a failure that a caller is told to expect.
+    /// Loads and changes. Empty when it is done, "refused" for a documented failure.
     std::string attempt() const {
         try {
             const auto platform = teq_platform::PlatformLoader(file_, teq_platform::HwMetadataMode::Default).load();

@@ -31,7 +31,7 @@ using faults::Event;
 
 namespace {
 
-/// An archive behind a link, a file to put into it and a folder to pack, alone in their directories.
+/// An archive reached through a link, a file to put into it and a folder to pack, each alone in its directory.
 class Place {
 public:
     Place() {
@@ -146,7 +146,7 @@ protected:
         EXPECT_TRUE(WIFSIGNALED(status) ? WTERMSIG(status) == SIGKILL : WEXITSTATUS(status) == 0) << fault;
         return WIFSIGNALED(status);
     }
-    /// What a reader finds is whole, and the next change leaves nothing behind.
+    /// A reader finds a complete archive, and the next change leaves no other files.
     void expectOldOrNew(const std::string& when) const {
         const std::string found = contentOf(place_.archive());
         ASSERT_TRUE(found == place_.old() || found == new_) << when;
@@ -252,8 +252,8 @@ public:
     }
     std::size_t unsynced() const { return unsynced_.size(); }
 
-    /// The archive when of the unsynced events those are lost that `isLost` tells. Changes of names arrive in their
-    /// order: what comes behind a lost one is lost too.
+    /// The archive after losing the unsynced events that `isLost` selects. Changes of names arrive in order: those after
+    /// a lost one are lost too.
     std::string after(Disk disk, const std::function<bool(std::size_t)>& isLost) const {
         bool namesAreLost = false;
         for (std::size_t i = 0; i < count_; ++i) {

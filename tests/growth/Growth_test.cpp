@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr double kMiB = 1024.0 * 1024.0, kMostSeconds = 10;
+constexpr double kMiB = 1024.0 * 1024.0, kMaxSeconds = 10;
 
 struct Use {
     int exit = -1;
@@ -226,14 +226,14 @@ TEST_P(Growth, IsLinear) {
         const int number = input.most / part;
         const auto size = static_cast<double>(write(input, number));
         Use used = useOf({"json", scratch_ / input.name});
-        // n log n for four times as much is below 5; a small time tells nothing, and a large one may be the
+        // n log n for four times as much is below 5; a small time proves nothing, and a large one may be the
         // machine's.
         const auto grows = [&] { return part == 1 && used.seconds > 0.2 && used.seconds > 6.5 * before; };
         for (int again = 0; again < 3 && grows(); ++again)
             used.seconds = std::min(used.seconds, useOf({"json", scratch_ / input.name}).seconds);
         EXPECT_FALSE(grows()) << used.seconds << " s after " << before;
         EXPECT_EQ(used.exit, input.exit);
-        EXPECT_LT(used.seconds, kMostSeconds);
+        EXPECT_LT(used.seconds, kMaxSeconds);
         EXPECT_LT(used.peak, 12 * size + 700 * input.nodes * number + 64 * kMiB) << size;
         std::printf("  %-24s %8d: %10.0f bytes, %.2f s, %.0f MiB\n", input.what, number, size, used.seconds,
                     used.peak / kMiB);
@@ -255,7 +255,7 @@ TEST(Bombs, TwoLevels) {
                          builder::Entry("x.tilprj", packed, size > 1'000'000)};
         scratch.put("x.lfa", outer.build());
         const Use used = useOf({"extract", scratch / "x.lfa", "TILPRJ!bomb", scratch / "out"});
-        EXPECT_LT(used.seconds, kMostSeconds) << size;
+        EXPECT_LT(used.seconds, kMaxSeconds) << size;
         EXPECT_LT(used.peak, 64 * kMiB) << size;
         EXPECT_EQ(used.exit, 0) << size;
         EXPECT_EQ(std::filesystem::file_size(scratch / "out"), static_cast<std::uintmax_t>(size));
@@ -272,7 +272,7 @@ TEST(Bombs, MoreThanOneCallUnpacks) {
     scratch.put("x.lfa", zip.build());
     const Use used = useOf({"extract", scratch / "x.lfa", "bomb", scratch / "out"});
     EXPECT_EQ(used.exit, 3);
-    EXPECT_LT(used.seconds, kMostSeconds);
+    EXPECT_LT(used.seconds, kMaxSeconds);
     EXPECT_LT(used.peak, 64 * kMiB);
     EXPECT_EQ(scratch.names(), std::vector<std::string>{"x.lfa"});
 }

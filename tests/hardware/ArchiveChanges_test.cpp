@@ -152,7 +152,7 @@ TEST_F(ArchiveChanges, BrokenStates) {
 }
 
 TEST_F(ArchiveChanges, FaultsOfTheEnvironmentLeaveEveryByte) {
-    scratch_.put("text.lfa", "this is no archive at all, whatever its name says");
+    scratch_.put("text.lfa", "not an archive, whatever its name says");
     fs::create_directory(scratch_ / "folder");
     const std::string reading = "HTEQHardwarePlatform::archiveFile() - Could not open file for reading: ";
     const std::string archiving = "HTEQHardwarePlatform::archiveFile() - Could not open file for streaming: ";

@@ -135,7 +135,7 @@ TEST(HardwareFunctions, OfTexts) {
     EXPECT_EQ(hardware::romHex(0xAB00), "0xab00");
     EXPECT_EQ(HTEQTilHardware::archToString(static_cast<HTEQTilHardware::Arch>(77)), "NO_TIL");
     const std::string blanks(2'000'000, ' ');
-    EXPECT_EQ(hardware::gigabytesOf("7" + blanks + "GB"), 7) << "long texts are no trouble";
+    EXPECT_EQ(hardware::gigabytesOf("7" + blanks + "GB"), 7) << "long texts are read";
     EXPECT_EQ(hardware::gigabytesOf("7" + blanks), 0);
 }
 

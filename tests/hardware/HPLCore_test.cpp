@@ -42,8 +42,8 @@ TEST(Core, WidestPort) {
     EXPECT_EQ(core.getMaxAddrWidth(), 0);
     core.removePort(wide);
     EXPECT_EQ(core.getMaxDataWidth(), 64);
-    HPLPort stranger;
-    core.removePort(&stranger);
+    HPLPort other;
+    core.removePort(&other);
     EXPECT_EQ(core.getMaxDataWidth(), 64);
 }
 

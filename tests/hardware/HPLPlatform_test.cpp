@@ -101,8 +101,8 @@ TEST(HplPlatform, FilesByType) {
     EXPECT_EQ(platform.findFile("Dcp"), nullptr);
     EXPECT_FALSE(platform.hasFile("PDI"));  // its name is empty
     platform.addFile("DCP", "third.dcp");
-    HPLFile stranger;
-    platform.removeFile(&stranger);
+    HPLFile other;
+    platform.removeFile(&other);
     EXPECT_EQ(platform.getNumFiles(), 4u);
     platform.removeFileType("DCP");
     EXPECT_EQ(platform.getNumFiles(), 2u);

@@ -1,4 +1,4 @@
-// Metadata documents of strangers, asked for by the public road.
+// Hostile metadata documents, loaded through the public interface.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,4 @@
-// Paths that are no files, files that change, and names in the metadata that lead elsewhere.
+// Paths that are not files, files that change, and names in the metadata that lead elsewhere.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>

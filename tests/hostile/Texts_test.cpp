@@ -1,4 +1,4 @@
-// What scans a text in the place of a regular expression gives what the expression gives.
+// Scanners that replace a regular expression give the same result as the expression.
 #include <gtest/gtest.h>
 
 #include <functional>

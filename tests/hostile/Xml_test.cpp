@@ -1,4 +1,4 @@
-// XML of strangers in each place where the road reads it. What the engine says of each fault is tested with it.
+// Hostile XML wherever a platform's loading reads it. The engine's own tests cover the text of each error.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -17,7 +17,7 @@
 namespace cases {
 namespace {
 
-/// A text before and behind its first blank.
+/// A text before and after its first blank.
 std::pair<std::string, std::string> parted(const std::string& text) {
     const auto blank = text.find(' ');
     return {text.substr(0, blank), blank == std::string::npos ? "" : text.substr(blank + 1)};
@@ -239,11 +239,11 @@ void expectTexts(const std::string& path,
     for (const Case& each : file.cases) {
         std::string text, expected;
         const Line* last = nullptr;
-        const auto expect = [&](const std::string& given, const std::string& ought, const std::string& line) {
+        const auto expect = [&](const std::string& given, const std::string& wanted, const std::string& line) {
             SCOPED_TRACE(file.place(last->number) + ": " + each.name);
             const std::string found = made(each.name, given);
-            EXPECT_EQ(found, ought);
-            if (found != ought) file.replace(last->number, line + escaped(found));
+            EXPECT_EQ(found, wanted);
+            if (found != wanted) file.replace(last->number, line + escaped(found));
         };
         for (const Line& line : each.lines) {
             const auto arrow = line.text.rfind(" -> ");
@@ -252,8 +252,8 @@ void expectTexts(const std::string& path,
             } else if (last = &line; arrow == std::string::npos) {
                 ADD_FAILURE() << line.text;
             } else {
-                const std::string given = line.text.substr(0, arrow), ought = line.text.substr(arrow + 4);
-                expect(plain(given), plain(ought), "| " + given + " -> ");
+                const std::string given = line.text.substr(0, arrow), wanted = line.text.substr(arrow + 4);
+                expect(plain(given), plain(wanted), "| " + given + " -> ");
             }
         }
         if (last) continue;

@@ -41,9 +41,9 @@ struct Format {
 ///     - TEXT          its first TEXT, or with "--" each, which must be there, ...
 ///     + TEXT          ... gives way to this one; several lines of one kind are one text; without "-" the document
 ///     = | ! [NAME] [LINE:COLUMN] [<ELEMENT> WORDS]
-///                     the verdict: taken, or refused, as both find; what stands behind "!" is of the first fault,
+///                     the verdict: taken, or refused, as both find; the text after "!" is of the first error,
 ///                     WORDS a part of its text
-///     schema = | !    what xmllint finds instead, the reason behind it
+///     schema = | !    what xmllint finds instead, followed by the reason
 void expectVerdicts(const std::string& folder, const std::function<Format(const std::string& file)>& formatOf);
 
 /// Runs of programs in a shell, in a new directory for each case, with `path` first among the directories of programs:

@@ -29,10 +29,10 @@ namespace {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr std::size_t kStack = 1024UL * 1024;
-constexpr double kMostSeconds = 60;
+constexpr double kMaxSeconds = 60;
 #else
 constexpr std::size_t kStack = 256UL * 1024;
-constexpr double kMostSeconds = 10;
+constexpr double kMaxSeconds = 10;
 #endif
 
 struct Call {
@@ -192,7 +192,7 @@ Answer tried(const std::string& path) {
     EXPECT_EQ(hostState(), host);
     EXPECT_EQ(place.state(), files);
     EXPECT_EQ(place.leftovers(), "");
-    EXPECT_LT(answer.seconds, kMostSeconds);
+    EXPECT_LT(answer.seconds, kMaxSeconds);
     static const std::set<std::string> kOutcomes{
         "loads", "null", "teq_platform::PlatformParseException", "HEXFileNotFoundException",
         "boost::wrapexcept<boost::property_tree::json_parser::json_parser_error>"};

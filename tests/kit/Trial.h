@@ -39,11 +39,11 @@ private:
     int count_ = 0;
 };
 
-/// Asks for `path` and checks all that a stranger's file may not do, whatever it holds: the answer comes in time and
-/// is one of the documented ones, nothing is written, the host is as it was, and the next good platform loads.
+/// Asks for `path` and checks everything that untrusted input must not do, whatever it holds: the answer comes in time
+/// and is one of the documented ones, nothing is written, the host is as it was, and the next good platform loads.
 Answer tried(const std::string& path);
 /// The same, and the answer is the expected one; `words` stand among its words.
 void expectAnswer(const std::string& path, const std::string& outcome, const std::string& words);
-/// The same of each case of a file of tests/cases/hostile: its last line is the outcome, "any" for one of those that are
-/// documented, and a part of the words; `place` makes the file of its other lines.
+/// The same of each case of a file of tests/cases/hostile: its last line is the outcome, "any" for one of those that
+/// are documented, and a part of the words; `place` makes the file of its other lines.
 void expectAnswers(const std::string& file, const std::function<std::string(const cases::Case&)>& place);

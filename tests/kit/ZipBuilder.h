@@ -33,7 +33,7 @@ inline std::string deflated(const std::string& data) {
     return packed;
 }
 
-/// What the local header and the row of the directory both tell.
+/// What both the local header and the central directory entry contain.
 struct Header {
     std::string name, extra;
     std::uint16_t flags = 0, method = 0;

@@ -28,7 +28,7 @@ inline void moveTo64(Header& header, const std::string& bytes = "") {
     header.size = header.packedSize = 0xFFFFFFFF;
 }
 
-/// Sizes and CRC stand behind the data, in one of three forms or as given.
+/// Sizes and CRC follow the data, in one of three forms or as given.
 inline void moveBehind(Entry& entry, const std::string& descriptor) {
     const Header header = entry.central;
     const int width = descriptor == "signed8" ? 8 : 4;

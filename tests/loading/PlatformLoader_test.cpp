@@ -232,7 +232,7 @@ TEST_F(PlatformLoaderTest, ModulesFitThePartitionsOfAStaticPlatform) {
     EXPECT_EQ(hardware.getNodeIDFromLfa(six), 6U);
     EXPECT_TRUE(hardware.isValidRmLfa(five));
     EXPECT_FALSE(hardware.isValidRmLfa(other));
-    EXPECT_FALSE(hardware.isValidRmLfa(older)) << "XML metadata tells no ids";
+    EXPECT_FALSE(hardware.isValidRmLfa(older)) << "XML metadata has no ids";
     EXPECT_FALSE(hardware.isValidRmLfa(scratch / "gone.lfa"));
     EXPECT_TRUE(hardware.validateRmLfaFiles({}));
     EXPECT_TRUE(hardware.validateRmLfaFiles({five, six}));

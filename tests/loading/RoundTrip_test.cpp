@@ -56,14 +56,14 @@ TEST_F(RoundTrip, NothingIsLostOfWhatReadersTake) {
 
 /// Keys that the model does not hold, does not write, or writes in a form of its own.
 TEST_F(RoundTrip, KeysThatAreLost) {
-    const auto told = [](const std::vector<std::string>& places) {
+    const auto listed = [](const std::vector<std::string>& places) {
         std::string text;
         for (const std::string& place : places) text += " " + place;
         return text;
     };
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/loading/losses.case", [&](const auto&, const std::string& text) {
         const Loss loss = lossBetween(text, written(text));
-        return "lost:" + told(loss.lost) + ", changed:" + told(loss.changed);
+        return "lost:" + listed(loss.lost) + ", changed:" + listed(loss.changed);
     });
 }
 

@@ -112,7 +112,7 @@ void thereAndBack(const xml::Format& format, const std::string& path) {
         const R none;
         row.read(&none, at, row.onlySet);
         row.write(at, &emptied, false);
-        const bool isKept = row.onlySet || name == "UUID";  // an empty text is no UUID
+        const bool isKept = row.onlySet || name == "UUID";  // an empty text is not a UUID
         EXPECT_EQ(valuesOf(element, &emptied) == values, isKept) << name;
         // Empty values. The model keeps an empty interface as "unknown"; the period "0" is a text.
         if (name == "Interface" || name == "normalizedPeriod") continue;

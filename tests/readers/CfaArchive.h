@@ -14,7 +14,7 @@ public:
         for (const auto& [member, content] : members) zip.entries.emplace_back(member, content);
         return scratch_.put(name, zip.build());
     }
-    /// The same of a file that is none.
+    /// The same for a file that is not an archive.
     std::string text(const std::string& name, const std::string& content) const {
         return scratch_.put(name, content);
     }

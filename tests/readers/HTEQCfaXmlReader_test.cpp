@@ -152,7 +152,7 @@ TEST_F(CfaXmlReader, AHardwareDefinitionMakesAPlatformFixedThatDoesNotTell) {
         EXPECT_EQ(at("expandablePlatform"), "false") << member;
     }
     ASSERT_TRUE(read(kCfaXml, {{"hwdef.xml", "<Project/>"}}));
-    EXPECT_EQ(at("expandablePlatform"), "true") << "it tells";
+    EXPECT_EQ(at("expandablePlatform"), "true") << "the attribute is present";
 }
 
 TEST_F(CfaXmlReader, AnHpfmAddsToItAndMakesItUnifiedAndExpandable) {

@@ -88,7 +88,7 @@ TEST_F(CfaXmlWriter, WhatTheFirstWalkChanges) {
     } cases[] = {
         {"the schema's version becomes the writer's", R"(VersionMinor="15")", R"(VersionMinor="3")",
          R"(VersionMinor="15")"},
-        {"who made it is always told", "  <GenAppInfo Name=\"gn\" Version=\"gv\" CL=\"7\" TimeStamp=\"gt\"/>\n", "",
+        {"its maker is always written", "  <GenAppInfo Name=\"gn\" Version=\"gv\" CL=\"7\" TimeStamp=\"gt\"/>\n", "",
          "  <GenAppInfo Name=\"\" Version=\"\" CL=\"0\" TimeStamp=\"\"/>\n"},
         {"a flag becomes true or false", R"(DcpEncrypt="true")", R"(DcpEncrypt="yes")", R"(DcpEncrypt="false")"},
         {"whether it is fixed too", R"( Fixed="false")", "", R"( Fixed="false")"},
@@ -105,9 +105,10 @@ TEST_F(CfaXmlWriter, WhatTheFirstWalkChanges) {
          R"( AcceleratorBinaryFormat="rovapk2")", ""},
         {"values without repeats", R"(ValidBinaryContentValues="x,,y")", R"(ValidBinaryContentValues="x,,y,x")",
          R"(ValidBinaryContentValues="x,,y")"},
-        {"the two values of those who tell none", R"( ValidBinaryContentValues="x,,y")", "",
+        {"the two values if there are none", R"( ValidBinaryContentValues="x,,y")", "",
          R"( ValidBinaryContentValues="dcp,bitstream")"},
-        {"one empty value is none", R"( ValidBinaryContentValues="x,,y")", R"( ValidBinaryContentValues="")", ""},
+        {"one empty value counts as none", R"( ValidBinaryContentValues="x,,y")", R"( ValidBinaryContentValues="")",
+         ""},
         {"switches are called xp", R"(<ZuncLinkSwitch Name="xp")", R"(<ZuncLinkSwitch Name="own")",
          R"(<ZuncLinkSwitch Name="xp")"},
         {"parameters in the order of their names", R"(<Parameter Name="k1" Value="kv"/>)",
@@ -117,7 +118,7 @@ TEST_F(CfaXmlWriter, WhatTheFirstWalkChanges) {
          "      <Interfaces>\n        <Interface Id=\"i1\" Name=\"in\" Type=\"it\"/>\n"
          "      </Interfaces>\n",
          "<Interfaces/>", ""},
-        {"a memory's addresses are told", R"( LowestAddress="-2" HighestAddress="-1")", "",
+        {"a memory's addresses are written", R"( LowestAddress="-2" HighestAddress="-1")", "",
          R"( LowestAddress="0" HighestAddress="0")"},
         {"and parameters that its type does not know are dropped", R"(<Param Name="MEMORY_PART" Value="mv"/>)",
          R"(<Param Name="C0.DDR3_tCK" Value="1"/><Param Name="MEMORY_PART" Value="mv"/>)",
@@ -134,7 +135,7 @@ TEST_F(CfaXmlWriter, WhatTheFirstWalkChanges) {
         {"the region's address is not read", R"( DRBDName="cd")", R"( DRBaseAddress="0x1" DRBDName="cd")",
          R"( DRBDName="cd")"},
         {"the frequency of a kernel clock", R"( ClockFreq="cf")", "", ""},
-        {"counts that the regions tell", R"(LUT="11")", R"(LUT="")", R"(LUT="15")"},
+        {"counts that follow from the regions", R"(LUT="11")", R"(LUT="")", R"(LUT="15")"},
         {"SLRs in the order of their names", R"(ValidSLRs="SLR0,SLR1")", R"(ValidSLRs="SLR1,SLR0,SLR1")",
          R"(ValidSLRs="SLR0,SLR1")"},
         {"a region without resources", R"(              <PBlock Name="pb")",
@@ -189,7 +190,7 @@ TEST_F(CfaXmlWriter, WhatOfTheModelIsNotWritten) {
     EXPECT_THAT(text, Not(HasSubstr("MajorVersion=\"2\"")));
     EXPECT_THAT(text, HasSubstr(R"(<Host Architecture="unknown" Interface="unknown"/>)"));
 
-    // A flat shell has PCIe ids, and read again it is none: its intent is not in the form.
+    // A flat shell has PCIe ids, but is not one when read again: XML lacks its intent.
     platform->setUsesPR(false);
     platform->setState(HTEQHardwarePlatform::PlatformState::synth);
     platform->setExplicitDesignIntent(HTEQDesignIntentStorage::Key::dataCenter, true);
@@ -263,7 +264,7 @@ TEST_F(CfaXmlWriter, WritesTheSameFromTheSecondTimeOn) {
     }
 }
 
-/// The same platform by its XML and by its JSON metadata is the same document, but for what only one of them tells.
+/// The same platform by its XML and by its JSON metadata is the same document, except what only one of them holds.
 TEST_F(CfaXmlWriter, BothRoutesGiveTheSameDocument) {
     // A parameter's name with a dot is a path in the document, which reading does not follow.
     const auto onlyXmlTells =
@@ -275,7 +276,7 @@ TEST_F(CfaXmlWriter, BothRoutesGiveTheSameDocument) {
     for (unsigned seed = 0; seed < 300; ++seed) {
         SCOPED_TRACE(seed);
         BasePlatform::Root root = withoutRepeats(RandomCfa(seed).make());
-        root.cfa.build.UsesPR.set(seed % 2 == 0 ? "true" : "false");  // decides the intents, told or not
+        root.cfa.build.UsesPR.set(seed % 2 == 0 ? "true" : "false");  // decides the intents, present or not
         root.cfa.DefaultOutputType.set("rovapk");                     // an empty one is a missing key
         const auto byXml = read(xml::write(BasePlatform::kDocument, root));
         const std::string document = documentOf(*byXml);

@@ -17,7 +17,7 @@ std::string spfm(const std::string& configurations, const std::string& attribute
            attributes + ">\n" + configurations + "</teq:systemConfigurations></teq:platform>";
 }
 
-/// A configuration named `name` with `attributes`, and `body` behind its description.
+/// A configuration named `name` with `attributes`, and `body` after its description.
 std::string configuration(const std::string& attributes, const std::string& body = "") {
     return "<teq:configuration teq:name='c' teq:displayName='C' " + attributes +
            "><teq:description>text</teq:description>" + body + "</teq:configuration>\n";

@@ -114,7 +114,7 @@ TEST(Extract, ReadsTheFilesOfAnEmulationChildBelowItsFolder) {
     EXPECT_THAT(scratch.names(), ElementsAre("DR_BD", "SIM_BINARY", "child.hpfm"));
 }
 
-/// "instance start+columns uuid id" of each, parts behind their root and set in by two blanks.
+/// "instance start+columns uuid id" of each, parts after their root and indented by two blanks.
 std::vector<std::string> describe(const HSTVector<HTEQTilPartition>& partitions, const std::string& blanks = "") {
     std::vector<std::string> lines;
     for (const HTEQTilPartition& p : partitions) {

@@ -47,7 +47,7 @@ Contents contentsOf(const std::string& bytes) {
     return contents;
 }
 
-/// What stands behind the archive's name in the error of reading all members, in both ways.
+/// The text after the archive's name in the error of reading all members, both ways.
 std::string refusalOf(const std::string& bytes) {
     std::string whole, stream;
     try {
@@ -109,12 +109,12 @@ TEST(Archive, RefusesLiesAboutLargeMembers) {
     } cases[] = {
         {"as it is", [](Entry&) {}, ""},
         {"CRC", [](Entry& e) { e.both(&Header::crc, 1); }, "its CRC is "},
-        {"larger than told", [](Entry& e) { e.both(&Header::size, e.local.size - 1); }, "to more bytes than"},
-        {"smaller than told", [](Entry& e) { e.both(&Header::size, e.local.size + 1); }, "to fewer bytes than"},
+        {"larger than declared", [](Entry& e) { e.both(&Header::size, e.local.size - 1); }, "to more bytes than"},
+        {"smaller than declared", [](Entry& e) { e.both(&Header::size, e.local.size + 1); }, "to fewer bytes than"},
         {"damaged", [](Entry& e) { e.packed[0] = '\7'; }, "compressed data are damaged"},
         {"cut short", [](Entry& e) { e.packed.pop_back(), e.both(&Header::packedSize, e.packed.size()); },
          "compressed data are truncated"},
-        {"bytes behind", [](Entry& e) { e.packed += 'x', e.both(&Header::packedSize, e.packed.size()); },
+        {"bytes after", [](Entry& e) { e.packed += 'x', e.both(&Header::packedSize, e.packed.size()); },
          "bytes after its compressed data"},
     };
     const Entry sound("large", std::string(5'000'000, 'x'), true);
@@ -165,7 +165,7 @@ TEST(Archive, NoCutAndNoChangedByteGivesOtherData) {
     zip.isZip64 = true;
     const std::string sound = zip.build();
     Contents expected = contentsOf(sound);
-    expected.erase("bit/");  // one changed letter makes a file of the directory, which is no lie
+    expected.erase("bit/");  // one changed letter turns the directory into a file, which is consistent
     for (std::size_t size = 0; size < sound.size(); ++size)
         EXPECT_THROW(contentsOf(sound.substr(0, size)), ArchiveError) << "cut to " << size;
     int refused = 0;

@@ -42,7 +42,7 @@ protected:
     Scratch scratch_;
 };
 
-/// An archive of two members with the digest that the form tells, made here without our code.
+/// An archive of two members with the digest of the format, computed here without our code.
 builder::Zip stamped(const Scratch& scratch) {
     builder::Zip zip;
     zip.entries = {builder::Entry("b", "second"), builder::Entry("a", std::string(70'000, 'a'), true)};

@@ -12,6 +12,22 @@
 
 namespace {
 
+constexpr std::size_t kHelpColumn = 30;  // where CLI11 prints help texts
+
+/// `text` with line breaks at spaces, for printing from the column `indent` to the edge of the terminal.
+std::string wrapped(std::string_view text, std::size_t indent) {
+    const std::size_t width = std::max(Console::take().width(), 2 * indent) - indent;
+    std::string result;
+    while (text.size() > width) {
+        std::size_t end = text.rfind(' ', width);
+        if (end == std::string_view::npos) end = text.find(' ');
+        if (end == std::string_view::npos) break;
+        result.append(text.substr(0, end)) += '\n';
+        text.remove_prefix(end + 1);
+    }
+    return result.append(text);
+}
+
 std::vector<std::string> choicesOf(const Option& option) {
     std::vector<std::string> choices;
     std::stringstream text(option.choices);
@@ -26,47 +42,49 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
     };
     if (!option.choices) {
         app.add_flag_callback(
-            name, [keep] { keep(""); }, option.help);
+            name, [keep] { keep(""); }, wrapped(option.help, kHelpColumn));
         return;
     }
     const std::vector<std::string> choices = choicesOf(option);
-    CLI::Option* made = app.add_option_function<std::string>(name, keep, option.help);
-    if (choices.size() > 1) made->check(CLI::IsMember(choices));
+    CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
+    made->type_name(option.choices);
+    if (choices.size() > 1) made->check(CLI::IsMember(choices).description(""));
 }
 
 void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     const std::string name = positional.name;
+    const std::string help = wrapped(positional.help, kHelpColumn);
     auto& values = call.positionals[name];
     if (name.ends_with("..."))
-        app.add_option(name.substr(0, name.find('.')), values, positional.help)->required();
+        app.add_option(name.substr(0, name.find('.')), values, help)->required();
     else if (name.starts_with("["))
         app.add_option_function<std::string>(
-            name.substr(1, name.size() - 2), [&values](const std::string& value) { values = {value}; },
-            positional.help);
+            name.substr(1, name.size() - 2), [&values](const std::string& value) { values = {value}; }, help);
     else
         app.add_option_function<std::string>(
-               name, [&values](const std::string& value) { values = {value}; }, positional.help)
+               name, [&values](const std::string& value) { values = {value}; }, help)
             ->required();
 }
 
 /// One subcommand for each row; the chosen row goes to `chosen`.
 void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
-    CLI::App* command = app.add_subcommand(verb.name, verb.summary);
+    CLI::App* command = app.add_subcommand(verb.name, wrapped(verb.summary, kHelpColumn));
+    command->group("Verbs");
     for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
-    command->footer(std::string("\n") + verb.details + "\n\nExample:\n  zr-platform " + verb.name + " " +
+    command->footer("\n" + wrapped(verb.details, 0) + "\n\nExample:\n  zr-platform " + verb.name + " " +
                     verb.example);
     command->callback([&chosen, &verb] { chosen = &verb; });
 }
 
-/// What is wrong with the arguments, in one line.
-std::string complaint(const CLI::ParseError& error, const std::string& first) {
+/// What is wrong with the arguments, on one line.
+std::string usageError(const CLI::ParseError& error, const std::string& first) {
     std::vector<std::string> names;
     for (const Verb& verb : verbs()) names.push_back(verb.name);
     const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
     if (isVerb || first.empty() || first.starts_with("-")) return error.what();
-    return "there is no verb '" + HSTStringUtils::printable(first) + "'" + teq_platform::requests::nearest(first, names);
+    return "unknown verb '" + HSTStringUtils::printable(first) + "'" + teq_platform::requests::nearest(first, names);
 }
 
 void write(const std::string& text) { Console::take().data(text); }
@@ -74,19 +92,18 @@ void write(const std::string& text) { Console::take().data(text); }
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
-    CLI::App app("Finds out what FPGA acceleration platforms hold, and makes their archives.", "zr-platform");
-    for (const char* word : {"TEXT", "REQUIRED"}) app.get_formatter()->label(word, "");
-    app.get_formatter()->label("[SUBCOMMAND]", "VERB");
-    app.get_formatter()->label("Subcommands", "Verbs");
+    CLI::App app("Inspects, checks and packs FPGA acceleration platforms.", "zr-platform");
+    for (const char* label : {"TEXT", "REQUIRED"}) app.get_formatter()->label(label, "");
+    app.get_formatter()->column_width(kHelpColumn);
+    app.get_formatter()->label("SUBCOMMAND", "VERB");
     Call call;
     const Verb* chosen = nullptr;
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
-    app.add_option("--reference", reference, "print what is made from the tables")
-        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}));
-    app.footer(
-        "\nExit codes: 0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault,\n"
-        "4 the environment is, 70 a fault of the tool.");
+    app.add_option("--reference", reference, "print a reference generated from the tables")
+        ->type_name("man|markdown|bash|findings")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}).description(""));
+    app.footer("\n" + wrapped(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
     try {
@@ -97,8 +114,8 @@ int runCommandLine(int argc, char** argv) {
     } catch (const CLI::CallForVersion&) {
         return write("zr-platform " ZR_VERSION "\n"), 0;
     } catch (const CLI::ParseError& e) {
-        Console::take().note("error: " + complaint(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
-                              (chosen ? std::string(chosen->name) + " " : "") + "--help");
+        Console::take().note("error: " + usageError(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
+                             (chosen ? std::string(chosen->name) + " " : "") + "--help");
         return static_cast<int>(Exit::usage);
     }
     if (!reference.empty()) return write(referenceAs(reference)), 0;

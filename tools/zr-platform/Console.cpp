@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <libsmartcols.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -75,7 +76,7 @@ Console::Console() : state_(new State) {
 }
 
 Console& Console::take() {
-    static Console* const console = new Console;  // outlives every static that still writes
+    static Console* const console = new Console;  // never destroyed: destructors of statics may still write
     return *console;
 }
 
@@ -91,9 +92,9 @@ void Console::data(std::string_view bytes) {
 }
 
 void Console::printCaptured() {
-    const std::string said = state_->library.str();
+    const std::string output = state_->library.str();
     state_->library.str("");
-    if (state_->verbose && !said.empty()) note(HSTStringUtils::printable(said));
+    if (state_->verbose && !output.empty()) note(HSTStringUtils::printable(output));
 }
 
 void Console::flush() {
@@ -112,7 +113,10 @@ void Console::report(const Failure& failure) {
     note(failure.diagnostic.report("error") + hint);
 }
 
-bool Console::wide() const { return isatty(1) == 1; }
+std::size_t Console::width() const {
+    winsize size{};
+    return ioctl(1, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
 
 std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows) {
     const std::unique_ptr<libscols_table, void (*)(libscols_table*)> table(scols_new_table(), scols_unref_table);
@@ -130,7 +134,7 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     scols_print_table_to_string(table.get(), &text);
     std::vector<std::string> lines = HSTStringUtils::split(text ? text : "", '\n');
     std::free(text);
-    // A table's lines are padded to the width of the longest one.
+    // libsmartcols pads all lines to the width of the longest one.
     for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
     return HSTStringUtils::join(lines, "\n");
 }

@@ -7,11 +7,11 @@
 
 #include "Console.h"
 
-/// What --metadata asks for.
+/// The value of --metadata.
 teq_platform::HwMetadataMode modeOf(const Call& call);
 
-/// The platform of `file`, by the metadata that --metadata asks for.
+/// Loads the platform of `file` from the metadata that --metadata selects.
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call);
 
-/// The same without an exception for what is wrong with the file: null, and the reason in `failure`.
+/// The same, but an error gives null and sets `failure` instead of throwing.
 std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, teq_platform::Failure& failure);

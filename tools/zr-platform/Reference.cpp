@@ -20,12 +20,10 @@ std::string synopsis(const Verb& verb) {
 }
 
 std::string markdown() {
-    std::string page =
-        "# zr-platform\n\nMade from the tool's own table of verbs by `./dev docs`.\n\n"
-        "Standard output is data only; words and errors go to standard error. Exit codes: 0 done or yes, 1 the "
-        "answer is\n"
-        "no, 2 wrong use, 3 the input is missing or at fault, 4 the environment is, 70 a fault of the tool.\n\n"
-        "Options of every verb:\n\n";
+    std::string page = std::string(
+                           "# zr-platform\n\nGenerated from the tool's table of verbs by `./dev docs`.\n\n"
+                           "Standard output holds data only; messages and errors go to standard error.\n") +
+                       kExitCodes + "\n\nOptions of every verb:\n\n";
     for (const Option& option : commonOptions())
         page += std::string("- `--") + option.name + (option.choices ? std::string("=") + option.choices : "") +
                 "`: " + option.help + "\n";
@@ -41,7 +39,7 @@ std::string markdown() {
     return page;
 }
 
-/// A text of ours in roff: dashes as they are typed.
+/// A text as roff, with dashes and backslashes escaped.
 std::string roff(std::string_view text) {
     std::string result;
     for (const char c : text) {
@@ -54,7 +52,7 @@ std::string roff(std::string_view text) {
 std::string man() {
     std::string page = ".TH ZR\\-PLATFORM 1 \"\" \"zr_platform " ZR_VERSION
                        "\"\n.SH NAME\nzr\\-platform \\- "
-                       "finds out what FPGA acceleration platforms hold, and makes their archives\n.SH SYNOPSIS\n";
+                       "inspects, checks and packs FPGA acceleration platforms\n.SH SYNOPSIS\n";
     for (const Verb& verb : verbs()) page += roff(synopsis(verb)) + "\n.br\n";
     page += ".SH VERBS\n";
     for (const Verb& verb : verbs()) {
@@ -68,10 +66,7 @@ std::string man() {
     page += ".SH OPTIONS OF EVERY VERB\n";
     for (const Option& option : commonOptions())
         page += ".TP\n.B " + roff(std::string("--") + option.name) + "\n" + roff(option.help) + "\n";
-    return page +
-           ".SH EXIT STATUS\n0 done or yes, 1 the answer is no, 2 wrong use, 3 the input is missing or at fault, 4 "
-           "the\n"
-           "environment is, 70 a fault of the tool.\n";
+    return page + ".SH EXIT STATUS\n" + roff(kExitCodes) + "\n";
 }
 
 std::string bash() {
@@ -98,18 +93,18 @@ std::string codeBlock(std::string_view text) {
 std::string findings() {
     using Severity = teq_platform::CheckFinding::Severity;
     std::string page =
-        "# Findings of `validate`\n\nMade from the library's own table by `./dev docs`; `zr-platform explain NAME` "
+        "# Findings of `validate`\n\nGenerated from the library's own table by `./dev docs`; `zr-platform explain "
+        "NAME` "
         "prints one of them.\n\n"
-        "A finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what stands there, what is allowed [NAME]`, of a "
+        "A finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]`, or, in a "
         "member "
-        "of an\narchive `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` give the same as records. Names "
-        "stay "
-        "the same whatever\nthe words become. At most 1000 findings are told of each document. A program gets them "
-        "from `platform/PlatformCheck.h`.\n\n"
-        "Samples are the content of the file that is named, or a list of files and members of archives: `== file`,\n"
-        "`== archive!member`, with the text of each behind it.\n";
+        "of an\narchive, `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` print the same as records. Names "
+        "are stable,\ntexts are not. At most 1000 findings are reported per document. Programs use "
+        "`platform/PlatformCheck.h`.\n\n"
+        "A sample is the content of the file named, or a list of files and archive members: `== file`,\n"
+        "`== archive!member`, each followed by its text.\n";
     for (const Severity severity : {Severity::error, Severity::warning}) {
-        page += severity == Severity::error ? "\n# Errors\n" : "\n# Warnings\n\nLegal, and probably a mistake.\n";
+        page += severity == Severity::error ? "\n# Errors\n" : "\n# Warnings\n\nLegal, but probably a mistake.\n";
         for (const auto& row : teq_platform::PlatformCheck::explanations())
             if (row.severity == severity)
                 page += std::string("\n## ") + row.name + "\n\n" + row.meaning + " " + row.advice + "\n\nBad, `" +

@@ -1,6 +1,6 @@
 #pragma once
 #include <string>
 
-/// The manual page ("man"), the reference page ("markdown") or the completion ("bash"), made from the rows of
-/// verbs(); or the page of all findings ("findings"), made from the rows of the library.
+/// The manual page ("man"), the reference page ("markdown") or the shell completion ("bash"), generated from the rows
+/// of verbs(); or the page of all findings ("findings"), generated from the library's table.
 std::string referenceAs(const std::string& form);

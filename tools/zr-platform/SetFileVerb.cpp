@@ -16,6 +16,6 @@ int runSetFile(const Call& call) {
     for (const std::string& loss : result.losses)
         console.note(HEXDiagnostic{.file = call["ARCHIVE"], .text = loss}.format());
     if (!result.isRefused) return 0;
-    console.note("nothing was written; --force writes all the same");
+    console.note("nothing was written; use --force to write anyway");
     return static_cast<int>(Exit::no);
 }

@@ -91,7 +91,7 @@ void showMemories(Text& text, const HPLPlatform& platform) {
         for (unsigned n = 0; n < platform.getMemoryTypeCount(type); ++n)
             rows.push_back(
                 {type, std::to_string(n), platform.getMemorySize(type, n), platform.getMemorySLR(type, n)});
-    text.rows("memory banks that a linker can name", {"type", ">bank", ">size", "SLR"}, rows);
+    text.rows("memory banks available to a linker", {"type", ">bank", ">size", "SLR"}, rows);
 
     std::ostringstream warning;
     platform.issueNormalizeMemoryBanksMessage(warning);
@@ -113,8 +113,7 @@ void showInterfaces(Text& text, const HPLPlatform& platform) {
     for (const HTEQHardwareBusInterface* bus : all(platform.createBusInterfaceIter()))
         rows.push_back({bus->getName(), bus->getBusTypeRef(), bus->getMode(), bus->getMemPort(), bus->getSPTag(),
                         std::to_string(bus->getNumAddressSegments())});
-    text.rows("interfaces that a linker can attach to", {"name", "type", "mode", "memory port", "tag", ">segments"},
-              rows);
+    text.rows("interfaces available to a linker", {"name", "type", "mode", "memory port", "tag", ">segments"}, rows);
 }
 
 void addTilRows(Rows& rows, const HTEQTilPartition& partition, const std::string& indent) {

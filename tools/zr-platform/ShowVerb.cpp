@@ -50,7 +50,7 @@ void showAll(Text& text, const HTEQPlatform& platform) {
     if (platform.getSoftwarePlatform()) showSoftware(text, *platform.getSoftwarePlatform());
 }
 
-/// A file that a descriptor names, loaded on its own: what it holds, or why it cannot be read.
+/// Shows a file that a descriptor names, loaded on its own, or why it cannot be read.
 Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call) {
     if (file.empty()) return Exit::done;
     Failure failure;
@@ -64,7 +64,7 @@ Exit showPart(Text& text, const std::string& what, const std::string& file, cons
     return exitOf(failure);
 }
 
-/// What can be read of a descriptor whose platform does not load as a whole.
+/// Shows what can be read of a descriptor whose platform does not load as a whole.
 Exit showParts(Text& text, const std::string& file, const Call& call) {
     HTEQPlatform platform;
     platform.setZdf(true);

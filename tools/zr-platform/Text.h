@@ -4,11 +4,11 @@
 
 #include "Console.h"
 
-/// A description for people: headings, "name  value" lines, tables.
+/// A description for human readers: headings, "name  value" lines, tables.
 class Text {
 public:
     void heading(const std::string& title);
-    /// A line under the heading; nothing when `value` is empty.
+    /// A line under the heading; nothing if `value` is empty.
     void line(const std::string& name, const std::string& value);
     void note(const std::string& text);
     /// A table under a title; nothing without rows.

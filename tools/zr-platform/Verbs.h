@@ -4,28 +4,33 @@
 #include <string>
 #include <vector>
 
-/// A verb is a row: parsing, help, manual page, completion and the reference page are made from the rows.
+/// What the exit codes mean.
+inline constexpr char kExitCodes[] =
+    "Exit codes: 0 success or yes, 1 the answer is no, 2 usage error, 3 the input is missing or faulty, 4 the "
+    "environment failed, 70 an internal error.";
+
+/// A verb is a row: parsing, help, manual page, completion and the reference page are generated from the rows.
 struct Positional {
-    const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" one or none
+    const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional
     const char* help;
 };
 
 struct Option {
     const char* name;     ///< without the dashes
-    const char* choices;  ///< null for a flag, "a|b" for one of these, else what kind of value it takes
+    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value
     const char* help;
 };
 
-/// What a verb was called with: the positionals by name, the options by name, "" where they have no value.
+/// The arguments of a verb: positionals and options by name; the value of a flag is "".
 struct Call {
     std::map<std::string, std::vector<std::string>> positionals;
     std::map<std::string, std::string> options;
 
     const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
-    /// Of a positional that may be missing.
-    std::string get(const char* positional, const std::string& without) const {
+    /// The value of an optional positional.
+    std::string get(const char* positional, const std::string& missing) const {
         const auto& values = positionals.at(positional);
-        return values.empty() ? without : values.front();
+        return values.empty() ? missing : values.front();
     }
     const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
@@ -38,12 +43,12 @@ struct Verb {
     std::vector<Option> options;
     const char* summary;
     const char* details;
-    const char* example;  ///< arguments behind "zr-platform NAME", on the packed samples
+    const char* example;  ///< arguments after "zr-platform NAME", for the packed samples
     int (*run)(const Call& call);
 };
 
 std::span<const Verb> verbs();
-/// Options that each verb takes.
+/// Options of every verb.
 std::span<const Option> commonOptions();
 
 int runJson(const Call& call);

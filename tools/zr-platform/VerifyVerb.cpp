@@ -15,7 +15,8 @@ const char* stateName(HUTZip::DigestState state) {
     return "";
 }
 
-/// One archive's findings, as lines or as a record. An archive that cannot be read is in the list, with its reason.
+/// Adds one archive's findings to `records` and `lines`. An archive that cannot be read gives a record with the
+/// reason.
 Exit verify(const std::string& archive, bool requireDigest, Records& records, std::string& lines) {
     try {
         const HUTZip::Verification found = HUTZip::verify(archive);

@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
             exit = static_cast<int>(exitOf(failure));
             console.report(failure);
         } catch (...) {
-            return exit;  // standard error is gone too, or memory: the exit code is all that can be said
+            return exit;  // nothing can be printed, or memory has run out: only the exit code is left
         }
     }
     return exit;

@@ -11,13 +11,13 @@ namespace util {
 
 /// A file that appears whole or not at all: it is written under a temporary name in the directory of its target, and
 /// nothing at the target changes before `commit`. The temporary name is ".zr-edit-" and numbers, with a short
-/// extension of the target, and the file is locked (flock) while its maker lives, so that leftovers of a killed process are
-/// recognised and removed by the next synced commit. Throws `HEXUserException`.
+/// extension of the target, and the file is locked (flock) as long as its writer lives, so that leftovers of a killed
+/// process are recognised and removed by the next synced commit. Throws `HEXUserException`.
 class AtomicFile {
 public:
-    /// What stands at `target`, a link too, is replaced. `mode` as `open` takes it.
+    /// An existing file or link at `target` is replaced. `mode` as for `open`.
     AtomicFile(std::string target, mode_t mode);
-    /// The same for `name`, which has no separator, in a directory that is open and stays the caller's; `shown` is its
+    /// The same for `name`, which has no separator, in an open directory, which the caller still owns; `shown` is its
     /// path in messages.
     AtomicFile(int directory, std::string name, std::string shown, mode_t mode);
     /// Removes the file unless it was committed.

@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint64_t kBlock = 256UL * 1024;
 constexpr std::string_view kTooMany = "it decompresses to more bytes than its entry declares",
                            kTooFew = "it decompresses to fewer bytes than its entry declares",
-                           kSpent = "one call unpacks too much: more than its budget is left";
+                           kSpent = "decompressing it would exceed the budget of the call";
 
 /// Deflated members of up to this size are decompressed at once by the faster of two libraries, larger ones in pieces
 /// by the other. The two do not refuse the same damaged data, so the choice depends only on a member's size, not on

@@ -19,9 +19,9 @@ constexpr std::size_t kSlack = 512;
 /// Bits 1 and 2 state the compression effort, which writers set as they like.
 constexpr std::uint16_t kFlagsThatCount = 0xFFFF & ~6;
 
-/// Whether `bytes` begin with CRC and sizes, in the width of `Size`.
+/// Whether `bytes` begin with the member's CRC and sizes, in the width of `Size`.
 template <class Size>
-bool tells(std::string_view bytes, const Member& member) {
+bool matches(std::string_view bytes, const Member& member) {
     return bytes.size() >= 4 + 2 * sizeof(Size) && u32(&bytes[0]) == member.crc &&
            number<Size>(&bytes[4]) == member.packedSize && number<Size>(&bytes[4 + sizeof(Size)]) == member.size;
 }
@@ -103,11 +103,11 @@ void PackedData::checkDescriptor() const {
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), member_.limit - at));
     if (!bytes_.read(at, buffer.data(), size)) refuse("it cannot be read from the archive");
     const std::string_view bare(buffer.data(), size);
-    const auto agrees = [this](std::string_view bytes) {
-        return tells<std::uint32_t>(bytes, member_) || tells<std::uint64_t>(bytes, member_);
+    const auto isDescriptor = [this](std::string_view bytes) {
+        return matches<std::uint32_t>(bytes, member_) || matches<std::uint64_t>(bytes, member_);
     };
-    if (agrees(bare)) return;
-    if (bare.starts_with("PK\7\10") && agrees(bare.substr(4))) return;
+    if (isDescriptor(bare)) return;
+    if (bare.starts_with("PK\7\10") && isDescriptor(bare.substr(4))) return;
     refuse("the data descriptor after its data is missing or disagrees with its entry");
 }
 

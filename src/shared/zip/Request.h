@@ -8,12 +8,12 @@
 
 namespace zip {
 
-/// While one of these lives, the archives that its thread opens stay open and are shared: one request asks an archive
-/// many things, and opens it once. Everything that is decompressed meanwhile counts against one budget. Lives on the
-/// stack; of several, the outermost one keeps the archives.
+/// During its lifetime, the archives that its thread opens stay open and are shared, so that one request opens each
+/// archive once, and everything decompressed counts against one budget. Create it on the stack; if requests are
+/// nested, the outermost one keeps the archives.
 class Request {
 public:
-    /// `budget`: how many bytes may be decompressed; that of the outermost one counts.
+    /// `budget`: how many bytes may be decompressed; the outermost request's applies.
     explicit Request(std::uint64_t budget = OutputBudget::kOfCall);
     ~Request();
     Request(const Request&) = delete;

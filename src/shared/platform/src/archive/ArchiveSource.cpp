@@ -37,7 +37,7 @@ std::optional<std::string> ArchiveSource::read(std::string_view member, std::uin
     if (!found) return std::nullopt;
     if (const auto budget = budgetOfCall(); found->size <= bound && !budget->spend(found->size))
         throw zip::ArchiveError(name(), std::string(member),
-                                "one call unpacks too much: more than its budget is left");
+                                "decompressing it would exceed the budget of the call");
     return archive_->read(*found, bound);
 }
 
@@ -45,8 +45,8 @@ bool ArchiveSource::copyOut(std::string_view member, const std::string& destinat
     const zip::Member* const found = archive_->find(member);
     if (!found) return false;
     const auto budget = budgetOfCall();
-    zip::writeDestination(destination,
-                          [&](const zip::Archive::Sink& take) { archive_->copyTo(*found, take, *budget); }, mayReplace);
+    zip::writeDestination(
+        destination, [&](const zip::Archive::Sink& take) { archive_->copyTo(*found, take, *budget); }, mayReplace);
     return true;
 }
 
@@ -54,7 +54,7 @@ std::shared_ptr<const MemberSource> ArchiveSource::openNested(std::string_view m
     const zip::Member* const found = archive_->find(member);
     if (!found) return nullptr;
     if (depth_ == kMaxDepth)
-        throw zip::ArchiveError(name(), std::string(member), "archives are opened at most two deep in another one");
+        throw zip::ArchiveError(name(), std::string(member), "archives can be nested at most two deep");
     auto budget = budgetOfCall();
     auto inner = zip::openNested(*archive_, *found, *budget);
     auto nested = std::make_shared<ArchiveSource>(std::move(inner), std::move(budget));

@@ -7,13 +7,13 @@
 
 namespace archive {
 
-/// The members of an opened zip archive.
+/// The members of an open zip archive.
 class ArchiveSource final : public MemberSource {
 public:
-    /// `budget`: how many bytes each call may decompress, and all calls on nested archives together.
+    /// `budget`: bytes that each call may decompress, and that all calls on nested archives may decompress together.
     explicit ArchiveSource(std::shared_ptr<const zip::Archive> archive,
                            std::uint64_t budget = zip::OutputBudget::kOfCall);
-    /// `budget`: how many bytes all calls may decompress, shared with others.
+    /// `budget`: bytes that all calls together may decompress; shared with other sources.
     ArchiveSource(std::shared_ptr<const zip::Archive> archive, std::shared_ptr<zip::OutputBudget> budget);
 
     const std::string& name() const override { return archive_->name(); }
@@ -28,11 +28,11 @@ private:
 
     std::shared_ptr<const zip::Archive> archive_;
     std::uint64_t callBudget_ = 0;
-    int depth_ = 0;                                    ///< 0 for a file of its own
-    std::shared_ptr<zip::OutputBudget> sharedBudget_;  ///< null when each call has one of its own
+    int depth_ = 0;                                    ///< 0 for a file on disk
+    std::shared_ptr<zip::OutputBudget> sharedBudget_;  ///< null if each call has its own budget
 };
 
-/// Opens the archive at `path`, within a request (`zip::Request`) only once and with the request's budget. Throws
+/// Opens the archive at `path`; within a request (`zip::Request`), only once and with the request's budget. Throws
 /// `zip::ArchiveError`.
 std::shared_ptr<const MemberSource> open(const std::string& path);
 

@@ -17,7 +17,7 @@ namespace {
 using enum PlatformMember;
 using Mode = PlatformArchive::Mode;
 
-/// The members that a mode reads; the first that is there counts.
+/// The members that a mode reads; the first existing one is used.
 std::span<const PlatformMember> membersOf(Mode mode) {
     static constexpr std::array kAll{altJson, json, xml};
     switch (mode) {
@@ -28,7 +28,7 @@ std::span<const PlatformMember> membersOf(Mode mode) {
     return {};
 }
 
-/// The same for the emulation child, which has no XML form that is read.
+/// The same for the emulation child, whose XML form is not read.
 std::span<const PlatformMember> childMembersOf(Mode mode) {
     static constexpr std::array kAll{hwEmuJson, altHwEmuJson};
     switch (mode) {

@@ -9,7 +9,7 @@ namespace {
 
 struct Row {
     PlatformMember member;
-    std::string_view before, behind;
+    std::string_view prefix, suffix;
 };
 
 constexpr std::array kRows{
@@ -26,7 +26,7 @@ static_assert(kRows.size() == std::size_t(PlatformMember::count_), "one row for 
 
 std::string platformMember(PlatformMember member, const std::string& ext) {
     const Row& row = *std::ranges::find(kRows, member, &Row::member);
-    return ext.empty() ? std::string() : std::string(row.before).append(ext).append(row.behind);
+    return ext.empty() ? std::string() : std::string(row.prefix).append(ext).append(row.suffix);
 }
 
 }  // namespace archive

@@ -9,7 +9,7 @@ using teq_platform::Failure;
 using teq_platform::FailureKind;
 using teq_platform::RequestError;
 
-/// Views only, so that the one for lack of memory needs none.
+/// Views only, so that the error for lack of memory needs no allocation.
 struct zr_error {
     zr_code code;
     const char* text;
@@ -46,7 +46,7 @@ zr_error* makeError(const char* file) noexcept {
     try {
         Failure failure = teq_platform::currentFailure(file ? file : "");
         if (failure.kind != FailureKind::noMemory) return new OwnedError(std::move(failure));
-    } catch (...) {  // no memory to say it with
+    } catch (...) {  // no memory for the error object
     }
     return const_cast<zr_error*>(&noMemory);
 }
@@ -73,8 +73,8 @@ std::string needFile(const char* value, const char* name) {
     return file;
 }
 
-void checkFlags(std::uint32_t flags, std::uint32_t taken) {
-    if ((flags & ~taken) != 0) wrongUse(fmt::format("unsupported flags {:#x}", flags & ~taken));
+void checkFlags(std::uint32_t flags, std::uint32_t supported) {
+    if ((flags & ~supported) != 0) wrongUse(fmt::format("unsupported flags {:#x}", flags & ~supported));
 }
 
 void checkIndex(std::uint64_t index, std::uint64_t count) {

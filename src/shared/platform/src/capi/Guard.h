@@ -9,11 +9,10 @@ namespace capi {
 
 [[noreturn]] void wrongUse(const std::string& text);
 
-/// Makes the error of the exception that is being handled; `file` is that of the call, null when it has none.
+/// Makes the error for the exception being handled. `file` is the file of the call, or null.
 zr_code reportCaught(zr_error** error, const char* file) noexcept;
 
-/// Runs a call's body. What it throws becomes an error object, and nothing that readers print meanwhile reaches
-/// standard output.
+/// Runs a call's body. Exceptions become an error object, and nothing that readers print reaches standard output.
 template <class Body>
 zr_code guarded(zr_error** error, const char* file, Body body) noexcept {
     if (error) *error = nullptr;
@@ -26,7 +25,7 @@ zr_code guarded(zr_error** error, const char* file, Body body) noexcept {
     }
 }
 
-/// The argument `value`, named `name`, which must be there.
+/// The argument `value`, named `name`, which must not be null.
 template <class T>
 T& need(T* value, const char* name) {
     if (!value) wrongUse(std::string(name) + " is NULL");
@@ -35,8 +34,8 @@ T& need(T* value, const char* name) {
 std::string needText(const char* value, const char* name);
 /// The file argument `value`, which must exist.
 std::string needFile(const char* value, const char* name);
-/// Refuses flags that the call does not take.
-void checkFlags(std::uint32_t flags, std::uint32_t taken);
+/// Refuses flags that the call does not support.
+void checkFlags(std::uint32_t flags, std::uint32_t supported);
 void checkIndex(std::uint64_t index, std::uint64_t count);
 
 }  // namespace capi

@@ -17,7 +17,7 @@ char* copyOf(const std::string& text) {
     return copy;
 }
 
-/// The document that `fill` writes of the loaded platform; null when it could not be loaded.
+/// The document that `fill` writes for the loaded platform, or null if it cannot be loaded.
 char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HTEQPlatform&)) {
     const zip::Request request;
     const auto platform = teq_platform::PlatformLoader(file, teq_platform::HwMetadataMode::Default).load();

@@ -11,14 +11,14 @@ struct zr_text {
 
 namespace capi {
 
-/// `zr_options` as the library takes them.
+/// `zr_options` in the library's types.
 struct Options {
     teq_platform::HwMetadataMode mode = teq_platform::HwMetadataMode::Default;
-    std::uint64_t budget = 0;  ///< bytes to unpack
+    std::uint64_t budget = 0;  ///< bytes that may be decompressed
 };
 Options readOptions(const zr_options* given);
 
-/// Puts a text where a caller of the interface wants it.
+/// Returns a text to the caller through `to`.
 void give(zr_text** to, std::string bytes);
 
 }  // namespace capi

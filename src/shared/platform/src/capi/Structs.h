@@ -11,28 +11,29 @@
 /// than the library, or more. Each release adds whole multiples of 8 bytes.
 namespace capi {
 
-/// Larger ones are no sizes but what stood in memory.
-constexpr std::size_t kLargestStruct = 4096;
+/// A larger size is uninitialised memory.
+constexpr std::size_t kMaxStruct = 4096;
 
 inline void checkSize(std::size_t size) {
-    if (size < sizeof(std::size_t) || size % 8 != 0 || size > kLargestStruct)
+    if (size < sizeof(std::size_t) || size % 8 != 0 || size > kMaxStruct)
         wrongUse("the size of a structure is not set");
 }
 
-/// What a caller gives: fields that it does not know are 0, and those that we do not know must be.
+/// Reads an input structure. Fields that the caller's version lacks are 0; fields unknown to the library must be 0.
 template <class T>
 T readStruct(const T& given) {
     static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % 8 == 0 && offsetof(T, size) == 0);
     checkSize(given.size);
     const char* const bytes = reinterpret_cast<const char*>(&given);
     if (given.size > sizeof(T) && std::any_of(bytes + sizeof(T), bytes + given.size, [](char c) { return c != 0; }))
-        wrongUse("a structure has a field that this library does not know");
+        wrongUse("a structure has a field that this library does not support");
     T known{};
     std::memcpy(&known, bytes, std::min(given.size, sizeof(T)));
     return known;
 }
 
-/// What a caller gets: as much as it has room for, and 0 in what we do not know. `size` stays its own.
+/// Fills an output structure as far as the caller's version goes; fields unknown to the library become 0. `size` is
+/// kept.
 template <class T>
 void writeStruct(T& to, T from) {
     static_assert(std::is_trivially_copyable_v<T> && sizeof(T) % 8 == 0 && offsetof(T, size) == 0);

@@ -30,8 +30,8 @@ struct zr_archive {
     }
 
     zip::Archive archive;
-    std::vector<std::string> names;  ///< with a NUL behind each
-    std::uint64_t budget;            ///< bytes that one call may unpack
+    std::vector<std::string> names;  ///< each with a final NUL
+    std::uint64_t budget;            ///< bytes that one call may decompress
 };
 
 struct zr_verification {
@@ -96,8 +96,8 @@ zr_code zr_archive_read(const zr_archive* archive, std::uint64_t index, std::uin
     if (bytes) *bytes = nullptr;
     return guarded(error, fileOf(archive), [&] {
         const zip::Member& member = need(archive, "archive").at(index);
-        const std::uint64_t most = std::min(bound > 0 ? bound : zip::Archive::kMetadataBound, archive->budget);
-        give(bytes, archive->archive.read(member, most));
+        const std::uint64_t limit = std::min(bound > 0 ? bound : zip::Archive::kMetadataBound, archive->budget);
+        give(bytes, archive->archive.read(member, limit));
     });
 }
 

@@ -16,7 +16,7 @@ namespace requests = teq_platform::requests;
 static_assert(static_cast<int>(requests::Field::softwareFile) == ZR_FIELD_SOFTWARE_FILE);
 
 struct zr_platform {
-    std::string file;  ///< as it was given
+    std::string file;  ///< as given
     Options options;
     std::shared_ptr<HTEQPlatform> loaded;
     requests::Fields fields;
@@ -25,7 +25,7 @@ struct zr_platform {
 Options capi::readOptions(const zr_options* given) {
     const zr_options options = given ? readStruct(*given) : zr_options{};
     constexpr std::uint64_t kMaxBudget = zip::OutputBudget::kOfCall;
-    if (options.metadata > ZR_METADATA_XML) wrongUse("options: there is no such metadata mode");
+    if (options.metadata > ZR_METADATA_XML) wrongUse("options: unknown metadata mode");
     if (options.reserved != 0) wrongUse("options: reserved is not 0");
     if (options.max_unpacked > kMaxBudget) wrongUse("options: max_unpacked is above 1 GiB");
     return {static_cast<teq_platform::HwMetadataMode>(options.metadata),

@@ -17,7 +17,7 @@ bool isType(const std::string& type, const char* name) { return HSTStringUtils::
 
 std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::string& type, const std::string& name,
                                                                  const std::string& directory) {
-    // Emulation targets are read by their own rule for names, and from the archive's top.
+    // Emulation targets have their own rule for names, and are relative to the archive's top level.
     const bool isEmulation = isType(type, "EMU_XML") || isType(type, "EMU_JSON");
     const std::string member = isEmulation         ? std::string(readers::withoutLeadingDot(name))
                                : directory.empty() ? name
@@ -26,8 +26,8 @@ std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::stri
         if (checked_.insert(member).second) checkContent_(type, member);
         return std::nullopt;
     }
-    const std::string text = "the archive has no member \"" + HSTStringUtils::excerpt(member, kMostOfPath) + "\"";
-    if (isEmulation) return Fault{kMissingEmulationMember, text + ", which a reader of the platform opens"};
+    const std::string text = "the archive has no member \"" + HSTStringUtils::excerpt(member, kMaxPathText) + "\"";
+    if (isEmulation) return Fault{kMissingEmulationMember, text + ", which readers of the platform open"};
     return Fault{kMissingMember, text};
 }
 

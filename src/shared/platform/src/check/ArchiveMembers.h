@@ -14,22 +14,22 @@ public:
     /// `archive` must outlive it.
     explicit ArchiveMembers(const archive::PlatformArchive& archive) : archive_(archive) {}
 
-    /// What is wrong with a file that metadata lists.
+    /// What is wrong with a listed file.
     struct Fault {
         const char* name;
         std::string text;
     };
-    /// Whether the member is there. Members that a reader opens (hpfm, emulation targets, extensions) are checked
-    /// too, each once. `directory`: where the files of the metadata lie, "hw_emu" for an emulation child.
+    /// Checks that the member exists. The content of members that a reader opens (hpfm, emulation targets, extensions)
+    /// is checked too, once. `directory`: the folder of the metadata's files, "hw_emu" for an emulation child.
     std::optional<Fault> checkListed(const std::string& type, const std::string& name, const std::string& directory);
 
-    /// Whether a listed hpfm takes the place of what the JSON metadata says of interfaces.
+    /// Whether a listed hpfm replaces the interfaces in the JSON metadata.
     bool hasValidHpfm() const { return validHpfm_; }
 
-    /// The text of a member, or a finding and nothing.
+    /// The text of a member, or nullopt after adding a finding.
     std::optional<Source> read(const std::string& member, Findings& findings) const;
 
-    /// What has been found in the members, in the order of listing.
+    /// The findings in the members, in the order of the list.
     Findings takeFindings() { return std::move(findings_); }
 
 private:

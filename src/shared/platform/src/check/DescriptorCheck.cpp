@@ -69,8 +69,8 @@ private:
         if (found) return;
         document_.add(kUnknownDefaultPartition, "hardwarePlatforms", &platforms,
                       platforms.defaultRP.isSet()
-                          ? fmt::format("defaultRP=\"{}\" is the id of no partition", wanted)
-                          : "defaultRP is left out, and no partition has the id 0 that stands for it");
+                          ? fmt::format("defaultRP=\"{}\" does not match the id of any partition", wanted)
+                          : "defaultRP is missing, and no partition has its default value, 0, as id");
     }
 
     template <class Content>
@@ -86,10 +86,10 @@ private:
             isArchive ? readers::archiveOf(record, source_.file) : readers::pathOf(record, source_.file);
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
-                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMostOfPath)));
+                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMaxPathText)));
         } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
             document_.add(kWrongExtension, element, &record,
-                          fmt::format("\"{}\" is no name of a hardware archive; its extension is .cfa or .lfa",
+                          fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa)",
                                       HSTStringUtils::excerpt(record.name.get())));
         } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
             files_.push_back({kind, std::move(path)});

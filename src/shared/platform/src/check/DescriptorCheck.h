@@ -13,7 +13,7 @@ struct NamedFile {
     std::string path;
 };
 
-/// Checks a descriptor. Gives the files that it names, each once; those that do not exist are findings.
+/// Checks a descriptor. Returns the existing files that it names, each once; missing ones are findings.
 std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings);
 
 }  // namespace check

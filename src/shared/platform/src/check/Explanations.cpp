@@ -21,17 +21,18 @@ constexpr const char* kEmulation = R"(<Root VersionMajor="1" VersionMinor="0">
 
 constexpr CheckExplanation kExplanations[] = {
     {teq_platform::PlatformCheck::kUnreadable, error,
-     "The file cannot be opened as what it should be: it is missing, is no regular file, is larger than 32 MiB (an "
-     "archive excepted), or is no sound zip archive.",
-     "Check the path and the permission. An archive that is damaged must be packed anew; \"zr-platform verify\" "
-     "tells which members differ.",
-     "sample.lfa", R"(no archive)",
+     "The file cannot be opened: it is missing, not a regular file, larger than 32 MiB (except archives), or not a "
+     "valid zip archive.",
+     "Check path and permissions. A damaged archive must be packed again; \"zr-platform verify\" reports which "
+     "members differ.",
+     "sample.lfa", R"(not an archive)",
      R"(== sample.lfa!lfa.json
 {}
 )"},
     {xml::fault::kNotWellFormed, error,
-     "The text is no XML: a tag that is not closed, an attribute twice, a bare & or <, bytes that are no UTF-8.",
-     "Mend the text at the place that is told. A bare & is written &amp;, a < &lt;.", "hw_emu.xml",
+     "The text is not well-formed XML: a tag is not closed, an attribute is repeated, & or < is not escaped, or the "
+     "bytes are not UTF-8.",
+     "Fix the text at the location reported. Write & as &amp; and < as &lt;.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a & b">
@@ -49,8 +50,8 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )"},
     {xml::fault::kEncoding, error,
-     "The document is in an encoding that is not read: UTF-8 is, and UTF-16 with its byte-order mark.",
-     "Save the document as UTF-8 and say so in its first line, or say nothing.", "hw_emu.xml",
+     "The encoding of the document is not supported. UTF-8 is, and UTF-16 with a byte-order mark.",
+     "Save the document as UTF-8 and declare that in its first line, or omit the declaration.", "hw_emu.xml",
      R"(<?xml version="1.0" encoding="ISO-8859-1"?>
 <Root VersionMajor="1" VersionMinor="0">
   <Emulations/>
@@ -62,9 +63,10 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )"},
     {xml::fault::kDoctype, error,
-     "The document begins with a document type declaration. None is ever read, so that no entity is expanded and no "
+     "The document has a document type declaration. These are never accepted, so that no entity is expanded and no "
      "other file is opened.",
-     "Take the declaration out; write the five entities of XML itself, and characters as they are.", "hw_emu.xml",
+     "Remove the declaration. Use only the five predefined entities of XML, and write all other characters directly.",
+     "hw_emu.xml",
      R"(<!DOCTYPE Root>
 <Root VersionMajor="1" VersionMinor="0">
   <Emulations>
@@ -76,10 +78,9 @@ constexpr CheckExplanation kExplanations[] = {
 )",
      kEmulation},
     {xml::fault::kLimit, error,
-     "The document is larger, deeper or wider than any that is read: 64 levels, 1000 attributes of an element, 100 "
-     "namespace declarations in force, a million elements and attributes.",
-     "Look for what was made by a fault of the tool that wrote the document; real documents stay far below.",
-     "hw_emu.xml",
+     "The document exceeds a limit: 64 levels, 1000 attributes per element, 100 namespace declarations in scope, or "
+     "a million elements and attributes.",
+     "Real documents stay far below these limits; suspect a fault in the tool that wrote the document.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a">
@@ -89,8 +90,9 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )",
      kEmulation},
-    {xml::fault::kNamespace, error, "A prefix is used that no xmlns declares, or a declaration is none.",
-     "Declare the prefix at the document element, as xmlns:teq=\"urn:torvane:teq:platform:1.0\".", "hw_emu.xml",
+    {xml::fault::kNamespace, error, "A prefix is not declared by any xmlns attribute, or a declaration is not valid.",
+     "Declare the prefix in the document element, for example xmlns:teq=\"urn:torvane:teq:platform:1.0\".",
+     "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations x:note="">
     <Emulation Name="a">
@@ -107,8 +109,8 @@ constexpr CheckExplanation kExplanations[] = {
   </Emulations>
 </Root>
 )"},
-    {xml::fault::kWrongRoot, error, "The document element is not that of the format, or is in another namespace.",
-     "Check that the file is of the kind that its name says, and that the namespace is the format's.", "hw_emu.xml",
+    {xml::fault::kWrongRoot, error, "The document element is not the format's, or is in another namespace.",
+     "Check that the content matches the file's name, and that the namespace is the format's.", "hw_emu.xml",
      R"(<Root xmlns="urn:x" VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a">
@@ -119,8 +121,8 @@ constexpr CheckExplanation kExplanations[] = {
 )",
      kEmulation},
     {xml::fault::kUnknownElement, error,
-     "An element stands where the format has none of that name. Names are compared by letter case.",
-     "Compare the name with the ones that are told as expected.", "hw_emu.xml",
+     "The format does not allow an element of this name here. Names are case-sensitive.",
+     "Compare the name with the expected names reported.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a">
@@ -138,8 +140,8 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )"},
     {xml::fault::kMisplacedElement, error,
-     "An element is known here, but not at this place: it comes too late, or once too often.",
-     "Bring the elements into the order of the format; \"zr-platform schema\" prints it.", "hw_emu.xml",
+     "An element is allowed in its parent, but not at this position: it comes too late or too often.",
+     "Put the elements in the order of the format; \"zr-platform schema\" prints it.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a">
@@ -149,8 +151,8 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )",
      kEmulation},
-    {xml::fault::kMissingElement, error, "An element that must be there is left out.",
-     "Add it before the place that is told. Some may be empty.", "hw_emu.xml",
+    {xml::fault::kMissingElement, error, "A required element is missing.",
+     "Add it before the location reported. Some elements may be empty.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation Name="a">
@@ -160,8 +162,8 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )",
      kEmulation},
-    {xml::fault::kMissingAttribute, error, "An element lacks an attribute that it must have.",
-     "Add the attribute; a text may be empty, a number not.", "hw_emu.xml",
+    {xml::fault::kMissingAttribute, error, "A required attribute is missing.",
+     "Add the attribute. A text may be empty, a number may not.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
     <Emulation>
@@ -172,8 +174,8 @@ constexpr CheckExplanation kExplanations[] = {
 )",
      kEmulation},
     {xml::fault::kUnknownAttribute, error,
-     "An element has an attribute that the format does not know, or that is not in the format's namespace.",
-     "Compare the name with those that are told. In formats with a namespace attributes carry the prefix too.",
+     "An element has an attribute that the format does not define, or that is not in the format's namespace.",
+     "Compare the name with the names reported. In formats with a namespace, attributes need the prefix too.",
      "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>
@@ -184,8 +186,9 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )",
      kEmulation},
-    {xml::fault::kRepeatedAttribute, error, "An element has an attribute twice, by two prefixes of one namespace.",
-     "Keep one of them.", "sample.spfm",
+    {xml::fault::kRepeatedAttribute, error,
+     "An element has an attribute twice, under two prefixes of the same namespace.", "Keep one of them.",
+     "sample.spfm",
      R"(<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" xmlns:t="urn:torvane:teq:platform:1.0" t:name="n" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
   <teq:description>d</teq:description>
   <teq:systemConfigurations>
@@ -201,8 +204,8 @@ constexpr CheckExplanation kExplanations[] = {
 </teq:platform>
 )"},
     {xml::fault::kBadValue, error,
-     "A value is not of the type of its attribute. Numbers are decimal, Booleans are true, false, 1 or 0.",
-     "Write the value as the type wants it.", "hw_emu.xml",
+     "A value is not valid for the type of its attribute. Numbers are decimal; Booleans are true, false, 1 or 0.",
+     "Write the value in the form of its type.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0x1">
   <Emulations>
     <Emulation Name="a">
@@ -212,8 +215,8 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )",
      kEmulation},
-    {xml::fault::kOutOfRange, error, "A number is smaller or larger than its attribute can hold.",
-     "Choose a value within the bounds that are told.", "hw_emu.xml",
+    {xml::fault::kOutOfRange, error, "A number is below the minimum or above the maximum of its attribute.",
+     "Use a value within the range reported.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="4294967296">
   <Emulations>
     <Emulation Name="a">
@@ -230,8 +233,8 @@ constexpr CheckExplanation kExplanations[] = {
   </Emulations>
 </Root>
 )"},
-    {xml::fault::kStrayText, error, "Text stands in an element that has none.",
-     "Take it out, or make a comment of it.", "hw_emu.xml",
+    {xml::fault::kStrayText, error, "An element that may not contain text contains some.",
+     "Remove it, or make it a comment.", "hw_emu.xml",
      R"(<Root VersionMajor="1" VersionMinor="0">
   <Emulations>targets
     <Emulation Name="a">
@@ -248,44 +251,43 @@ constexpr CheckExplanation kExplanations[] = {
   </Emulations>
 </Root>
 )"},
-    {kNotJson, error, "The text is no JSON, or too much of it: 192 levels and a million values are read.",
-     "Mend the text at the place that is told. JSON knows no comments and no comma behind the last item.", "lfa.json",
+    {kNotJson, error, "The text is not JSON, or exceeds a limit: 192 levels, or a million values.",
+     "Fix the text at the location reported. JSON allows neither comments nor a trailing comma.", "lfa.json",
      R"({"vendor": "v",}
 )",
      R"({"vendor": "v"}
 )"},
     {kWrongShape, error,
-     "A list stands where an object or a single value is read, or the other way round. The reader takes nothing of "
-     "it.",
-     "Put what is told there.", "lfa.json",
+     "A list is used where an object or a single value is expected, or the other way round. The reader ignores it.",
+     "Use what the finding says is expected.", "lfa.json",
      R"({"board": "u77"}
 )",
      R"({"board": {"name": "u77"}}
 )"},
-    {kMissingKey, error, "An object lacks a key without which the reader fails.", "Add the key.", "lfa.json",
+    {kMissingKey, error, "An object lacks a key that the reader requires.", "Add the key.", "lfa.json",
      R"({"devices": [{"name": "fpga0"}]}
 )",
      R"({"devices": [{"name": "fpga0", "core": {}}]}
 )"},
     {kRefusedValue, error,
-     "A value has the right type, but the platform cannot hold it: a device string of other than four to seven "
-     "fields, a UUID of another form, an unknown tile architecture, a parameter given twice.",
-     "The text tells what is refused and why.", "lfa.json",
+     "A value has the right type, but the platform refuses it: a device string without four to seven fields, a "
+     "malformed UUID, an unknown tile architecture, or a repeated parameter.",
+     "The text states what is refused and why.", "lfa.json",
      R"({"devices": [{"fpgaPart": "tzu77", "core": {}}]}
 )",
      R"({"devices": [{"fpgaPart": "tzvirtu:tzu77:fsq2892:-2L", "core": {}}]}
 )"},
     {kClashingParameter, error,
-     "The name of an IP's parameter begins with the name of another one and a dot, and the other has a value. The "
-     "dots of a name are levels of the document, so no document can hold both: the platform loads, but cannot be "
-     "written.",
-     "Give one of them another name.", "lfa.json",
+     "The name of an IP parameter begins with the name of another parameter and a dot, and that parameter has a "
+     "value. Dots in names become levels of the document, so no document can hold both: the platform loads, but "
+     "cannot be written.",
+     "Rename one of them.", "lfa.json",
      R"({"designIpInstances": [{"configuration": {"CLK": "100", "CLK.JITTER": "5"}}]}
 )",
      R"({"designIpInstances": [{"configuration": {"CLK.FREQ": "100", "CLK.JITTER": "5"}}]}
 )"},
-    {kMissingFile, error, "A descriptor names a file that is not there. Paths are relative to the descriptor.",
-     "Correct path and name, or put the file there.", "sample.zdf",
+    {kMissingFile, error, "A descriptor names a file that does not exist. Paths are relative to the descriptor.",
+     "Correct the path or the name, or add the file.", "sample.zdf",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
   <teq:description>d</teq:description>
@@ -317,8 +319,7 @@ constexpr CheckExplanation kExplanations[] = {
 {}
 )"},
     {kWrongExtension, error,
-     "A descriptor names a file as hardware that has not the extension of an archive: without it the metadata cannot "
-     "be found.",
+     "A descriptor names a hardware file without the extension of an archive, by which its metadata is found.",
      "Rename the file to .cfa or .lfa.", "sample.zdf",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -353,8 +354,8 @@ constexpr CheckExplanation kExplanations[] = {
 {}
 )"},
     {kNewerSchema, error,
-     "The XML metadata has a schema version above the one that this library reads. Platforms in the state pre_synth "
-     "are let through.",
+     "The XML metadata has a newer schema version than this library supports. Platforms in the state pre_synth are "
+     "exempt.",
      "Use a newer library, or write the metadata with VersionMajor=\"1\".", "cfa.xml",
      R"(<Root VersionMajor="2" VersionMinor="0">
   <CFA Vendor="v" BoardId="b" Name="n" VersionMajor="1" VersionMinor="0" Description="d">
@@ -375,9 +376,9 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )"},
     {kNoMetadata, error,
-     "An archive has no metadata at its top: the platform cannot be loaded. The member is called as the archive's "
-     "extension.",
-     "Add lfa.json to an .lfa, cfa.json to a .cfa.", "sample.lfa",
+     "An archive has no metadata member at its top level, so the platform cannot be loaded. The member is named "
+     "after the archive's extension.",
+     "Add lfa.json to an .lfa file, or cfa.json to a .cfa file.", "sample.lfa",
      R"(== sample.lfa!cfa.json
 {}
 )",
@@ -385,8 +386,8 @@ constexpr CheckExplanation kExplanations[] = {
 {}
 )"},
     {kDamagedMember, error,
-     "The bytes of a member are not those that the archive was made with, or the member is larger than is read.",
-     "Pack the archive anew; \"zr-platform verify\" checks all members.", "sample.lfa",
+     "A member's bytes are not those that were packed, or the member is larger than the limit.",
+     "Pack the archive again; \"zr-platform verify\" checks all members.", "sample.lfa",
      R"(== sample.lfa!lfa.json (changed after packing)
 {}
 )",
@@ -394,9 +395,9 @@ constexpr CheckExplanation kExplanations[] = {
 {}
 )"},
     {kMissingEmulationMember, error,
-     "The metadata lists emulation targets (EMU_XML, EMU_JSON) that the archive lacks. Readers open them, so the "
-     "platform cannot be loaded.",
-     "Add the member, or take the file out of the list.", "sample.lfa",
+     "The metadata lists emulation targets (EMU_XML, EMU_JSON) that are missing from the archive. Readers open them, "
+     "so the platform cannot be loaded.",
+     "Add the member, or remove the file from the list.", "sample.lfa",
      R"(== sample.lfa!lfa.json
 {"files": [{"type": "EMU_XML", "name": "emu/hw_emu.xml"}]}
 )",
@@ -412,9 +413,9 @@ constexpr CheckExplanation kExplanations[] = {
 </Root>
 )"},
     {kMissingMember, warning,
-     "The metadata lists a file that the archive lacks: who asks for it gets nothing. A folder counts as there when "
-     "something is in it.",
-     "Add the member, correct its name, or take it out of the list.", "sample.lfa",
+     "The metadata lists a file that is missing from the archive: requests for it fail. A folder exists if it "
+     "contains a member.",
+     "Add the member, correct its name, or remove it from the list.", "sample.lfa",
      R"(== sample.lfa!lfa.json
 {"files": [{"type": "DCP", "name": "dcp/a.dcp"}]}
 )",
@@ -424,16 +425,15 @@ constexpr CheckExplanation kExplanations[] = {
 checkpoint
 )"},
     {kRepeatedClockId, warning,
-     "Two clocks have one id: who asks by id gets the last. In JSON a clock without an id has the id 0.",
-     "Number the clocks.", "lfa.json",
+     "Two clocks have the same id: a query by id gives the last one. In JSON, a clock without an id has the id 0.",
+     "Give each clock its own id.", "lfa.json",
      R"({"systemClocks": [{"name": "a", "id": 0}, {"name": "b"}]}
 )",
      R"({"systemClocks": [{"name": "a", "id": 0}, {"name": "b", "id": 1}]}
 )"},
     {kUnknownDefaultPartition, warning,
-     "No partition has the id of the default one: questions about the platform are answered as if it had no "
-     "hardware.",
-     "Set defaultRP to the id of a partition; left out it is 0.", "sample.zdf",
+     "No partition has the id of the default partition: queries are answered as if the platform had no hardware.",
+     "Set defaultRP to the id of a partition; if omitted, it is 0.", "sample.zdf",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
   <teq:description>d</teq:description>
@@ -467,8 +467,8 @@ checkpoint
 {}
 )"},
     {kIdOutOfRange, warning,
-     "The id of a partition, or of the default one, is not between 0 and 4294967295: it is read as the nearest of "
-     "the two, and partitions with different ids become the same.",
+     "The id of a partition, or of the default partition, is not between 0 and 4294967295. It is read as the nearer "
+     "of the two, so partitions with different ids may become the same.",
      "Number the partitions from 0 or 1.", "sample.zdf",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -503,15 +503,15 @@ checkpoint
 {}
 )"},
     {kUncountedMemory, warning,
-     "The size of a memory is not counted in the platform's total: it has no number in front of GB.",
-     "Write the size in GB, as 16GB.", "lfa.json",
+     "The size of a memory is not counted in the platform's total, because it is not a number followed by GB.",
+     "Write the size in GB, for example 16GB.", "lfa.json",
      R"({"memories": [{"name": "bank0", "size": "2048MB"}]}
 )",
      R"({"memories": [{"name": "bank0", "size": "2GB"}]}
 )"},
     {kPartlyDefaultHbm, warning,
-     "Some, but not all, of the HBM banks that a linker may assign are default banks, which costs bandwidth.",
-     "Mark all of them as preferred; \"zr-platform extract --repair-hpfm\" does that to the file that it writes.",
+     "Some, but not all, of the HBM banks that a linker may assign are default banks, which reduces bandwidth.",
+     "Mark all of them as preferred; \"zr-platform extract --repair-hpfm\" does so in the file it writes.",
      "sample.hpfm",
      R"(<kp:repository xmlns:kp="urn:torvane:kp:hpfm:1.0" kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v">
   <kp:component kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v" kp:type="board" kp:BRAM="0" kp:DSP="0" kp:FF="0" kp:LUT="0">
@@ -542,14 +542,14 @@ checkpoint
 </kp:repository>
 )"},
     {kNotANumber, warning,
-     "A text stands where a number is read: what follows the leading digits is dropped, without digits it is 0.",
+     "A text is used where a number is expected: only its leading digits are read; without digits it is 0.",
      "Write a decimal number.", "lfa.json",
      R"({"versionMajor": "0x10"}
 )",
      R"({"versionMajor": "16"}
 )"},
-    {kNotAFlag, warning, "A text stands where a flag is read: anything but true is false.", "Write true or false.",
-     "lfa.json",
+    {kNotAFlag, warning, "A text is used where a Boolean is expected: anything except true is false.",
+     "Write true or false.", "lfa.json",
      R"({"usesPR": "yes"}
 )",
      R"({"usesPR": true}

@@ -5,7 +5,7 @@
 
 namespace check {
 
-/// One row for each name that a finding can have.
+/// One row for each name of a finding.
 std::span<const teq_platform::CheckExplanation> explanations();
 
 }  // namespace check

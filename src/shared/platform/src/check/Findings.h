@@ -9,13 +9,13 @@ namespace check {
 
 using teq_platform::CheckFinding;
 
-inline constexpr std::size_t kMostOfDocument = 1000;
+inline constexpr std::size_t kMaxFindingsPerDocument = 1000;
 
-// How much of a text is shown: a path is no use without its end.
-inline constexpr std::size_t kMostOfPath = 1000;
-inline constexpr std::size_t kMostOfReason = 200;
+// Characters of a text that are shown: a path is useless without its end.
+inline constexpr std::size_t kMaxPathText = 1000;
+inline constexpr std::size_t kMaxReasonText = 200;
 
-// The names of what is found behind the syntax of XML, whose own names are `xml::fault`.
+// The names of all findings except the syntax of XML, whose names are in `xml::fault`.
 inline constexpr char kNotJson[] = "not-json";
 inline constexpr char kWrongShape[] = "wrong-shape";
 inline constexpr char kMissingKey[] = "missing-key";
@@ -36,19 +36,19 @@ inline constexpr char kIdOutOfRange[] = "id-out-of-range";
 inline constexpr char kUncountedMemory[] = "uncounted-memory";
 inline constexpr char kPartlyDefaultHbm[] = "partly-default-hbm";
 
-/// One text that is checked: a file, or a member of an archive.
+/// A text to check: a file, or a member of an archive.
 struct Source {
     std::string file;
     std::string member;  ///< empty for the file itself
     std::string text;
 };
 
-/// What a check has found so far. The severity of a finding follows from its name.
+/// The findings of a check so far. The name of a finding determines its severity.
 class Findings {
 public:
-    /// A finding without a place in a text.
+    /// Adds a finding without line and column.
     void add(const char* name, const std::string& file, const std::string& member, std::string text);
-    /// A finding of which everything is known but the severity.
+    /// Adds a finding; sets its severity.
     void add(CheckFinding finding);
     void append(Findings&& others);
 

@@ -17,8 +17,9 @@ bool checkHpfm(const Source& source, const ReadXml& read, Findings& findings) {
     std::set<unsigned> ids;
     for (const auto& clock : component.platformInfo.systemClocks.clocks)
         if (clock.id.isSet() && !ids.insert(clock.id.get()).second)
-            document.add(kRepeatedClockId, "clock", &clock,
-                         fmt::format("a clock before has the id {} too; the last one answers", clock.id.get()));
+            document.add(
+                kRepeatedClockId, "clock", &clock,
+                fmt::format("an earlier clock also has the id {}; queries by id give the last one", clock.id.get()));
     for (const auto& interface : component.busInterfaces)
         if (interface.componentRef.get() == HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM &&
             HTEQHpfmUtl::areSomeButNotAllAddressSegmentsPreferred(interface))

@@ -16,10 +16,10 @@ using json::ptree;
 
 std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::excerpt(text) + "\""; }
 
-/// A JSON null reads as this text, and an empty list or object as an empty text: neither can be told from it.
+/// A JSON null is read as the text "null", and an empty list or object as an empty text.
 bool isNothing(const ptree& value) { return value.empty() && (value.data().empty() || value.data() == "null"); }
 
-/// Optional blanks and a sign, then digits only, as numbers are read to their end.
+/// Optional white space and sign, then digits only.
 bool isNumber(std::string_view text) {
     const auto first = text.find_first_not_of(" \t\r\n");
     if (first == std::string_view::npos) return false;
@@ -36,13 +36,13 @@ bool hasNamelessChild(const ptree& value) {
     return std::ranges::any_of(value, [](const auto& child) { return child.first.empty(); });
 }
 
-/// A key that is not there is read as an empty text.
+/// A missing key is read as an empty text.
 bool isRefusedWhenMissing(const json::Shape& shape) {
     static const ptree nothing;
     return shape.refusal && !shape.refusal(nothing).empty();
 }
 
-/// Numbers the values that are asked for, as the text has them. Trees are as deep as the parser lets them be.
+/// Numbers the wanted values in document order. The parser's limit bounds the recursion.
 void number(const ptree& value, std::unordered_map<const ptree*, std::size_t>& wanted, std::size_t& next) {
     if (const auto at = wanted.find(&value); at != wanted.end()) at->second = next;
     ++next;
@@ -77,16 +77,16 @@ void JsonCheck::checkShapes(json::Shapes shapes) {
 }
 
 void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {
-    if (found_.size() < kMostOfDocument) found_.push_back({name, &value, path.text(), std::move(text)});
+    if (found_.size() < kMaxFindingsPerDocument) found_.push_back({name, &value, path.text(), std::move(text)});
 }
 
 void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
     for (const json::Shape& shape : shapes) {
-        const auto at = object.find(shape.name);  // of duplicates the first is read
+        const auto at = object.find(shape.name);  // the reader uses the first of duplicates
         if (at != object.not_found())
             checkValue_(at->second, shape, {&path, shape.name});
         else if (shape.required || isRefusedWhenMissing(shape))
-            add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is needed here");
+            add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is missing");
     }
 }
 
@@ -106,19 +106,20 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
     }
     if (!shape.refusal) return;
     if (const std::string refusal = shape.refusal(value); !refusal.empty())
-        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMostOfReason));
+        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText));
 }
 
 void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {
     const std::string& text = value.data();
     if (!value.empty())
         add(kWrongShape, value, path,
-            std::string(hasNamedChild(value) ? "an object" : "a list") + " stands where a single value is read");
+            std::string(hasNamedChild(value) ? "an object" : "a list") + " where a single value is expected");
     else if (isNothing(value))
         return;
     else if (form == Form::number && !isNumber(text))
         add(kNotANumber, value, path,
-            quoted(text) + " is no decimal number; it is read as " + std::to_string(HSTStringUtils::toNumber(text)));
+            quoted(text) + " is not a decimal number; it is read as " +
+                std::to_string(HSTStringUtils::toNumber(text)));
     else if (form == Form::flag && !HSTStringUtils::iequals(text, "true") && !HSTStringUtils::iequals(text, "false"))
         add(kNotAFlag, value, path, quoted(text) + " is neither true nor false; it is read as false");
 }
@@ -139,7 +140,7 @@ bool JsonCheck::isObject_(const ptree& value, const Path& path) {
     const char* const wrong = !value.empty()     ? hasNamelessChild(value) ? "a list" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
-    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where an object is read");
+    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " where an object is expected");
     return !wrong;
 }
 
@@ -147,7 +148,7 @@ bool JsonCheck::isList_(const ptree& value, const Path& path) {
     const char* const wrong = !value.empty()     ? hasNamedChild(value) ? "an object" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
-    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " stands where a list is read");
+    if (wrong) add(kWrongShape, value, path, std::string(wrong) + " where a list is expected");
     return !wrong;
 }
 

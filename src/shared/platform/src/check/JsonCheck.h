@@ -5,7 +5,7 @@
 
 namespace check {
 
-/// The way to a value, made on the stack while walking and a text only for a finding: "devices[0].core".
+/// The path of a value, such as "devices[0].core". Kept on the stack; the text is made only for a finding.
 struct Path {
     const Path* parent = nullptr;
     const char* key = nullptr;  ///< null for an item of a list
@@ -14,21 +14,21 @@ struct Path {
     std::string text() const;
 };
 
-/// A JSON document that is checked. Findings are made at values of the tree; their places are worked out at the end.
+/// Checks a JSON document. Findings refer to values of the tree; `report` computes their locations.
 class JsonCheck {
 public:
     /// Parses the text, which must outlive the check.
     explicit JsonCheck(const Source& source);
 
-    /// Null when the text is no JSON.
+    /// Null if the text is not JSON.
     const json::ptree* document() const { return parsed_ ? &tree_ : nullptr; }
 
-    /// Holds the document against what its reader looks at.
+    /// Checks the document against the keys that its reader uses.
     void checkShapes(json::Shapes shapes);
-    /// `value` stands in the document, at `path`.
+    /// Adds a finding. `value` is in the document, at `path`.
     void add(const char* name, const json::ptree& value, const Path& path, std::string text);
 
-    /// Gives the findings, in the order of the text.
+    /// Adds the findings to `findings`, in document order.
     void report(Findings& findings);
 
 private:

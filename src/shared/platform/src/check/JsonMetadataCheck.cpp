@@ -30,9 +30,9 @@ void checkClocks(JsonCheck& check, const ptree& document) {
     std::set<long long> ids;
     forEachItem(document, "systemClocks", [&](const ptree& clock, const Path& path) {
         const long long id = HSTStringUtils::toNumber(textAt(clock, "id"));
-        if (id < 0 || ids.insert(id).second) return;  // -1 is how a clock without an id is written
+        if (id < 0 || ids.insert(id).second) return;  // a clock without an id is written as -1
         check.add(kRepeatedClockId, clock, path,
-                  "a clock before has the id " + std::to_string(id) + " too; the last one answers");
+                  "an earlier clock also has the id " + std::to_string(id) + "; queries by id give the last one");
     });
 }
 
@@ -75,7 +75,7 @@ private:
     const ptree& document_;
 };
 
-/// What is found in the listed files decides which of the document's keys are read.
+/// The listed files are checked first: they decide which keys of the document are read.
 void checkMetadataIn(JsonCheck& check, ArchiveMembers* members, const std::string& directory) {
     const ptree& document = *check.document();
     checkMetadata(JsonMetadata(check, document), members, directory);

@@ -4,12 +4,12 @@
 
 namespace check {
 
-/// What a user can make of a message of the library, beside its text in the catalogue.
+/// Meaning and remedy of a message, in addition to its text in the catalogue.
 struct MessageNote {
     std::string_view id;  ///< without its argument format, "74-60"
     const char* meaning;
     const char* advice;
-    const char* check;  ///< name of a finding whose samples show it; null when there is none
+    const char* check;  ///< the finding whose samples illustrate it, or null
 };
 
 std::span<const MessageNote> messageNotes();

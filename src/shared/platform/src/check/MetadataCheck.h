@@ -7,8 +7,8 @@ namespace check {
 
 class ArchiveMembers;
 
-/// The JSON metadata of a hardware archive. `members`: of the archive that it is in, null for a file of its own.
-/// `directory`: where its files lie in the archive.
+/// The JSON metadata of a hardware archive. `members`: of the archive that contains it, null for a stand-alone file.
+/// `directory`: the folder of its files in the archive.
 void checkJsonMetadata(const Source& source, ArchiveMembers* members, const std::string& directory,
                        Findings& findings);
 /// The XML metadata of an older hardware archive.
@@ -18,7 +18,7 @@ inline void checkXmlMetadata(const Source& source, ArchiveMembers* members, Find
 }
 /// A list of emulation targets in JSON.
 void checkEmulationJson(const Source& source, Findings& findings);
-/// JSON of any content.
+/// Any JSON document.
 void checkAnyJson(const Source& source, Findings& findings);
 /// A JSON file that is not in an archive: metadata, emulation targets or extended metadata, by name and content.
 void checkJsonFile(const Source& source, Findings& findings);

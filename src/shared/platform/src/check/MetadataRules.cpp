@@ -12,17 +12,18 @@ std::string sizeFault(const std::string& size) {
     try {
         if (hardware::gigabytesOf(size) != 0) return {};
     } catch (const std::logic_error&) {
-        // A number that something else stands in front of, or one that is too large.
+        // Text before the number, or a number that is too large.
     }
-    return "the size \"" + HSTStringUtils::excerpt(size) + "\" counts as 0; a number and GB count, as in \"16GB\"";
+    return "the size \"" + HSTStringUtils::excerpt(size) +
+           "\" is read as 0: expected a number followed by GB, for example 16GB";
 }
 
 std::string pathFault(const std::string& name, const std::map<std::string, std::string>& parameters) {
     for (auto dot = name.find('.'); dot != std::string::npos; dot = name.find('.', dot + 1)) {
         const auto above = parameters.find(name.substr(0, dot));
         if (above == parameters.end() || above->second.empty()) continue;
-        return "the parameter \"" + HSTStringUtils::excerpt(name) + "\" lies below \"" +
-               HSTStringUtils::excerpt(above->first) + "\", which has a value of its own; no document can hold both";
+        return "the parameter \"" + HSTStringUtils::excerpt(name) + "\" is a level below \"" +
+               HSTStringUtils::excerpt(above->first) + "\", which has a value; no document can hold both";
     }
     return {};
 }

@@ -5,22 +5,22 @@
 #include "check/ArchiveMembers.h"
 #include "check/Findings.h"
 
-/// What is checked of the metadata in both of its forms.
+/// Checks that apply to both forms of the metadata.
 namespace check {
 
-/// Why a memory of this size does not count towards the platform's memory; empty when it does.
+/// Why a memory of this size is not counted in the platform's total; empty if it is.
 std::string sizeFault(const std::string& size);
 
-/// A document keeps an IP's parameters by name, and a name's dots are levels. Why it cannot hold this one beside the
-/// others; empty when it can.
+/// A document stores an IP's parameters by name, and dots in a name become levels. Why it cannot hold this parameter
+/// together with the others; empty if it can.
 std::string pathFault(const std::string& name, const std::map<std::string, std::string>& parameters);
 
 /// Checks memories, parameters and listed files. `Metadata` walks a document of one form and calls, for each
 /// - memory, `use(size, report)`;
 /// - parameter of an IP, `use(name, all of the IP's parameters, report)`;
 /// - file, `use(type, name, report)`,
-/// where `report(name of the finding, text)` adds one at the item. `members` and `directory`: as `checkJsonMetadata`
-/// takes them.
+/// where `report(name of the finding, text)` adds a finding at the item. `members` and `directory`: see
+/// `checkJsonMetadata`.
 template <class Metadata>
 void checkMetadata(Metadata metadata, ArchiveMembers* members, const std::string& directory) {
     metadata.eachMemory([](const std::string& size, auto report) {

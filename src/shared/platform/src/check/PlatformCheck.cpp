@@ -10,8 +10,8 @@
 #include "check/MetadataCheck.h"
 #include "check/XmlCheck.h"
 #include "msg/HEXAll.h"
-#include "platform/HTEQEmulations.h"
 #include "platform/FileKind.h"
+#include "platform/HTEQEmulations.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
 #include "xml/XmlReader.h"
@@ -46,8 +46,7 @@ void checkMembers(const PlatformArchive& archive, Findings& findings) {
             checkMetadata(*source, metadata, archive, findings);
     }
     if (!found)
-        findings.add(check::kNoMetadata, archive.name(), "",
-                     archive.missingMetadata(HwMetadataMode::Default).text);
+        findings.add(check::kNoMetadata, archive.name(), "", archive.missingMetadata(HwMetadataMode::Default).text);
 }
 
 void checkArchive(const std::string& file, Findings& findings) {
@@ -58,7 +57,7 @@ void checkArchive(const std::string& file, Findings& findings) {
     }
 }
 
-/// The file as a text, or a finding.
+/// The content of the file, or nullopt after adding a finding.
 std::optional<Source> textOf(const std::string& file, Findings& findings) {
     try {
         return Source{file, "", wholefile::read(file, xml::kMaxDocument)};
@@ -68,7 +67,7 @@ std::optional<Source> textOf(const std::string& file, Findings& findings) {
     }
 }
 
-/// Content decides only where the name does not: the loader goes by the name.
+/// The content decides only if the name does not: the loader goes by the name.
 bool isJson(const Source& source) {
     const std::string extension = HUTFile::getExt(source.file);
     if (extension == "json") return true;

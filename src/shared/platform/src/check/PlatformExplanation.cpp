@@ -40,7 +40,7 @@ const char* severityOf(MsgMask mask) {
     return "";
 }
 
-/// Empty for an id that is none.
+/// Empty for an unknown id.
 std::string describedMessage(std::string_view id) {
     std::string text;
     for (const MsgRow& row : kMsgCatalogue)
@@ -51,7 +51,7 @@ std::string describedMessage(std::string_view id) {
     if (text.empty() || note == notes.end()) return text;
     text += std::string("\n") + note->meaning + "\n\nWhat to do: " + note->advice + "\n";
     const CheckExplanation* row = note->check ? PlatformCheck::explain(note->check) : nullptr;
-    return row ? text + "\nSamples, as of [" + row->name + "]\n" + samplesOf(*row) : text;
+    return row ? text + "\nSamples, from [" + row->name + "]\n" + samplesOf(*row) : text;
 }
 
 }  // namespace

@@ -7,23 +7,23 @@
 
 namespace check {
 
-/// A valid document as its record. What is found at its elements gets their places at the end.
+/// A valid document as its record. Findings refer to elements; `report` computes their locations.
 template <class R>
 class ValidXml {
 public:
-    /// `document` is valid and of this format. All arguments must outlive it.
+    /// `document` must be valid and of this format. All arguments must outlive the object.
     ValidXml(const xml::Document<R>& format, const Source& source, const ReadXml& document)
         : record(*static_cast<const R*>(document.result.record.get())), format_(format), source_(source) {}
 
     const R& record;
 
-    /// `at` is the record of an `element` in the document.
+    /// Adds a finding. `at` is the record of an `element` of the document.
     void add(const char* name, const char* element, const void* at, std::string text) {
-        if (found_.size() == kMostOfDocument) return;
+        if (found_.size() == kMaxFindingsPerDocument) return;
         found_.push_back({0, name, {element, at}, std::move(text)});
     }
 
-    /// Gives the findings, in the order of the text.
+    /// Adds the findings to `findings`, in document order.
     void report(Findings& findings) {
         if (found_.empty()) return;
         std::vector<xml::Target> targets;

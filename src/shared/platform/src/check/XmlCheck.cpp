@@ -19,11 +19,12 @@ CheckFinding findingAt(const Source& source, const xml::Place& place, const char
 
 namespace {
 
-ReadXml readAs(const Source& source, const records::FormatRow& format, std::size_t most = kMostOfDocument) {
-    return {&format, format.read(source.text, source.file, most)};
+ReadXml readAs(const Source& source, const records::FormatRow& format,
+               std::size_t maxFindings = kMaxFindingsPerDocument) {
+    return {&format, format.read(source.text, source.file, maxFindings)};
 }
 
-/// The format that the file's name tells, or null.
+/// The format that the file's name implies, or null.
 const records::FormatRow* formatByName(const Source& source) {
     const std::string name = source.file.substr(source.file.rfind('/') + 1);
     if (name == "hw_emu.xml") return records::findFormat("emu");
@@ -33,7 +34,7 @@ const records::FormatRow* formatByName(const Source& source) {
 
 /// How far a document follows a format that it violates.
 std::uint64_t reachOf(const xml::Violation& first) {
-    // A fault in the document element itself stands where that of another root stands.
+    // An error in the right document element has the same offset as a wrong document element.
     return first.name == xml::fault::kWrongRoot ? 0 : first.place.offset + 1;
 }
 
@@ -48,7 +49,7 @@ ReadXml readXml(const Source& source) {
     const records::FormatRow* best = &records::formats().front();
     std::uint64_t furthest = 0;
     for (const records::FormatRow& row : records::formats()) {
-        ReadXml document = readAs(source, row, 1);  // ends at the first fault
+        ReadXml document = readAs(source, row, 1);  // stops at the first error
         if (document.isValid()) return document;
         const std::uint64_t reached = reachOf(document.result.violations.front());
         if (reached <= furthest) continue;

@@ -5,7 +5,7 @@
 
 namespace check {
 
-/// A document that has been read, and the format that it was held against.
+/// A document that has been read, and the format it was checked against.
 struct ReadXml {
     const records::FormatRow* format;
     records::Checked result;
@@ -14,15 +14,15 @@ struct ReadXml {
 };
 
 ReadXml readXml(const Source& source, std::string_view format);
-/// By the format that the file's name tells, or else the one that the document follows furthest.
+/// Reads the format that the file's name implies, otherwise the format that the document follows furthest.
 ReadXml readXml(const Source& source);
 
-/// Adds the faults of the document; true when it is valid.
+/// Adds the violations of the document; true if it is valid.
 bool reportSyntax(const Source& source, const ReadXml& document, Findings& findings);
-/// Holds a document against its format; true when it is valid.
+/// Checks a document against its format; true if it is valid.
 bool checkSyntax(const Source& source, const records::FormatRow& format, Findings& findings);
 
-/// A finding at a place in the source.
+/// A finding at a location in the source.
 CheckFinding findingAt(const Source& source, const xml::Place& place, const char* name, std::string element,
                        std::string text);
 

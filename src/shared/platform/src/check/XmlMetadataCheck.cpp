@@ -20,17 +20,17 @@ void checkVersion(Document& document) {
     const BasePlatform::Root& root = document.record;
     if (!readers::isNewerSchema(root)) return;
     document.add(kNewerSchema, "Root", &root,
-                 fmt::format("VersionMajor=\"{}\" is newer than this library, which reads {} at most",
+                 fmt::format("VersionMajor=\"{}\" is newer than the latest supported version, {}",
                              root.VersionMajor.get(), readers::currentSchema()));
 }
 
-/// Hands a value to the model as the reader does, and keeps why it refuses.
+/// Passes a value to the model as the reader does; if the model refuses it, adds a finding.
 template <class Give>
 void checkValue(Document& document, const char* element, const void* at, Give give) {
     try {
         give();
     } catch (const std::exception& e) {
-        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what(), kMostOfReason));
+        document.add(kRefusedValue, element, at, HSTStringUtils::excerpt(e.what(), kMaxReasonText));
     }
 }
 
@@ -52,7 +52,7 @@ public:
         if (!cfa_.board.memories) return;
         for (const auto& memory : cfa_.board.memories->memories) use(memory.Size.get(), reportAt_("Memory", memory));
     }
-    /// Each parameter that the model takes; the others are reported.
+    /// Visits each parameter that the model accepts; the others are reported.
     template <class Use>
     void eachParameter(Use use) {
         if (!cfa_.designIPs) return;

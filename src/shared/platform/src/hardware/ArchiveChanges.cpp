@@ -20,29 +20,29 @@ namespace {
 using zip::ArchiveEdit;
 
 /// The text of an operation's exceptions, which callers compare.
-std::string wordsOf(const char* operation, const std::string& words) {
-    return std::string("HTEQHardwarePlatform::") + operation + "() - " + words;
+std::string messageOf(const char* operation, const std::string& text) {
+    return std::string("HTEQHardwarePlatform::") + operation + "() - " + text;
 }
 
-/// The result of `open`. What it throws is nested in an exception with our text.
+/// The result of `open`; its exceptions are nested in one with the given text.
 template <class Open>
-auto openOr(const std::string& words, Open open) {
+auto openOr(const std::string& text, Open open) {
     try {
         return open();
     } catch (const HEXAll&) {
-        std::throw_with_nested(HEXUserException(words));
+        std::throw_with_nested(HEXUserException(text));
     }
 }
 
 zip::SourceFile openSource(const std::string& source) {
-    return openOr(wordsOf("archiveFile", "Could not open file for reading: " + source),
+    return openOr(messageOf("archiveFile", "Could not open file for reading: " + source),
                   [&] { return zip::SourceFile(source); });
 }
 
 /// `shown`: the name in the text.
 std::unique_ptr<ArchiveEdit> openArchive(const char* operation, const HTEQHardwarePlatform& platform,
                                          const std::string& shown) {
-    return openOr(wordsOf(operation, "Could not open file for streaming: " + shown),
+    return openOr(messageOf(operation, "Could not open file for streaming: " + shown),
                   [&] { return std::make_unique<ArchiveEdit>(platform.getPlatformFile()); });
 }
 
@@ -50,7 +50,7 @@ template <class Platform>
 auto& concrete(Platform& platform, const char* operation) {
     using Concrete = std::conditional_t<std::is_const_v<Platform>, const HPLPlatform, HPLPlatform>;
     if (auto* const found = dynamic_cast<Concrete*>(&platform)) return *found;
-    throw HEXAlgException(wordsOf(operation, "Could not cast this to HPLPlatform"));
+    throw HEXAlgException(messageOf(operation, "Could not cast this to HPLPlatform"));
 }
 
 /// Queries ignore extension metadata that cannot be read; a document to be written must not lose it.
@@ -61,7 +61,8 @@ void checkExtensions(const HPLPlatform& platform, const json::ptree& document, c
     if (!member || document.count("extensions") > 0) return;
     json::ptree extensions;
     const std::string text = archive.read(*member);
-    if (!text.empty()) json::parse(text, archive.name() + "!" + name, {.file = archive.name(), .member = name}, extensions);
+    if (!text.empty())
+        json::parse(text, archive.name() + "!" + name, {.file = archive.name(), .member = name}, extensions);
     if (!extensions.empty())
         throw HEXUserException("member '" + name + "' of archive '" + archive.name() + "' could not be read");
 }
@@ -103,9 +104,9 @@ void ArchiveChanges::archiveFile(HTEQHardwarePlatform& platform, const std::stri
                                  const std::string& source) {
     const std::string& file = platform.getPlatformFile();
     const std::string document = platform.getJsonFileName();
-    if (file.empty()) throw HEXAlgException(wordsOf("archiveFile", "lfaFile is not set"));
-    if (document.empty()) throw HEXAlgException(wordsOf("archiveFile", "jsonFile is not set"));
-    if (!HUTFile::isFile(file)) throw HEXAlgException(wordsOf("archiveFile", "lfaFile does not exist"));
+    if (file.empty()) throw HEXAlgException(messageOf("archiveFile", "lfaFile is not set"));
+    if (document.empty()) throw HEXAlgException(messageOf("archiveFile", "jsonFile is not set"));
+    if (!HUTFile::isFile(file)) throw HEXAlgException(messageOf("archiveFile", "lfaFile does not exist"));
     HPLPlatform& written = concrete(platform, "archiveFile");
     written.removeFileType(type);
     written.addFile(type, member);

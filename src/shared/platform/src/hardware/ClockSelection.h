@@ -5,7 +5,7 @@
 #include "text/HSTVector.h"
 #include "text/Owned.h"
 
-/// Finds clocks: of several with the same name or id, always the last.
+/// Finds clocks; if several have the same name or id, the last one is used.
 namespace hardware {
 
 using Clocks = Owned<HTEQSystemClock>;

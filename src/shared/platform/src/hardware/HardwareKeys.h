@@ -72,10 +72,10 @@ std::span<const Key<HTEQTilPartition>> keysOf<HTEQTilPartition>();
 /// Reads the platform's document.
 namespace hardware {
 
-/// The order in which keys are read, which is not that of writing: of several faults the first is reported. The rows
-/// of a turn are read in the order of their tables.
+/// The order in which keys are read, which differs from that of writing and decides which of several errors is
+/// reported. The rows of a turn are read in the order of their tables.
 enum class Turn : unsigned char {
-    values,  ///< and all else that no setter refuses
+    values,  ///< and everything else that no setter refuses
     intent,  ///< needs the use of partial reconfiguration
     designIPs,
     tiles,

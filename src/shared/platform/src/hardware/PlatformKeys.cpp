@@ -197,7 +197,7 @@ constexpr json::Key<Base> kBaseKeys[] = {
 
 // What the rows of HPLPlatform need.
 
-/// The host is told of platforms with partial reconfiguration only.
+/// The host is written only for platforms with partial reconfiguration.
 template <auto Get, auto Set>
 constexpr json::Key<Platform> whenPR(const char* name) {
     return json::when<&Platform::usesPR>(P::text<Get, Set>(name));

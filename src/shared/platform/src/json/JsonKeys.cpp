@@ -86,7 +86,7 @@ struct Reading {
     void operator()(const Custom& custom) const { custom.read(record, node); }
 };
 
-/// Why the reader refuses what stands at the key; empty when it does not.
+/// Why the reader refuses the value of the key; empty if it does not.
 std::string refusalOf(const Row& row, const ptree& node) {
     try {
         row.tryRead(row, node);

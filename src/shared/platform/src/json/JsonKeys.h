@@ -32,8 +32,8 @@ using ptree = boost::property_tree::ptree;
 
 class Rows;
 
-// What stands at a key, by kind: how a record gives it and takes it. A null function to take it: the key is not read.
-// Only `Custom` knows the tree.
+// The value of a key, by kind: how it is written from a record and read into it. The key is not read if the function
+// for reading is null. Only `Custom` knows the tree.
 
 struct Scalar {
     /// The text; an empty one is not written. `buffer` may hold it.
@@ -75,7 +75,7 @@ struct Custom {
 struct Row {
     const char* name;
     std::variant<Scalar, Group, Object, Objects, Texts, Pairs, Custom> content;
-    Form form = Form::unknown;  ///< what stands at the key in a document that was meant so
+    Form form = Form::unknown;  ///< the kind of value that a correct document has at the key
     Shapes (*inner)() = nullptr;
     bool (*isWritten)(const void* record) = nullptr;  ///< null: always
     bool ifPresent = false;    ///< a missing key leaves the record alone; else it reads as `missing`
@@ -112,12 +112,12 @@ void writeRows(JSONObjectWriter& writer, const Rows& rows, const void* record);
 void readRows(const ptree& node, const Rows& rows, void* record);
 /// Reads one key of `node`, if it is read at all. Of duplicates the first counts.
 void readRow(const ptree& node, const Row& row, void* record);
-/// Reads what stands at the key.
+/// Reads the value of the key.
 void readValue(const ptree& value, const Row& row, void* record);
 /// What the reader looks at of a table's keys. The rows must stay where they are.
 std::vector<Shape> shapesOf(const Rows& rows);
 
-/// The text at `key`, empty when it is not there.
+/// The text at `key`, empty if the key is missing.
 const std::string& textAt(const ptree& node, const char* key);
 
 /// The table of a record's class; each class specialises it beside its `toJSON`.
@@ -189,7 +189,7 @@ constexpr Key<T> when(Key<T> key) {
     return key;
 }
 
-/// The same row for a key whose setter throws for some values. Reading into a fresh record tells which.
+/// The same row for a key whose setter throws for some values; these are found by reading into a fresh record.
 template <class T>
 constexpr Key<T> refusing(Key<T> key) {
     key.tryRead = [](const Row& row, const ptree& node) {
@@ -230,7 +230,7 @@ void forEach(const Source& source, const Use& use) {
 /// the key is written only.
 template <class T>
 struct Keys {
-    /// Text as it stands, absent when empty.
+    /// Unchanged text, omitted if empty.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> text(const char* name) {
         return scalar(name, Form::text, getter<Get>(),

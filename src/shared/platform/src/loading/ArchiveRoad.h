@@ -7,15 +7,15 @@ class HPLPlatform;
 
 namespace loading {
 
-/// Which members of the archive may fill the platform. Callers differ on purpose.
+/// Which members of the archive may fill the platform. Callers differ deliberately.
 enum class Route {
     askFirst,        ///< the JSON member that the mode allows, else the XML member
     jsonOnly,        ///< the JSON member that the mode allows
     emulationChild,  ///< the JSON member of the archive's emulation directory
 };
 
-/// The one road from an archive to the model. Throws `HEXFileFault` when the metadata is missing or cannot be read,
-/// after the reader's message; `platform` is then half filled.
+/// The only way from an archive to the model. Throws `HEXFileFault`, after the reader's message, if the metadata is
+/// missing or cannot be read; `platform` is then partly filled.
 void fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_platform::HwMetadataMode mode,
                      Route route);
 

@@ -12,16 +12,16 @@ namespace teq_platform {
 
 namespace {
 
-/// What writing the platform's document would lose or change of the metadata that stands in `archive` now.
+/// What writing the platform's document would lose or change in the current metadata of `archive`.
 HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& archive) {
     const archive::PlatformArchive opened(archive);
     const std::string member = platform.getJsonFileName();
     const auto metadata = opened.metadata(HwMetadataMode::Default);
     if (!metadata || metadata->isXml())
-        return {"the metadata is XML only: a new member " + member + " would be read in the place of " +
+        return {"the metadata is XML only: a new member " + member + " would be read instead of " +
                 platform.getXmlFileName()};
     if (metadata->member != member)
-        return {"the member " + metadata->member + " stays as it is, and is read before " + member};
+        return {"the member " + metadata->member + " is not changed, and takes precedence over " + member};
     const char* const left = platform.writesPlatformFile() ? "" : "platformFile";
     return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left), left);
 }
@@ -32,7 +32,7 @@ PlatformEdit::PlatformEdit(const std::string& archive, HwMetadataMode mode, bool
     const zip::Request request;
     loaded_ = PlatformLoader::open(archive, mode);
     platform_ = dynamic_cast<HPLPlatform*>(loaded_->getHardwarePlatform());
-    if (!platform_ || loaded_->isZdf()) throw HEXFileFault({.file = archive, .text = "this is not a hardware archive"});
+    if (!platform_ || loaded_->isZdf()) throw HEXFileFault({.file = archive, .text = "not a hardware archive"});
     platform_->setWritesPlatformFile(!stripPaths);
     lost_ = lossesOf(*platform_, archive);
 }

@@ -26,8 +26,8 @@ constexpr std::string_view kNotLoaded = shortMessageId("@74-60@%s");
 constexpr const char* kHardwareFailed = "Failed to parse Hardware Platform metadata file";
 constexpr const char* kEmulationFailed = "Failed to parse Hardware Emulation Platform metadata file";
 
-/// Runs a step of loading. A failure leaves as a `PlatformParseException` with the text of the step, and the cause
-/// nested in it.
+/// Runs a step of loading. A failure becomes a `PlatformParseException` with the text of the step and the cause nested
+/// in it.
 void step(const char* text, const std::function<void()>& run) {
     try {
         run();
@@ -45,7 +45,7 @@ std::unique_ptr<HPLPlatform> hardwareFrom(const std::string& file, HwMetadataMod
     return hardware;
 }
 
-/// The emulation platform of `file`; null when there is none that can be read.
+/// The emulation platform of `file`, or null if there is none or it cannot be read.
 std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMode mode, Route route) {
     auto hardware = std::make_unique<HPLPlatform>();
     try {
@@ -56,7 +56,7 @@ std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMo
     return hardware;
 }
 
-/// Throws what lies below a failed load.
+/// Throws the cause of a failed load.
 [[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
     std::rethrow_if_nested(e);
     throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
@@ -158,7 +158,8 @@ void PlatformLoader::attachPartition(HTEQReconfigurablePartition& partition) {
         if (isDefault) platform_->setDefaultRPHardwarePlatform(partition.getHardwarePlatform());
     }
     if (!partition.getHardwareEmulationPlatform() && !partition.getHardwareEmulationPlatformFile().empty()) {
-        auto emulation = hardwareFrom(partition.getHardwareEmulationPlatformFile(), mode_, Route::jsonOnly, kEmulationFailed);
+        auto emulation =
+            hardwareFrom(partition.getHardwareEmulationPlatformFile(), mode_, Route::jsonOnly, kEmulationFailed);
         partition.setHardwareEmulationPlatform(emulation.release());
         if (isDefault) platform_->setDefaultRPHardwareEmulationPlatform(partition.getHardwareEmulationPlatform());
     }

@@ -15,7 +15,7 @@
 namespace teq_platform {
 namespace {
 
-/// The files that a packed archive's metadata lists and the archive lacks.
+/// The files that the archive's metadata lists but the archive lacks.
 std::vector<std::string> missingFiles(const std::string& archive) {
     const archive::PlatformArchive packed(archive);
     if (!packed.metadata(HwMetadataMode::Default)) return {};
@@ -40,8 +40,7 @@ void checkComplete(const std::string& archive, const std::string& folder) {
     }
     if (!missing.empty())
         throw HEXFileFault(
-            {.file = folder,
-             .text = "the metadata lists files that are not there: " + HSTStringUtils::join(missing, ", ")});
+            {.file = folder, .text = "the metadata lists missing files: " + HSTStringUtils::join(missing, ", ")});
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// Operations of the hardware platform on archives of reconfigurable modules: they load other platforms, so they are
-// defined here, behind the loader, and not with their class.
+// Operations of the hardware platform on archives of reconfigurable modules. They load other platforms, so they are
+// defined in this room and not with their class.
 #include <map>
 #include <set>
 
@@ -18,7 +18,7 @@ std::shared_ptr<HTEQPlatform> loadedFrom(const std::string& file) {
     return PlatformLoader(file, PlatformLoader::HwMetadataMode::Default).load();
 }
 
-/// Where the module of this file stands in the design; empty when the file does not tell.
+/// The location of the file's module in the design; empty if the file has none.
 std::string instancePathOf(const std::string& file) {
     const auto platform = loadedFrom(file);
     const HTEQHardwarePlatform* hardware = platform ? platform->getHardwarePlatform() : nullptr;

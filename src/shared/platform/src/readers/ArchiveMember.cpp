@@ -9,7 +9,7 @@ namespace readers {
 
 namespace {
 
-/// Nothing when the archive or the member cannot be opened.
+/// nullopt if the archive or the member cannot be opened.
 std::optional<std::string> read(const std::string& archive, std::string_view member) {
     try {
         return archive::PlatformArchive(archive).text(member);

@@ -10,8 +10,8 @@
 #include "text/HSTStringUtils.h"
 #include "xml/XmlRecord.h"
 
-/// What a record of a format and an object of the model have in common, as a table: a row for each value, with the
-/// record's member and the object's getter and setter. Readers and writers walk the same table.
+/// Maps a record of a format to an object of the model by a table: one row per value, with the record's member and the
+/// object's getter and setter. Readers and writers use the same table.
 ///
 ///     using P = Fields<TEQPlatform::Platform, HTEQPlatform>;
 ///     constexpr auto kPlatform = P::rows(P::both<&P::R::name, &P::M::getName, &P::M::setName>(),
@@ -21,11 +21,12 @@
 /// Bindings.h lists the tables.
 namespace binding {
 
-/// The functions take a record and an object of the types that the row was made for.
+/// The functions take a record and an object of the types that the row was created for.
 struct Row {
-    /// Null for a value that is only written. With `onlySet`, a value that the document lacks leaves the object alone.
+    /// Null for a value that is only written. With `onlySet`, a value that the document lacks leaves the object
+    /// unchanged.
     void (*read)(const void* record, void* object, bool onlySet) = nullptr;
-    /// Null for a value that is only read. With `unlessEmpty`, an empty text, 0 and false leave the record alone.
+    /// Null for a value that is only read. With `unlessEmpty`, an empty text, 0 and false leave the record unchanged.
     void (*write)(const void* object, void* record, bool unlessEmpty) = nullptr;
     bool onlySet = false;
     bool unlessEmpty = false;
@@ -36,12 +37,12 @@ void writeRows(std::span<const Row> rows, const void* object, void* record);
 
 namespace detail {
 
-/// How a value becomes one of another type.
+/// How a value is converted to another type.
 enum class As {
-    same,       ///< without loss; a row that could lose something does not compile
+    same,       ///< lossless; a row that could lose information does not compile
     saturated,  ///< the nearest value of the other type, in both directions
     cut,        ///< the low bits, in both directions
-    flag,       ///< a text that is true when it is "true" in any letter case
+    flag,       ///< a text, true if it is "true" in any letter case
 };
 
 template <class T>
@@ -85,7 +86,7 @@ decltype(auto) converted(From&& value) {
     else if constexpr (as == As::flag)
         return To(value ? "true" : "false");
     else if constexpr (std::is_arithmetic_v<To>)
-        return To{value};  // braces refuse to lose something
+        return To{value};  // braces reject narrowing
     else
         return std::forward<From>(value);
 }
@@ -97,8 +98,8 @@ std::remove_cvref_t<A> argumentOf(void (*)(M&, A));
 
 }  // namespace detail
 
-/// The pair of a record's and a class's types, and the makers of its rows. `Member` is an `Attr` of the record, or a
-/// text of it; `Get` and `Set` are members of the class, or functions that take an object first.
+/// The pair of a record type and a class, with functions that create rows. `Member` is an `Attr` or a text of the
+/// record; `Get` and `Set` are members of the class, or functions whose first argument is the object.
 template <class Record, class Class>
 struct Fields {
     using R = Record;
@@ -137,7 +138,7 @@ struct Fields {
 
     // The same row with a condition.
 
-    /// A value that the document lacks leaves the object alone.
+    /// A value that the document lacks leaves the object unchanged.
     static constexpr Row onlySet(Row row) {
         row.onlySet = true;
         return row;

@@ -29,7 +29,7 @@ class HTEQSoftwarePlatform;
 class HTEQSystemClock;
 class HTEQSystemConfig;
 
-/// The tables of all XML formats. Lists, and what follows from several values, are code in the format's reader and
+/// The tables of all XML formats. Lists, and anything derived from several values, are code in the format's reader and
 /// writer.
 namespace binding {
 

@@ -41,7 +41,7 @@ constexpr auto kHost =
     H::rows(H::both<&H::R::Architecture, &H::M::getHostArch, &H::M::setHostArch>(),
             H::optional(H::both<&H::R::Interface, &H::M::getHostInterface, &H::M::setHostInterface>()));
 
-// The writer leaves out the format that is the default, which is not the empty one.
+// The writer omits the default format, which is not the empty one.
 using B = Fields<Build, HPLPlatform>;
 constexpr auto kBuild =
     B::rows(B::optional(B::both<&B::R::PlatformState, &B::M::getPlatformState, &B::M::setPlatformState>()),
@@ -117,7 +117,7 @@ constexpr auto kAvailableResources =
              Re::both<&Re::R::BRAM, &Re::M::getBRAMCount, &Re::M::setBRAMCount>(),
              Re::both<&Re::R::DSP, &Re::M::getDSPCount, &Re::M::setDSPCount>());
 
-// A port without name or type cannot be written: both are required, and an empty one counts as none.
+// A port without name or type cannot be written: both are required, and an empty value counts as missing.
 using Po = Fields<Port, HPLPort>;
 constexpr auto kPort =
     Po::rows(Po::optional(Po::both<&Po::R::Name, &Po::M::getName, &Po::M::setName>()),

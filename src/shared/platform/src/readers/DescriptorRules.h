@@ -5,7 +5,7 @@
 #include "records/TEQPlatformLMX.h"
 #include "util/HUTFile.h"
 
-/// How a descriptor is read, for its reader and for those who check one.
+/// Rules for reading a descriptor, shared by its reader and `check`.
 namespace readers {
 
 /// The file that an element of the descriptor `descriptor` names.
@@ -15,13 +15,13 @@ std::string pathOf(const Element& element, const std::string& descriptor) {
     return HUTFile::getParent(descriptor) + separator + element.path.get() + separator + element.name.get();
 }
 
-/// The same of an archive, whose path is made canonical.
+/// The same for an archive, whose path is made canonical.
 template <class Element>
 std::string archiveOf(const Element& element, const std::string& descriptor) {
     return HUTFile::getCanonicalName(pathOf(element, descriptor));
 }
 
-/// The id of a partition that the attribute means.
+/// The partition id for the attribute's value.
 inline unsigned partitionId(const xml::Attr<xml::Integer>& attr) {
     return saturate_cast<unsigned>(attr.get().value());
 }

@@ -4,9 +4,9 @@
 
 namespace readers {
 
-/// Makes a document and puts it in the place of the file; a file that cannot be written, or a document that cannot be
-/// made, leaves it as it was. Throws `HXMLException`: "@74-10@%s" for the file,
-/// "@74-15@%s%s%s%s", which names it, for the `xml::Exception` of `document`.
+/// Creates a document and replaces the file with it. If either fails, the file is unchanged. Throws `HXMLException`:
+/// "@74-10@%s" if the file cannot be written, "@74-15@%s%s%s%s", which names the file, for an `xml::Exception` of
+/// `document`.
 void writeDocument(const std::string& file, const std::function<std::string()>& document);
 
 }  // namespace readers

@@ -5,7 +5,7 @@ namespace {
 using json::Form;
 using json::ptree;
 
-/// The lists are only read.
+/// The lists are read-only.
 template <class T>
 void writeNothing(json::JSONObjectWriter&, const char*, const T&) {}
 
@@ -20,7 +20,7 @@ constexpr json::Key<HTEQEmulationFile> kFileKeys[] = {
         "inst_path")),
 };
 
-/// A file without its type or its name is not added.
+/// A file without type or name is not added.
 void readFiles(HTEQEmulation& emulation, const ptree& list) {
     for (const auto& [none, item] : list) {
         HTEQEmulationFile file;
@@ -57,7 +57,7 @@ constexpr json::Key<Rom> kBitMapKeys[] = {
     ifPresent(R::text<&Rom::getBitMapPeerToPeer, &Rom::setBitMapPeerToPeer>("peerToPeer")),
 };
 
-/// Reads the objects of a list, one after the other, into the same ROM.
+/// Reads the objects of a list in turn into the same ROM.
 template <const auto& Table>
 void readAll(Rom& rom, const ptree& list) {
     for (const auto& [none, item] : list) json::readKeys(item, Table, rom);

@@ -2,13 +2,13 @@
 #include "json/JsonKeys.h"
 #include "platform/HTEQEmulations.h"
 
-/// The keys of the JSON forms of the emulation metadata, for their readers and for those who check such a document.
+/// The keys of the emulation metadata in JSON, for readers and `check`.
 namespace json {
 
-/// "hw_emu.json": "emulations" and what is in it.
+/// "hw_emu.json": "emulations" and its content.
 template <>
 std::span<const Key<HTEQEmulations>> keysOf<HTEQEmulations>();
-/// The extended metadata. All objects in it fill the one ROM.
+/// The extended metadata. All its objects fill the same ROM.
 template <>
 std::span<const Key<HTEQEmuFeatureRom>> keysOf<HTEQEmuFeatureRom>();
 

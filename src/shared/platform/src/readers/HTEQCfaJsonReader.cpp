@@ -28,7 +28,7 @@ using hardware::Turn;
 using json::ptree;
 using Mode = HTEQCfaJsonReader::HwMetadataMode;
 
-/// What the emulation targets of a listed file say of the platform.
+/// What the emulation targets in a listed file imply for the platform.
 void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
     for (const HTEQEmulation* emulation : emulations.getEmulations())
         for (const HTEQEmulationFile* file : emulation->getFiles()) {
@@ -39,7 +39,7 @@ void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
 
 void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
     const auto [begin, end] = platform.getFileVecRange();
-    std::set<std::pair<bool, std::string>> seen;  // one file may be listed a hundred thousand times
+    std::set<std::pair<bool, std::string>> seen;  // the same file may be listed a hundred thousand times
     for (auto it = begin; it != end; ++it) {
         const bool isXml = HSTStringUtils::iequals((*it)->getType(), "EMU_XML");
         const bool isJson = HSTStringUtils::iequals((*it)->getType(), "EMU_JSON");
@@ -59,7 +59,7 @@ HTEQCfaJsonReader::HTEQCfaJsonReader(HPLPlatform* platform) : platform_(platform
 HTEQCfaJsonReader::~HTEQCfaJsonReader() = default;
 
 void HTEQCfaJsonReader::open(const std::string& archive) {
-    if (opened_ && archive == archive_) return;  // the loader asks first and parses then
+    if (opened_ && archive == archive_) return;  // the loader queries first and then parses
     opened_.reset();
     if (archive.empty() || !HUTFile::exists(archive))
         readers::fail(ComMsgMgr::make("@74-66@%s", archive), {.file = archive, .text = "no such file"});
@@ -121,7 +121,8 @@ void HTEQCfaJsonReader::readMember(const std::string& member, const std::functio
     const auto messageOf = [&](const std::exception& e) {
         return ComMsgMgr::make("@74-64@%s%s%s", member, archive_, e.what());
     };
-    readers::reading(archive_, member, [&] { text = textOf(); }, messageOf);
+    readers::reading(
+        archive_, member, [&] { text = textOf(); }, messageOf);
     if (text.empty()) throw HEXFileFault({.file = archive_, .member = member, .text = "the metadata is empty"});
     try {
         readers::reading(archive_, member, parse, messageOf);
@@ -129,7 +130,7 @@ void HTEQCfaJsonReader::readMember(const std::string& member, const std::functio
         throw;
     } catch (...) {
         readers::fail(ComMsgMgr::make("@74-63@%s%s", member, archive_),
-                      {.file = archive_, .member = member, .text = "an unknown exception"});
+                      {.file = archive_, .member = member, .text = "unknown exception"});
     }
 }
 

@@ -92,7 +92,7 @@ void readBoard(const BasePlatform::Board& record, HPLPlatform& platform) {
     if (record.pcieId) read(*record.pcieId, board.getWriteablePCIeId());
 }
 
-/// The core keeps the texts; the platform gets numbers, and none of the registers.
+/// The core keeps the texts; the platform gets numbers, without the registers.
 void readResources(const BasePlatform::AvailableResources& record, HPLCore& core, HPLPlatform& platform) {
     read(record, core);
     if (const auto& bram = record.BRAM.get(); !bram.empty()) platform.setBRAMCount(numberOf(bram));
@@ -141,7 +141,7 @@ void readDesignIP(const BasePlatform::IP& record, HTEQDesignIPInstance& ip) {
         ip.addConfigParam(parameter.Name.get(), parameter.Value.get());
 }
 
-/// Fills a platform from the document of its archive, and from the members that the document lists.
+/// Fills a platform from its archive's document and the members that it lists.
 class Filling {
 public:
     Filling(const PlatformArchive& opened, const std::string& archive, HPLPlatform& platform)
@@ -151,9 +151,10 @@ public:
         read(record.genAppInfo.value_or(BasePlatform::GenAppInfo()), platform_);
         const BasePlatform::CFA& cfa = record.cfa;
         read(cfa, platform_);
-        // A platform that does not tell is fixed when its archive has a hardware definition.
-        platform_.setExpandable(cfa.Fixed.isSet() ? !isTrue(cfa.Fixed)
-                                                  : !opened_.contains("hwdef.xml") && !opened_.contains("sysdef.xml"));
+        // Without the attribute, a platform is fixed if its archive has a hardware definition.
+        platform_.setExpandable(cfa.Fixed.isSet()
+                                    ? !isTrue(cfa.Fixed)
+                                    : !opened_.contains("hwdef.xml") && !opened_.contains("sysdef.xml"));
         if (cfa.host) read(*cfa.host, platform_);
         readBuild(cfa.build, platform_);
         readBoard(cfa.board, platform_);
@@ -175,7 +176,7 @@ private:
     void parseHpfm_(const std::string& member) {
         const std::optional<std::string> text = opened_.textOrWarning(member);
         if (!text) return;
-        // Each entry of the list adds what its file says, and one file may be listed a hundred thousand times.
+        // Each entry of the list adds its file's content, and the same file may be listed a hundred thousand times.
         hpfmBytes_ += text->size();
         if (hpfmBytes_ > archive::kMetadataBound)
             throw HEXUserException("the hpfm files that '" + archive_ + "' lists hold more than " +
@@ -201,7 +202,7 @@ private:
     const PlatformArchive& opened_;
     const std::string& archive_;
     HPLPlatform& platform_;
-    std::uint64_t hpfmBytes_ = 0;           ///< of all that were read
+    std::uint64_t hpfmBytes_ = 0;           ///< total of the files read
     std::set<std::string> emulationsRead_;  ///< members
 };
 
@@ -239,7 +240,7 @@ bool HTEQCfaXmlReader::getRootVersion(int& major, int& minor) {
     });
 }
 
-/// Gives `use` the archive's document.
+/// Calls `use` with the archive's document.
 void HTEQCfaXmlReader::readRoot_(HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use) {
     platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
     member_ = platform_->getXmlFileName();
@@ -259,7 +260,7 @@ ComMsgMgrInstance HTEQCfaXmlReader::invalid_(const std::string& text, std::uint6
     return ComMsgMgr::make("@74-62@%s%s%d", text, archive_ + HUTFile::getDirSeparator() + member_, line);
 }
 
-/// A member that cannot be opened is reported as an empty document is: as a fault of its first line.
+/// A member that cannot be opened is reported like an empty document: as an error in line 1.
 std::string HTEQCfaXmlReader::textOf_(HwMetadataMode asked) {
     const auto refuse = [this](const std::string& reason, const HEXDiagnostic& diagnostic) {
         readers::fail(invalid_(reason + " (column 1)", 1), diagnostic);
@@ -274,7 +275,7 @@ std::string HTEQCfaXmlReader::textOf_(HwMetadataMode asked) {
     return {};
 }
 
-/// Why the document cannot be read; empty when it can.
+/// Why the document is refused; empty if it is not.
 std::string HTEQCfaXmlReader::newerSchema_(const BasePlatform::Root& root) const {
     if (!readers::isNewerSchema(root)) return {};
     const auto major = static_cast<std::int32_t>(root.VersionMajor.get());

@@ -27,14 +27,14 @@ using binding::write;
 
 constexpr const char* kDefaultBinaryFormat = "rovapk2";
 
-/// Calls `use` with each object of a walk that the model made.
+/// Calls `use` with each object of an iterator created by the model.
 template <class T, class Use>
 void forEach(HSTFwdIter<T*>* made, Use use) {
     const std::unique_ptr<HSTFwdIter<T*>> it(made);
     while (it->hasNext()) use(*it->next());
 }
 
-/// The entries of a map as records of a name and a value.
+/// The entries of a map, as records with name and value.
 template <auto Name, auto Value, class Record>
 void writePairs(const std::map<std::string, std::string>& entries, std::vector<Record>& records) {
     for (const auto& [name, value] : entries) {
@@ -44,13 +44,13 @@ void writePairs(const std::map<std::string, std::string>& entries, std::vector<R
     }
 }
 
-/// The list element, made when its first item comes: an empty list has no element.
+/// The list element, created for its first item: an empty list has no element.
 template <class List>
 List& listOf(std::optional<List>& list) {
     return list ? *list : list.emplace();
 }
 
-/// Switches, all of them by the name "xp": the reader drops the names that they had.
+/// Switches, all named "xp": the reader drops their original names.
 template <class Switches>
 std::optional<Switches> switchesOf(const HSTVector<std::string>& values) {
     std::optional<Switches> result;
@@ -65,9 +65,11 @@ std::optional<Switches> switchesOf(const HSTVector<std::string>& values) {
 void checkComputeUnits(const HPLCore& core) {
     constexpr unsigned kMax = std::numeric_limits<std::uint8_t>::max();
     const unsigned units = core.getNumComputeUnits();
-    if (units > kMax)
-        throw xml::Exception(xml::Violation{
-            {}, "Core", fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMax)});
+    if (units <= kMax) return;
+    xml::Violation violation;
+    violation.element = "Core";
+    violation.text = fmt::format("ComputeUnits=\"{}\" of <Core> is above the maximum, {}", units, kMax);
+    throw xml::Exception(violation);
 }
 
 void writeBuild(const HPLPlatform& platform, BasePlatform::Build& build) {
@@ -103,7 +105,7 @@ void writeImages(const HPLBoard& board, BasePlatform::Images& record) {
 void writeBoard(const HPLPlatform& platform, BasePlatform::Board& record) {
     const HPLBoard& board = platform.getReadOnlyBoard();
     write(board, record);
-    // The form has room for one interface: of several the last.
+    // The form holds one interface: the last one.
     forEach(platform.createInterfaceIter(), [&](const HPLInterface& interface) {
         write(interface, record.interfaces.emplace().interface.emplace());
     });
@@ -181,7 +183,7 @@ void writeCFA(const HPLPlatform& platform, BasePlatform::CFA& record) {
     writeDevices(platform, record.devices);
     const auto [begin, end] = platform.getFileVecRange();
     for (auto it = begin; it != end; ++it) write(**it, record.files.files.emplace_back());
-    // The form has room for one ROM: of several the first.
+    // The form holds one ROM: the first one.
     if (const auto [first, last] = platform.getFeatureRomVecRange(); first != last)
         write(**first, record.featureRom.emplace());
 }
@@ -204,6 +206,4 @@ void HTEQCfaXmlWriter::writeCFA() {
     readers::writeDocument(file_, [this] { return documentOf(*platform_); });
 }
 
-std::string HTEQCfaXmlWriter::getText() const {
-    return documentOf(*platform_);
-}
+std::string HTEQCfaXmlWriter::getText() const { return documentOf(*platform_); }

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The message is the fault's text and has no id.
+/// The message is the error's text and has no id.
 [[noreturn]] void report(const xml::Exception& e, const std::string& file, const std::string& member) {
     const HEXFileFault fault(readers::diagnosticOf(e, file, member));
     readers::fail(HXMLException(fault.what()).message(), fault.diagnostic());

@@ -28,7 +28,7 @@ void readClocks(const WELHardwarePlatform::SystemClocks& record, HTEQHardwarePla
     }
 }
 
-/// High-bandwidth memory is known by its banks, which a linker may assign or not.
+/// Counts a bank of high-bandwidth memory that a linker may assign.
 void takeBank(const WELHardwarePlatform::BusInterfaceAddressSegment& record,
               const HTEQHardwareBusInterface& interface, HTEQHardwarePlatform& platform) {
     if (!record.auto_.isSet() || interface.getCompRef() != HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM) return;

@@ -18,7 +18,7 @@ using WELHardwarePlatform::Repository;
 
 constexpr const char* kPreferred = "preferred";
 
-/// Whether a linker may assign the bank by itself.
+/// Whether a linker may assign the bank automatically.
 bool isAutomatic(const WELHardwarePlatform::BusInterfaceAddressSegment& segment) {
     return segment.auto_.isSet() && segment.auto_.get() != "false";
 }
@@ -32,7 +32,7 @@ std::optional<Repository> readHpfm(const std::string& file) {
     }
 }
 
-/// Whether the record was changed and is to be written. False as well when it is not clear which memory is meant.
+/// Whether the record was changed and must be written. Also false if the memory is ambiguous.
 bool repair(Repository& repository) {
     bool changed = false;
     for (BusInterface& interface : repository.component.busInterfaces) {

@@ -39,7 +39,7 @@ void readHardware(const TEQPlatform::HardwarePlatforms& record, const std::strin
     } else if (const auto* emulation = std::get_if<TEQPlatform::HwEmuOnly>(&record.content)) {
         const std::string archive = archiveOf(emulation->hwEmuPlatform, file);
         platform.setHardwareEmuPlatformFile(archive);
-        platform.setHardwarePlatformFile(archive);  // one file serves both
+        platform.setHardwarePlatformFile(archive);  // one file is both
     } else {
         for (const auto& partition : std::get<TEQPlatform::Partitioned>(record.content).reconfigurablePartitions)
             readPartition(partition, file, platform);

@@ -18,7 +18,7 @@ namespace {
 
 using binding::read;
 
-/// That an image runs in the emulator follows from its settings for it.
+/// An image runs in the emulator if it has settings for it.
 void readBootImages(const TEQSoftwarePlatform::BootImages& record, HTEQSystemConfig& config) {
     config.setDefaultBootImgName(record.default_.get());
     const TEQSoftwarePlatform::Image& image = record.image;

@@ -5,7 +5,7 @@
 #include "platform/HTEQHpfmUtl.h"
 #include "util/HUTFile.h"
 
-// These stand here and not beside the model because the repair of an hpfm file needs its reader.
+// Defined here and not with the model, because repairing an hpfm file needs its reader.
 
 bool PlatformFileExtractor::extract(const std::string& member, const std::string& destination) const {
     return extract(member, platform_.getPlatformFile(), destination);

@@ -7,7 +7,7 @@
 
 namespace readers {
 
-/// Prints lines that contain untrusted text: no control character in them reaches a terminal.
+/// Prints lines that contain untrusted text; control characters are escaped.
 inline void print(std::string_view lines) {
     if (msg::Silence::isKept()) return;
     while (!lines.empty()) {

@@ -2,7 +2,7 @@
 #include <limits>
 #include <utility>
 
-/// `value`, or the nearest one that `T` can hold.
+/// `value`, or the nearest value that `T` can represent.
 template <class T, class V>
 constexpr T saturate_cast(V value) {
     using Limits = std::numeric_limits<T>;

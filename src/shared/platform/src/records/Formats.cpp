@@ -13,17 +13,18 @@ namespace records {
 namespace {
 
 template <class R>
-Checked checked(const xml::Document<R>& format, std::string_view text, const std::string& file, std::size_t most) {
+Checked checked(const xml::Document<R>& format, std::string_view text, const std::string& file,
+                std::size_t maxViolations) {
     auto record = std::make_shared<R>();
     xml::Violations violations;
-    xml::read(format, text, file, record.get(), &violations, most);
+    xml::read(format, text, file, record.get(), &violations, maxViolations);
     return {std::move(record), std::move(violations)};
 }
 
 template <const auto& Document>
 constexpr FormatRow row(const char* name, const char* what) {
-    return {name, what, &Document, [](std::string_view text, const std::string& file, std::size_t most) {
-                return checked(Document, text, file, most);
+    return {name, what, &Document, [](std::string_view text, const std::string& file, std::size_t maxViolations) {
+                return checked(Document, text, file, maxViolations);
             }};
 }
 

@@ -6,12 +6,12 @@
 
 #include "xml/XmlReader.h"
 
-/// The XML formats by their names for users; every choice of a format uses this list.
+/// The XML formats by the names that users know; every choice of a format uses this list.
 namespace records {
 
-/// A document that has been held against its format.
+/// A document that has been checked against its format.
 struct Checked {
-    std::shared_ptr<void> record;  ///< of the format's own type; of no use when there are violations
+    std::shared_ptr<void> record;  ///< of the format's own type; unusable if there are violations
     xml::Violations violations;
 };
 
@@ -19,11 +19,11 @@ struct FormatRow {
     const char* name;  ///< also the extension of its schema: "zdf" of "zdf.xsd"
     const char* what;  ///< "a platform descriptor"
     const xml::Format* format;
-    /// Reads the document and finds every fault of it, at most `most`.
-    Checked (*read)(std::string_view text, const std::string& file, std::size_t most);
+    /// Reads the document and finds all its violations, at most `maxViolations`.
+    Checked (*read)(std::string_view text, const std::string& file, std::size_t maxViolations);
 
-    xml::Violations check(std::string_view text, const std::string& file, std::size_t most) const {
-        return read(text, file, most).violations;
+    xml::Violations check(std::string_view text, const std::string& file, std::size_t maxViolations) const {
+        return read(text, file, maxViolations).violations;
     }
 };
 

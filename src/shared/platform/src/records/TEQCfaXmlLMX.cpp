@@ -202,7 +202,7 @@ constexpr auto kAddressSegmentAttributes = xml::attributes<AddressSegment>(
     required<&AddressSegment::Name>("Name", "Name of the segment."),
     required<&AddressSegment::Base>("Base", "Base address; stored unchanged."),
     required<&AddressSegment::Range>("Range", "Size of the segment; stored unchanged."),
-    required<&AddressSegment::Slave>("Slave", "Name of the slave behind the segment."));
+    required<&AddressSegment::Slave>("Slave", "Name of the segment's slave."));
 constexpr auto kAddressSegment = xml::element(kAddressSegmentAttributes);
 
 constexpr auto kAddressSegmentsChildren = xml::children<AddressSegments>(many<&AddressSegments::segments>(

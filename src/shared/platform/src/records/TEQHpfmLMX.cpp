@@ -73,8 +73,7 @@ constexpr auto kBusInterfaceAddressSegmentAttributes = xml::attributes<BusInterf
     optional<&BusInterfaceAddressSegment::baseName>("baseName", "Name of the segment without its number."),
     optional<&BusInterfaceAddressSegment::index>("index",
                                                  "Index of the memory bank that the segment represents, 0 to 65535."),
-    optional<&BusInterfaceAddressSegment::memoryInstance>("memoryInstance",
-                                                          "Instance of the memory behind the segment."),
+    optional<&BusInterfaceAddressSegment::memoryInstance>("memoryInstance", "Instance of the segment's memory."),
     optional<&BusInterfaceAddressSegment::auto_>(
         "auto",
         "Whether a linker may assign the bank by itself: true, preferred (it is a default bank too), or false. "
@@ -109,28 +108,28 @@ constexpr auto kBusInterfaceAttributes = xml::attributes<BusInterface>(
     optional<&BusInterface::memport>("memport",
                                      "Memory port: MEMSS for a memory whose banks are indexed, M_AXI_GP and S_AXI_GP "
                                      "for no memory, in any letter case."),
-    optional<&BusInterface::sptag>("sptag", "Tag of the memory behind the interface, such as DDR or HBM."),
+    optional<&BusInterface::sptag>("sptag", "Tag of the interface's memory, such as DDR or HBM."),
     optional<&BusInterface::cacheCoherent>("cacheCoherent",
                                            "Whether the interface is cache coherent. Not read into a platform."),
     optional<&BusInterface::direction>("direction", "Direction of the interface."),
     optional<&BusInterface::irq>("irq", "Number of the interrupt, 0 to 65535. Not read into a platform."),
     optional<&BusInterface::addressSegment>("addressSegment", "Name of the address segment."),
-    optional<&BusInterface::memoryInstance>("memoryInstance", "Instance of the memory behind the interface."),
+    optional<&BusInterface::memoryInstance>("memoryInstance", "Instance of the interface's memory."),
     optional<&BusInterface::clkDomain>("clkDomain", "Clock domain. Not read into a platform."),
     optional<&BusInterface::hasTlast>("hasTlast", "Whether a stream marks its ends. Not read into a platform."),
     optional<&BusInterface::idBits>("idBits", "Bits of the bus's ids, 0 to 4294967295."),
     optional<&BusInterface::cardinality>("cardinality",
                                          "Cardinality of the interface, 0 to 65535. Not read into a platform."),
-    optional<&BusInterface::size>("size", "Size of the memory behind the interface, such as 16GB."),
+    optional<&BusInterface::size>("size", "Size of the interface's memory, such as 16GB."),
     optional<&BusInterface::slr>("slr", "Region of the device that the interface is in, such as SLR0."),
-    optional<&BusInterface::peakMemoryBandwidth>(
-        "peakMemoryBandwidth", "Peak bandwidth of the memory behind the interface; stored unchanged."),
+    optional<&BusInterface::peakMemoryBandwidth>("peakMemoryBandwidth",
+                                                 "Peak bandwidth of the interface's memory; stored unchanged."),
     optional<&BusInterface::maxMasters>("maxMasters", "How many masters may use the interface, 0 to 65535."),
     optional<&BusInterface::isrId>("isrId", "Number of the interrupt service routine, 0 to 65535."),
     optional<&BusInterface::auto_>("auto",
                                    "Whether a linker may assign the interface by itself. Not read into a platform."));
 constexpr auto kBusInterfaceChildren = xml::children<BusInterface>(many<&BusInterface::addressSegments>(
-    "addressSegment", kBusInterfaceAddressSegment, "A memory bank behind the interface."));
+    "addressSegment", kBusInterfaceAddressSegment, "A memory bank of the interface."));
 constexpr auto kBusInterface = xml::element(kBusInterfaceAttributes, kBusInterfaceChildren);
 
 constexpr auto kNocConnectivityAttributes = xml::attributes<NocConnectivity>(

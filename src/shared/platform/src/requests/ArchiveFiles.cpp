@@ -33,13 +33,13 @@ HSTVector<ListedFile> namesOf(const HPLPlatform& platform) {
     return listed;
 }
 
-/// The same by the name of an archive; none when its metadata cannot be read.
+/// The same for the archive of this name; empty if its metadata cannot be read.
 HSTVector<ListedFile> namesIn(const std::string& archive, HwMetadataMode mode) {
     try {
         const auto platform = PlatformLoader::open(archive, mode);
         const auto* hardware = dynamic_cast<const HPLPlatform*>(platform->getHardwarePlatform());
         return hardware ? namesOf(*hardware) : HSTVector<ListedFile>();
-    } catch (const HEXAll&) {  // members can still be named
+    } catch (const HEXAll&) {  // members can still be extracted by name
         return {};
     }
 }
@@ -50,12 +50,12 @@ HSTVector<ListedFile> namesIn(const std::string& archive, HwMetadataMode mode) {
     for (const ListedFile& file : listed) known.push_back(file.type);
     if (!isType)
         for (archive::MemberInfo& member : archive.source().files()) known.push_back(std::move(member.name));
-    throw RequestError(FailureKind::unknownName,
-                       {.file = archive.name(), .text = std::string("no ") + (isType ? "" : "member or ") +
-                                                        "file type '" + name + "'" + nearest(name, known)});
+    throw RequestError(FailureKind::unknownName, {.file = archive.name(),
+                                                  .text = std::string("no ") + (isType ? "" : "member or ") +
+                                                          "file type '" + name + "'" + nearest(name, known)});
 }
 
-/// The member that `name` stands for: exactly that one, else the last file of that type.
+/// The member that `name` selects: the member of that name, otherwise the last file of that type.
 std::string memberFor(const PlatformArchive& archive, const std::string& name, const Extract& request) {
     if (!request.isType && archive.contains(name)) return name;
     const HSTVector<ListedFile> listed = namesIn(archive.name(), request.mode);
@@ -67,7 +67,7 @@ std::string memberFor(const PlatformArchive& archive, const std::string& name, c
 void copy(const PlatformArchive& archive, const std::string& member, const std::string& destination,
           bool mayReplace) {
     if (!archive.copy(member, destination, mayReplace))
-        throw HEXFileFault({.file = archive.name(), .member = member, .text = "there is no such member"});
+        throw HEXFileFault({.file = archive.name(), .member = member, .text = "no such member"});
 }
 
 }  // namespace

@@ -11,11 +11,11 @@
 namespace teq_platform::requests {
 namespace {
 
-/// Everything then reads the archive that is changed afterwards, from one opening.
+/// Opens the archive once, for the reads and for the change that follows.
 void openForChange(const std::string& archive) {
     try {
         zip::openSharedForChange(archive);
-    } catch (const zip::ArchiveError&) {  // reported by what reads or writes it
+    } catch (const zip::ArchiveError&) {  // reported by the reader or the writer
     }
 }
 
@@ -30,7 +30,8 @@ void checkDestination(const std::string& destination, bool mayReplace) {
 
 void writeFile(const std::string& destination, std::string_view bytes, bool mayReplace) {
     checkDestination(destination, mayReplace);
-    zip::writeDestination(destination, [bytes](const auto& take) { take(bytes); }, mayReplace);
+    zip::writeDestination(
+        destination, [bytes](const auto& take) { take(bytes); }, mayReplace);
 }
 
 void pack(const Pack& request) {

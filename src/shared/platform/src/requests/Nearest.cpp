@@ -7,7 +7,7 @@
 namespace teq_platform::requests {
 namespace {
 
-/// How many letters must be put in, taken out or changed.
+/// How many letters must be inserted, deleted or changed.
 std::size_t distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0);

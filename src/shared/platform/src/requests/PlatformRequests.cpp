@@ -22,12 +22,12 @@ std::string briefDocument(const HTEQPlatform& platform) {
 
 std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {
     auto* const hardware = dynamic_cast<HPLPlatform*>(platform.getHardwarePlatform());
-    if (!hardware) throw HEXFileFault({.file = file, .text = "there is no hardware platform in it"});
+    if (!hardware) throw HEXFileFault({.file = file, .text = "the file contains no hardware platform"});
     const std::string& archive = hardware->getPlatformFile();
     try {
         return HTEQCfaXmlWriter(hardware, archive).getText();
     } catch (const HEXFileFault& e) {
-        throw HEXFileFault({.file = archive, .text = "there is no XML form of it: " + e.diagnostic().text});
+        throw HEXFileFault({.file = archive, .text = "cannot be written as XML: " + e.diagnostic().text});
     }
 }
 
@@ -84,7 +84,7 @@ std::string schema(const std::string& format) {
     std::string text = PlatformSchema::text(format);
     if (text.empty())
         throw RequestError(FailureKind::unknownFormat,
-                           {.text = "there is no format '" + format + "'; the formats are " +
+                           {.text = "unknown format '" + format + "'; expected one of " +
                                     HSTStringUtils::join(PlatformSchema::formats(), ", ")});
     return text;
 }

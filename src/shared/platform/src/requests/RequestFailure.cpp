@@ -25,7 +25,7 @@ bool isA(const std::exception& e) {
     return dynamic_cast<const E*>(&e) != nullptr;
 }
 
-/// What an exception stands for: the first row that fits, from narrow types to wide ones.
+/// The kind for an exception type: the first row that matches, from derived types to base types.
 constexpr struct {
     bool (*fits)(const std::exception& e);
     FailureKind kind;
@@ -45,7 +45,7 @@ FailureKind kindOf(const std::exception& e) {
     return std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
 }
 
-/// The texts of the exceptions that are nested in `e`.
+/// The texts of the exceptions nested in `e`.
 std::string reasonsOf(const std::exception& e) {
     try {
         std::rethrow_if_nested(e);
