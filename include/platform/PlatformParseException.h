@@ -1,5 +1,8 @@
 #pragma once
+#include <exception>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "text/ZrApi.h"
 
@@ -9,7 +12,13 @@ namespace teq_platform {
 /// and a null result.
 class ZR_API PlatformParseException : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    /// `cause`: the exception of the reader, if one failed.
+    explicit PlatformParseException(const std::string& text, std::exception_ptr cause = nullptr)
+        : std::runtime_error(text), cause_(std::move(cause)) {}
+    const std::exception_ptr& cause() const { return cause_; }
+
+private:
+    std::exception_ptr cause_;
 };
 
 }  // namespace teq_platform

@@ -20,8 +20,7 @@ strict=(-std=c11 -Wall -Wextra -Wpedantic -Werror)
 cc "${strict[@]}" "$source/examples/c/inspect.c" -o "$scratch/inspect" $(pkg-config --cflags --libs zr_platform)
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/inspect" "$sample" | grep 'u77.hpfm:18: .*\[partly-default-hbm\]'
 cc "${strict[@]}" "$source/tests/c/zr_platform_test.c" -o "$scratch/c" $(pkg-config --cflags --libs zr_platform)
-LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/c" "$source/examples/harrier/hw/harrier.cfa" \
-    "$source/examples/expected/harrier.xml"
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir zr_platform) "$scratch/c" "$source/examples/harrier/hw/harrier.cfa"
 echo '#include <platform/zr_platform.hpp>' >"$scratch/wrapper.cpp"
 c++ -std=c++17 -Wall -Wextra -Wpedantic -Werror -fsyntax-only "$scratch/wrapper.cpp" $(pkg-config --cflags zr_platform)
 

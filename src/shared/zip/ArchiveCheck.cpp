@@ -15,7 +15,7 @@ namespace {
 using Reason = HUTZip::Reason;
 
 Reason reasonOf(ArchiveError::Fault fault) {
-    constexpr std::array kReasons{Reason::damaged, Reason::crc, Reason::size};
+    constexpr std::array kReasons{Reason::damaged, Reason::crc, Reason::size, Reason::damaged};
     return kReasons.at(static_cast<std::size_t>(fault));
 }
 

@@ -9,7 +9,8 @@ namespace zip {
 /// "ARCHIVE: TEXT" or "ARCHIVE!MEMBER: TEXT", with what was found and what was expected.
 class ArchiveError : public HEXFileFault {
 public:
-    enum class Fault { other, crc, size };  ///< of a member whose bytes differ from its entry
+    /// Of a member: its bytes differ from its entry, or the file system does not give them.
+    enum class Fault { other, crc, size, unreadable };
 
     ArchiveError(std::string archive, std::string member, std::string text, Fault fault = Fault::other);
     ~ArchiveError() override;

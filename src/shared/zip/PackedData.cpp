@@ -36,12 +36,13 @@ PackedData::PackedData(const ByteSource& bytes, const std::string& archive, cons
     const std::uint64_t wanted = kHeaderSize + member.name.size() + kSlack + block_;
     const auto window = static_cast<std::size_t>(std::min(wanted, member.limit - member.headerOffset));
     buffer_ = std::make_unique_for_overwrite<char[]>(wanted);
-    if (!bytes_.read(member.headerOffset, buffer_.get(), window)) refuse("it cannot be read from the archive");
+    if (!bytes_.read(member.headerOffset, buffer_.get(), window))
+        refuse("it cannot be read from the archive", ArchiveError::Fault::unreadable);
     checkHeader({buffer_.get(), window});
 }
 
-void PackedData::refuse(const std::string& text) const {
-    throw ArchiveError(archive_, std::string(member_.name), text);
+void PackedData::refuse(const std::string& text, ArchiveError::Fault fault) const {
+    throw ArchiveError(archive_, std::string(member_.name), text, fault);
 }
 
 void PackedData::checkHeader(std::string_view window) {
@@ -65,7 +66,7 @@ void PackedData::checkHeader(std::string_view window) {
     }
     std::string extraFields(extraSize, '\0');
     if (!bytes_.read(dataAt_ - extraSize, extraFields.data(), extraSize))
-        refuse("it cannot be read from the archive");
+        refuse("it cannot be read from the archive", ArchiveError::Fault::unreadable);
     checkSizes(header, extraFields);
 }
 
@@ -89,7 +90,8 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) co
 std::string_view PackedData::next() {
     const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(block_, member_.packedSize - done_));
     if (count > 0 && ready_.size() < count) {
-        if (!bytes_.read(dataAt_ + done_, buffer_.get(), count)) refuse("it cannot be read from the archive");
+        if (!bytes_.read(dataAt_ + done_, buffer_.get(), count))
+            refuse("it cannot be read from the archive", ArchiveError::Fault::unreadable);
         ready_ = {buffer_.get(), count};
     }
     done_ += count;
@@ -101,7 +103,8 @@ void PackedData::checkDescriptor() const {
     const std::uint64_t at = dataAt_ + member_.packedSize;
     std::array<char, 24> buffer;
     const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), member_.limit - at));
-    if (!bytes_.read(at, buffer.data(), size)) refuse("it cannot be read from the archive");
+    if (!bytes_.read(at, buffer.data(), size))
+        refuse("it cannot be read from the archive", ArchiveError::Fault::unreadable);
     const std::string_view bare(buffer.data(), size);
     const auto isDescriptor = [this](std::string_view bytes) {
         return matches<std::uint32_t>(bytes, member_) || matches<std::uint64_t>(bytes, member_);

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "zip/ArchiveError.h"
 #include "zip/ByteSource.h"
 #include "zip/Member.h"
 
@@ -25,7 +26,7 @@ public:
 private:
     void checkHeader(std::string_view window);
     void checkSizes(const char* header, std::string_view extraFields) const;
-    [[noreturn]] void refuse(const std::string& text) const;
+    [[noreturn]] void refuse(const std::string& text, ArchiveError::Fault fault = ArchiveError::Fault::other) const;
 
     const ByteSource& bytes_;
     const std::string& archive_;

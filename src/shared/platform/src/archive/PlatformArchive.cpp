@@ -89,6 +89,7 @@ std::optional<std::string> PlatformArchive::textOrWarning(std::string_view membe
     try {
         return text(member);
     } catch (const zip::ArchiveError& e) {
+        if (e.fault() == zip::ArchiveError::Fault::unreadable) throw;
         const std::string ignored = e.diagnostic().format() + "; it is ignored";
         ComMsgMgr::send({"platform", "", MsgMask::warning, {}, ignored, std::source_location::current()});
         return std::nullopt;

@@ -45,7 +45,7 @@ public:
     bool lists(const std::string& name) const;
     /// The whole member, of at most `kMetadataBound` bytes; nullopt if there is no member of that name.
     std::optional<std::string> text(std::string_view member) const { return source_->read(member); }
-    /// The same, but a member that cannot be read is ignored like a missing one, with a warning message that names it.
+    /// The same, but a damaged or too large member is ignored like a missing one, with a warning message that names it.
     std::optional<std::string> textOrWarning(std::string_view member) const;
     /// Copies a member, see `MemberSource::copyOut`.
     bool copy(std::string_view member, const std::string& destination, bool mayReplace) const {

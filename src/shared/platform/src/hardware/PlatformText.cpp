@@ -12,9 +12,8 @@ std::string textOf(const teq_platform::JSONSerializable& object, const std::stri
         writer.writeObject(object);
         if (!without.empty()) writer.getTree().erase(without);
         return json::write(writer.getTree());
-    } catch (const json::ParseError& e) {
-        throw HEXFileFault(e.diagnostic());
     } catch (const boost::property_tree::json_parser::json_parser_error& e) {
+        if (const HEXDiagnostic* read = json::diagnosticOf(e)) throw HEXFileFault(*read);
         throw HEXFileFault({.file = file, .text = e.message()});
     }
 }

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <boost/exception/get_error_info.hpp>
+#include <boost/exception/info.hpp>
 #include <boost/json/basic_parser_impl.hpp>
 #include <optional>
 #include <vector>
@@ -107,16 +109,25 @@ std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec
     return "not valid JSON: " + ec.message();
 }
 
+/// Rides along with the property tree's exception, which callers expect and which has no room for it.
+using Location = boost::error_info<struct LocationTag, HEXDiagnostic>;
+
+[[noreturn]] void fail(const std::string& name, HEXDiagnostic at, const Fault& fault) {
+    at.line = fault.place.line;
+    at.column = fault.place.column;
+    at.text = fault.text;
+    try {
+        BOOST_PROPERTY_TREE_THROW(json_parser_error(fault.text + " (column " + std::to_string(at.column) + ")", name,
+                                                    static_cast<unsigned long>(at.line)));
+    } catch (boost::exception& e) {
+        e << Location(std::move(at));
+        throw;
+    }
+}
+
 }  // namespace
 
-ParseError::ParseError(const std::string& name, HEXDiagnostic place, const Fault& fault)
-    : json_parser_error(fault.text + " (column " + std::to_string(fault.place.column) + ")", name,
-                        static_cast<unsigned long>(fault.place.line)),
-      diagnostic_(std::move(place)) {
-    diagnostic_.line = fault.place.line;
-    diagnostic_.column = fault.place.column;
-    diagnostic_.text = fault.text;
-}
+const HEXDiagnostic* diagnosticOf(const std::exception& e) { return boost::get_error_info<Location>(e); }
 
 std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
@@ -134,11 +145,11 @@ std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& 
 }
 
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits) {
-    if (const auto fault = tryParse(text, tree, limits)) throw ParseError(name, {.file = name}, *fault);
+    if (const auto fault = tryParse(text, tree, limits)) fail(name, {.file = name}, *fault);
 }
 
 void parse(std::string_view text, const std::string& name, const HEXDiagnostic& place, ptree& tree) {
-    if (const auto fault = tryParse(text, tree)) throw ParseError(name, place, *fault);
+    if (const auto fault = tryParse(text, tree)) fail(name, place, *fault);
 }
 
 }  // namespace json

@@ -22,7 +22,7 @@ inline constexpr Limits kUntrusted{};        ///< for members of archives and fi
 inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this library wrote
 
 /// Fills `tree` with the document `text`: numbers, true, false and null as in the text, duplicate keys kept in order,
-/// a leading byte-order mark skipped. Throws `ParseError` with `name`, the line and the error if the text is not JSON
+/// a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and the error if the text is not JSON
 /// or not valid UTF-8, has NUL in a string, has anything after the document, or exceeds the limits; `tree` is then
 /// unchanged.
 void parse(std::string_view text, const std::string& name, ptree& tree, const Limits& limits = kUntrusted);
@@ -34,16 +34,9 @@ struct Fault {
     TextPlace place;
     std::string text;
 };
-/// What `parse` throws: the property tree's own exception, which callers expect, with the place as a record.
-class ParseError : public boost::property_tree::json_parser::json_parser_error {
-public:
-    /// `place` names file and member.
-    ParseError(const std::string& name, HEXDiagnostic place, const Fault& fault);
-    const HEXDiagnostic& diagnostic() const { return diagnostic_; }
+/// File, member and location of an error that `parse` threw; null for any other exception.
+const HEXDiagnostic* diagnosticOf(const std::exception& e);
 
-private:
-    HEXDiagnostic diagnostic_;
-};
 /// The same without an exception: the error, or no value if `tree` has been filled.
 std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits = kUntrusted);
 

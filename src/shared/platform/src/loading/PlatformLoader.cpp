@@ -32,16 +32,18 @@ void step(const char* text, const std::function<void()>& run) {
     try {
         run();
     } catch (const HEXFileFault&) {
-        std::throw_with_nested(PlatformParseException(text));
-    } catch (const std::bad_alloc&) {
-        std::throw_with_nested(PlatformParseException(text));
+        throw PlatformParseException(text, std::current_exception());
     }
 }
 
 std::unique_ptr<HPLPlatform> hardwareFrom(const std::string& file, HwMetadataMode mode, Route route,
                                           const char* failure) {
     auto hardware = std::make_unique<HPLPlatform>();
-    step(failure, [&] { fillFromArchive(*hardware, file, mode, route); });
+    try {
+        step(failure, [&] { fillFromArchive(*hardware, file, mode, route); });
+    } catch (const std::bad_alloc&) {  // which the readers of archives report
+        throw PlatformParseException(failure, std::current_exception());
+    }
     return hardware;
 }
 
@@ -58,7 +60,7 @@ std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMo
 
 /// Throws the cause of a failed load.
 [[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
-    std::rethrow_if_nested(e);
+    if (e.cause()) std::rethrow_exception(e.cause());
     throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
 }
 

@@ -10,7 +10,7 @@
 namespace readers {
 
 HEXDiagnostic diagnosticOf(const std::exception& e, const std::string& file, const std::string& member) {
-    if (const auto* json = dynamic_cast<const json::ParseError*>(&e)) return json->diagnostic();
+    if (const HEXDiagnostic* json = json::diagnosticOf(e)) return *json;
     if (const auto* xml = dynamic_cast<const xml::Exception*>(&e)) {
         HEXDiagnostic diagnostic = xml->diagnostic();  // names archive and member in one text
         diagnostic.file = file;
