@@ -68,7 +68,8 @@ TEST_F(Sources, Members) {
 /// The order in which metadata members are read is known to this class alone.
 TEST_F(Sources, MetadataOrder) {
     using Mode = archive::PlatformArchive::Mode;
-    for (const char* name : {"alt_lfa.json", "lfa.xml", "hw_emu/alt_lfa.json"}) write(at("tree/" + std::string(name)), "x");
+    for (const char* name : {"alt_lfa.json", "lfa.xml", "hw_emu/alt_lfa.json"})
+        write(at("tree/" + std::string(name)), "x");
     HUTZip::compressDir(at("tree"), at("all.lfa"));
     const archive::PlatformArchive some(at("a.lfa")), all(at("all.lfa"));
     EXPECT_EQ(some.metadata(Mode::Default)->member, "lfa.json");

@@ -71,7 +71,8 @@ AtomicFile::AtomicFile(std::string target, mode_t mode)
       name_(target.substr(target.rfind('/') + 1)),
       shown_(std::move(target)) {
     if (!parent_.isOpen()) fail(errno);
-    constexpr std::size_t kMaxExtension = 16;  // a longer one is part of the name, which may be as long as a name can be
+    constexpr std::size_t kMaxExtension =
+        16;  // a longer one is part of the name, which may be as long as a name can be
     const std::string extension = HUTFile::getExt(name_);
     make(mode, extension.empty() || extension.size() > kMaxExtension ? "" : "." + extension);
 }

@@ -9,9 +9,9 @@
 #include <system_error>
 
 #include "msg/HEXAll.h"
+#include "util/AtomicFile.h"
 #include "util/Descriptor.h"
 #include "util/HUTFile.h"
-#include "util/AtomicFile.h"
 
 namespace wholefile {
 

@@ -12,11 +12,11 @@
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "util/AtomicFile.h"
 #include "util/FolderNames.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
-#include "util/AtomicFile.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/SourceFile.h"

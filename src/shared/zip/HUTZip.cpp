@@ -71,4 +71,6 @@ const char* HUTZip::reasonText(Reason reason) {
     return kTexts.at(static_cast<std::size_t>(reason));
 }
 
-HUTZip::Verification HUTZip::verify(const std::string& archive) { return zip::checkArchive(*zip::openShared(archive)); }
+HUTZip::Verification HUTZip::verify(const std::string& archive) {
+    return zip::checkArchive(*zip::openShared(archive));
+}

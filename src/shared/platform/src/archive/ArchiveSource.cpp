@@ -36,8 +36,7 @@ std::optional<std::string> ArchiveSource::read(std::string_view member, std::uin
     const zip::Member* const found = archive_->find(member);
     if (!found) return std::nullopt;
     if (const auto budget = budgetOfCall(); found->size <= bound && !budget->spend(found->size))
-        throw zip::ArchiveError(name(), std::string(member),
-                                "decompressing it would exceed the budget of the call");
+        throw zip::ArchiveError(name(), std::string(member), "decompressing it would exceed the budget of the call");
     return archive_->read(*found, bound);
 }
 

@@ -6,7 +6,8 @@
 
 namespace hardware {
 
-std::string textOf(const teq_platform::JSONSerializable& object, const std::string& file, const std::string& without) {
+std::string textOf(const teq_platform::JSONSerializable& object, const std::string& file,
+                   const std::string& without) {
     try {
         teq_platform::JSONObjectWriter writer;
         writer.writeObject(object);
