@@ -113,10 +113,21 @@ def check_header_page():
     return problems
 
 
+def check_named_tests():
+    """The tests that the documents name exist."""
+    tests = "\n".join(path.read_text() for path in (ROOT / "tests").rglob("*_test.cpp"))
+    known = {(suite, name) for suite, name in re.findall(r"^TEST(?:_[FP])?\((\w+), (\w+)\)", tests, re.M)}
+    named = [(page, *match) for page in sorted((ROOT / "docs").glob("*.md"))
+             for match in re.findall(r"`([A-Z]\w+)\.([A-Z]\w+)`", page.read_text())]
+    return [f"{page.relative_to(ROOT)}: there is no test {suite}.{name}"
+            for page, suite, name in named if (suite, name) not in known]
+
+
 def check_rooms():
     rooms = read_rooms()
     public, _ = public_headers(rooms)
-    return check_includes(rooms, public) + check_staircases(rooms) + check_header_page()
+    return check_includes(rooms, public) + check_staircases(rooms) + check_header_page() + \
+        check_named_tests()
 
 
 def code_lines(paths):
