@@ -119,10 +119,9 @@ TEST_F(Wrapper, ReadsChangesAndChecksArchives) {
 }
 
 TEST_F(Wrapper, FindsWhatIsWrong) {
-    const std::string file = scratch.put("root.zdf", "\n<platform/>\n");
-    const auto findings = zr::validate(file);
+    const auto findings = zr::validate(scratch.put("root.zdf", "\n<platform/>\n"));
     ASSERT_EQ(findings.size(), 1U);
-    EXPECT_EQ(findings[0].file, file);
+    EXPECT_EQ(findings[0].file, scratch / "root.zdf");
     EXPECT_EQ(findings[0].line, 2U);
     EXPECT_EQ(findings[0].severity, ZR_ERROR);
     EXPECT_THAT(zr::explain(findings[0].name), HasSubstr("What to do"));
