@@ -108,4 +108,10 @@ struct Zip {
     }
 };
 
+inline Zip archiveOf(std::vector<Entry> entries) {
+    Zip zip;
+    zip.entries = std::move(entries);
+    return zip;
+}
+
 }  // namespace builder

@@ -44,8 +44,8 @@ protected:
 
 /// An archive of two members with the digest of the format, computed here without our code.
 builder::Zip stamped(const Scratch& scratch) {
-    builder::Zip zip;
-    zip.entries = {builder::Entry("b", "second"), builder::Entry("a", std::string(70'000, 'a'), true)};
+    builder::Zip zip =
+        builder::archiveOf({builder::Entry("b", "second"), builder::Entry("a", std::string(70'000, 'a'), true)});
     const std::string a = sha256(scratch, std::string(70'000, 'a')), b = sha256(scratch, "second");
     zip.entries[0].central.extra = builder::extra(0x525A, raw(b));
     zip.entries[1].central.extra = builder::extra(0x525A, raw(a));

@@ -36,6 +36,10 @@ protected:
                 tree[entry.path().lexically_relative(at(folder)).native()] = contentOf(entry.path());
         return tree;
     }
+    /// Writes the archive "a.lfa".
+    void pack(std::vector<builder::Entry> entries) const {
+        scratch_.put("a.lfa", builder::archiveOf(std::move(entries)).build());
+    }
     Scratch scratch_;
     const std::string dir_ = scratch_.str();
 };
@@ -101,18 +105,16 @@ TEST_F(PackFolder, RefusesAndLeavesNothing) {
 }
 
 TEST_F(Uncompress, OneDirectory) {
-    builder::Zip zip;
-    zip.entries = {builder::Entry("board/a", "A"), builder::Entry("board/deep/b", "B", true),
-                   builder::Entry("board2/c", "C"), builder::Entry("board/none/")};
-    zip.entries[0].mode = 0104777;
-    write(at("a.lfa"), zip.build());
+    builder::Entry setId("board/a", "A");
+    setId.mode = 0104777;
+    pack({setId, builder::Entry("board/deep/b", "B", true), builder::Entry("board2/c", "C"),
+          builder::Entry("board/none/")});
     fs::create_directory(at("out"));
     EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), true));
     EXPECT_EQ(readTree("out"), (Tree{{"board/a", "A"}, {"board/deep/b", "B"}}));
     EXPECT_TRUE(HUTFile::isDir(at("out/board/none")));
-    struct stat status {};
-    ASSERT_EQ(::stat(at("out/board/a").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07133, 0U) << "no set-id, nothing to execute, nothing for others to write";
+    EXPECT_EQ(statOf(at("out/board/a")).st_mode & 07133, 0U)
+        << "no set-id, nothing to execute, nothing for others to write";
 
     write(at("out/board/a"), "changed");
     EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), false), HEXUserException);
@@ -138,16 +140,13 @@ TEST_F(Uncompress, NothingLeavesTheDirectory) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
-        builder::Zip zip;
-        zip.entries = {builder::Entry(c.name, "hostile")};
-        zip.entries[0].mode = c.mode;
-        write(at("a.lfa"), zip.build());
+        builder::Entry entry(c.name, "hostile");
+        entry.mode = c.mode;
+        pack({entry});
         const std::string words = wordsOf([&] { HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true); });
         EXPECT_NE(words.find(c.words), std::string::npos) << words;
     }
-    builder::Zip zip;
-    zip.entries = {builder::Entry("file", "new")};
-    write(at("a.lfa"), zip.build());
+    pack({builder::Entry("file", "new")});
     EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true));
     EXPECT_FALSE(fs::is_symlink(at("out/file"))) << "the link is replaced, not followed";
     EXPECT_EQ(readTree("outside"), (Tree{{"file", "as it was"}}));
@@ -156,10 +155,9 @@ TEST_F(Uncompress, NothingLeavesTheDirectory) {
 }
 
 TEST_F(Uncompress, ADamagedMemberLeavesNoFile) {
-    builder::Zip zip;
-    zip.entries = {builder::Entry("x", std::string(1'000'000, 'x'))};
-    zip.entries[0].packed.back() = 'y';
-    write(at("a.lfa"), zip.build());
+    builder::Entry entry("x", std::string(1'000'000, 'x'));
+    entry.packed.back() = 'y';
+    pack({entry});
     fs::create_directory(at("out"));
     write(at("out/x"), "as it was");
     EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true), HEXDataException);
@@ -170,8 +168,7 @@ TEST_F(Uncompress, QuestionsToWhatIsNoArchive) {
     write(at("text"), "no archive");
     HSTVector<std::string> files;
     for (const std::string& path : {at("text"), at("nowhere"), dir_}) {
-        SCOPED_TRACE(path);
-        EXPECT_FALSE(HUTZip::containsFile(path, "x"));
+        EXPECT_FALSE(HUTZip::containsFile(path, "x")) << path;
         EXPECT_THROW(HUTZip::getFiles(path, files), HEXDataException);
         EXPECT_THROW(HUTZip::uncompressDir(path, "", dir_, true), HEXDataException);
     }

@@ -41,8 +41,7 @@ inline Contents contentsOf(const std::string& path) {
 
 /// An archive whose members are packed in different ways.
 inline builder::Zip mixedZip() {
-    builder::Zip zip;
-    zip.entries = {builder::Entry("lfa.json", "{}", true), builder::Entry("bit/full.bit", std::string(300'000, 'b')),
-                   builder::Entry("dir/"), builder::Entry("a.tcl", std::string(5000, 'a'), true)};
-    return zip;
+    return builder::archiveOf({builder::Entry("lfa.json", "{}", true),
+                               builder::Entry("bit/full.bit", std::string(300'000, 'b')), builder::Entry("dir/"),
+                               builder::Entry("a.tcl", std::string(5000, 'a'), true)});
 }
