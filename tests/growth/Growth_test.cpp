@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "kit/CfaXml.h"
+#include "kit/Platforms.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
 #include "readers/Hpfm.h"
@@ -76,9 +77,15 @@ struct Input {
 
 const char kItem[] = R"({"name": "n#", "type": "t", "id": "#", "instRef": "i", "clockRef": "n#"})";
 
+/// An archive's member in which `item` stands so many times.
+Input itemInput(const char* what, int most, double nodes, const std::string& before, const std::string& item,
+                const std::string& after, const char* member = "lfa.json", const char* between = ",") {
+    const auto text = [=](int count) { return before + listOf(item, count, between) + after; };
+    return {what, "x.lfa", most, nodes, text, member};
+}
+
 Input listInput(const char* key, int most, double nodes, const std::string& item) {
-    return {key, "x.lfa", most, nodes,
-            [key, item](int count) { return std::string("{\"") + key + "\": [" + listOf(item, count) + "]}"; }};
+    return itemInput(key, most, nodes, std::string("{\"") + key + "\": [", item, "]}");
 }
 
 /// Metadata that lists a member whose name is its type.
@@ -88,22 +95,17 @@ std::string listOfAll(const std::string& type) {
 
 /// XML metadata in which `item` stands so many times in front of `part`.
 Input xmlInput(const char* what, int most, double nodes, const std::string& part, const std::string& item) {
-    return {what,
-            "x.lfa",
-            most,
-            nodes,
-            [part, item](int count) { return with(kCfaXml, part, listOf(item, count, "") + part); },
-            "lfa.xml"};
+    const std::string xml = kCfaXml;
+    const auto at = xml.find(part);
+    return itemInput(what, most, nodes, xml.substr(0, at), item, xml.substr(at), "lfa.xml", "");
 }
 
 const std::vector<Input>& inputs() {
     static const std::vector<Input> all{
-        {"values", "x.lfa", 990'000, 1, [](int n) { return "{\"unknown\": [" + listOf("1", n) + "]}"; }},
-        {"keys", "x.lfa", 990'000, 1, [](int n) { return "{" + listOf("\"key#\": 1", n) + "}"; }},
-        {"keys of a configuration", "x.lfa", 200'000, 1,
-         [](int n) {
-             return R"({"designIpInstances": [{"vlnv": "v", "configuration": {)" + listOf("\"key#\": 1", n) + "}}]}";
-         }},
+        listInput("unknown", 990'000, 1, "1"),
+        itemInput("keys", 990'000, 1, "{", "\"key#\": 1", "}"),
+        itemInput("keys of a configuration", 200'000, 1, R"({"designIpInstances": [{"vlnv": "v", "configuration": {)",
+                  "\"key#\": 1", "}}]}"),
         {"one text", "x.lfa", 32, 0,
          [](int n) { return R"({"name": ")" + std::string(static_cast<std::size_t>(n) * 1'000'000, 'n') + "\"}"; }},
         {"blanks", "x.lfa", 33, 0,
@@ -126,12 +128,9 @@ const std::vector<Input>& inputs() {
         listInput("ipParameters", 50'000, 3, R"({"name": "n#", "value": "v#"})"),
         listInput("resources", 50'000, 3, R"({"type": "LUT", "count": "#"})"),
         listInput("zuncCompileXPSwitches", 200'000, 1, "\"s#\""),
-        {"pBlocks", "x.lfa", 50'000, 8,
-         [](int n) {
-             return R"({"devices": [{"name": "fpga0", "core": {"availableResources": {"pBlocks": [)" +
-                    listOf(R"({"name": "p#", "validSlrs": ["s#"], "resources": [{"name": "r#", "value": "1"}]})", n) +
-                    "]}}}]}";
-         }},
+        itemInput("pBlocks", 50'000, 8,
+                  R"({"devices": [{"name": "fpga0", "core": {"availableResources": {"pBlocks": [)",
+                  R"({"name": "p#", "validSlrs": ["s#"], "resources": [{"name": "r#", "value": "1"}]})", "]}}}]}"),
         xmlInput("memories of XML", 50'000, 6, R"(<Memory Name="mn" )",
                  R"(<Memory Name="m#" Type="ddr4" Size="4GB"><Config><Param Name="a" Value="b"/></Config></Memory>)"
                  "\n"),
@@ -149,46 +148,27 @@ const std::vector<Input>& inputs() {
                         n, ""));
          },
          "HPFM"},
-        {"emulation XML", "x.lfa", 50'000, 6,
-         [](int n) {
-             return "<Root VersionMajor='1' VersionMinor='1'><Emulations>" +
-                    listOf("<Emulation Name='e#'><Files><File Type='EMU_HPFM' Name='f#'/></Files></Emulation>", n,
-                           "") +
-                    "</Emulations></Root>";
-         },
-         "EMU_XML"},
-        {"emulation JSON", "x.lfa", 50'000, 7,
-         [](int n) {
-             return R"({"emulations": [)" +
-                    listOf(R"({"name": "e#", "files": [{"type": "EMU_HPFM", "name": "f#"}]})", n) + "]}";
-         },
-         "EMU_JSON"},
-        {"extension metadata", "x.lfa", 200'000, 2,
-         [](int n) { return "{" + listOf(R"("key#": {"a": "b"})", n) + "}"; }, "EXT_META_JSON"},
+        itemInput("emulation XML", 50'000, 6, "<Root VersionMajor='1' VersionMinor='1'><Emulations>",
+                  "<Emulation Name='e#'><Files><File Type='EMU_HPFM' Name='f#'/></Files></Emulation>",
+                  "</Emulations></Root>", "EMU_XML", ""),
+        itemInput("emulation JSON", 50'000, 7, R"({"emulations": [)",
+                  R"({"name": "e#", "files": [{"type": "EMU_HPFM", "name": "f#"}]})", "]}", "EMU_JSON"),
+        itemInput("extension metadata", 200'000, 2, "{", R"("key#": {"a": "b"})", "}", "EXT_META_JSON"),
         {"software", "x.spfm", 30'000, 4,
          [](int n) {
-             std::string text =
-                 "<teq:platform xmlns:teq='urn:torvane:teq:platform:1.0' teq:vendor='v' teq:library='l' teq:name='n' "
-                 "teq:version='1.0'><teq:description>d</teq:description><teq:systemConfigurations>";
-             for (int i = 0; i < n; ++i)
-                 text += "<teq:configuration teq:name='c" + std::to_string(i) +
-                         "' teq:displayName='C'><teq:description/></teq:configuration>";
-             return text + "</teq:systemConfigurations></teq:platform>";
+             return with(kSoftware, "</teq:systemConfigurations>",
+                         listOf("<teq:configuration teq:name='c#' teq:displayName='C'><teq:description/>"
+                                "</teq:configuration>",
+                                n, "") +
+                             "</teq:systemConfigurations>");
          },
          ""},
         {"an open tag", "x.zdf", 30, 0,
          [](int n) { return "<" + std::string(static_cast<std::size_t>(n) * 1'000'000, 'a'); }, "", 3},
-        {"open elements", "x.zdf", 30, 0,
-         [](int n) {
-             std::string text;
-             for (int i = 0; i < n * 300'000; ++i) text += "<a>";
-             return text;
-         },
-         "", 3},
+        {"open elements", "x.zdf", 30, 0, [](int n) { return listOf("<a>", n * 300'000, ""); }, "", 3},
         {"members", "x.lfa", 999'999, 0,
          [](int n) {
-             builder::Zip zip;
-             zip.entries = {builder::Entry("lfa.json", "{}")};
+             builder::Zip zip = builder::archiveOf({builder::Entry("lfa.json", "{}")});
              zip.isZip64 = true;
              for (int i = 0; i < n; ++i) zip.entries.emplace_back(std::to_string(i) + "/a/name/of/usual/length.dcp");
              return zip.build();
@@ -205,8 +185,7 @@ protected:
         const std::string text = input.text(number);
         std::string bytes;
         if (!input.member.empty()) {
-            builder::Zip zip;
-            zip.entries = {builder::Entry(input.member, text, true)};
+            builder::Zip zip = builder::archiveOf({builder::Entry(input.member, text, true)});
             if (!input.member.starts_with("lfa.")) zip.entries.emplace_back("lfa.json", listOfAll(input.member));
             bytes = zip.build();
         }
@@ -247,13 +226,11 @@ INSTANTIATE_TEST_SUITE_P(All, Growth, testing::Range<std::size_t>(0, inputs().si
 TEST(Bombs, TwoLevels) {
     const Scratch scratch;
     for (const int size : {1'000'000, 500'000'000}) {
-        builder::Zip inner, outer;
-        inner.entries = {builder::Entry("bomb", std::string(static_cast<std::size_t>(size), '\0'), true)};
-        const std::string packed = inner.build();
+        const builder::Entry bomb("bomb", std::string(static_cast<std::size_t>(size), '\0'), true);
         // The nested archive is stored in the first case and packed again in the second.
-        outer.entries = {builder::Entry("lfa.json", R"({"files": [{"type": "TILPRJ", "name": "x.tilprj"}]})"),
-                         builder::Entry("x.tilprj", packed, size > 1'000'000)};
-        scratch.put("x.lfa", outer.build());
+        const builder::Entry nested("x.tilprj", builder::archiveOf({bomb}).build(), size > 1'000'000),
+            metadata("lfa.json", R"({"files": [{"type": "TILPRJ", "name": "x.tilprj"}]})");
+        scratch.put("x.lfa", builder::archiveOf({metadata, nested}).build());
         const Use used = useOf({"extract", scratch / "x.lfa", "TILPRJ!bomb", scratch / "out"});
         EXPECT_LT(used.seconds, kMaxSeconds) << size;
         EXPECT_LT(used.peak, 64 * kMiB) << size;
@@ -266,10 +243,8 @@ TEST(Bombs, TwoLevels) {
 /// More than one call may unpack, although the archive says so itself and is sound.
 TEST(Bombs, MoreThanOneCallUnpacks) {
     const Scratch scratch;
-    builder::Zip zip;
-    zip.entries = {builder::Entry("lfa.json", "{}"),
-                   builder::Entry("bomb", std::string((1UL << 30) + 1, '\0'), true)};
-    scratch.put("x.lfa", zip.build());
+    const builder::Entry bomb("bomb", std::string((1UL << 30) + 1, '\0'), true);
+    scratch.put("x.lfa", builder::archiveOf({builder::Entry("lfa.json", "{}"), bomb}).build());
     const Use used = useOf({"extract", scratch / "x.lfa", "bomb", scratch / "out"});
     EXPECT_EQ(used.exit, 3);
     EXPECT_LT(used.seconds, kMaxSeconds);

@@ -4,6 +4,7 @@
 
 #include "hardware/HardwareKeys.h"
 #include "json/JsonText.h"
+#include "msg/HEXAll.h"
 #include "platform/JSONWriter.h"
 
 /// Documents on one line, as tests compare them: no line ends, no indent.
@@ -33,4 +34,15 @@ inline json::ptree parsed(std::string_view text) {
 template <class T>
 void readInto(T& record, std::string_view text) {
     json::readKeys(parsed(text), json::keysOf<T>(), record);
+}
+
+/// The text of the exception that a call throws.
+template <class Exception = HEXAll, class Call>
+std::string refusalOf(Call call) {
+    try {
+        call();
+    } catch (const Exception& error) {
+        return error.what();
+    }
+    return "not refused";
 }

@@ -7,7 +7,6 @@
 #include "hardware/MemorySize.h"
 #include "hardware/RomNumbers.h"
 #include "kit/Cases.h"
-#include "msg/HEXAll.h"
 #include "platform/HPLBoard.h"
 #include "platform/HPLCore.h"
 #include "platform/HPLMemory.h"

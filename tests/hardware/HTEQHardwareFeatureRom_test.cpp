@@ -6,23 +6,8 @@
 
 #include "hardware/Documents.h"
 #include "hardware/RomNames.h"
-#include "msg/HEXAll.h"
 
 using Rom = HTEQHardwareFeatureRom;
-
-namespace {
-
-template <class Call>
-std::string refusalOf(Call call) {
-    try {
-        call();
-    } catch (const HEXAll& e) {
-        return e.what();
-    }
-    return "not refused";
-}
-
-}  // namespace
 
 TEST(FeatureRom, FieldsLieAtTheirOffsets) {
     Rom rom;

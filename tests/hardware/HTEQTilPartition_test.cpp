@@ -2,21 +2,15 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "hardware/Documents.h"
-#include "msg/HEXAll.h"
+#include "kit/Files.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQTilPartitionsJsonReader.h"
 #include "util/HUTEnv.h"
 
 namespace {
 
-std::string fileOf(const std::string& text) {
-    const std::string path = HUTEnv::getJUNTmpDir() + "/partitions_test.json";
-    std::ofstream(path) << text;
-    return path;
-}
+std::string fileOf(const std::string& text) { return write(HUTEnv::getJUNTmpDir() + "/partitions_test.json", text); }
 
 }  // namespace
 
@@ -94,12 +88,8 @@ TEST(TilPartitionsJsonReader, WhatIsNotThereAndWhatIsNoJson) {
     for (const std::string& text :
          {std::string(R"({"TIL": {"a": {"numColumns": "1"}})"), std::string(), std::string(200'000, '[')}) {
         const std::string path = fileOf(text);
-        try {
-            platform.parseTILPartitions(path);
-            FAIL() << "not refused";
-        } catch (const HEXAlgException& e) {
-            EXPECT_EQ(e.what(), "An error occurred while parsing the til partitions json file: " + path);
-        }
+        EXPECT_EQ(refusalOf<HEXAlgException>([&] { platform.parseTILPartitions(path); }),
+                  "An error occurred while parsing the til partitions json file: " + path);
     }
     EXPECT_FALSE(platform.hasTilPartitions());
 }

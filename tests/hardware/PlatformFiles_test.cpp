@@ -5,12 +5,11 @@
 
 #include <boost/property_tree/json_parser.hpp>
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include "hardware/Documents.h"
 #include "hwdb/HHSMHardwareDb.h"
-#include "msg/HEXAll.h"
+#include "kit/Files.h"
 #include "platform/HPLPlatform.h"
 #include "platform/PlatformTilprjFileExtractor.h"
 #include "util/HUTEnv.h"
@@ -31,10 +30,7 @@ protected:
     /// A folder in it whose name ends in ".tilprj" becomes an archive.
     void pack(const Files& files) {
         const std::string folder = directory_ + "/folder";
-        for (const auto& [name, text] : files) {
-            fs::create_directories(fs::path(folder + "/" + name).parent_path());
-            std::ofstream(folder + "/" + name) << text;
-        }
+        for (const auto& [name, text] : files) write(folder + "/" + name, text);
         HUTZip::compressDir(folder, archive_);
         platform_.setPlatformFile(archive_);
     }
@@ -43,9 +39,7 @@ protected:
     template <class Extract>
     std::string copied(Extract extract) {
         const std::string below = directory_ + "/out/" + std::to_string(++copies_), copy = below + "/copy";
-        if (!extract(copy)) return fs::exists(copy) ? "left behind" : "-";
-        std::ifstream in(copy, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), {}};
+        return extract(copy) ? contentOf(copy) : fs::exists(copy) ? "left behind" : "-";
     }
 
     const std::string directory_ = HUTEnv::getJUNTmpDir() + "/platform_files";
@@ -98,7 +92,7 @@ TEST_F(PlatformFiles, CopiesByMemberAndByType) {
 }
 
 TEST_F(PlatformFiles, ArchivesThatCannotBeOpened) {
-    std::ofstream(directory_ + "/no.lfa") << "no archive";
+    write(directory_ + "/no.lfa", "no archive");
     for (const std::string& file : {directory_ + "/missing.lfa", directory_ + "/no.lfa", directory_, std::string()}) {
         SCOPED_TRACE(file);
         platform_.setPlatformFile(file);
@@ -131,7 +125,7 @@ TEST_F(PlatformFiles, FilesOfTheTileProject) {
     const std::string project = directory_ + "/project";
     EXPECT_TRUE(platform_.extractTILPRJFile(project));
     EXPECT_TRUE(HUTZip::containsFile(project, "tilarchive/morwen/logical_arch_til.larch"));
-    std::ofstream(project) << "already there";
+    write(project, "already there");
     EXPECT_TRUE(platform_.extractTILPRJFile(project));
     EXPECT_EQ(fs::file_size(project), 13u);
 }

@@ -3,7 +3,6 @@
 #include <boost/property_tree/exceptions.hpp>
 
 #include "hardware/Documents.h"
-#include "msg/HEXAll.h"
 #include "platform/HPLPlatform.h"
 
 namespace {
@@ -45,15 +44,11 @@ TEST(PlatformDocument, ReadFromAlmostNothing) {
               R"("usesNIFD": "false","generatedChangeList": "0"})");
 }
 
-TEST(PlatformDocument, IsExpandableUnlessTold) {
+TEST(PlatformDocument, DesignIntentThatIsDeclared) {
     HPLPlatform platform;
     platform.setExpandable(false);
     read(platform, "{}");
-    EXPECT_TRUE(platform.isExpandable());
-}
-
-TEST(PlatformDocument, DesignIntentThatIsDeclared) {
-    HPLPlatform platform;
+    EXPECT_TRUE(platform.isExpandable()) << "unless the document says otherwise";
     read(platform, R"({"usesPR": "TRUE", "designIntent": {"dataCenter": {"value": "false", "explicit": "true"},
                        "embedded": {"value": "true", "explicit": "false"}, "externalHost": {"explicit": "true"}}})");
     EXPECT_FALSE(platform.getDesignIntent().getDataCenter());
@@ -70,10 +65,7 @@ TEST(PlatformDocument, WhatASetterRefuses) {
     EXPECT_THROW(read(platform, R"({"designIpInstances": [{"configuration": {"a": "1", "a": "1"}}]})"),
                  HEXAlgException);
     // Of several faults the first in the order of reading is reported.
-    try {
-        read(platform, R"({"devices": [{}], "tilHardware": {"arch": "x"}})");
-        FAIL() << "not refused";
-    } catch (const HEXAlgException& e) {
-        EXPECT_STREQ(e.what(), "HTEQTilHardware::setArch() - Invalid til architecture specified: x");
-    }
+    EXPECT_EQ(
+        refusalOf<HEXAlgException>([&] { read(platform, R"({"devices": [{}], "tilHardware": {"arch": "x"}})"); }),
+        "HTEQTilHardware::setArch() - Invalid til architecture specified: x");
 }
