@@ -5,13 +5,13 @@
 #include <memory>
 
 #include "platform/HPLPlatform.h"
-#include "readers/CfaArchive.h"
+#include "readers/Archive.h"
 #include "readers/Hpfm.h"
 
 TEST(CfaJsonReader, FileTypesAreReadInAnyLetterCase) {
-    const CfaArchives archives;
-    const std::string archive = archives.put(
-        "p.lfa",
+    const Scratch scratch;
+    const std::string archive = archived(
+        scratch, "p.lfa",
         {{"lfa.json", R"({"files": [{"type": "hpfm", "name": "a.hpfm"}, {"type": "Emu_Json", "name": "emu.json"}]})"},
          {"a.hpfm", hpfm("<kp:busInterface kp:name='b'/>")},
          {"emu.json", R"({"emulations": [{"files": [{"type": "EMU_HPFM", "name": "n"}]}]})"}});

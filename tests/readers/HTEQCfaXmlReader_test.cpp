@@ -6,6 +6,8 @@
 #include <memory>
 
 #include "json/JsonText.h"
+#include "kit/Capture.h"
+#include "kit/Cases.h"
 #include "kit/CfaXml.h"
 #include "msg/HEXAll.h"
 #include "platform/HPLAddressSegment.h"
@@ -14,7 +16,7 @@
 #include "platform/HPLPort.h"
 #include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/JSONWriter.h"
-#include "readers/CfaArchive.h"
+#include "readers/Archive.h"
 #include "readers/Hpfm.h"
 #include "util/HUTEnv.h"
 
@@ -33,9 +35,9 @@ protected:
     /// Reads an archive with this XML member and others into a fresh platform.
     bool read(const std::string& xml, std::map<std::string, std::string> members = {}) {
         members["cfa.xml"] = xml;
-        archive_ = archives_.put("p.cfa", members);
+        archive_ = archived(scratch_, "p.cfa", members);
         platform_ = std::make_unique<HPLPlatform>();
-        capture_.messages.clear();
+        capture_.taken.clear();
         return HTEQCfaXmlReader(archive_, platform_.get()).parseCFA();
     }
     bool readWith(const std::string& part, const std::string& replacement,
@@ -51,7 +53,7 @@ protected:
     const HPLCore& core() const { return platform_->getDevice("fpga0")->getReadOnlyCore(); }
 
     Capture capture_;
-    CfaArchives archives_;
+    Scratch scratch_;
     std::string archive_;
     std::unique_ptr<HPLPlatform> platform_;
 };
@@ -60,7 +62,7 @@ protected:
 
 TEST_F(CfaXmlReader, FillsTheModel) {
     ASSERT_TRUE(read(kCfaXml));
-    EXPECT_THAT(capture_.messages, IsEmpty());
+    EXPECT_THAT(capture_.taken, IsEmpty());
     EXPECT_EQ(capture_.printed(), "");
     // What the document does not show, or shows in another form.
     EXPECT_EQ(platform_->getOldFeatureRomTime(), 9U);
@@ -74,69 +76,27 @@ TEST_F(CfaXmlReader, FillsTheModel) {
     const HPLAddressSegment& segment = *segments->next();
     EXPECT_THAT((std::vector{segment.getName(), segment.getBase(), segment.getRange(), segment.getSlaveName()}),
                 ElementsAre("an", "ab", "ar", "as"));
-    const std::pair<const char*, const char*> keys[] = {
-        {"versionMajor", "3"},
-        {"hostArchitecture", "aarch64"},
-        {"generatedChangeList", "7"},
-        {"validAcceleratorBinaryContentValues", "x,,y"},
-        {"dcpFunctionStripped", "true"},
-        {"unifiedPlatform", "true"},
-        {"expandablePlatform", "true"},
-        {"designIntent.dataCenter.value", "true"},
-        {"designIntent.dataCenter.explicit", "false"},
-        {"designIntent.embedded.value", "false"},
-        {"board.connectors..connected", "true"},
-        {"board.connectors..locked", "true"},
-        {"memories..lowAddress", "18446744073709551614"},
-        {"devices..core.numComputeUnits", "255"},
-        {"featureRoms..cdmaBaseAddress3", "0xd"},
-    };
-    for (const auto& [key, value] : keys) EXPECT_EQ(at(key), value) << key;
 }
 
 /// One text of the document, and the place in the platform's document that it decides.
 TEST_F(CfaXmlReader, Rules) {
-    const struct {
-        const char *part, *replacement, *key, *value;
-    } cases[] = {
-        // Flags: "true" in any letter case; all else is false.
-        {R"(DcpEncrypt="true")", R"(DcpEncrypt="TrUe")", "dcpEncrypted", "true"},
-        {R"(DcpEncrypt="true")", R"(DcpEncrypt="1")", "dcpEncrypted", "false"},
-        {R"(IsLocked="true")", R"(IsLocked=" true")", "board.connectors..locked", "false"},
-        {R"(Fixed="false")", R"(Fixed="True")", "expandablePlatform", "false"},
-        {R"(Fixed="false")", R"(Fixed="no")", "expandablePlatform", "true"},
-        // What is left out keeps the model's default.
-        {R"( AcceleratorBinaryFormat="abf")", "", "acceleratorBinaryFormat", "rovapk2"},
-        {R"( AcceleratorBinaryContent="abc")", "", "acceleratorBinaryContent", "bitstream"},
-        // What follows from partial reconfiguration.
-        {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.embedded.value", "true"},
-        {R"(UsesPR="true")", R"(UsesPR="false")", "designIntent.serverManaged.value", "false"},
-        {R"(UsesPR="true")", "", "usesPR", "true"},
-        {R"(UsesPR="true")", "", "designIntent.externalHost.value", "false"},
-        // Pictures: the case of the type counts.
-        {R"(Type="HDPI")", R"(Type="hdpi")", "board.imageFileHdpi", "(none)"},
-        {R"(ConnectedConnector="M1")", R"(ConnectedConnector="")", "board.connectors..connected", "false"},
-        // Resources: an empty text leaves the platform's count.
-        {R"(BRAM="13")", R"(BRAM="13 of 20")", "devices..core.availableResources.bramCount", "13 of 20"},
-        {R"(FPGAPartName="fp")", R"(FPGAPartName="1234567890123456789012345678901234567890123456789012345678901234")",
-         "featureRoms..fpgaPartName", "123456789012345678901234567890123456789012345678901234567890123"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(std::string(c.part) + " -> " + c.replacement);
-        EXPECT_TRUE(readWith(c.part, c.replacement));
-        EXPECT_EQ(at(c.key), c.value);
-    }
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/readers/cfa.case", [this](const auto&, const std::string& text) {
+        const auto to = text.find(" => "), key = text.rfind(" => ");
+        EXPECT_TRUE(readWith(text.substr(0, to), text.substr(to + 4, key - to - 4)));
+        return at(text.substr(key + 4));
+    });
     ASSERT_TRUE(readWith(R"(ValidSLRs="SLR0,SLR1")", R"(ValidSLRs="SLR1,,SLR0,SLR1")"));
     EXPECT_THAT(core().getReadOnlySLRMap().at("pb"), ElementsAre("", "SLR0", "SLR1"));
-    ASSERT_TRUE(readWith(R"(BRAM="13")", R"(BRAM="")"));
-    EXPECT_EQ(platform_->getBRAMCount(), 0);
-    ASSERT_TRUE(readWith(R"(BRAM="13")", R"(BRAM="13 of 20")"));
-    EXPECT_EQ(platform_->getBRAMCount(), 13);
+    for (const auto& [text, count] : {std::pair("", 0), std::pair("13 of 20", 13)}) {
+        ASSERT_TRUE(readWith(R"(BRAM="13")", std::string("BRAM='") + text + "'"));
+        EXPECT_EQ(platform_->getBRAMCount(), count) << text;
+    }
 }
 
 TEST_F(CfaXmlReader, AMissingElementEmptiesWhatItWouldFill) {
-    archive_ = archives_.put(
-        "g.cfa", {{"cfa.xml", with(kCfaXml, R"(<GenAppInfo Name="gn" Version="gv" CL="7" TimeStamp="gt"/>)", "")}});
+    archive_ =
+        archived(scratch_, "g.cfa",
+                 {{"cfa.xml", with(kCfaXml, R"(<GenAppInfo Name="gn" Version="gv" CL="7" TimeStamp="gt"/>)", "")}});
     HPLPlatform platform;
     platform.setGeneratedName("of another");
     platform.setGeneratedChangeList(5);
@@ -174,7 +134,7 @@ TEST_F(CfaXmlReader, AnHpfmAddsToItAndMakesItUnifiedAndExpandable) {
                     testing::EndsWith("Failed to parse hpfm stream from 'a.hpfm' in " + archive_ + "\n"));
     }
     ASSERT_TRUE(read(bare));
-    EXPECT_THAT(capture_.messages, IsEmpty()) << "a file that is not there";
+    EXPECT_THAT(capture_.taken, IsEmpty()) << "a file that is not there";
 }
 
 TEST_F(CfaXmlReader, EmulationTargetsTellWhetherItCanBeEmulated) {
@@ -188,31 +148,29 @@ TEST_F(CfaXmlReader, EmulationTargetsTellWhetherItCanBeEmulated) {
         {{}, "emu.xml"}, {{{"emu.xml", "<Root/>"}}, "needs the attribute VersionMajor"}};
     for (const auto& [members, words] : broken) {
         EXPECT_FALSE(read(listed, members));
-        const ComMsgMgrInstance& last = capture_.messages.back();
+        const ComMsgMgrInstance& last = capture_.taken.back();
         EXPECT_EQ(last.id, "@74-65@%s%s%s");
         EXPECT_EQ(last.mask, MsgMask::critical);
-        EXPECT_EQ(last.args.at(0), "cfa.xml");
-        EXPECT_EQ(last.args.at(1), archive_);
-        EXPECT_THAT(last.args.at(2), HasSubstr(words));
+        EXPECT_THAT(last.args, ElementsAre("cfa.xml", archive_, HasSubstr(words)));
     }
 }
 
 TEST_F(CfaXmlReader, RefusesANewerSchemaUnlessThePlatformIsBeforeSynthesis) {
     const std::string two = with(kCfaXml, R"(VersionMajor="1")", R"(VersionMajor="2")");
     EXPECT_FALSE(read(two));
-    ASSERT_EQ(capture_.messages.size(), 1U);
-    EXPECT_EQ(capture_.messages[0].id, "@74-52@%s");
-    EXPECT_EQ(capture_.messages[0].mask, MsgMask::error);
-    EXPECT_EQ(capture_.messages[0].args.at(0), "Hardware Platform '" + archive_ +
-                                                   "' (version 2) is newer than the current version 1 (" +
-                                                   HUTEnv::getFullBuildStr() + ")");
+    ASSERT_EQ(capture_.taken.size(), 1U);
+    EXPECT_EQ(capture_.taken[0].id, "@74-52@%s");
+    EXPECT_EQ(capture_.taken[0].mask, MsgMask::error);
+    EXPECT_EQ(capture_.taken[0].args.at(0), "Hardware Platform '" + archive_ +
+                                                "' (version 2) is newer than the current version 1 (" +
+                                                HUTEnv::getFullBuildStr() + ")");
     for (const char* state : {"pre_synth", "PRE_Synth"}) {
         EXPECT_TRUE(read(with(two, R"(PlatformState="impl")", std::string("PlatformState='") + state + "'")));
         EXPECT_EQ(at("platformState"), state);
     }
     const std::string broken = with(two, "<Files>", "<Colours/><Files>");
     EXPECT_FALSE(read(broken));
-    EXPECT_EQ(capture_.messages.at(0).id, "@74-62@%s%s%d") << "the document comes before its version";
+    EXPECT_EQ(capture_.taken.at(0).id, "@74-62@%s%s%d") << "the document comes before its version";
     for (const char* version :
          {R"(VersionMajor="0")", R"(VersionMajor="1" VersionMinor="4294967295")", R"(VersionMajor="2147483648")"}) {
         const bool hasMinor = std::string(version).find("Minor") != std::string::npos;
@@ -222,17 +180,18 @@ TEST_F(CfaXmlReader, RefusesANewerSchemaUnlessThePlatformIsBeforeSynthesis) {
 }
 
 TEST_F(CfaXmlReader, TellsTheVersionOfTheSchema) {
-    archive_ = archives_.put("v.cfa", {{"cfa.xml", with(kCfaXml, R"(VersionMajor="1")", R"(VersionMajor="7")")}});
+    archive_ =
+        archived(scratch_, "v.cfa", {{"cfa.xml", with(kCfaXml, R"(VersionMajor="1")", R"(VersionMajor="7")")}});
     HPLPlatform platform;
     int major = -1, minor = -1;
     EXPECT_TRUE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
     EXPECT_EQ(major, 7);
     EXPECT_EQ(minor, 15);
     EXPECT_EQ(platform.getName(), "") << "nothing is read into the platform";
-    archive_ = archives_.put("v.cfa", {{"cfa.xml", "<Root VersionMajor='8'/>"}});
+    archive_ = archived(scratch_, "v.cfa", {{"cfa.xml", "<Root VersionMajor='8'/>"}});
     EXPECT_FALSE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
     EXPECT_EQ(major, 7);
-    EXPECT_EQ(capture_.messages.at(0).id, "@74-62@%s%s%d");
+    EXPECT_EQ(capture_.taken.at(0).id, "@74-62@%s%s%d");
 }
 
 TEST_F(CfaXmlReader, TellsTheLineOfAFault) {
@@ -247,30 +206,27 @@ TEST_F(CfaXmlReader, TellsTheLineOfAFault) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.xml);
         EXPECT_FALSE(read(c.xml));
-        ASSERT_EQ(capture_.messages.size(), 1U);
-        const ComMsgMgrInstance& message = capture_.messages[0];
+        ASSERT_EQ(capture_.taken.size(), 1U);
+        const ComMsgMgrInstance& message = capture_.taken[0];
         EXPECT_EQ(message.id, "@74-62@%s%s%d");
         EXPECT_EQ(message.mask, MsgMask::critical);
-        EXPECT_THAT(message.args.at(0), HasSubstr(c.words));
-        EXPECT_EQ(message.args.at(1), archive_ + "/cfa.xml");
-        EXPECT_EQ(message.args.at(2), c.line);
+        EXPECT_THAT(message.args, ElementsAre(HasSubstr(c.words), archive_ + "/cfa.xml", c.line));
     }
 }
 
 TEST_F(CfaXmlReader, TellsThatThereIsNoDocument) {
     EXPECT_THROW(HTEQCfaXmlReader("", nullptr), HEXFileNotFoundException);
-    EXPECT_THROW(HTEQCfaXmlReader(archives_.path("gone.cfa"), nullptr), HEXFileNotFoundException);
+    EXPECT_THROW(HTEQCfaXmlReader(scratch_ / "gone.cfa", nullptr), HEXFileNotFoundException);
     const std::pair<std::string, const char*> cases[] = {
-        {archives_.put("p.lfa", {{"cfa.xml", kCfaXml}}), "no such member"},
-        {archives_.put("empty.lfa", {}), "no such member"},
-        {archives_.text("text.lfa", "no archive"), "not a zip archive"},
+        {archived(scratch_, "p.lfa", {{"cfa.xml", kCfaXml}}), "no such member"},
+        {archived(scratch_, "empty.lfa", {}), "no such member"},
+        {scratch_.put("text.lfa", "no archive"), "not a zip archive"},
     };
     for (const auto& [archive, words] : cases) {
         HPLPlatform platform;
         EXPECT_FALSE(HTEQCfaXmlReader(archive, &platform).parseCFA());
-        EXPECT_EQ(capture_.messages.back().id, "@74-62@%s%s%d");
-        EXPECT_THAT(capture_.messages.back().args.at(0), HasSubstr(words));
-        EXPECT_EQ(capture_.messages.back().args.at(1), archive + "/lfa.xml");
+        EXPECT_EQ(capture_.taken.back().id, "@74-62@%s%s%d");
+        EXPECT_THAT(capture_.taken.back().args, ElementsAre(HasSubstr(words), archive + "/lfa.xml", testing::_));
     }
 }
 
@@ -286,9 +242,9 @@ TEST_F(CfaXmlReader, ReportsTheModelsExceptions) {
     for (const auto& c : cases) {
         SCOPED_TRACE(c.replacement);
         EXPECT_FALSE(readWith(c.part, c.replacement));
-        ASSERT_EQ(capture_.messages.size(), 1U);
-        EXPECT_EQ(capture_.messages[0].id, "@74-65@%s%s%s");
-        EXPECT_THAT(capture_.messages[0].args.at(2), HasSubstr(c.words));
+        ASSERT_EQ(capture_.taken.size(), 1U);
+        EXPECT_EQ(capture_.taken[0].id, "@74-65@%s%s%s");
+        EXPECT_THAT(capture_.taken[0].args.at(2), HasSubstr(c.words));
     }
 }
 
@@ -298,13 +254,13 @@ TEST_F(CfaXmlReader, BoundsWhatALongListOfFilesReads) {
     for (int i = 0; i < 20'000; ++i) emulations += R"(<File Type="EMU_XML" Name="emu.xml"/>)";
     const std::string large = hpfm("<!--" + std::string(1 << 20, ' ') + "-->");
     EXPECT_FALSE(readWith("<File ", hpfms + "<File ", {{"a.hpfm", large}}));
-    EXPECT_THAT(capture_.messages.back().args.at(2), HasSubstr("hold more than 33554432 bytes in all"));
+    EXPECT_THAT(capture_.taken.back().args.at(2), HasSubstr("hold more than 33554432 bytes in all"));
     const std::string targets = with(kEmulations, "%", "EMU_HPFM") + "<!--" + std::string(1 << 20, ' ') + "-->";
     EXPECT_TRUE(readWith("<File ", emulations + "<File ", {{"emu.xml", targets}})) << "20 GB, were each row read";
 }
 
 TEST_F(CfaXmlReader, AnEmulationChildReadsItsOwnMember) {
-    archive_ = archives_.put("e.cfa", {{"cfa.xml", "<Root/>"}, {"hw_emu/cfa.xml", kCfaXml}});
+    archive_ = archived(scratch_, "e.cfa", {{"cfa.xml", "<Root/>"}, {"hw_emu/cfa.xml", kCfaXml}});
     HPLPlatform child;
     child.setIsChildHardwareEmuPlatform(true);
     EXPECT_TRUE(HTEQCfaXmlReader(archive_, &child).parseCFA());

@@ -4,13 +4,13 @@
 
 #include <memory>
 
+#include "kit/Capture.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHardwareAddressSegment.h"
 #include "platform/HTEQHardwareBusInterface.h"
 #include "platform/HTEQHardwareIPParam.h"
 #include "platform/HTEQHardwareNocConnectivity.h"
 #include "platform/HTEQSystemClock.h"
-#include "readers/Capture.h"
 #include "readers/Hpfm.h"
 
 namespace {
@@ -37,44 +37,30 @@ protected:
 
 }  // namespace
 
-TEST_F(HpfmReader, FillsWhatIsEmpty) {
-    ASSERT_TRUE(HTEQHpfmReader(hpfm(""), &platform_).parseStream());
-    EXPECT_EQ(platform_.getVendor(), "torvane.com");
-    EXPECT_EQ(platform_.getBoardId(), "board");  // the component's name
-    EXPECT_EQ(platform_.getName(), "board");
-    EXPECT_EQ(platform_.getDescription(), "from hpfm");
-}
-
-TEST_F(HpfmReader, KeepsWhatIsThereButTheDescription) {
+TEST_F(HpfmReader, FillsWhatIsEmptyAndTheDescription) {
+    const auto parsed = [this] {
+        EXPECT_TRUE(HTEQHpfmReader(hpfm(""), &platform_).parseStream());
+        return platform_.getVendor() + " " + platform_.getBoardId() + " " + platform_.getName() + " " +
+               platform_.getDescription();
+    };
+    EXPECT_EQ(parsed(), "torvane.com board board from hpfm") << "both names are the component's";
     platform_.setVendor("v");
     platform_.setBoardId("b");
     platform_.setName("n");
     platform_.setDescription("d");
-    ASSERT_TRUE(HTEQHpfmReader(hpfm(""), &platform_).parseStream());
-    EXPECT_EQ(platform_.getVendor(), "v");
-    EXPECT_EQ(platform_.getBoardId(), "b");
-    EXPECT_EQ(platform_.getName(), "n");
-    EXPECT_EQ(platform_.getDescription(), "from hpfm");
+    EXPECT_EQ(parsed(), "v b n from hpfm");
 }
 
-TEST_F(HpfmReader, Clocks) {
-    ASSERT_TRUE(HTEQHpfmReader(hpfm(""), &platform_).parseStream());
+TEST_F(HpfmReader, ClocksAndLists) {
+    ASSERT_TRUE(HTEQHpfmReader(hpfm(kParts), &platform_).parseStream());
     ASSERT_NE(platform_.getDefaultClock(), nullptr);
     EXPECT_EQ(platform_.getDefaultClock()->getOrigName(), "clk_a");
-    const auto clocks = all(platform_.createSystemClockIter());
-    ASSERT_EQ(clocks.size(), 2U);
-    EXPECT_EQ(clocks[0]->getName(), "PL 3");
-    EXPECT_EQ(clocks[0]->getOrigName(), "clk_a");
-    EXPECT_EQ(clocks[0]->getId(), 3);
-    EXPECT_EQ(clocks[1]->getName(), "clk_b");
-    EXPECT_EQ(clocks[1]->getId(), -1);
-}
-
-TEST_F(HpfmReader, Lists) {
-    ASSERT_TRUE(HTEQHpfmReader(hpfm(kParts), &platform_).parseStream());
-    const auto params = all(platform_.createIPParamIter());
-    ASSERT_EQ(params.size(), 1U);
-    EXPECT_EQ(params[0]->getName(), "p");
+    std::string clocks, params;
+    for (const auto* clock : all(platform_.createSystemClockIter()))
+        clocks += clock->getName() + " of " + clock->getOrigName() + " " + std::to_string(clock->getId()) + "; ";
+    EXPECT_EQ(clocks, "PL 3 of clk_a 3; clk_b of clk_b -1; ");
+    for (const auto* param : all(platform_.createIPParamIter())) params += param->getName() + "; ";
+    EXPECT_EQ(params, "p; ");
     ASSERT_EQ(interfaces().size(), 1U);
     HSTVector<HTEQHardwareAddressSegment*> segments;
     interfaces()[0]->getAddressSegments(segments);
@@ -103,11 +89,10 @@ TEST_F(HpfmReader, CountsTheBanksOfHighBandwidthMemory) {
     std::ostringstream words;
     platform_.issueNormalizeMemoryBanksMessage(words);
     EXPECT_NE(words.str().find("The HBM instance 'h' has only a subset"), std::string::npos);
-    EXPECT_TRUE(capture.messages.empty());
     HPLPlatform other;
     ASSERT_TRUE(HTEQHpfmReader(hpfm(hbm("h", {"true"}) + hbm("i", {"true"})), &other).parseStream());
-    ASSERT_EQ(capture.messages.size(), 1U);
-    EXPECT_EQ(capture.messages[0].id, "@74-261@");
+    ASSERT_EQ(capture.taken.size(), 1U);
+    EXPECT_EQ(capture.taken[0].id, "@74-261@");
 }
 
 TEST_F(HpfmReader, StreamFaultContributesNothing) {
@@ -123,8 +108,8 @@ TEST_F(HpfmReader, StreamFaultContributesNothing) {
             "Line number:4. <kp:busInterface> stands in <component> where <nocConnectivity>, <resourceEstimates> or "
             "the end of <component> is expected (column 1)\n");
         EXPECT_EQ(capture.printed(), reader.getErrorMsg());
-        ASSERT_EQ(capture.messages.size(), 1U);
-        EXPECT_EQ(capture.messages[0].id, "@74-31@");
+        ASSERT_EQ(capture.taken.size(), 1U);
+        EXPECT_EQ(capture.taken[0].id, "@74-31@");
     }
     EXPECT_EQ(platform_.getVendor(), "");
     EXPECT_TRUE(interfaces().empty());
@@ -137,32 +122,31 @@ TEST_F(HpfmReader, EmptyText) {
     EXPECT_FALSE(reader.parseStream());
 }
 
-TEST_F(HpfmReader, File) {
-    HTEQHpfmReader reader("unused", &platform_);
-    reader.setPlatformFile(scratch_.put("a.hpfm", hpfm("")));
-    EXPECT_TRUE(reader.parseFile());
-    EXPECT_EQ(platform_.getPlatformFile(), scratch_.path("a.hpfm"));
-    EXPECT_EQ(platform_.getVendor(), "torvane.com");
-}
-
-TEST_F(HpfmReader, FileFaultsAddUp) {
+TEST_F(HpfmReader, FilesAndTheirFaultsWhichAddUp) {
     const Capture capture;
     HTEQHpfmReader reader("unused", &platform_);
-    const std::string missing = scratch_.path("none"), bad = scratch_.put("bad", "<a/>");
-    reader.setPlatformFile(missing);
-    EXPECT_FALSE(reader.parseFile());
+    const auto parsed = [&](const std::string& file) {
+        reader.setPlatformFile(file);
+        return reader.parseFile();
+    };
+    const std::string missing = scratch_ / "none", bad = scratch_.put("bad", "<a/>"),
+                      good = scratch_.put("a.hpfm", hpfm(""));
+    EXPECT_FALSE(parsed(missing));
     const std::string first =
         "Error parsing hardware platform file: " + missing + "\nSpecified hardware platform file doens't exists\n";
     EXPECT_EQ(reader.getErrorMsg(), first);
     EXPECT_EQ(capture.printed(), "");
-    reader.setPlatformFile(bad);
-    EXPECT_FALSE(reader.parseFile());
+    EXPECT_FALSE(parsed(bad));
     const std::string second = "Error parsing hardware platform file: " + bad +
                                "\nLine number:1. the document element is <a>; expected <repository> in the namespace "
                                "\"urn:torvane:kp:hpfm:1.0\" (column 1)\n";
     EXPECT_EQ(reader.getErrorMsg(), first + second);
     EXPECT_EQ(capture.printed(), second);
-    ASSERT_EQ(capture.messages.size(), 1U);
-    EXPECT_EQ(capture.messages[0].id, "@74-12@");
-    EXPECT_EQ(capture.messages[0].args, (std::vector<std::string>{second, "1"}));
+    ASSERT_EQ(capture.taken.size(), 1U);
+    EXPECT_EQ(capture.taken[0].id, "@74-12@");
+    EXPECT_EQ(capture.taken[0].args, (std::vector<std::string>{second, "1"}));
+    EXPECT_EQ(platform_.getPlatformFile(), "");
+    EXPECT_TRUE(parsed(good));
+    EXPECT_EQ(platform_.getPlatformFile(), good);
+    EXPECT_EQ(platform_.getVendor(), "torvane.com");
 }

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "kit/Capture.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
-#include "readers/Capture.h"
 
 namespace {
 
@@ -21,80 +23,73 @@ std::string zdf(const std::string& hardware, const std::string& attributes = "")
 const std::string kHardware = "<teq:hardwarePlatform teq:path='y/../hw' teq:name='n.lfa'/>";
 const std::string kEmulation = "<teq:hwEmuPlatform teq:path='emu' teq:name='n.lfa'/>";
 
+std::string partition(const std::string& hardware) {
+    return "\n<teq:reconfigurablePartition teq:id='4'>" + hardware + "</teq:reconfigurablePartition>";
+}
+
 class DescriptorReader : public testing::Test {
 protected:
     bool read(const std::string& text) {
         file_ = scratch_.put("n.zdf", text);
-        HTEQPlatformXMLReader reader(file_, &platform_);
+        platform_ = std::make_unique<HTEQPlatform>();
+        HTEQPlatformXMLReader reader(file_, platform_.get());
         const bool done = reader.parseFile();
         error_ = reader.getErrorMsg();
         return done;
     }
     Scratch scratch_;
-    HTEQPlatform platform_;
+    std::unique_ptr<HTEQPlatform> platform_;
     std::string file_, error_;
 };
 
 }  // namespace
 
 TEST_F(DescriptorReader, DirectHardware) {
-    ASSERT_TRUE(read(zdf(kHardware)));
-    EXPECT_EQ(error_, "");
-    EXPECT_EQ(platform_.getVersion(), "1.50");
-    EXPECT_EQ(platform_.getPlatformFile(), file_);
-    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
-    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), "");
-    EXPECT_EQ(platform_.getSoftwarePlatformFile(), scratch_.path("x/../sw/n.spfm"));  // keeps its relative parts
-}
-
-TEST_F(DescriptorReader, DirectHardwareWithEmulation) {
-    ASSERT_TRUE(read(zdf(kHardware + kEmulation)));
-    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
-    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), scratch_.path("emu/n.lfa"));
-}
-
-TEST_F(DescriptorReader, EmulationAloneServesAsBoth) {
-    ASSERT_TRUE(read(zdf(kEmulation)));
-    EXPECT_EQ(platform_.getHardwarePlatformFile(), scratch_.path("emu/n.lfa"));
-    EXPECT_EQ(platform_.getHardwareEmuPlatformFile(), scratch_.path("emu/n.lfa"));
-    EXPECT_TRUE(platform_.hasDistinctHardwareEmulationPlatform());
+    const struct {
+        std::string text, hardware, emulation;
+    } cases[] = {
+        {kHardware, "hw/n.lfa", ""},
+        {kHardware + kEmulation, "hw/n.lfa", "emu/n.lfa"},
+        {kEmulation, "emu/n.lfa", "emu/n.lfa"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        ASSERT_TRUE(read(zdf(c.text)));
+        EXPECT_EQ(error_, "");
+        EXPECT_EQ(platform_->getVersion(), "1.50");
+        EXPECT_EQ(platform_->getPlatformFile(), file_);
+        EXPECT_EQ(platform_->getHardwarePlatformFile(), scratch_ / c.hardware);
+        EXPECT_EQ(platform_->getHardwareEmuPlatformFile(), c.emulation.empty() ? "" : scratch_ / c.emulation);
+        EXPECT_EQ(platform_->getSoftwarePlatformFile(), scratch_ / "x/../sw/n.spfm");  // keeps its relative parts
+    }
+    EXPECT_TRUE(platform_->hasDistinctHardwareEmulationPlatform()) << "emulation alone serves as both";
 }
 
 TEST_F(DescriptorReader, Partitions) {
-    ASSERT_TRUE(read(zdf("<teq:reconfigurablePartition teq:id='4'>" + kHardware + kEmulation +
-                             "</teq:reconfigurablePartition><teq:reconfigurablePartition teq:id='4'>" + kEmulation +
-                             "</teq:reconfigurablePartition>",
-                         "teq:defaultRP='9'")));
-    const auto& partitions = platform_.getReconfigurablePartitions();
+    ASSERT_TRUE(read(zdf(partition(kHardware + kEmulation) + partition(kEmulation), "teq:defaultRP='9'")));
+    const auto& partitions = platform_->getReconfigurablePartitions();
     ASSERT_EQ(partitions.size(), 2U);
-    EXPECT_EQ(partitions[0]->getHardwarePlatformFile(), scratch_.path("hw/n.lfa"));
-    EXPECT_EQ(partitions[0]->getHardwareEmulationPlatformFile(), scratch_.path("emu/n.lfa"));
+    EXPECT_EQ(partitions[0]->getHardwarePlatformFile(), scratch_ / "hw/n.lfa");
+    EXPECT_EQ(partitions[0]->getHardwareEmulationPlatformFile(), scratch_ / "emu/n.lfa");
     EXPECT_EQ(partitions[1]->getHardwarePlatformFile(), "");  // unlike a platform of emulation alone
-    EXPECT_EQ(partitions[1]->getHardwareEmulationPlatformFile(), scratch_.path("emu/n.lfa"));
-    EXPECT_EQ(platform_.getReconfigurablePartition(4), partitions[1]);
-    EXPECT_EQ(platform_.getDefaultRPId(), 9U);
-    EXPECT_EQ(platform_.getHardwarePlatform(), nullptr);
-    EXPECT_EQ(platform_.getHardwarePlatformFile(), "");
+    EXPECT_EQ(partitions[1]->getHardwareEmulationPlatformFile(), scratch_ / "emu/n.lfa");
+    EXPECT_EQ(platform_->getReconfigurablePartition(4), partitions[1]);
+    EXPECT_EQ(platform_->getDefaultRPId(), 9U);
+    EXPECT_EQ(platform_->getHardwarePlatform(), nullptr);
+    EXPECT_EQ(platform_->getHardwarePlatformFile(), "");
 }
 
 TEST_F(DescriptorReader, PartitionsHaveALimit) {
-    std::string most;
-    for (int i = 0; i < 1024; ++i)
-        most += "\n<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>";
+    const std::string most = repeated(partition(kHardware), 1024);
     ASSERT_TRUE(read(zdf(most))) << error_;
-    EXPECT_EQ(platform_.getReconfigurablePartitions().size(), 1024U);
+    EXPECT_EQ(platform_->getReconfigurablePartitions().size(), 1024U);
+    EXPECT_EQ(platform_->getDefaultRPId(), 0U) << "none is named";
 
     const Capture capture;
-    EXPECT_FALSE(read(
-        zdf(most + "\n<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>")));
+    EXPECT_FALSE(read(zdf(most + partition(kHardware))));
     EXPECT_NE(error_.find("Line number:1028. <hardwarePlatforms> has more than 1024 <reconfigurablePartition>"),
               std::string::npos)
         << error_;
-}
-
-TEST_F(DescriptorReader, DefaultPartitionIsZeroWhenNotNamed) {
-    ASSERT_TRUE(read(zdf("<teq:reconfigurablePartition teq:id='4'>" + kHardware + "</teq:reconfigurablePartition>")));
-    EXPECT_EQ(platform_.getDefaultRPId(), 0U);
 }
 
 TEST_F(DescriptorReader, ReportsAFaultAndLeavesThePlatform) {
@@ -104,17 +99,17 @@ TEST_F(DescriptorReader, ReportsAFaultAndLeavesThePlatform) {
                           "\nLine number:3. <hardwarePlatforms> ends where <hardwarePlatform>, <hwEmuPlatform> or "
                           "<reconfigurablePartition> is expected (column 25)\n");
     EXPECT_EQ(capture.printed(), error_);
-    ASSERT_EQ(capture.messages.size(), 1U);
-    EXPECT_EQ(capture.messages[0].id, "@74-9@%s");
-    EXPECT_EQ(capture.messages[0].mask, MsgMask::error);
-    EXPECT_EQ(capture.messages[0].args, (std::vector<std::string>{file_, "3"}));
-    EXPECT_EQ(platform_.getVendor(), "");
+    ASSERT_EQ(capture.taken.size(), 1U);
+    EXPECT_EQ(capture.taken[0].id, "@74-9@%s");
+    EXPECT_EQ(capture.taken[0].mask, MsgMask::error);
+    EXPECT_EQ(capture.taken[0].args, (std::vector<std::string>{file_, "3"}));
+    EXPECT_EQ(platform_->getVendor(), "");
 }
 
 TEST_F(DescriptorReader, MissingFile) {
-    for (const std::string& file : {std::string(), scratch_.path("none.zdf")}) {
+    for (const std::string& file : {std::string(), scratch_ / "none.zdf"}) {
         try {
-            HTEQPlatformXMLReader reader(file, &platform_);
+            HTEQPlatformXMLReader reader(file, platform_.get());
             ADD_FAILURE() << file;
         } catch (const HEXFileNotFoundException& e) {
             EXPECT_EQ(e.what(), file);

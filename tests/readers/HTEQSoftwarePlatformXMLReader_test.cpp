@@ -2,12 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include "kit/Capture.h"
+#include "kit/Cases.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
-#include "readers/Capture.h"
 
 namespace {
 
@@ -23,16 +24,10 @@ std::string configuration(const std::string& attributes, const std::string& body
            "><teq:description>text</teq:description>" + body + "</teq:configuration>\n";
 }
 
-std::string image(const std::string& attributes) {
-    return "<teq:bootImages teq:default='i'><teq:image teq:name='i' teq:bif='' teq:readme='' " + attributes +
-           "/></teq:bootImages>";
-}
-
-std::string group(const std::string& osAttributes) {
-    return "<teq:processorGroup teq:name='g' teq:displayName='G' teq:cpuType='x86'>"
-           "<teq:os teq:name='linux' teq:displayName='Linux' " +
-           osAttributes + "/></teq:processorGroup>";
-}
+const std::string kImage = "<teq:bootImages teq:default='i'><teq:image teq:name='i' teq:bif='' teq:readme=''";
+const std::string kGroup =
+    "<teq:processorGroup teq:name='g' teq:displayName='G' teq:cpuType='x86'><teq:os teq:name='linux' "
+    "teq:displayName='Linux'";
 
 class SoftwareReader : public testing::Test {
 protected:
@@ -51,9 +46,11 @@ protected:
 }  // namespace
 
 TEST_F(SoftwareReader, FillsTheModel) {
-    const HTEQSystemConfig* config = read(
-        spfm(configuration("", "<teq:prebuilt teq:data='p'/>" + image("") + group("teq:sysRoot='s'") + group("")),
-             "teq:defaultConfiguration='d'"));
+    const std::string image = kImage + "/></teq:bootImages>",
+                      sysRoot = kGroup + " teq:sysRoot='s'/></teq:processorGroup>",
+                      group = kGroup + "/></teq:processorGroup>";
+    const HTEQSystemConfig* config = read(spfm(
+        configuration("", "<teq:prebuilt teq:data='p'/>" + image + sysRoot + group), "teq:defaultConfiguration='d'"));
     EXPECT_EQ(platform_.getDefaultConfigName(), "d");
     EXPECT_EQ(config->getName(), "c");
     EXPECT_EQ(config->getPrebuiltData(), "p");
@@ -64,50 +61,24 @@ TEST_F(SoftwareReader, FillsTheModel) {
     EXPECT_EQ(groups[0]->getCpuType() + groups[0]->getOSName() + groups[0]->getSysRoot(), "x86linuxs");
 }
 
-TEST_F(SoftwareReader, QemuFollowsFromTheImage) {
-    const struct {
-        std::string body;
-        bool supported;
-    } cases[] = {
-        {"", false},
-        {image(""), false},
-        {image("teq:hwBootBin='x'"), false},
-        {image("teq:qemuBoot='x'"), true},
-        {image("teq:qemuArguments=''"), true},
-        {image("teq:qemuDevicetree='x'"), true},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.body);
-        const HTEQSystemConfig* config = read(spfm(configuration("", c.body)));
-        EXPECT_EQ(config->isQemuSupported(), c.supported);
-        EXPECT_EQ(config->getDefaultBootImgName(), c.body.empty() ? "" : "i");
-    }
-}
-
-TEST_F(SoftwareReader, Runtimes) {
-    const struct {
-        std::string attribute;
-        HSTVector<std::string> runtimes;
-    } cases[] = {
-        {"", {}},
-        {"teq:runtimes=''", {""}},
-        {"teq:runtimes='ocl,cpp'", {"ocl", "cpp"}},
-        {"teq:runtimes='ocl,, cpp,'", {"ocl", "", " cpp", ""}},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.attribute);
-        HSTVector<std::string> runtimes;
-        read(spfm(configuration(c.attribute)))->getRuntimes(runtimes);
-        EXPECT_EQ(runtimes, c.runtimes);
-    }
-}
-
-TEST_F(SoftwareReader, HypervisorGuest) {
-    for (const auto& [attribute, guest] : {std::pair("", false), std::pair("teq:hypervisorGuest='YES'", true),
-                                           std::pair("teq:hypervisorGuest='true'", false)}) {
-        SCOPED_TRACE(attribute);
-        EXPECT_EQ(read(spfm(configuration("", group(attribute))))->getProcGrpByName("g")->IsHypervisorGuest(), guest);
-    }
+TEST_F(SoftwareReader, AttributesThatMeanSomething) {
+    cases::expectTexts(
+        ZR_SOURCE_DIR "/tests/cases/readers/software.case", [this](const auto& name, const auto& text) {
+            std::string result;
+            if (name.starts_with("image")) {
+                const HTEQSystemConfig* config =
+                    read(spfm(configuration("", text == "none" ? "" : kImage + text + "/></teq:bootImages>")));
+                result = (config->isQemuSupported() ? "QEMU " : "no QEMU ") + config->getDefaultBootImgName();
+            } else if (name.starts_with("os")) {
+                const auto* config = read(spfm(configuration("", kGroup + text + "/></teq:processorGroup>")));
+                result = config->getProcGrpByName("g")->IsHypervisorGuest() ? "guest" : "no guest";
+            } else {
+                HSTVector<std::string> runtimes;
+                read(spfm(configuration(text)))->getRuntimes(runtimes);
+                for (const std::string& runtime : runtimes) result += "(" + runtime + ")";
+            }
+            return result;
+        });
 }
 
 TEST_F(SoftwareReader, ReportsAFaultAndLeavesTheModel) {
@@ -120,19 +91,16 @@ TEST_F(SoftwareReader, ReportsAFaultAndLeavesTheModel) {
                                  "\nLine number:5. <configuration> ends where <description> is expected (column 54)";
     EXPECT_EQ(reader.getErrorMsg(), expected);
     EXPECT_EQ(capture.printed(), expected + "\n");
-    ASSERT_EQ(capture.messages.size(), 1U);
-    EXPECT_EQ(capture.messages[0].id, "@74-51@%s%d");
-    EXPECT_EQ(capture.messages[0].args, (std::vector<std::string>{file, "5"}));
+    ASSERT_EQ(capture.taken.size(), 1U);
+    EXPECT_EQ(capture.taken[0].id, "@74-51@%s%d");
+    EXPECT_EQ(capture.taken[0].args, (std::vector<std::string>{file, "5"}));
     EXPECT_EQ(platform_.getSystemConfig(), nullptr);
 }
 
-TEST_F(SoftwareReader, MissingFile) {
-    EXPECT_THROW(HTEQSoftwarePlatformXMLReader(scratch_.path("none"), &platform_), HEXFileNotFoundException);
-}
-
-TEST_F(SoftwareReader, ADirectoryIsAFault) {
+TEST_F(SoftwareReader, PathsThatAreNoFiles) {
+    EXPECT_THROW(HTEQSoftwarePlatformXMLReader(scratch_ / "none", &platform_), HEXFileNotFoundException);
     const Capture capture;
-    HTEQSoftwarePlatformXMLReader reader(scratch_.path(""), &platform_);
+    HTEQSoftwarePlatformXMLReader reader(scratch_.str(), &platform_);
     EXPECT_FALSE(reader.parseFile());
-    EXPECT_EQ(capture.messages.at(0).args.at(1), "0");
+    EXPECT_EQ(capture.taken.at(0).args.at(1), "0") << "a directory has no lines";
 }
