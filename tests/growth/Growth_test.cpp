@@ -11,9 +11,9 @@
 #include <vector>
 
 #include "kit/CfaXml.h"
+#include "kit/Hpfm.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
-#include "readers/Hpfm.h"
 
 namespace {
 
