@@ -11,10 +11,13 @@
 #include <vector>
 
 #include "kit/CfaXml.h"
+<<<<<<< HEAD
 #include "kit/Platforms.h"
+=======
+#include "kit/Hpfm.h"
+>>>>>>> cutreaders
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
-#include "readers/Hpfm.h"
 
 namespace {
 

@@ -5,11 +5,11 @@
 #include <map>
 
 #include "kit/Cases.h"
+#include "kit/Hpfm.h"
 #include "kit/Leaves.h"
 #include "kit/Platforms.h"
 #include "platform/HPLPlatform.h"
 #include "platform/PlatformLoader.h"
-#include "readers/Hpfm.h"
 #include "zip/Archive.h"
 
 namespace {

@@ -26,6 +26,7 @@
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemClock.h"
 #include "platform/HTEQSystemConfig.h"
+#include "text/HSTStringUtils.h"
 
 namespace {
 
@@ -74,15 +75,15 @@ void clear(const xml::Element& element, void* record) {
         row.type->assign(row.member(record), row.type->schema == std::string("xs:string") ? "" : "0");
 }
 
-const xml::Element& elementAt(const xml::Format& format, std::string path) {
+const xml::Element& elementAt(const xml::Format& format, const std::string& path) {
     const xml::Element* element = format.element;
-    while (!path.empty()) {
-        const std::string name = path.substr(0, path.find('/'));
-        path.erase(0, name.size() + 1);
-        const auto at =
-            std::ranges::find_if(element->children, [&](const xml::Child& row) { return row.name == name; });
-        if (at == element->children.end()) throw std::invalid_argument("no element " + name);
-        element = at->element;
+    for (const std::string& name : HSTStringUtils::split(path, '/')) {
+        const auto isNamed = [&name](const xml::Child& row) { return row.name == name; };
+        const auto at = std::ranges::find_if(element->children, isNamed);
+        if (at != element->children.end())
+            element = at->element;
+        else if (!name.empty())
+            throw std::invalid_argument("no element " + name);
     }
     return *element;
 }

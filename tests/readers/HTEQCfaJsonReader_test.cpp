@@ -4,9 +4,9 @@
 
 #include <memory>
 
+#include "kit/Hpfm.h"
 #include "platform/HPLPlatform.h"
 #include "readers/Archive.h"
-#include "readers/Hpfm.h"
 
 TEST(CfaJsonReader, FileTypesAreReadInAnyLetterCase) {
     const Scratch scratch;

@@ -5,20 +5,15 @@
 
 #include <memory>
 
-#include "json/JsonText.h"
 #include "kit/Capture.h"
 #include "kit/Cases.h"
 #include "kit/CfaXml.h"
+#include "kit/Hpfm.h"
 #include "msg/HEXAll.h"
-#include "platform/HPLAddressSegment.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLPlatform.h"
-#include "platform/HPLPort.h"
-#include "platform/HTEQHardwareFeatureRom.h"
 #include "platform/JSONWriter.h"
 #include "readers/Archive.h"
-#include "readers/Hpfm.h"
-#include "util/HUTEnv.h"
 
 namespace {
 
@@ -44,12 +39,12 @@ protected:
                   const std::map<std::string, std::string>& members = {}) {
         return read(with(kCfaXml, part, replacement), members);
     }
-    json::ptree document() const {
+    /// What the platform's document has at a key.
+    std::string at(const std::string& key) const {
         teq_platform::JSONObjectWriter writer;
         writer.writeObject(*platform_);
-        return writer.getTree();
+        return writer.getTree().get(key, "(none)");
     }
-    std::string at(const std::string& key) const { return document().get(key, "(none)"); }
     const HPLCore& core() const { return platform_->getDevice("fpga0")->getReadOnlyCore(); }
 
     Capture capture_;
@@ -60,22 +55,13 @@ protected:
 
 }  // namespace
 
-TEST_F(CfaXmlReader, FillsTheModel) {
+TEST_F(CfaXmlReader, ResourcesAreThoseOfTheCore) {
     ASSERT_TRUE(read(kCfaXml));
     EXPECT_THAT(capture_.taken, IsEmpty());
     EXPECT_EQ(capture_.printed(), "");
-    // What the document does not show, or shows in another form.
-    EXPECT_EQ(platform_->getOldFeatureRomTime(), 9U);
-    EXPECT_EQ(platform_->getReadOnlyBoard().getPCIeId().getFeatureId(), "pf");
-    EXPECT_EQ(core().getDRBaseAddress(), "");
     EXPECT_EQ(platform_->getRegisterCount(), 12);
     EXPECT_EQ(platform_->HTEQHardwarePlatform::getRegisterCount(), 0) << "the platform's own gets none";
     EXPECT_EQ(platform_->getLUTCount(), 11);
-    const std::unique_ptr<HSTFwdIter<HPLPort*>> ports(core().createPortIter());
-    const std::unique_ptr<HSTFwdIter<HPLAddressSegment*>> segments(ports->next()->createAddressSegmentIter());
-    const HPLAddressSegment& segment = *segments->next();
-    EXPECT_THAT((std::vector{segment.getName(), segment.getBase(), segment.getRange(), segment.getSlaveName()}),
-                ElementsAre("an", "ab", "ar", "as"));
 }
 
 /// One text of the document, and the place in the platform's document that it decides.
@@ -161,22 +147,15 @@ TEST_F(CfaXmlReader, RefusesANewerSchemaUnlessThePlatformIsBeforeSynthesis) {
     ASSERT_EQ(capture_.taken.size(), 1U);
     EXPECT_EQ(capture_.taken[0].id, "@74-52@%s");
     EXPECT_EQ(capture_.taken[0].mask, MsgMask::error);
-    EXPECT_EQ(capture_.taken[0].args.at(0), "Hardware Platform '" + archive_ +
-                                                "' (version 2) is newer than the current version 1 (" +
-                                                HUTEnv::getFullBuildStr() + ")");
     for (const char* state : {"pre_synth", "PRE_Synth"}) {
         EXPECT_TRUE(read(with(two, R"(PlatformState="impl")", std::string("PlatformState='") + state + "'")));
         EXPECT_EQ(at("platformState"), state);
     }
-    const std::string broken = with(two, "<Files>", "<Colours/><Files>");
-    EXPECT_FALSE(read(broken));
+    EXPECT_FALSE(read(with(two, "<Files>", "<Colours/><Files>")));
     EXPECT_EQ(capture_.taken.at(0).id, "@74-62@%s%s%d") << "the document comes before its version";
-    for (const char* version :
-         {R"(VersionMajor="0")", R"(VersionMajor="1" VersionMinor="4294967295")", R"(VersionMajor="2147483648")"}) {
-        const bool hasMinor = std::string(version).find("Minor") != std::string::npos;
-        EXPECT_TRUE(readWith(hasMinor ? R"(VersionMajor="1" VersionMinor="15")" : R"(VersionMajor="1")", version))
-            << version;
-    }
+    EXPECT_TRUE(readWith(R"(VersionMajor="1")", R"(VersionMajor="0")"));
+    EXPECT_TRUE(readWith(R"(VersionMajor="1")", R"(VersionMajor="2147483648")"));
+    EXPECT_TRUE(readWith(R"(VersionMinor="15")", R"(VersionMinor="4294967295")"));
 }
 
 TEST_F(CfaXmlReader, TellsTheVersionOfTheSchema) {
@@ -185,8 +164,7 @@ TEST_F(CfaXmlReader, TellsTheVersionOfTheSchema) {
     HPLPlatform platform;
     int major = -1, minor = -1;
     EXPECT_TRUE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
-    EXPECT_EQ(major, 7);
-    EXPECT_EQ(minor, 15);
+    EXPECT_EQ(std::pair(major, minor), std::pair(7, 15));
     EXPECT_EQ(platform.getName(), "") << "nothing is read into the platform";
     archive_ = archived(scratch_, "v.cfa", {{"cfa.xml", "<Root VersionMajor='8'/>"}});
     EXPECT_FALSE(HTEQCfaXmlReader(archive_, &platform).getRootVersion(major, minor));
@@ -201,7 +179,6 @@ TEST_F(CfaXmlReader, TellsTheLineOfAFault) {
         {"<Root VersionMajor='1'\n>\n</Root>", "1", "<Root> needs the attribute VersionMinor (column 1)"},
         {"<Root VersionMajor='1' VersionMinor='1'>\n <CFA/></Root>", "2", "<CFA> needs the attribute Vendor"},
         {"", "1", "no element found"},
-        {"<!DOCTYPE a>\n<Root/>", "1", "document type declaration"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.xml);
@@ -219,7 +196,6 @@ TEST_F(CfaXmlReader, TellsThatThereIsNoDocument) {
     EXPECT_THROW(HTEQCfaXmlReader(scratch_ / "gone.cfa", nullptr), HEXFileNotFoundException);
     const std::pair<std::string, const char*> cases[] = {
         {archived(scratch_, "p.lfa", {{"cfa.xml", kCfaXml}}), "no such member"},
-        {archived(scratch_, "empty.lfa", {}), "no such member"},
         {scratch_.put("text.lfa", "no archive"), "not a zip archive"},
     };
     for (const auto& [archive, words] : cases) {
@@ -249,9 +225,8 @@ TEST_F(CfaXmlReader, ReportsTheModelsExceptions) {
 }
 
 TEST_F(CfaXmlReader, BoundsWhatALongListOfFilesReads) {
-    std::string hpfms, emulations;
-    for (int i = 0; i < 40; ++i) hpfms += R"(<File Type="HPFM" Name="a.hpfm"/>)";
-    for (int i = 0; i < 20'000; ++i) emulations += R"(<File Type="EMU_XML" Name="emu.xml"/>)";
+    const std::string hpfms = repeated(R"(<File Type="HPFM" Name="a.hpfm"/>)", 40),
+                      emulations = repeated(R"(<File Type="EMU_XML" Name="emu.xml"/>)", 20'000);
     const std::string large = hpfm("<!--" + std::string(1 << 20, ' ') + "-->");
     EXPECT_FALSE(readWith("<File ", hpfms + "<File ", {{"a.hpfm", large}}));
     EXPECT_THAT(capture_.taken.back().args.at(2), HasSubstr("hold more than 33554432 bytes in all"));

@@ -5,13 +5,11 @@
 #include <memory>
 
 #include "kit/Capture.h"
+#include "kit/Hpfm.h"
 #include "platform/HPLPlatform.h"
-#include "platform/HTEQHardwareAddressSegment.h"
 #include "platform/HTEQHardwareBusInterface.h"
-#include "platform/HTEQHardwareIPParam.h"
 #include "platform/HTEQHardwareNocConnectivity.h"
 #include "platform/HTEQSystemClock.h"
-#include "readers/Hpfm.h"
 
 namespace {
 
@@ -51,25 +49,14 @@ TEST_F(HpfmReader, FillsWhatIsEmptyAndTheDescription) {
     EXPECT_EQ(parsed(), "v b n from hpfm");
 }
 
-TEST_F(HpfmReader, ClocksAndLists) {
+TEST_F(HpfmReader, Clocks) {
     ASSERT_TRUE(HTEQHpfmReader(hpfm(kParts), &platform_).parseStream());
     ASSERT_NE(platform_.getDefaultClock(), nullptr);
     EXPECT_EQ(platform_.getDefaultClock()->getOrigName(), "clk_a");
-    std::string clocks, params;
+    std::string clocks;
     for (const auto* clock : all(platform_.createSystemClockIter()))
         clocks += clock->getName() + " of " + clock->getOrigName() + " " + std::to_string(clock->getId()) + "; ";
     EXPECT_EQ(clocks, "PL 3 of clk_a 3; clk_b of clk_b -1; ");
-    for (const auto* param : all(platform_.createIPParamIter())) params += param->getName() + "; ";
-    EXPECT_EQ(params, "p; ");
-    ASSERT_EQ(interfaces().size(), 1U);
-    HSTVector<HTEQHardwareAddressSegment*> segments;
-    interfaces()[0]->getAddressSegments(segments);
-    ASSERT_EQ(segments.size(), 1U);
-    EXPECT_EQ(segments[0]->getName(), "s");
-    const auto noc = all(platform_.createNocConnectivityIter());
-    ASSERT_EQ(noc.size(), 1U);
-    EXPECT_EQ(noc[0]->getInstanceRef(), "n");
-    EXPECT_NE(noc[0]->getBusInterfaceByName("of n"), nullptr);
 }
 
 TEST_F(HpfmReader, OnlyOneList) {
@@ -108,8 +95,7 @@ TEST_F(HpfmReader, StreamFaultContributesNothing) {
             "Line number:4. <kp:busInterface> stands in <component> where <nocConnectivity>, <resourceEstimates> or "
             "the end of <component> is expected (column 1)\n");
         EXPECT_EQ(capture.printed(), reader.getErrorMsg());
-        ASSERT_EQ(capture.taken.size(), 1U);
-        EXPECT_EQ(capture.taken[0].id, "@74-31@");
+        EXPECT_EQ(capture.lines(), std::vector<std::string>{"@74-31@"});
     }
     EXPECT_EQ(platform_.getVendor(), "");
     EXPECT_TRUE(interfaces().empty());
@@ -145,7 +131,6 @@ TEST_F(HpfmReader, FilesAndTheirFaultsWhichAddUp) {
     ASSERT_EQ(capture.taken.size(), 1U);
     EXPECT_EQ(capture.taken[0].id, "@74-12@");
     EXPECT_EQ(capture.taken[0].args, (std::vector<std::string>{second, "1"}));
-    EXPECT_EQ(platform_.getPlatformFile(), "");
     EXPECT_TRUE(parsed(good));
     EXPECT_EQ(platform_.getPlatformFile(), good);
     EXPECT_EQ(platform_.getVendor(), "torvane.com");

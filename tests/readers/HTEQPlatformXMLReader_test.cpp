@@ -1,5 +1,6 @@
 #include "platform/HTEQPlatformXMLReader.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -107,12 +108,8 @@ TEST_F(DescriptorReader, ReportsAFaultAndLeavesThePlatform) {
 }
 
 TEST_F(DescriptorReader, MissingFile) {
-    for (const std::string& file : {std::string(), scratch_ / "none.zdf"}) {
-        try {
-            HTEQPlatformXMLReader reader(file, platform_.get());
-            ADD_FAILURE() << file;
-        } catch (const HEXFileNotFoundException& e) {
-            EXPECT_EQ(e.what(), file);
-        }
-    }
+    for (const std::string& file : {std::string(), scratch_ / "none.zdf"})
+        EXPECT_THAT([&] { HTEQPlatformXMLReader reader(file, nullptr); },
+                    testing::Throws<HEXFileNotFoundException>(
+                        testing::Property(&HEXFileNotFoundException::what, testing::StrEq(file))));
 }

@@ -5,20 +5,19 @@
 #include "kit/Capture.h"
 #include "kit/Cases.h"
 #include "msg/HEXAll.h"
-#include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
 
 namespace {
 
-std::string spfm(const std::string& configurations, const std::string& attributes = "") {
+std::string spfm(const std::string& configurations) {
     return "<teq:platform xmlns:teq='urn:torvane:teq:platform:1.0' teq:vendor='v' teq:library='l' teq:name='n'"
-           " teq:version='1.0'>\n<teq:description>d</teq:description>\n<teq:systemConfigurations " +
-           attributes + ">\n" + configurations + "</teq:systemConfigurations></teq:platform>";
+           " teq:version='1.0'>\n<teq:description>d</teq:description>\n<teq:systemConfigurations>\n" +
+           configurations + "</teq:systemConfigurations></teq:platform>";
 }
 
-/// A configuration named `name` with `attributes`, and `body` after its description.
+/// A configuration with `attributes`, and `body` after its description.
 std::string configuration(const std::string& attributes, const std::string& body = "") {
     return "<teq:configuration teq:name='c' teq:displayName='C' " + attributes +
            "><teq:description>text</teq:description>" + body + "</teq:configuration>\n";
@@ -44,22 +43,6 @@ protected:
 };
 
 }  // namespace
-
-TEST_F(SoftwareReader, FillsTheModel) {
-    const std::string image = kImage + "/></teq:bootImages>",
-                      sysRoot = kGroup + " teq:sysRoot='s'/></teq:processorGroup>",
-                      group = kGroup + "/></teq:processorGroup>";
-    const HTEQSystemConfig* config = read(spfm(
-        configuration("", "<teq:prebuilt teq:data='p'/>" + image + sysRoot + group), "teq:defaultConfiguration='d'"));
-    EXPECT_EQ(platform_.getDefaultConfigName(), "d");
-    EXPECT_EQ(config->getName(), "c");
-    EXPECT_EQ(config->getPrebuiltData(), "p");
-    EXPECT_EQ(config->getBootImgByName("i")->getName(), "i");
-    HSTVector<HTEQProcessorGroup*> groups;
-    config->getProcessorGroups(groups);
-    ASSERT_EQ(groups.size(), 2U);
-    EXPECT_EQ(groups[0]->getCpuType() + groups[0]->getOSName() + groups[0]->getSysRoot(), "x86linuxs");
-}
 
 TEST_F(SoftwareReader, AttributesThatMeanSomething) {
     cases::expectTexts(
