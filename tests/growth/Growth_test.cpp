@@ -11,11 +11,8 @@
 #include <vector>
 
 #include "kit/CfaXml.h"
-<<<<<<< HEAD
-#include "kit/Platforms.h"
-=======
 #include "kit/Hpfm.h"
->>>>>>> cutreaders
+#include "kit/Platforms.h"
 #include "kit/Scratch.h"
 #include "kit/ZipBuilder.h"
 
