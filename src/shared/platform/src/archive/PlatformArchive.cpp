@@ -41,14 +41,16 @@ std::span<const PlatformMember> childMembersOf(Mode mode) {
 
 }  // namespace
 
-PlatformArchive::PlatformArchive(const std::string& file)
-    : source_(open(file)), extension_(HUTFile::getExt(HUTFile::getCanonicalName(file))) {}
+PlatformArchive::PlatformArchive(const std::string& file) : source_(open(file)), file_(file) {}
 
 bool PlatformArchive::Metadata::isOfChild() const {
     return kind == hwEmuJson || kind == altHwEmuJson || kind == hwEmuXml;
 }
 
-std::string PlatformArchive::nameOf(PlatformMember kind) const { return platformMember(kind, extension_); }
+std::string PlatformArchive::nameOf(PlatformMember kind) const {
+    if (!extension_) extension_ = HUTFile::getExt(HUTFile::getCanonicalName(file_));
+    return platformMember(kind, *extension_);
+}
 
 std::optional<PlatformArchive::Metadata> PlatformArchive::present(PlatformMember kind) const {
     std::string name = nameOf(kind);

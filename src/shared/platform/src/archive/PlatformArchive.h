@@ -57,7 +57,8 @@ private:
     std::string nameOf(PlatformMember kind) const;
 
     std::shared_ptr<const MemberSource> source_;
-    std::string extension_;                                  ///< of the file that the path resolves to
+    std::string file_;
+    mutable std::optional<std::string> extension_;  ///< of the file that the path leads to; made on first use
     mutable std::optional<std::vector<std::string>> names_;  ///< sorted; created on the first query for a folder
 };
 

@@ -26,8 +26,7 @@ constexpr std::string_view kNotLoaded = shortMessageId("@74-60@%s");
 constexpr const char* kHardwareFailed = "Failed to parse Hardware Platform metadata file";
 constexpr const char* kEmulationFailed = "Failed to parse Hardware Emulation Platform metadata file";
 
-/// Runs a step of loading. A failure becomes a `PlatformParseException` with the text of the step and the cause nested
-/// in it.
+/// Runs a step of loading. A failure becomes a `PlatformParseException` with the text of the step and the cause.
 void step(const char* text, const std::function<void()>& run) {
     try {
         run();
