@@ -43,13 +43,16 @@ std::span<const PlatformMember> childMembersOf(Mode mode) {
 
 PlatformArchive::PlatformArchive(const std::string& file) : source_(open(file)), file_(file) {}
 
+PlatformArchive::PlatformArchive(const std::string& file, std::string canonical)
+    : source_(open(file)), file_(file), canonical_(std::move(canonical)) {}
+
 bool PlatformArchive::Metadata::isOfChild() const {
     return kind == hwEmuJson || kind == altHwEmuJson || kind == hwEmuXml;
 }
 
 std::string PlatformArchive::nameOf(PlatformMember kind) const {
-    if (!extension_) extension_ = HUTFile::getExt(HUTFile::getCanonicalName(file_));
-    return platformMember(kind, *extension_);
+    if (!canonical_) canonical_ = HUTFile::getCanonicalName(file_);
+    return platformMember(kind, HUTFile::getExt(*canonical_));
 }
 
 std::optional<PlatformArchive::Metadata> PlatformArchive::present(PlatformMember kind) const {

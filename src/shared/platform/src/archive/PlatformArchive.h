@@ -20,6 +20,8 @@ public:
 
     /// Opens the archive; within a request, only once. Throws `zip::ArchiveError`.
     explicit PlatformArchive(const std::string& file);
+    /// `canonical`: what `file` leads to, when the caller has computed it; its extension names the metadata.
+    PlatformArchive(const std::string& file, std::string canonical);
 
     const std::string& name() const { return source_->name(); }
     const MemberSource& source() const { return *source_; }
@@ -58,7 +60,7 @@ private:
 
     std::shared_ptr<const MemberSource> source_;
     std::string file_;
-    mutable std::optional<std::string> extension_;  ///< of the file that the path leads to; made on first use
+    mutable std::optional<std::string> canonical_;  ///< computed on first use
     mutable std::optional<std::vector<std::string>> names_;  ///< sorted; created on the first query for a folder
 };
 

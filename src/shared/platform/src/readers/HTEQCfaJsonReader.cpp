@@ -64,8 +64,9 @@ void HTEQCfaJsonReader::open(const std::string& archive) {
     if (archive.empty() || !HUTFile::exists(archive))
         readers::fail(ComMsgMgr::make("@74-66@%s", archive), {.file = archive, .text = "no such file"});
     archive_ = archive;
-    platform_->setPlatformFile(HUTFile::getCanonicalName(archive));
-    opened_ = std::make_unique<PlatformArchive>(archive);
+    const std::string canonical = HUTFile::getCanonicalName(archive);
+    platform_->setPlatformFile(canonical);
+    opened_ = std::make_unique<PlatformArchive>(archive, canonical);
 }
 
 std::string HTEQCfaJsonReader::memberFor(const std::string& archive, Mode mode, bool ofChild) {
