@@ -15,7 +15,8 @@ struct ZR_API HEXDiagnostic {
     std::string element = {};  ///< name of the element, or path of the JSON value ("devices[0].core"); may be empty
     std::string text = {};     ///< what was found and what was expected
 
-    /// "file!member:line:column", without the parts that are unknown; printable.
+    /// "file!member:line:column", without the parts that are unknown; printable. Here and below, a part of more than
+    /// 4,000 bytes ends in "...".
     std::string place() const;
     /// "place: text", or only the text if no place is known; printable, on one line.
     std::string format() const;

@@ -83,6 +83,9 @@ public:
     /// Replaces `out` by the names of `pblock`, whose case is ignored; leaves it unchanged if there are none.
     void getSLRNames(const std::string& pblock, std::set<std::string>& out) const;
     const std::map<std::string, std::set<std::string>>& getReadOnlySLRMap() const { return slrNames_; }
+    /// The SLR names of the pblock, or null. Of several pblocks whose names differ only in case, the last one in key
+    /// order is used.
+    const std::set<std::string>* findSLRNames(const std::string& pblock) const;
     /// Appends the name of each pblock that has resources.
     void getValidSLRNames(HSTVector<std::string>& out) const;
 
@@ -113,6 +116,10 @@ private:
     Owned<HPLPort> ports_;
     ConfigParamMap configParams_;
     PBlockToResourceMap resources_;
+    void addSlrs_(const std::string& pblock, std::set<std::string> names);
+
     std::map<std::string, std::set<std::string>> slrNames_;
+    /// Of several rows that differ only in case, the last one.
+    std::map<std::string, const std::pair<const std::string, std::set<std::string>>*> slrRowsByLowerName_;
     std::string bramCount_, lutCount_, registerCount_, dspCount_;
 };

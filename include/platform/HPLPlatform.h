@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <set>
 #include <utility>
 
 #include "platform/HPLBoard.h"
@@ -184,7 +184,7 @@ public:
 private:
     struct UniqueTexts {
         HSTVector<std::string> values;
-        std::unordered_set<std::string> known;
+        std::set<std::string> known;
         void add(const std::string& value);
     };
     /// The core of the device "fpga0", or null.

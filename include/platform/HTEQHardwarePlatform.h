@@ -93,6 +93,14 @@ public:
     /// Always "16GB" for a bank of an indexed platform; else the size text of the last interface of that type.
     virtual std::string getMemorySize(const std::string& type, unsigned n) const;
     virtual std::string getMemorySLR(const std::string& type, unsigned n) const;
+    struct MemoryBank {
+        std::string type;
+        unsigned number = 0;  ///< within the type
+        std::string size;     ///< as by `getMemorySize`
+        std::string slr;
+    };
+    /// All banks, by type and number: what the queries above give for each, in one pass.
+    HSTVector<MemoryBank> getMemoryBanks() const;
 
     virtual std::string getInterfaceDesc() const = 0;
     /// Path of the archive that the platform was read from.

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
+#include <tuple>
 
 #include "msg/ComMsgMgr.h"
 #include "platform/HPLPlatform.h"
@@ -38,6 +40,17 @@ HSTVector<std::string> typesOf(const HPLPlatform& platform) {
     HSTVector<std::string> types;
     const unsigned count = platform.getUniqueMemoryTypeStrings(types);
     EXPECT_EQ(count, types.size());
+    // The list of all banks is what the queries give for each.
+    auto bank = platform.getMemoryBanks();
+    std::ranges::reverse(bank);
+    for (const std::string& type : types)
+        for (unsigned n = 0; n < platform.getMemoryTypeCount(type); ++n, bank.pop_back()) {
+            if (bank.empty()) return {};
+            EXPECT_EQ(std::tie(bank.back().type, bank.back().number), std::tie(type, n));
+            EXPECT_EQ(bank.back().size, platform.getMemorySize(type, n));
+            EXPECT_EQ(bank.back().slr, platform.getMemorySLR(type, n));
+        }
+    EXPECT_TRUE(bank.empty());
     return types;
 }
 

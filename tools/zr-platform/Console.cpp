@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iostream>
 #include <memory>
+#include <span>
 #include <sstream>
 
 #include <msg/ComMsgMgr.h>
@@ -124,10 +125,11 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
         const bool right = column.starts_with(">");
         scols_table_new_column(table.get(), column.substr(right ? 1 : 0).c_str(), 0, right ? SCOLS_FL_RIGHT : 0);
     }
-    for (const auto& row : rows) {
+    constexpr std::size_t kMaxRows = 10'000;
+    for (const auto& row : std::span(rows).first(std::min(rows.size(), kMaxRows))) {
         libscols_line* const line = scols_table_new_line(table.get(), nullptr);
         for (std::size_t i = 0; i < row.size(); ++i)
-            scols_line_set_data(line, i, HSTStringUtils::printable(row[i]).c_str());
+            scols_line_set_data(line, i, HSTStringUtils::excerpt(row[i], kMaxCell).c_str());
     }
     scols_table_enable_nowrap(table.get(), 1);
     char* text = nullptr;
@@ -136,6 +138,7 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     std::free(text);
     // libsmartcols pads all lines to the width of the longest one.
     for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
+    if (rows.size() > kMaxRows) lines.push_back("and " + std::to_string(rows.size() - kMaxRows) + " more");
     return HSTStringUtils::join(lines, "\n");
 }
 

@@ -52,5 +52,7 @@ private:
     boost::json::array records_;
 };
 
-/// A table of texts; columns whose name begins with ">" are aligned to the right.
+/// Bytes of a cell that are shown: every row is padded to the longest one.
+inline constexpr std::size_t kMaxCell = 200;
+/// A table of texts; of more than 10,000 rows, the last line says how many are left out. Cells are cut at `kMaxCell`; columns whose name begins with ">" are aligned to the right.
 std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows);

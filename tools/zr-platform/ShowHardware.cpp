@@ -16,6 +16,7 @@
 #include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
+#include "Console.h"
 #include "Text.h"
 
 namespace {
@@ -63,9 +64,9 @@ void showDevices(Text& text, const HPLPlatform& platform) {
         text.line("compute units", std::to_string(core.getNumComputeUnits()));
         Rows rows;
         for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
-            std::set<std::string> slrs;
-            core.getSLRNames(pblock, slrs);
-            const std::string names = HSTStringUtils::join({slrs.begin(), slrs.end()}, " ");
+            const std::set<std::string>* const slrs = core.findSLRNames(pblock);
+            const std::string all = slrs ? HSTStringUtils::join({slrs->begin(), slrs->end()}, " ") : "";
+            const std::string names(HSTStringUtils::utf8Prefix(all, kMaxCell + 1));  // repeated in each row
             for (const auto& [name, count] : resources) rows.push_back({pblock, names, name, count});
         }
         text.rows("free in the core", {"pblock", "SLRs", "resource", ">count"}, rows);
@@ -84,13 +85,9 @@ void showMemories(Text& text, const HPLPlatform& platform) {
                         hexadecimal(memory->getLowestAddress()), hexadecimal(memory->getHighestAddress())});
     text.rows("memories", {"name", "type", ">size", ">from", ">to"}, rows);
 
-    HSTVector<std::string> types;
-    platform.getUniqueMemoryTypeStrings(types);
     rows.clear();
-    for (const std::string& type : types)
-        for (unsigned n = 0; n < platform.getMemoryTypeCount(type); ++n)
-            rows.push_back(
-                {type, std::to_string(n), platform.getMemorySize(type, n), platform.getMemorySLR(type, n)});
+    for (const HTEQHardwarePlatform::MemoryBank& bank : platform.getMemoryBanks())
+        rows.push_back({bank.type, std::to_string(bank.number), bank.size, bank.slr});
     text.rows("memory banks available to a linker", {"type", ">bank", ">size", "SLR"}, rows);
 
     std::ostringstream warning;

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t kNameWidth = 22;
+constexpr std::size_t kNameWidth = 22, kMaxValue = 4000;
 
 std::string indented(const std::string& text, const std::string& by) {
     std::string result = by;
@@ -24,7 +24,7 @@ void Text::heading(const std::string& title) {
 void Text::line(const std::string& name, const std::string& value) {
     if (value.empty()) return;
     const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
-    text_ += "  " + name + std::string(gap, ' ') + HSTStringUtils::printable(value) + "\n";
+    text_ += "  " + name + std::string(gap, ' ') + HSTStringUtils::excerpt(value, kMaxValue) + "\n";
 }
 
 void Text::note(const std::string& text) { text_ += "  " + text + "\n"; }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <utility>
 
+#include "msg/Budget.h"
 #include "text/HSTStringUtils.h"
 
 namespace {
@@ -43,7 +44,13 @@ std::string compose(std::string_view text, const std::vector<std::string>& args)
 
 void ComMsgMgr::setSink(Sink sink) { currentSink() = sink ? std::move(sink) : Sink(toStandardError); }
 
-void ComMsgMgr::send(const ComMsgMgrInstance& message) { currentSink()(message); }
+void ComMsgMgr::send(const ComMsgMgrInstance& message) {
+    const Budget::Report report = Budget::report(message);
+    if (report == Budget::Report::drop) return;
+    currentSink()(message);
+    if (report == Budget::Report::sendAsLast)
+        currentSink()({"platform", "", message.mask, {}, "further messages of this kind are not shown", message.where});
+}
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {
     std::string text = compose(row.text, args);

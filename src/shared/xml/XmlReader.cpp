@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
 #include "util/WholeFile.h"
@@ -270,6 +271,8 @@ bool Reader::withinLimits_(const char** attributes) {
     else if (nodes_ > kMaxNodes)
         stopWith_(fault::kLimit, openName_(),
                   fmt::format("the document has more than {} elements and attributes", kMaxNodes));
+    else if (const char* const why = Budget::refusal(Cost::values, 1 + count))
+        stopWith_(fault::kLimit, openName_(), why);
     return !stopped_;
 }
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "msg/Budget.h"
 #include "zip/Archive.h"
 #include "zip/OutputBudget.h"
 
@@ -23,6 +24,7 @@ public:
     static std::shared_ptr<OutputBudget> budget();
 
 private:
+    Budget counted_;
     bool isOutermost_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "msg/Budget.h"
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
 #include "zip/NestedArchive.h"
@@ -37,6 +38,8 @@ std::optional<std::string> ArchiveSource::read(std::string_view member, std::uin
     if (!found) return std::nullopt;
     if (const auto budget = budgetOfCall(); found->size <= bound && !budget->spend(found->size))
         throw zip::ArchiveError(name(), std::string(member), "decompressing it would exceed the budget of the call");
+    if (const char* const why = found->size <= bound ? Budget::refusal(Cost::bytes, found->size) : nullptr)
+        throw zip::ArchiveError(name(), std::string(member), why);
     return archive_->read(*found, bound);
 }
 

@@ -548,6 +548,19 @@ checkpoint
 )",
      R"({"versionMajor": "16"}
 )"},
+    {kNumberOutOfRange, warning,
+     "A number does not fit the value that it is for: only its low bits are read, of an even larger one 2^63 - 1.",
+     "Write a number that fits; the finding shows what is read.", "lfa.json",
+     R"({"versionMajor": "4294967297"}
+)",
+     R"({"versionMajor": "1"}
+)"},
+    {kDuplicateKey, warning, "An object has the same key twice: only the first value is read.",
+     "Remove one of them.", "lfa.json",
+     R"({"usesPR": true, "usesPR": false}
+)",
+     R"({"usesPR": true}
+)"},
     {kNotAFlag, warning, "A text is used where a Boolean is expected: anything except true is false.",
      "Write true or false.", "lfa.json",
      R"({"usesPR": "yes"}

@@ -1,6 +1,6 @@
 #include "check/Findings.h"
 
-#include <iterator>
+#include <utility>
 
 #include "text/HSTStringUtils.h"
 
@@ -17,13 +17,33 @@ void Findings::add(const char* name, const std::string& file, const std::string&
 
 void Findings::add(CheckFinding finding) {
     finding.severity = teq_platform::PlatformCheck::explain(finding.name)->severity;
-    finding.text = HSTStringUtils::printable(finding.text);
-    list_.push_back(std::move(finding));
+    finding.text = HSTStringUtils::printable(HSTStringUtils::excerpt(finding.text, kMaxText));
+    keep(std::move(finding));
+}
+
+void Findings::keep(CheckFinding finding) {
+    if (list_.size() < kMaxFindings) {
+        list_.push_back(std::move(finding));
+        return;
+    }
+    if (more_++ == 0 || finding.severity > first_.severity) first_ = std::move(finding);
 }
 
 void Findings::append(Findings&& others) {
-    list_.insert(list_.end(), std::make_move_iterator(others.list_.begin()),
-                 std::make_move_iterator(others.list_.end()));
+    for (CheckFinding& finding : others.list_) keep(std::move(finding));
+    if (others.more_ == 0) return;
+    keep(std::move(others.first_));
+    more_ += others.more_ - 1;
+}
+
+std::vector<CheckFinding> Findings::take() {
+    if (more_ > 0) {
+        first_.line = first_.column = 0;
+        first_.element.clear();
+        first_.text = "and " + std::to_string(more_) + " more findings";
+        list_.push_back(std::move(first_));
+    }
+    return std::move(list_);
 }
 
 }  // namespace check

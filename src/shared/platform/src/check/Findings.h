@@ -10,10 +10,12 @@ namespace check {
 using teq_platform::CheckFinding;
 
 inline constexpr std::size_t kMaxFindingsPerDocument = 1000;
+inline constexpr std::size_t kMaxFindings = 2000;
 
 // Characters of a text that are shown: a path is useless without its end.
 inline constexpr std::size_t kMaxPathText = 1000;
 inline constexpr std::size_t kMaxReasonText = 200;
+inline constexpr std::size_t kMaxText = 4000;
 
 // The names of all findings except the syntax of XML, whose names are in `xml::fault`.
 inline constexpr char kNotJson[] = "not-json";
@@ -23,6 +25,8 @@ inline constexpr char kRefusedValue[] = "refused-value";
 inline constexpr char kClashingParameter[] = "clashing-parameter";
 inline constexpr char kNotANumber[] = "not-a-number";
 inline constexpr char kNotAFlag[] = "not-a-flag";
+inline constexpr char kNumberOutOfRange[] = "number-out-of-range";
+inline constexpr char kDuplicateKey[] = "duplicate-key";
 inline constexpr char kMissingFile[] = "missing-file";
 inline constexpr char kWrongExtension[] = "wrong-extension";
 inline constexpr char kNewerSchema[] = "newer-schema";
@@ -43,7 +47,8 @@ struct Source {
     std::string text;
 };
 
-/// The findings of a check so far. The name of a finding determines its severity.
+/// The findings of a check so far. The name of a finding determines its severity. Of more than `kMaxFindings`, the last
+/// one says how many there are; it has the name of the worst of these.
 class Findings {
 public:
     /// Adds a finding without line and column.
@@ -52,10 +57,14 @@ public:
     void add(CheckFinding finding);
     void append(Findings&& others);
 
-    std::vector<CheckFinding> take() { return std::move(list_); }
+    std::vector<CheckFinding> take();
 
 private:
+    void keep(CheckFinding finding);
+
     std::vector<CheckFinding> list_;
+    std::size_t more_ = 0;  ///< than the list has
+    CheckFinding first_;    ///< the first of the worst of these
 };
 
 }  // namespace check

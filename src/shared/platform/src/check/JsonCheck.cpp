@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "json/JsonPlaces.h"
+#include "msg/Budget.h"
 #include "text/HSTStringUtils.h"
 #include "xml/XmlException.h"
 
@@ -26,6 +27,15 @@ bool isNumber(std::string_view text) {
     text.remove_prefix(first);
     if (text.front() == '-' || text.front() == '+') text.remove_prefix(1);
     return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// The digits of a number without leading zeros, with a minus sign unless it is 0.
+std::string plainNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
+    const bool negative = text.starts_with('-');
+    const auto digits = text.find_first_of("123456789");
+    if (digits == std::string_view::npos) return "0";
+    return (negative ? "-" : "") + std::string(text.substr(digits));
 }
 
 bool hasNamedChild(const ptree& value) {
@@ -55,7 +65,8 @@ std::string Path::text() const {
     if (!parent) return {};
     const std::string before = parent->text();
     if (!key) return before + "[" + std::to_string(index) + "]";
-    return before.empty() ? key : before + "." + key;
+    const std::string name(HSTStringUtils::utf8Prefix(key, kMaxReasonText));
+    return before.size() > kMaxPathText ? before : before.empty() ? name : before + "." + name;
 }
 
 JsonCheck::JsonCheck(const Source& source) : source_(source) {
@@ -74,10 +85,12 @@ JsonCheck::JsonCheck(const Source& source) : source_(source) {
 
 void JsonCheck::checkShapes(json::Shapes shapes) {
     if (isObject_(tree_, {})) checkKeys_(tree_, shapes, {});
+    checkDuplicates_(tree_, {});
 }
 
 void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {
-    if (found_.size() < kMaxFindingsPerDocument) found_.push_back({name, &value, path.text(), std::move(text)});
+    if (found_.size() < kMaxFindingsPerDocument)
+        found_.push_back({name, &value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
 }
 
 void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
@@ -95,7 +108,7 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
         case Form::unknown: break;
         case Form::text:
         case Form::number:
-        case Form::flag: checkScalar_(value, shape.form, path); break;
+        case Form::flag: checkScalar_(value, shape, path); break;
         case Form::object:
             if (isObject_(value, path) && shape.inner) checkKeys_(value, shape.inner(), path);
             break;
@@ -109,7 +122,19 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
         add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText));
 }
 
-void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {
+/// The parser's limit bounds the recursion.
+void JsonCheck::checkDuplicates_(const ptree& value, const Path& path) {
+    std::size_t index = 0;
+    for (const auto& [key, child] : value) {
+        const Path at{&path, key.empty() ? nullptr : key.c_str(), index++};
+        if (!key.empty() && &value.find(key)->second != &child)
+            add(kDuplicateKey, child, at, "the key stands twice; only the first value is read");
+        if (!child.empty()) checkDuplicates_(child, at);
+    }
+}
+
+void JsonCheck::checkScalar_(const ptree& value, const json::Shape& shape, const Path& path) {
+    const Form form = shape.form;
     const std::string& text = value.data();
     if (!value.empty())
         add(kWrongShape, value, path,
@@ -120,6 +145,8 @@ void JsonCheck::checkScalar_(const ptree& value, Form form, const Path& path) {
         add(kNotANumber, value, path,
             quoted(text) + " is not a decimal number; it is read as " +
                 std::to_string(HSTStringUtils::toNumber(text)));
+    else if (form == Form::number && shape.numberOf && shape.numberOf(text) != plainNumber(text))
+        add(kNumberOutOfRange, value, path, quoted(text) + " does not fit; it is read as " + shape.numberOf(text));
     else if (form == Form::flag && !HSTStringUtils::iequals(text, "true") && !HSTStringUtils::iequals(text, "false"))
         add(kNotAFlag, value, path, quoted(text) + " is neither true nor false; it is read as false");
 }
@@ -130,7 +157,9 @@ void JsonCheck::checkItems_(const ptree& list, const json::Shape& shape, const P
     for (const auto& [key, item] : list) {
         const Path at{&path, nullptr, index++};
         if (shape.form == Form::texts)
-            checkScalar_(item, Form::text, at);
+            checkScalar_(item, {.name = nullptr, .form = Form::text}, at);
+        else if (const char* const why = Budget::refusal(Cost::records, shape.size))
+            return add(xml::fault::kLimit, list, path, why);
         else if (isObject_(item, at))
             checkKeys_(item, inner, at);
     }

@@ -40,7 +40,8 @@ private:
 
     void checkKeys_(const json::ptree& object, json::Shapes shapes, const Path& path);
     void checkValue_(const json::ptree& value, const json::Shape& shape, const Path& path);
-    void checkScalar_(const json::ptree& value, json::Form form, const Path& path);
+    void checkScalar_(const json::ptree& value, const json::Shape& shape, const Path& path);
+    void checkDuplicates_(const json::ptree& value, const Path& path);
     void checkItems_(const json::ptree& list, const json::Shape& shape, const Path& path);
     bool isObject_(const json::ptree& value, const Path& path);
     bool isList_(const json::ptree& value, const Path& path);

@@ -1,10 +1,9 @@
 #include "platform/HPLCore.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <set>
 
 #include "hardware/HardwareKeys.h"
-#include "hardware/SlrIndex.h"
 #include "platform/HPLPort.h"
 #include "text/HSTStringUtils.h"
 
@@ -12,18 +11,16 @@ namespace {
 
 using Core = HPLCore;
 using K = json::Keys<Core>;
-using hardware::SlrIndex;
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
 
 void writePblocks(JSONObjectWriter& writer, const char* name, const Core& core) {
-    const SlrIndex slrs(core.getReadOnlySLRMap());
     JSONListWriter pblocks;
     for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
         JSONObjectWriter object;
         object.addKey("name", pblock);
         JSONListWriter names;
-        if (const auto* found = slrs.find(pblock))
+        if (const auto* found = core.findSLRNames(pblock))
             for (const std::string& slr : *found) names.addItem(slr);
         object.addKey("validSlrs", std::move(names));
         JSONListWriter items;
@@ -142,22 +139,33 @@ void HPLCore::addSLRInfo(const std::string& pblock, const std::string& commaSepa
 }
 
 void HPLCore::addSLRInfo(const std::string& pblock, const HSTVector<std::string>& names) {
-    if (!names.empty()) slrNames_.try_emplace(pblock, names.begin(), names.end());
+    if (!names.empty()) addSlrs_(pblock, {names.begin(), names.end()});
 }
 
 void HPLCore::addSLRInfo(const std::string& pblock, const std::set<std::string>& names) {
-    slrNames_.try_emplace(pblock, names);
+    addSlrs_(pblock, names);
+}
+
+void HPLCore::addSlrs_(const std::string& pblock, std::set<std::string> names) {
+    const auto [added, isNew] = slrNames_.try_emplace(pblock, std::move(names));
+    if (!isNew) return;
+    auto& row = slrRowsByLowerName_[HSTStringUtils::toLower(pblock)];
+    if (!row || row->first < added->first) row = &*added;
+}
+
+const std::set<std::string>* HPLCore::findSLRNames(const std::string& pblock) const {
+    const auto at = slrRowsByLowerName_.find(HSTStringUtils::toLower(pblock));
+    return at != slrRowsByLowerName_.end() ? &at->second->second : nullptr;
 }
 
 void HPLCore::getSLRNames(const std::string& pblock, std::set<std::string>& out) const {
-    if (const auto* found = SlrIndex(slrNames_).find(pblock)) out = *found;
+    if (const auto* found = findSLRNames(pblock)) out = *found;
 }
 
 void HPLCore::getValidSLRNames(HSTVector<std::string>& out) const {
-    const SlrIndex slrs(slrNames_);
-    std::unordered_set<std::string> known(out.begin(), out.end());
+    std::set<std::string> known(out.begin(), out.end());
     for (const auto& [pblock, resources] : resources_) {
-        const auto* names = slrs.find(pblock);
+        const auto* names = findSLRNames(pblock);
         if (!names) continue;
         for (const std::string& name : *names)
             if (known.insert(name).second) out.push_back(name);

@@ -295,6 +295,9 @@ std::string HTEQHardwarePlatform::getMemorySize(const std::string& type, unsigne
 std::string HTEQHardwarePlatform::getMemorySLR(const std::string& type, unsigned n) const {
     return MemoryBanks(busInterfaces_, isMemoryResourceIndexed()).slr(type, n);
 }
+HSTVector<HTEQHardwarePlatform::MemoryBank> HTEQHardwarePlatform::getMemoryBanks() const {
+    return MemoryBanks(busInterfaces_, isMemoryResourceIndexed()).all();
+}
 
 std::size_t HTEQHardwarePlatform::getMemoryResourceBusInterfacesIndexed_(
     HSTVector<HTEQHardwareBusInterface*>& out) const {

@@ -1,5 +1,8 @@
 #include "hardware/MemoryBanks.h"
 
+#include <map>
+#include <vector>
+
 #include "text/HSTStringUtils.h"
 
 namespace hardware {
@@ -61,17 +64,43 @@ unsigned MemoryBanks::index(const std::string& type, unsigned n) const {
     return bus ? bus->getMemoryIndex(n) : 0;
 }
 
+std::string MemoryBanks::sizeOf(const HTEQHardwareBusInterface& bus) const {
+    // Banks of an indexed platform have a fixed size, which is not in any file.
+    return indexed_ ? "16GB" : bus.getSize();
+}
+
+std::string MemoryBanks::slrOf(const HTEQHardwareBusInterface& bus, unsigned n) const {
+    return indexed_ ? bus.getMemorySLR(n) : bus.getSLR();
+}
+
 std::string MemoryBanks::size(const std::string& type, unsigned n) const {
     const auto* bus = last(type, n);
-    if (!bus) return {};
-    // Banks of an indexed platform have a fixed size, which is not in any file.
-    return indexed_ ? "16GB" : bus->getSize();
+    return bus ? sizeOf(*bus) : std::string();
 }
 
 std::string MemoryBanks::slr(const std::string& type, unsigned n) const {
     const auto* bus = last(type, n);
-    if (!bus) return {};
-    return indexed_ ? bus->getMemorySLR(n) : bus->getSLR();
+    return bus ? slrOf(*bus, n) : std::string();
+}
+
+HSTVector<HTEQHardwarePlatform::MemoryBank> MemoryBanks::all() const {
+    using Buses = std::vector<const HTEQHardwareBusInterface*>;
+    std::map<std::string, Buses> byLowerType;
+    for (const HTEQHardwareBusInterface* bus : buses_)
+        if (counts(*bus)) byLowerType[HSTStringUtils::toLower(bus->getSPTag())].push_back(bus);
+    HSTVector<HTEQHardwarePlatform::MemoryBank> banks;
+    for (const std::string& type : types()) {
+        const Buses& buses = byLowerType[HSTStringUtils::toLower(type)];
+        const unsigned count = indexed_ ? buses.front()->getNumAddressSegments() : 1;
+        std::size_t at = buses.size();  // the last interface with bank n; moves to the front only
+        for (unsigned n = 0; n < count; ++n) {
+            if (n == 0 || buses[at]->getNumAddressSegments() <= n)
+                do --at;
+                while (indexed_ && buses[at]->getNumAddressSegments() <= n);
+            banks.push_back({type, n, sizeOf(*buses[at]), slrOf(*buses[at], n)});
+        }
+    }
+    return banks;
 }
 
 std::string partlyDefaultHbmText(const std::string& instance) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/HTEQHardwareBusInterface.h"
+#include "platform/HTEQHardwarePlatform.h"
 #include "text/Owned.h"
 
 /// The memory banks, as derived from the bus interfaces. On an indexed platform the interfaces with the memory port
@@ -30,12 +31,16 @@ public:
     unsigned index(const std::string& type, unsigned n) const;
     std::string size(const std::string& type, unsigned n) const;
     std::string slr(const std::string& type, unsigned n) const;
+    /// What these give for every bank, in linear time.
+    HSTVector<HTEQHardwarePlatform::MemoryBank> all() const;
 
 private:
     bool counts(const HTEQHardwareBusInterface& bus) const;
     bool knows(const std::string& type) const;
     /// The last interface of the type; on an indexed platform the last with a bank `n`.
     const HTEQHardwareBusInterface* last(const std::string& type, unsigned n) const;
+    std::string sizeOf(const HTEQHardwareBusInterface& bus) const;
+    std::string slrOf(const HTEQHardwareBusInterface& bus, unsigned n) const;
 
     const BusInterfaces& buses_;
     bool indexed_;

@@ -1,5 +1,6 @@
 #include "platform/JSONObjectWriter.h"
 
+#include "msg/Budget.h"
 #include "platform/JSONListWriter.h"
 
 namespace teq_platform {
@@ -20,9 +21,14 @@ std::string takePart(std::string& path) {
     return part;
 }
 
+ptree& newChild(ptree& parent, const std::string& name) {
+    Budget::spend(Cost::nodes);
+    return parent.push_back({name, ptree()})->second;
+}
+
 ptree& childOrNew(ptree& parent, const std::string& name) {
     const auto at = parent.find(name);
-    return at != parent.not_found() ? at->second : parent.push_back({name, ptree()})->second;
+    return at != parent.not_found() ? at->second : newChild(parent, name);
 }
 
 /// The node at `path`, or null. The path ends where nothing is left of it: "a." leads to "a".
@@ -63,7 +69,7 @@ ptree& JSONObjectWriter::addNode_(const std::string& key) {
     if (isPlain(key)) return append(key);
     std::string name = key;
     ptree& parent = makeParent(getTree(), name);
-    return parent.push_back({name, ptree()})->second;
+    return newChild(parent, name);
 }
 
 void JSONObjectWriter::addKey(const std::string& key, const std::string& value) {

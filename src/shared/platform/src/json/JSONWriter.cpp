@@ -5,6 +5,7 @@
 
 #include "json/JsonText.h"
 #include "json/NodeStore.h"
+#include "msg/Budget.h"
 
 namespace teq_platform {
 
@@ -34,6 +35,7 @@ void JSONWriter::shareNodesOf(JSONWriter& parent) {
 }
 
 ptree& JSONWriter::append(const std::string& key) {
+    Budget::spend(Cost::nodes);
     if (!nodes_) nodes_ = std::make_shared<json::NodeStore>();
     return tree_.push_back(nodes_->of(key))->second;
 }

@@ -1,107 +1,131 @@
 #include "json/JsonChanges.h"
 
-#include <boost/json/parse.hpp>
-#include <boost/json/serialize.hpp>
-#include <charconv>
-#include <unordered_map>
+#include <map>
+#include <set>
 
-#include "msg/HEXAll.h"
+#include "json/JsonText.h"
+#include "text/HSTStringUtils.h"
 
 namespace json {
 namespace {
 
-using boost::json::value;
+// Differences, and bytes of their texts, that are shown.
+constexpr std::size_t kMaxDifferences = 1000, kMaxText = 200, kMaxPlace = 1000;
 
-/// A value as the library stores it: text.
-std::string textOf(const value& json) {
-    return json.is_string() ? std::string(json.as_string()) : boost::json::serialize(json);
-}
+std::string shown(const std::string& text) { return HSTStringUtils::excerpt(text, kMaxText); }
 
 /// Whether the library omits it: empty texts, lists and objects.
-bool isNothing(const value& json) {
-    if (json.is_object()) return json.as_object().empty();
-    if (json.is_array()) return json.as_array().empty();
-    return json.is_string() && json.as_string().empty();
-}
+bool isNothing(const ptree& node) { return node.empty() && node.data().empty(); }
 
-/// Whether `text` is how the library stores a value of a document.
-bool isSame(const value& before, const std::string& text) {
-    if (!before.is_double()) return textOf(before) == text;
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() && number == before.as_double();
-}
+bool isList(const ptree& node) { return !node.empty() && node.front().first.empty(); }
 
-const value* nameOf(const value& item) { return item.is_object() ? item.as_object().if_contains("name") : nullptr; }
+const ptree* childOf(const ptree* node, const std::string& key) {
+    if (!node) return nullptr;
+    const auto at = node->find(key);
+    return at != node->not_found() ? &at->second : nullptr;
+}
 
 /// The items of a list by their names, if these differ: the library sorts some lists by name.
 class NamedItems {
 public:
-    explicit NamedItems(const value* list) : list_(list && list->is_array() ? &list->as_array() : nullptr) {
-        if (!list_) return;
-        for (const value& item : *list_)
-            if (const value* const name = nameOf(item); name && name->is_string())
-                if (const auto [at, isNew] = items_.try_emplace(textOf(*name), &item); !isNew) at->second = nullptr;
+    explicit NamedItems(const ptree* list) {
+        if (!list) return;
+        for (const auto& [none, item] : *list) {
+            places_.push_back(&item);
+            if (const ptree* const name = childOf(&item, "name"))
+                if (const auto [at, isNew] = items_.try_emplace(name->data(), &item); !isNew) at->second = nullptr;
+        }
     }
     /// The item with the name of `other`, else the one at its position; null if there is none.
-    const value* partnerOf(const value& other, std::size_t place) const {
-        if (!list_) return nullptr;
-        const value* const name = nameOf(other);
-        const auto at = name ? items_.find(textOf(*name)) : items_.end();
-        return at != items_.end() && at->second ? at->second : list_->if_contains(place);
+    const ptree* partnerOf(const ptree& other, std::size_t place) const {
+        const ptree* const name = childOf(&other, "name");
+        const auto at = name ? items_.find(name->data()) : items_.end();
+        if (at != items_.end() && at->second) return at->second;
+        return place < places_.size() ? places_[place] : nullptr;
     }
 
 private:
-    const boost::json::array* list_;
-    std::unordered_map<std::string, const value*> items_;
+    std::vector<const ptree*> places_;
+    std::map<std::string, const ptree*> items_;
 };
 
 class Comparison {
 public:
-    std::vector<std::string> found;
-
-    void compare(const std::string& path, const value& before, const value* after) {
+    void compare(const ptree& before, const ptree* after) {
         if (isNothing(before)) return;
-        if (before.is_object()) {
-            for (const auto& [key, child] : before.as_object())
-                compare(path.empty() ? std::string(key) : path + "." + std::string(key), child, childOf(after, key));
-        } else if (before.is_array()) {
-            const NamedItems items(after);
-            for (std::size_t i = 0; i < before.as_array().size(); ++i)
-                compare(path + "[" + std::to_string(i) + "]", before.as_array()[i],
-                        items.partnerOf(before.as_array()[i], i));
-        } else if (!after) {
-            found.push_back(path + ": lost");
-        } else if (!isSame(before, textOf(*after))) {
-            found.push_back(path + ": " + textOf(before) + " -> " + textOf(*after));
-        }
+        if (isList(before))
+            compareItems(before, after);
+        else if (!before.empty())
+            compareKeys(before, after);
+        else if (!after)
+            add("lost");
+        else if (before.data() != after->data())
+            add(shown(before.data()) + " -> " + shown(after->data()));
+    }
+    std::vector<std::string> take() {
+        if (more_ > 0) found_.push_back("and " + std::to_string(more_) + " more");
+        return std::move(found_);
     }
 
 private:
-    static const value* childOf(const value* json, boost::json::string_view key) {
-        return json && json->is_object() ? json->as_object().if_contains(key) : nullptr;
+    void compareItems(const ptree& before, const ptree* after) {
+        const NamedItems items(after);
+        std::size_t place = 0;
+        for (const auto& [none, item] : before) {
+            steps_.push_back({nullptr, place});
+            compare(item, items.partnerOf(item, place++));
+            steps_.pop_back();
+        }
     }
-};
+    void compareKeys(const ptree& before, const ptree* after) {
+        std::set<std::string_view> known;
+        for (const auto& [key, child] : before) {
+            steps_.push_back({&key, 0});
+            if (known.insert(key).second)
+                compare(child, childOf(after, key));
+            else
+                add("lost, because the key stands twice");
+            steps_.pop_back();
+        }
+    }
+    void add(const std::string& what) {
+        if (found_.size() < kMaxDifferences)
+            found_.push_back(place() + ": " + what);
+        else
+            ++more_;
+    }
+    std::string place() const {
+        std::string place;
+        for (const auto& [key, index] : steps_) {
+            if (place.size() > kMaxPlace) return place + "...";
+            if (key)
+                place += (place.empty() ? "" : ".") + shown(*key);
+            else
+                place += "[" + std::to_string(index) + "]";
+        }
+        return place;
+    }
 
-value parsed(const std::string& text) {
-    boost::json::parse_options options;
-    options.max_depth = 256;
-    boost::json::error_code error;
-    value json = boost::json::parse(text, error, {}, options);
-    if (error) throw HEXDataException("the metadata cannot be compared: " + error.message());
-    return json;
-}
+    struct Step {
+        const std::string* key;  ///< null for an item of a list
+        std::size_t index;
+    };
+    std::vector<Step> steps_;
+    std::vector<std::string> found_;
+    std::size_t more_ = 0;  ///< than `found_` has
+};
 
 }  // namespace
 
 std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after,
                                        const std::string& ignored) {
+    ptree old, now;
+    parse(before, "the metadata before", old);
+    parse(after, "the metadata after", now, kOwn);
+    old.erase(ignored);
     Comparison comparison;
-    const value now = parsed(after);
-    value old = parsed(before);
-    if (old.is_object()) old.as_object().erase(ignored);
-    comparison.compare("", old, &now);
-    return comparison.found;
+    comparison.compare(old, &now);
+    return comparison.take();
 }
 
 }  // namespace json

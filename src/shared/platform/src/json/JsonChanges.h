@@ -5,8 +5,9 @@
 namespace json {
 
 /// What is lost between two JSON documents: "key: lost" or "key: old -> new" for each value of `before` that `after`
-/// does not have as the same text, with the path of the key ("devices[0].core.ports"). Keys that only `after` has,
-/// and a different order of items with names, are ignored, and so is the top-level key `ignored`. Throws `HEXDataException` if one of them is not JSON.
+/// does not have as the same text, with the path of the key ("devices[0].core.ports"); the last row may be "and N
+/// more". Of a key that stands twice, the second value is lost. Keys that only `after` has, and a different order of
+/// items with names, are ignored, and so is the top-level key `ignored`. Throws `json_parser_error`.
 std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after,
                                        const std::string& ignored = "");
 

@@ -1,5 +1,7 @@
 #include "json/JsonKeys.h"
 
+#include "msg/Budget.h"
+
 namespace json {
 
 namespace {
@@ -75,7 +77,10 @@ struct Reading {
     void operator()(const Object& object) const { readRows(node, object.rows(), object.writable(record)); }
     void operator()(const Objects& objects) const {
         const Rows rows = objects.rows();
-        for (const auto& [none, item] : node) readRows(item, rows, objects.add(record));
+        for (const auto& [none, item] : node) {
+            Budget::spend(Cost::records, objects.size);
+            readRows(item, rows, objects.add(record));
+        }
     }
     void operator()(const Texts& texts) const {
         for (const auto& [none, item] : node) texts.add(record, item.data());
@@ -129,7 +134,9 @@ std::vector<Shape> shapesOf(const Rows& rows) {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
         if (!row.isRead() && !row.inner) continue;
-        Shape shape{row.name, row.form, row.required, row.inner, nullptr};
+        Shape shape{.name = row.name, .form = row.form, .required = row.required, .inner = row.inner};
+        shape.numberOf = row.numberOf;
+        if (const auto* const objects = std::get_if<Objects>(&row.content)) shape.size = objects->size;
         if (row.tryRead) shape.refusal = [&row](const ptree& node) { return refusalOf(row, node); };
         shapes.push_back(std::move(shape));
     }

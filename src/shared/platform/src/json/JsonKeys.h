@@ -54,6 +54,7 @@ struct Objects {
     void (*each)(const void* record, const std::function<void(const JSONSerializable*)>& use);
     void* (*add)(void* record);
     Rows (*rows)();
+    std::size_t size = 0;  ///< of an item in memory
 };
 /// A list of texts; empty ones are left out.
 struct Texts {
@@ -83,6 +84,7 @@ struct Row {
     bool required = false;     ///< reading throws the property tree's ptree_bad_path when the document lacks the key
     unsigned char turn = 0;    ///< for a record whose keys are read in an order of their own
     void (*tryRead)(const Row& row, const ptree& node) = nullptr;  ///< reads into a fresh record
+    std::string (*numberOf)(const std::string& text) = nullptr;    ///< what a number is read as, in decimal
 
     bool isRead() const;
 };
@@ -239,8 +241,11 @@ struct Keys {
     /// Decimal, always written.
     template <auto Get, auto Set = nullptr>
     static constexpr Key<T> number(const char* name) {
-        return scalar(name, Form::number, formatter<Get>([](auto value) { return detail::decimal(value); }),
-                      numberSetter<Set>());
+        Key<T> key = scalar(name, Form::number, formatter<Get>([](auto value) { return detail::decimal(value); }),
+                            numberSetter<Set>());
+        if constexpr (!detail::isNull<Set>)
+            key.numberOf = [](const std::string& text) { return detail::decimal(numberFor<Set>(text)); };
+        return key;
     }
     /// Decimal, written when not 0.
     template <auto Get, auto Set = nullptr>
@@ -291,6 +296,7 @@ struct Keys {
         } else {
             using Record = std::remove_cvref_t<decltype(*std::invoke(Add, std::declval<T&>()))>;
             objects.add = [](void* record) -> void* { return std::invoke(Add, of(record)); };
+            objects.size = sizeof(Record);
             objects.rows = []() -> Rows { return keysOf<Record>(); };
             return {{name, objects, Form::list, &shapesOfRecord<Record>}};
         }
@@ -362,14 +368,17 @@ private:
         else
             return [](void* record, const std::string& text) { std::invoke(Set, of(record), Parse()(text)); };
     }
+    /// The low bits that fit.
+    template <auto Set>
+    static auto numberFor(const std::string& text) {
+        return static_cast<decltype(detail::argumentOf(Set))>(HSTStringUtils::toNumber(text));
+    }
     template <auto Set>
     static constexpr decltype(Scalar::set) numberSetter() {
         if constexpr (detail::isNull<Set>)
             return nullptr;
         else
-            return setter<Set>([](const std::string& text) {
-                return static_cast<decltype(detail::argumentOf(Set))>(HSTStringUtils::toNumber(text));
-            });
+            return setter<Set>([](const std::string& text) { return numberFor<Set>(text); });
     }
 };
 

@@ -7,6 +7,7 @@
 
 #include "json/JsonText.h"
 #include "json/NodeStore.h"
+#include "msg/Budget.h"
 
 namespace json {
 
@@ -69,6 +70,7 @@ private:
     }
     ptree* node(error_code& ec) {
         if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values"), nullptr;
+        if (const char* const why = Budget::refusal(Cost::values)) return refuse(ec, why), nullptr;
         if (open_.empty()) return &root;
         ptree& made = open_.back()->push_back(store_.of(key_))->second;
         key_.clear();

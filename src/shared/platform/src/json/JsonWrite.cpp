@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <array>
 #include <boost/property_tree/json_parser/error.hpp>
+#include <utility>
 #include <vector>
 
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 
 namespace json {
 
@@ -89,7 +91,9 @@ std::string write(const ptree& tree) {
     std::string out;
     std::vector<Level> levels;
     open(out, levels, tree, "");
+    std::size_t counted = 0;
     while (!levels.empty()) {
+        Budget::spend(Cost::text, out.size() - std::exchange(counted, out.size()));
         Level& level = levels.back();
         if (level.next == level.node->end()) {
             close(out, levels);

@@ -5,6 +5,7 @@
 
 #include "hardware/PlatformText.h"
 #include "loading/ArchiveRoad.h"
+#include "msg/Budget.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQPlatformXMLReader.h"
@@ -24,6 +25,7 @@ namespace {
 constexpr std::string_view kNotLoaded = shortMessageId("@74-60@%s");
 
 constexpr const char* kHardwareFailed = "Failed to parse Hardware Platform metadata file";
+constexpr const char* kTooLarge = "The platform exceeds a limit";
 constexpr const char* kEmulationFailed = "Failed to parse Hardware Emulation Platform metadata file";
 
 /// Runs a step of loading. A failure becomes a `PlatformParseException` with the text of the step and the cause.
@@ -89,6 +91,7 @@ std::shared_ptr<HTEQPlatform> PlatformLoader::loadOrThrow() {
     const zip::Request request;
     try {
         attachAll();
+        step(kTooLarge, [&] { Budget::expectKept(file_); });
     } catch (const PlatformParseException& e) {
         ComMsgMgr::sendMsg("@74-60@%s", e.what());
         platform_.reset();

@@ -6,6 +6,7 @@
 #include <string>
 #include <type_traits>
 
+#include "msg/Budget.h"
 #include "readers/SaturateCast.h"
 #include "text/HSTStringUtils.h"
 #include "xml/XmlRecord.h"
@@ -180,6 +181,7 @@ private:
 
 template <class R, class M>
 void read(const R& record, M& object) {
+    Budget::spend(Cost::records, sizeof(R) + sizeof(M));
     readRows(rowsOf(Fields<R, M>()), &record, &object);
 }
 

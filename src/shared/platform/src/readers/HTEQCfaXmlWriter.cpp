@@ -5,7 +5,7 @@
 #include <limits>
 #include <memory>
 
-#include "hardware/SlrIndex.h"
+#include "msg/Budget.h"
 #include "platform/HPLAddressSegment.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
@@ -134,13 +134,12 @@ void writeResources(const HPLCore& core, BasePlatform::InnerCore& record) {
     using BasePlatform::Resource;
     BasePlatform::AvailableResources& to = record.availableResources.emplace();
     write(core, to);
-    const hardware::SlrIndex slrs(core.getReadOnlySLRMap());
     for (const auto& [name, resources] : core.getReadOnlyPBlockToResourceMap()) {
         BasePlatform::PBlock& pblock = to.pblocks.emplace_back();
         pblock.Name.set(name);
-        if (const auto* found = slrs.find(name))
+        if (const auto* found = core.findSLRNames(name))
             if (std::string names = HSTStringUtils::join({found->begin(), found->end()}, ","); !names.empty())
-                pblock.ValidSLRs.set(std::move(names));
+                Budget::spend(Cost::text, names.size()), pblock.ValidSLRs.set(std::move(names));
         writePairs<&Resource::Name, &Resource::Val>(resources, pblock.resources);
     }
 }

@@ -17,7 +17,8 @@ HEXDiagnostic diagnosticOf(const std::exception& e, const std::string& file, con
         diagnostic.member = member;
         return diagnostic;
     }
-    if (const auto* fault = dynamic_cast<const HEXFileFault*>(&e)) return fault->diagnostic();
+    const auto* fault = dynamic_cast<const HEXFileFault*>(&e);
+    if (fault && !fault->diagnostic().file.empty()) return fault->diagnostic();
     return {.file = file, .member = member, .text = e.what()};
 }
 

@@ -1,0 +1,72 @@
+#include "msg/Budget.h"
+
+#include <array>
+#include <iterator>
+
+#include "msg/HEXFileFault.h"
+
+namespace {
+
+struct Limit {
+    std::uint64_t most;
+    const char* refusal;
+};
+/// In the order of `Cost`.
+constexpr std::array kLimits{
+    Limit{64U << 20, "the request reads more than 64 MiB of metadata"},
+    Limit{500'000, "the request reads more than 500000 values"},
+    Limit{64U << 20, "the objects of the platform take more than 64 MiB"},
+    Limit{500'000, "the document has more than 500000 values"},
+    Limit{64U << 20, "the document has more than 64 MiB"},
+    Limit{20'000, "the request makes more than 20000 files and directories"},
+};
+static_assert(kLimits.size() == static_cast<std::size_t>(Cost::count_), "one row for each cost");
+
+constexpr int kReportsOfKind = 100;
+constexpr std::size_t kKindsOfReport = 1000;
+
+thread_local Budget* current = nullptr;
+
+}  // namespace
+
+Budget::Budget() : isOutermost_(!current) {
+    if (isOutermost_) current = this;
+}
+
+Budget::~Budget() {
+    if (isOutermost_) current = nullptr;
+}
+
+const char* Budget::refusal(Cost cost, std::uint64_t amount) {
+    if (!current) return nullptr;
+    const auto row = static_cast<std::size_t>(cost);
+    std::uint64_t& spent = current->spent_[row];
+    if (amount <= kLimits[row].most - spent) {
+        spent += amount;
+        return nullptr;
+    }
+    spent = kLimits[row].most;
+    if (!current->refused_) current->refused_ = kLimits[row].refusal;
+    return kLimits[row].refusal;
+}
+
+void Budget::spend(Cost cost, std::uint64_t amount) {
+    if (const char* const why = refusal(cost, amount)) throw HEXFileFault({.text = why});
+}
+
+void Budget::expectKept(const std::string& file) {
+    if (current && current->refused_) throw HEXFileFault({.file = file, .text = current->refused_});
+}
+
+Budget::Report Budget::report(const ComMsgMgrInstance& message) {
+    if (!current) return Report::send;
+    const std::string& kind = message.id.empty() ? message.text : message.id;
+    const auto at = current->reported_.find(kind);
+    if (at == current->reported_.end()) {
+        if (current->reported_.size() == kKindsOfReport) return Report::drop;
+        current->reported_.emplace(kind, 1);
+        return Report::send;
+    }
+    const int count = ++at->second;
+    return count < kReportsOfKind ? Report::send : count == kReportsOfKind ? Report::sendAsLast : Report::drop;
+}

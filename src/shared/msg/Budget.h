@@ -1,0 +1,44 @@
+#pragma once
+#include <cstdint>
+#include <map>
+#include <string>
+
+#include "msg/ComMsgMgr.h"
+
+/// What a request counts. `Budget.cpp` has the limits, docs/security.md repeats them.
+enum class Cost {
+    bytes,    ///< of members that are read whole
+    values,   ///< JSON values, XML elements and attributes parsed
+    records,  ///< bytes of the objects that are made from them
+    nodes,    ///< values of the documents that are made
+    text,     ///< bytes of the text of these documents
+    inodes,   ///< files and directories made
+    count_
+};
+
+/// What one request may cost, so that a small file cannot take much time or memory, however often its parts are
+/// named. The outermost one on a thread counts; without one, nothing is counted.
+class Budget {
+public:
+    Budget();
+    ~Budget();
+    Budget(const Budget&) = delete;
+    Budget& operator=(const Budget&) = delete;
+
+    /// Why the request may not spend this much; null if it may. What is refused once, is refused from then on.
+    static const char* refusal(Cost cost, std::uint64_t amount = 1);
+    /// The same; a refusal is a `HEXFileFault`.
+    static void spend(Cost cost, std::uint64_t amount = 1);
+    /// Throws if anything has been refused: for callers of code that ignores what it cannot read.
+    static void expectKept(const std::string& file);
+
+    enum class Report { send, sendAsLast, drop };
+    /// Whether one more message of this kind is sent.
+    static Report report(const ComMsgMgrInstance& message);
+
+private:
+    std::uint64_t spent_[static_cast<std::size_t>(Cost::count_)] = {};
+    const char* refused_ = nullptr;
+    std::map<std::string, int> reported_;  ///< by id; plain texts by themselves
+    bool isOutermost_;
+};
