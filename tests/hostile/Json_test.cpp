@@ -92,12 +92,12 @@ TEST(HostileJson, ManyFilesThatAreRead) {
     list.clear();
     const builder::Entry huge("", "{\"emulations\": [], \"padding\": \"" + std::string(33'000'000, ' ') + "\"}",
                               true);
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < 3; ++i) {
         builder::Entry& member = members.emplace_back(huge);
         const std::string name = std::to_string(i) + ".json";
         member.local.name = member.central.name = name;
         list += (i ? R"(, {"type": "EMU_JSON", "name": ")" : R"({"type": "EMU_JSON", "name": ")") + name + "\"}";
     }
     const Answer answer = tried(archiveOf("{\"files\": [" + list + "]}", members));
-    EXPECT_NE(answer.words.find("member '32.json' could not be opened"), std::string::npos) << answer.words;
+    EXPECT_NE(answer.words.find("member '2.json' could not be opened"), std::string::npos) << answer.words;
 }
