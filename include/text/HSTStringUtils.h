@@ -26,9 +26,12 @@ public:
     /// character.
     static std::string_view utf8Prefix(std::string_view text, std::size_t longest);
 
-    /// The text for display in one line: control characters (of one and of two bytes) and bytes that are not UTF-8
-    /// are shown as "\xNN".
+    /// The text for display in one line: bytes that are not UTF-8, control characters, and characters that change the
+    /// direction of a text or have no width are shown as "\xNN".
     static std::string printable(std::string_view text);
+    /// JSON in one line, whose texts may hold any bytes, as valid UTF-8 without such characters: they become "\uNNNN",
+    /// and bytes that are not UTF-8 "\ufffd".
+    static std::string printableJson(std::string_view json);
     /// The same for at most the first `longest` bytes, followed by "..." if there are more.
     static std::string excerpt(std::string_view text, std::size_t longest = 60);
 

@@ -7,6 +7,7 @@
 
 #include <msg/MsgCatalogue.h>
 #include <platform/HTEQPlatformCAPI.h>
+#include <text/HSTStringUtils.h>
 
 #include "kit/Cases.h"
 #include "kit/Run.h"
@@ -86,6 +87,49 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
                                        "; COMP_WORDS=(zr-platform extract --re); "
                                        "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
     EXPECT_EQ(completion.out, "--repair-hpfm\n");
+}
+
+/// The platform with these bytes in front of each value that is a text, in JSON or in an attribute.
+std::string hostile(const std::string& text, const std::string& quoted, const std::string& bytes) {
+    return std::regex_replace(text, std::regex(quoted + "(?=[A-Za-z])"), "$&" + bytes);
+}
+
+TEST(Output, HasNoHiddenCharacters) {
+    const Scratch scratch;
+    const std::string metadata = contentOf(ZR_SOURCE_DIR "/examples/u77/hw/u77.lfa/lfa.json");
+    scratch.put("a/lfa.json", hostile(metadata, R"(": ")", "\\u001b[2J\\u0007\\n\\u009b\\u202e\\u200b\\u007f"));
+    const std::string xml = "&#x85;&#x202e;&#x200b;&#x7f;";
+    scratch.put("b/lfa.xml", hostile(contentOf(ZR_SOURCE_DIR "/tests/cases/cfa/platform.xml"), "[a-z]=\"", xml));
+    for (const char* part : {"zdf/whole.zdf", "spfm/whole.spfm"}) {
+        const std::string text = contentOf(ZR_SOURCE_DIR "/tests/cases/" + std::string(part));
+        scratch.put(fs::path(part).filename(),
+                    hostile(text, "(?:name|Name|escription|vendor|version|OS|os)=\"", xml));
+    }
+    for (const char* folder : {"a", "b"})
+        EXPECT_EQ(tool({"pack", scratch / folder, scratch / folder + ".lfa", "--force"}).exit, 0);
+    int seen = 0;
+    for (const char* file : {"a.lfa", "b.lfa", "whole.zdf", "whole.spfm"})
+        for (const std::vector<std::string>& verb : {std::vector<std::string>{"show"},
+                                                     {"validate"},
+                                                     {"validate", "--json"},
+                                                     {"members"},
+                                                     {"verify"},
+                                                     {"members", "--ndjson"},
+                                                     {"show", "--messages", "json"},
+                                                     {"json", "--verbose"},
+                                                     {"json", "--messages", "json"}}) {
+            std::vector<std::string> arguments = verb;
+            arguments.push_back(scratch / file);
+            const Result result = tool(arguments);
+            SCOPED_TRACE(std::string(file) + " " + verb[0] + " " + verb.back());
+            for (const std::string& text : {verb[0] == "json" ? std::string() : result.out, result.err}) {
+                for (const std::string& line : HSTStringUtils::split(text, '\n'))
+                    EXPECT_EQ(HSTStringUtils::printable(line), line);
+                seen +=
+                    text.find("\\x1b[2J") != std::string::npos || text.find("\\xe2\\x80\\xae") != std::string::npos;
+            }
+        }
+    EXPECT_GT(seen, 3) << "the texts are shown";
 }
 
 TEST(Explain, KnowsEachMessageAndEachFinding) {

@@ -71,13 +71,13 @@ const std::vector<Input>& inputs() {
         list("empty files", R"({"files": [)", "{}", 300'000, "]}"),
         list("empty partitions", R"({"tilPartitions": [)", "{}", 300'000, "]}"),
         list("unknown values", R"({"unknown": [)", "1", 900'000, "]}"),
-        list("long unknown keys", "{", R"("a key that is longer than a short text #": "and so is its value")", 450'000,
-             "}"),
+        list("long unknown keys", "{", R"("a key that is longer than a short text #": "and so is its value")",
+             450'000, "}"),
         {"emulation files",
          [](const Scratch& scratch) {
-             const std::string member = R"({"emulations": [)" +
-                                        listOf(R"({"name": "e#", "files": [{"type": "EMU_HPFM", "name": "f"}]})", 3000) +
-                                        "]}";
+             const std::string member =
+                 R"({"emulations": [)" +
+                 listOf(R"({"name": "e#", "files": [{"type": "EMU_HPFM", "name": "f"}]})", 3000) + "]}";
              std::vector<Entry> members;
              for (int i = 0; i < 100; ++i) members.emplace_back(std::to_string(i) + ".json", member, true);
              archive(scratch, R"({"files": [)" + listOf(R"({"type": "EMU_JSON", "name": "#.json"})", 100) + "]}",
@@ -96,8 +96,8 @@ const std::vector<Input>& inputs() {
              R"("k#": 1)", 50'000, "}}}"),
         list("a wide cell", R"({"memories": [{"name": ")" + std::string(500'000, 'w') + R"("}, )",
              R"({"name": "m#", "type": "t"})", 3000, "]}"),
-        list("names of regions that differ in case", kPBlocks, R"({"name": "p#", "validSlrs": ["SLR#"], )" + kResources + "}",
-             30'000, "]}}}]}"),
+        list("names of regions that differ in case", kPBlocks,
+             R"({"name": "p#", "validSlrs": ["SLR#"], )" + kResources + "}", 30'000, "]}}}]}"),
         {"regions with many names",
          [](const Scratch& scratch) {
              std::string blocks;
@@ -125,12 +125,14 @@ const std::vector<Input>& inputs() {
          "x.zdf"},
         list("files that are missing", R"({"files": [)", R"({"type": "DCP#", "name": "dir#/f#"})", 30'000, "]}"),
         list("wrong values", R"({"systemClocks": [)", R"({"name": [], "id": "x", "frequency": {}})", 60'000, "]}"),
-        list("dotted parameters", R"({"ipParameters": [)", R"({"name": "p#)" + times(62, ".a") + R"(", "value": "v"})",
-             30'000, "]}"),
-        list("banks", R"({"busInterfaces": [)",
-             R"({"name": "b#", "mode": "Master", "memPort": "true", "spTag": "DDR", "addressSegments": [{"name": "s#", "spTag": "DDR[#]"}]})",
-             30'000, "]}"),
-        list("banks of memories", R"({"memories": [)", R"({"name": "m#", "type": "t#", "size": "4 GB"})", 60'000, "]}"),
+        list("dotted parameters", R"({"ipParameters": [)",
+             R"({"name": "p#)" + times(62, ".a") + R"(", "value": "v"})", 30'000, "]}"),
+        list(
+            "banks", R"({"busInterfaces": [)",
+            R"({"name": "b#", "mode": "Master", "memPort": "true", "spTag": "DDR", "addressSegments": [{"name": "s#", "spTag": "DDR[#]"}]})",
+            30'000, "]}"),
+        list("banks of memories", R"({"memories": [)", R"({"name": "m#", "type": "t#", "size": "4 GB"})", 60'000,
+             "]}"),
         list("clocks", R"({"systemClocks": [)", R"({"name": "c#", "id": "#", "frequency": "100", "status": "fixed"})",
              60'000, "]}"),
         list("files of types", R"({"files": [)", R"({"type": "T#", "name": "lfa.json"})", 100'000, "]}"),
@@ -151,11 +153,11 @@ const std::vector<Input>& inputs() {
                             true)});
          }},
         {"one text",
-         [](const Scratch& scratch) {
-             archive(scratch, R"({"name": ")" + std::string(32'000'000, 'n') + "\"}");
-         }},
+         [](const Scratch& scratch) { archive(scratch, R"({"name": ")" + std::string(32'000'000, 'n') + "\"}"); }},
         {"a text of escapes",
-         [](const Scratch& scratch) { archive(scratch, R"({"description": ")" + times(5'000'000, R"(\u0001)") + "\"}"); }},
+         [](const Scratch& scratch) {
+             archive(scratch, R"({"description": ")" + times(5'000'000, R"(\u0001)") + "\"}");
+         }},
         {"extension metadata",
          [](const Scratch& scratch) {
              archive(scratch, R"({"files": [{"type": "META_JSON", "name": "e.json"}]})",
@@ -199,8 +201,8 @@ TEST_P(Cost, IsBounded) {
         arguments.insert(arguments.end(), verb.after.begin(), verb.after.end());
         const Use used = useOf(arguments);
         SCOPED_TRACE(std::string(input.what) + ": " + arguments[0]);
-        std::printf("  %-40s %-9s exit %d, %.2f s, %4.0f MiB, %zu bytes: %.70s\n", input.what, arguments[0].c_str(), used.exit,
-                    used.seconds, used.peak / kMiB, used.printed, used.exit ? used.text.c_str() : "\n");
+        std::printf("  %-40s %-9s exit %d, %.2f s, %4.0f MiB, %zu bytes: %.70s\n", input.what, arguments[0].c_str(),
+                    used.exit, used.seconds, used.peak / kMiB, used.printed, used.exit ? used.text.c_str() : "\n");
         EXPECT_LT(used.seconds, 2);
         EXPECT_LT(used.peak, 300 * kMiB);
         EXPECT_TRUE(used.exit == 0 || used.exit == 1 || used.exit == 3) << used.exit;

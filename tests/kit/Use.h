@@ -9,11 +9,11 @@
 
 /// What a process took.
 struct Use {
-    int exit = -1;           ///< 128 and the signal if it was killed
-    double seconds = 0;      ///< of the processor
-    double peak = 0;         ///< bytes
-    std::string text;        ///< the first MiB of what it printed on both streams
-    std::size_t printed = 0; ///< bytes
+    int exit = -1;            ///< 128 and the signal if it was killed
+    double seconds = 0;       ///< of the processor
+    double peak = 0;          ///< bytes
+    std::string text;         ///< the first MiB of what it printed on both streams
+    std::size_t printed = 0;  ///< bytes
 };
 
 inline double secondsOf(const timeval& time) {
@@ -36,7 +36,8 @@ inline Use useOf(const std::vector<std::string>& arguments) {
     ::close(ends[1]);
     Use use;
     std::vector<char> block(1 << 16);
-    for (ssize_t n = 0; (n = ::read(ends[0], block.data(), block.size())) > 0; use.printed += static_cast<std::size_t>(n))
+    for (ssize_t n = 0; (n = ::read(ends[0], block.data(), block.size())) > 0;
+         use.printed += static_cast<std::size_t>(n))
         if (use.text.size() < 1 << 20) use.text.append(block.data(), static_cast<std::size_t>(n));
     ::close(ends[0]);
     int status = 0;

@@ -22,6 +22,8 @@ TEST(HSTStringUtils, Functions) {
         {"utf8Length", [](const std::string& text) { return std::to_string(U::utf8Length(text)); }},
         {"toUpper", [](const std::string& text) { return std::string(U::toUpper(text)); }},
         {"split", parts},
+        {"printable", [](const std::string& text) { return U::printable(text); }},
+        {"printableJson", [](const std::string& text) { return U::printableJson(text); }},
         {"trim", [](const std::string& text) { return std::string(U::trim(text)); }},
     };
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/text/functions.case", [&](const auto& name, const auto& text) {

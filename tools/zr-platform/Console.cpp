@@ -21,6 +21,15 @@ using teq_platform::Failure;
 using teq_platform::FailureKind;
 using teq_platform::RequestError;
 
+namespace {
+
+/// A record as a line of JSON.
+std::string lineOf(const boost::json::value& record) {
+    return HSTStringUtils::printableJson(boost::json::serialize(record)) + "\n";
+}
+
+}  // namespace
+
 Exit worse(Exit a, Exit b) {
     constexpr Exit kOrder[] = {Exit::fault, Exit::environment, Exit::input, Exit::usage, Exit::no};
     for (const Exit exit : kOrder)
@@ -63,7 +72,7 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
                                          {"severity", static_cast<unsigned>(message.mask)},
                                          {"args", std::move(args)},
                                          {"text", message.text}};
-        writeAll(2, boost::json::serialize(record) + "\n");
+        writeAll(2, lineOf(record));
     } else {
         const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
         writeAll(2, line.report(isWarning ? "warning" : "") + "\n");
@@ -132,6 +141,7 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
             scols_line_set_data(line, i, HSTStringUtils::excerpt(row[i], kMaxCell).c_str());
     }
     scols_table_enable_nowrap(table.get(), 1);
+    scols_table_enable_noencoding(table.get(), 1);  // the cells are printable
     char* text = nullptr;
     scols_print_table_to_string(table.get(), &text);
     std::vector<std::string> lines = HSTStringUtils::split(text ? text : "", '\n');
@@ -145,7 +155,7 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
 void Records::print(const Call& call, const std::vector<std::string>& columns) const {
     Console& console = Console::take();
     if (call.has("ndjson")) {
-        for (const auto& record : records_) console.data(boost::json::serialize(record) + "\n");
+        for (const auto& record : records_) console.data(lineOf(record));
         return;
     }
     if (call.has("json")) {
@@ -153,7 +163,7 @@ void Records::print(const Call& call, const std::vector<std::string>& columns) c
                                            {"tool", "zr-platform " ZR_VERSION},
                                            {"records", records_},
                                            {"problems", boost::json::array()}};
-        console.data(boost::json::serialize(document) + "\n");
+        console.data(lineOf(document));
         return;
     }
     std::vector<std::vector<std::string>> rows;

@@ -94,9 +94,13 @@ int runShow(const Call& call) {
     if (const auto platform = tryLoad(file, call, failure))
         showAll(text, *platform);
     else if (fileKindOf(file) == FileKind::descriptor && failure.kind != FailureKind::noSuchFile &&
-             failure.diagnostic.id != "74-9")
+             failure.diagnostic.id != "74-9") {
         exit = showParts(text, file, call);
-    else
+        if (exit == Exit::done) {  // the parts load, but not together
+            Console::take().report(failure);
+            exit = exitOf(failure);
+        }
+    } else
         return Console::take().report(failure), static_cast<int>(exitOf(failure));
     Console::take().data(text.str());
     return static_cast<int>(exit);

@@ -24,7 +24,8 @@ void Text::heading(const std::string& title) {
 void Text::line(const std::string& name, const std::string& value) {
     if (value.empty()) return;
     const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
-    text_ += "  " + name + std::string(gap, ' ') + HSTStringUtils::excerpt(value, kMaxValue) + "\n";
+    text_ += "  " + HSTStringUtils::printable(name) + std::string(gap, ' ') +
+             HSTStringUtils::excerpt(value, kMaxValue) + "\n";
 }
 
 void Text::note(const std::string& text) { text_ += "  " + text + "\n"; }

@@ -79,7 +79,8 @@ const std::vector<Verb> kVerbs = {
      "Everything is computed from the bytes. The digest reveals damage and changes, but does not authenticate the "
      "archive: whoever changes it can write a new digest.",
      "u77/hw/u77.lfa",
-     runVerify},
+     runVerify,
+     true},
     {"schema",
      {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu"}},
      {},
@@ -101,7 +102,8 @@ const std::vector<Verb> kVerbs = {
      "ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file cannot be "
      "opened.",
      "u77/u77_gen3x16_base_1.zdf lone/lorica.spfm",
-     runValidate},
+     runValidate,
+     true},
     {"explain",
      {{"NAME", "the name that validate prints in brackets, or a message id such as 74-60"}},
      {},

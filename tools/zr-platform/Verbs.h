@@ -45,6 +45,7 @@ struct Verb {
     const char* details;
     const char* example;  ///< arguments after "zr-platform NAME", for the packed samples
     int (*run)(const Call& call);
+    bool manyFiles = false;  ///< each file or platform is a request of its own, with its own limits
 };
 
 std::span<const Verb> verbs();

@@ -49,7 +49,8 @@ void ComMsgMgr::send(const ComMsgMgrInstance& message) {
     if (report == Budget::Report::drop) return;
     currentSink()(message);
     if (report == Budget::Report::sendAsLast)
-        currentSink()({"platform", "", message.mask, {}, "further messages of this kind are not shown", message.where});
+        currentSink()(
+            {"platform", "", message.mask, {}, "further messages of this kind are not shown", message.where});
 }
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {

@@ -1,6 +1,7 @@
 #include "text/HSTStringUtils.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 
 namespace {
@@ -82,23 +83,67 @@ std::string_view HSTStringUtils::utf8Prefix(std::string_view text, std::size_t l
     return text.substr(0, longest);  // it is not UTF-8 there
 }
 
-std::string HSTStringUtils::printable(std::string_view text) {
-    constexpr std::string_view kDigits = "0123456789abcdef";
+namespace {
+
+constexpr std::string_view kDigits = "0123456789abcdef";
+
+/// The value of a character of UTF-8.
+std::uint32_t codeOf(std::string_view character) {
+    const auto first = static_cast<unsigned char>(character[0]);
+    std::uint32_t code = character.size() == 1 ? first : first & (0x7F >> character.size());
+    for (const char next : character.substr(1)) code = code << 6 | (next & 0x3F);
+    return code;
+}
+
+/// Whether a character would do something to a terminal or a line, or hide in it.
+bool isHidden(std::uint32_t code) {
+    struct Range {
+        std::uint32_t first, last;
+    };
+    static constexpr Range kHidden[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C}, {0x200B, 0x200F},
+                                        {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF}};
+    return std::ranges::any_of(kHidden,
+                               [code](const Range& range) { return range.first <= code && code <= range.last; });
+}
+
+/// `text` with what `hide` makes of each hidden character, whose code it also gets, and of each byte that is not UTF-8.
+template <class Hide>
+std::string withoutHidden(std::string_view text, const Hide& hide) {
+    const auto isPlain = [](char c) { return c >= 0x20 && c < 0x7F; };
     std::string result;
-    while (!text.empty()) {
-        std::size_t length = utf8Length(text);
-        const auto first = static_cast<unsigned char>(text[0]);
-        // Control characters are one byte, or C2 80 to C2 9F.
-        const bool control = first < 0x20 || first == 0x7F || (length == 2 && first == 0xC2 && (text[1] & 0x20) == 0);
-        if (length == 0 || control) {
-            length = 1;
-            result += {'\\', 'x', kDigits[first >> 4], kDigits[first & 15]};
-        } else {
-            result += text.substr(0, length);
-        }
+    for (;;) {
+        const auto plain = std::ranges::find_if_not(text, isPlain) - text.begin();
+        result += text.substr(0, static_cast<std::size_t>(plain));
+        text.remove_prefix(static_cast<std::size_t>(plain));
+        if (text.empty()) return result;
+        const std::size_t length = std::max<std::size_t>(1, HSTStringUtils::utf8Length(text));
+        const std::string_view character = text.substr(0, length);
+        const bool isText = HSTStringUtils::utf8Length(text) > 0;
+        const std::uint32_t code = isText ? codeOf(character) : 0xFFFD;
+        if (isText && !isHidden(code))
+            result += character;
+        else
+            hide(result, character, code);
         text.remove_prefix(length);
     }
-    return result;
+}
+
+}  // namespace
+
+std::string HSTStringUtils::printable(std::string_view text) {
+    return withoutHidden(text, [](std::string& result, std::string_view bytes, std::uint32_t) {
+        for (const char c : bytes) {
+            const auto byte = static_cast<unsigned char>(c);
+            result += {'\\', 'x', kDigits[byte >> 4], kDigits[byte & 15]};
+        }
+    });
+}
+
+std::string HSTStringUtils::printableJson(std::string_view json) {
+    return withoutHidden(json, [](std::string& result, std::string_view, std::uint32_t code) {
+        result += "\\u";
+        for (int shift = 12; shift >= 0; shift -= 4) result += kDigits[code >> shift & 15];
+    });
 }
 
 std::string HSTStringUtils::excerpt(std::string_view text, std::size_t longest) {

@@ -81,6 +81,10 @@ std::vector<PlatformArchive::Metadata> PlatformArchive::allMetadata() const {
 }
 
 HEXDiagnostic PlatformArchive::missingMetadata(Mode mode) const {
+    if (const auto found = metadata(mode); found && found->isXml())
+        return {.file = name(),
+                .member = found->member,
+                .text = "the metadata is XML; here only JSON (" + nameOf(json) + ") is read"};
     std::vector<std::string> names;
     for (const PlatformMember kind : membersOf(mode)) names.push_back(nameOf(kind));
     const std::string last = std::move(names.back());

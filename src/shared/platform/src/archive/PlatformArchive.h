@@ -39,7 +39,7 @@ public:
     std::optional<Metadata> childMetadata(Mode mode) const;
     /// All existing metadata members, in the order of `metadata`; those of the child last.
     std::vector<Metadata> allMetadata() const;
-    /// The diagnostic for an archive without a member that `mode` allows.
+    /// The diagnostic for an archive without a member that `mode` allows, or with XML where only JSON is read.
     HEXDiagnostic missingMetadata(Mode mode) const;
 
     bool contains(std::string_view member) const { return source_->contains(member); }

@@ -36,7 +36,9 @@ private:
         } else {
             const auto& partitions = std::get<Partitioned>(platforms.content).reconfigurablePartitions;
             checkDefault_(platforms, partitions);
+            inPartition_ = true;
             for (const auto& partition : partitions) checkPartition_(partition);
+            inPartition_ = false;
         }
     }
 
@@ -92,13 +94,14 @@ private:
                           fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa)",
                                       HSTStringUtils::excerpt(record.name.get())));
         } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
-            files_.push_back({kind, std::move(path)});
+            files_.push_back({kind, std::move(path), inPartition_});
         }
     }
 
     const Source& source_;
     ValidXml<TEQPlatform::Platform> document_;
     std::vector<NamedFile> files_;
+    bool inPartition_ = false;
 };
 
 }  // namespace

@@ -11,6 +11,7 @@ struct NamedFile {
     enum class Kind { hardware, emulation, software };
     Kind kind;
     std::string path;
+    bool isOfPartition = false;  ///< whose archives must have JSON metadata
 };
 
 /// Checks a descriptor. Returns the existing files that it names, each once; missing ones are findings.

@@ -555,8 +555,8 @@ checkpoint
 )",
      R"({"versionMajor": "1"}
 )"},
-    {kDuplicateKey, warning, "An object has the same key twice: only the first value is read.",
-     "Remove one of them.", "lfa.json",
+    {kDuplicateKey, warning, "An object has the same key twice: only the first value is read.", "Remove one of them.",
+     "lfa.json",
      R"({"usesPR": true, "usesPR": false}
 )",
      R"({"usesPR": true}

@@ -38,20 +38,22 @@ void checkMetadata(const Source& source, const PlatformArchive::Metadata& metada
     findings.append(members.takeFindings());
 }
 
-void checkMembers(const PlatformArchive& archive, Findings& findings) {
+void checkMembers(const PlatformArchive& archive, bool needsJson, Findings& findings) {
     bool found = false;
     for (const PlatformArchive::Metadata& metadata : archive.allMetadata()) {
         found |= !metadata.isOfChild();
         if (const auto source = check::ArchiveMembers(archive).read(metadata.member, findings))
             checkMetadata(*source, metadata, archive, findings);
     }
-    if (!found)
-        findings.add(check::kNoMetadata, archive.name(), "", archive.missingMetadata(HwMetadataMode::Default).text);
+    const auto read = archive.metadata(HwMetadataMode::Default);
+    if (found && !(needsJson && read && read->isXml())) return;
+    const HEXDiagnostic missing = archive.missingMetadata(HwMetadataMode::Default);
+    findings.add(check::kNoMetadata, missing.file, missing.member, missing.text);
 }
 
-void checkArchive(const std::string& file, Findings& findings) {
+void checkArchive(const std::string& file, bool needsJson, Findings& findings) {
     try {
-        checkMembers(PlatformArchive(file), findings);
+        checkMembers(PlatformArchive(file), needsJson, findings);
     } catch (const zip::ArchiveError& e) {
         findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
     }
@@ -87,7 +89,7 @@ void checkPlatform(const Source& source, const check::ReadXml& document, Finding
         if (named.kind == check::NamedFile::Kind::software)
             checkSoftware(named.path, findings);
         else
-            checkArchive(named.path, findings);
+            checkArchive(named.path, named.isOfPartition, findings);
     }
 }
 
@@ -110,7 +112,7 @@ HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
     const zip::Request request;
     Findings findings;
     if (fileKindOf(file) == FileKind::hardware) {
-        checkArchive(file, findings);
+        checkArchive(file, false, findings);
     } else if (const auto source = textOf(file, findings)) {
         if (isJson(*source))
             check::checkJsonFile(*source, findings);

@@ -94,8 +94,8 @@ HSTVector<HTEQHardwarePlatform::MemoryBank> MemoryBanks::all() const {
         const unsigned count = indexed_ ? buses.front()->getNumAddressSegments() : 1;
         std::size_t at = buses.size();  // the last interface with bank n; moves to the front only
         for (unsigned n = 0; n < count; ++n) {
-            if (n == 0 || buses[at]->getNumAddressSegments() <= n)
-                do --at;
+            if (n == 0 || buses[at]->getNumAddressSegments() <= n) do
+                    --at;
                 while (indexed_ && buses[at]->getNumAddressSegments() <= n);
             banks.push_back({type, n, sizeOf(*buses[at]), slrOf(*buses[at], n)});
         }
