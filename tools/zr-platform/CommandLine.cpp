@@ -125,5 +125,8 @@ int runCommandLine(int argc, char** argv) {
     }
     Console::take().configure(call);
     const teq_platform::requests::Scope request;
-    return chosen->run(call);
+    const int exit = chosen->run(call);
+    if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
+    return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)
+                                                                                 : exit;
 }
