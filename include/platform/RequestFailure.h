@@ -47,5 +47,10 @@ struct Failure {
 /// The failure for the exception being handled, of any type; call it in a `catch`. `file` is the file of the request,
 /// for exceptions that name none. Throws std::bad_alloc if memory runs out.
 ZR_API Failure currentFailure(const std::string& file = "");
+/// Throws if the system refused something to this thread since the outermost `requests::Scope` began, such as another
+/// open file: what was found since then may lack it.
+ZR_API void checkSystem();
+/// Whether it would throw.
+ZR_API bool systemFailed();
 
 }  // namespace teq_platform

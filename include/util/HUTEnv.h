@@ -21,8 +21,9 @@ public:
 
     /// A directory for temporary files of the calling thread only, without a trailing separator. Default: below a
     /// private directory (0700) that the process makes in `TMPDIR`, or in /tmp, on the first call, and that is
-    /// removed when the process ends. A forked child has its own directory and does not touch its parent's. Throws
-    /// `HEXUserException` if the directory cannot be made.
+    /// removed when the process ends. If something removes or replaces it earlier, the next call makes a new one. A
+    /// forked child has its own directory and does not touch its parent's. Throws `HEXUserException` if the directory
+    /// cannot be made.
     static std::string getJUNTmpDir();
     /// A directory that the host owns, for all threads; empty restores the default.
     static void setJUNTmpDir(std::string directory);

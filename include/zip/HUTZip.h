@@ -40,8 +40,9 @@ public:
                             const std::function<void(const std::string&)>& accept = {});
 
     /// Attaches a digest: the SHA-256 of each member in its central directory entry, and one over all members at the
-    /// start of the archive's comment. An archive with a valid digest is not written. Also throws
-    /// `HEXUserException` if somebody else is changing the archive for more than ten seconds.
+    /// start of the archive's comment. An archive whose members agree with its digest is not written. Throws
+    /// `HEXDataException` if a member does not agree with its CRC, and `HEXUserException` if somebody else is changing
+    /// the archive for more than ten seconds.
     static void attachDigestEn(const std::string& archive);
 
     enum class DigestState { none, valid, broken };

@@ -2,6 +2,7 @@
 // documented failure or none, nothing left open, and the next call is right.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -151,5 +152,36 @@ TEST_F(FailingCalls, ThatMoveLessThanTheyWereAsked) {
         faults::arm(Action::none);
         EXPECT_EQ(outcome, "") << calls[i] << ", call " << i + 1;
         expectIntact(calls[i]);
+    }
+}
+
+/// Some file systems cannot rename without replacing.
+TEST_F(FailingCalls, RenamingWithoutReplacing) {
+    const std::string folder = scratch_ / "in", packed = scratch_ / "packed/x.lfa";
+    scratch_.put("in/a", "text");
+    fs::create_directory(scratch_ / "packed");
+    faults::arm(Action::count);
+    HUTZip::compressDir(folder, packed, false);
+    const auto& calls = faults::calls();
+    const auto rename =
+        std::ranges::find(calls, std::string("renameat2"), [](auto name) { return std::string(name); });
+    const long at = rename - calls.begin() + 1;
+    fs::remove(packed);
+    for (const char* there : {"", "somebody's"}) {
+        faults::arm(Action::fail, at, EINVAL);
+        const auto race = [&](const std::string&) {
+            if (*there) scratch_.put("packed/x.lfa", there);
+        };
+        const auto call = [&] { HUTZip::compressDir(folder, packed, false, race); };
+        if (*there) {
+            EXPECT_THROW(call(), HEXUserException);
+        } else {
+            EXPECT_NO_THROW(call());
+        }
+        faults::arm(Action::none);
+        EXPECT_EQ(std::distance(fs::directory_iterator(scratch_ / "packed"), fs::directory_iterator()), 1);
+        EXPECT_EQ(contentOf(packed).starts_with(*there ? there : "PK"), true);
+        EXPECT_EQ(fs::hard_link_count(packed), 1U);
+        fs::remove(packed);
     }
 }

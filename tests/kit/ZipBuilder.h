@@ -49,7 +49,7 @@ struct Entry {
     Header local, central;
     std::string packed, descriptor, comment;
     std::uint32_t mode = 0100644;
-    std::uint16_t disk = 0;
+    std::uint16_t disk = 0, madeBy = 0x031E, dos = 0;  ///< the system is the upper byte; the lower 16 attributes
     std::optional<std::uint64_t> offset;
 
     explicit Entry(const std::string& name, const std::string& data = "", bool isDeflated = false) {
@@ -83,8 +83,8 @@ struct Zip {
     std::string build() const {
         std::string out = before, directory;
         for (const Entry& e : entries) {
-            directory += "PK\1\2" + le(0x031E, 2) + e.central.bytes() + le(e.comment.size(), 2) + le(e.disk, 2) +
-                         le(0, 2) + le(std::uint64_t{e.mode} << 16, 4) + le(e.offset.value_or(out.size()), 4) +
+            directory += "PK\1\2" + le(e.madeBy, 2) + e.central.bytes() + le(e.comment.size(), 2) + le(e.disk, 2) +
+                         le(0, 2) + le(e.dos, 2) + le(e.mode, 2) + le(e.offset.value_or(out.size()), 4) +
                          e.central.name + e.central.extra + e.comment;
             out += "PK\3\4" + e.local.bytes() + e.local.name + e.local.extra + e.packed + e.descriptor;
         }

@@ -71,6 +71,8 @@ inline const Changes<Header> kHeaderChanges = {
 inline const Changes<Entry> kEntryChanges = {
     {"mode", set<&Entry::mode>},
     {"disk", set<&Entry::disk>},
+    {"dos", set<&Entry::dos>},
+    {"madeBy", set<&Entry::madeBy>},
     {"offset", [](Entry& entry, const std::string& text) { entry.offset = numberOf(text); }},
     {"comment", set<&Entry::comment>},
     {"descriptor", set<&Entry::descriptor>},

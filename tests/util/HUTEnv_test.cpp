@@ -7,6 +7,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <thread>
 
 #include "util/HUTFile.h"
@@ -65,11 +66,25 @@ TEST(HUTEnv, TmpDirGoesWithTheProcessThatMadeIt) {
     EXPECT_TRUE(HUTFile::isDir(mine)) << "a child leaves its parent's directory alone";
 }
 
-TEST(HUTEnv, TmpDirIsMadeAgainWhenSwept) {
-    const std::string base = HUTFile::getParent(HUTEnv::getJUNTmpDir());
-    ASSERT_TRUE(HUTFile::rmRecursive(base));
-    EXPECT_TRUE(HUTFile::isDir(HUTEnv::getJUNTmpDir()));
-    EXPECT_EQ(modeOf(base), 0700U);
+/// Something removes old files there, and somebody else may take the name.
+TEST(HUTEnv, TmpDirIsMadeAgainWhenItIsNoLongerPrivate) {
+    const std::function<bool(const std::string&)> takers[] = {
+        [](const std::string&) { return true; },
+        [](const std::string& base) { return ::mkdir(base.c_str(), 0700) == 0 && ::chmod(base.c_str(), 0777) == 0; },
+        [](const std::string& base) { return ::symlink("/tmp", base.c_str()) == 0; },
+        [](const std::string& base) {
+            return ::geteuid() != 0 || (::mkdir(base.c_str(), 0700) == 0 && ::chown(base.c_str(), 1234, 1234) == 0);
+        },
+    };
+    for (const auto& take : takers) {
+        const std::string base = HUTFile::getParent(HUTEnv::getJUNTmpDir());
+        ASSERT_TRUE(HUTFile::rmRecursive(base) && take(base));
+        const std::string fresh = HUTEnv::getJUNTmpDir();
+        EXPECT_NE(HUTFile::getParent(fresh), base);
+        EXPECT_EQ(modeOf(fresh), 0700U);
+        EXPECT_EQ(modeOf(HUTFile::getParent(fresh)), 0700U);
+        HUTFile::rmRecursive(base);
+    }
 }
 
 TEST(HUTEnv, HostGives) {

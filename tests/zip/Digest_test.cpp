@@ -125,6 +125,20 @@ TEST_F(DigestOf, ABrokenOneIsMadeAnewOnlyWhenAsked) {
     EXPECT_EQ(stateOf(archive()), State::valid) << "fields that do not agree with the comment are not believed";
 }
 
+/// The fields agree with the comment, but not with the bytes.
+TEST_F(DigestOf, IsAttachedOnlyToWhatAgreesWithItsCrcs) {
+    builder::Zip zip = stamped(scratch_);
+    zip.entries[0].packed = "secOnd";
+    const std::string damaged = zip.build();
+    scratch_.put("a.lfa", damaged);
+    EXPECT_NE(wordsOf([this] { HUTZip::attachDigestEn(archive()); }).find("its CRC is"), std::string::npos);
+    EXPECT_EQ(contentOf(archive()), damaged);
+    zip.entries[0].both(&builder::Header::crc, libdeflate_crc32(0, "secOnd", 6));
+    scratch_.put("a.lfa", zip.build());
+    HUTZip::attachDigestEn(archive());
+    EXPECT_EQ(stateOf(archive()), State::valid);
+}
+
 TEST_F(DigestOf, AForeignCommentStandsBehind) {
     builder::Zip zip = mixedZip();
     zip.comment = "somebody's words\nin two lines";

@@ -1,13 +1,20 @@
 #include "zip/HUTZip.h"
 
+#include <fcntl.h>
 #include <fmt/core.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstdio>
 #include <filesystem>
 #include <map>
 #include <random>
+#include <thread>
 
 #include "kit/ZipBuilder.h"
 #include "msg/HEXAll.h"
@@ -15,6 +22,7 @@
 #include "zip/Archive.h"
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
+#include "zip/FileBytes.h"
 #include "zip/OnDisk.h"
 
 namespace fs = std::filesystem;
@@ -136,7 +144,7 @@ TEST_F(Uncompress, NothingLeavesTheDirectory) {
     } cases[] = {
         {"../outside/file", "'..'", 0100644},   {"/tmp/zr", "is absolute", 0100644},
         {"a\\..\\b", "backslash", 0100644},     {"link/file", "cannot be used", 0100644},
-        {"new", "a link or a device", 0120777}, {"data/", "has data", 0100644},
+        {"new", "a link or a device", 0120777}, {"data/", "has data", 040755},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -174,6 +182,71 @@ TEST_F(Uncompress, QuestionsToWhatIsNoArchive) {
     }
 }
 
+/// Devices and pipes are written to or refused, but never replaced by a file.
+TEST_F(Destination, StreamsStayWhatTheyAre) {
+    writeTree("folder", {{"x", "1"}});
+    HUTZip::compressDir(at("folder"), "/dev/null");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    pack({builder::Entry("pipe", "new")});
+    ASSERT_EQ(::mkfifo(at("pipe").c_str(), 0600), 0);
+    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "", dir_, true), HEXUserException);
+    EXPECT_TRUE(fs::is_fifo(at("pipe")));
+
+    const int reader = ::open(at("pipe").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    HUTZip::compressDir(at("folder"), at("pipe"));
+    char bytes[4] = {};
+    EXPECT_EQ(::read(reader, bytes, 4), 4);
+    EXPECT_EQ(std::string(bytes, 4), "PK\3\4");
+    const auto isEnd = [reader](const std::function<void(std::string_view)>& take) {
+        ::close(reader);
+        take("nobody reads this");
+    };
+    ::signal(SIGPIPE, SIG_DFL);  // would end this process
+    EXPECT_NE(wordsOf([&] { zip::writeDestination(at("pipe"), isEnd); }).find("Broken pipe"), std::string::npos);
+
+    const int standard = ::dup(1), out = ::open(at("out").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
+    ::dup2(out, 1);
+    zip::writeDestination("/dev/stdout", [](const auto& take) { take("to the descriptor"); });
+    ::dup2(standard, 1);
+    for (const int file : {standard, out}) ::close(file);
+    EXPECT_TRUE(fs::is_symlink("/dev/stdout"));
+    EXPECT_EQ(contentOf(at("out")), "to the descriptor");
+}
+
+/// A folder that is swapped for a link again and again while it is packed.
+TEST_F(PackFolder, TakesNothingFromElsewhere) {
+    writeTree("in", {{"a/sub/x", "inside"}});
+    writeTree("outside/sub", {{"x", "outside"}});
+    fs::create_directory_symlink("../outside", at("in.link"));
+    std::atomic<bool> isDone = false;
+    std::thread swapper([&] {
+        while (!isDone) ::renameat2(AT_FDCWD, at("in/a").c_str(), AT_FDCWD, at("in.link").c_str(), RENAME_EXCHANGE);
+    });
+    for (int i = 0; i < 200; ++i) {
+        if (wordsOf([&] { HUTZip::compressDir(at("in"), at("a.lfa")); }) != "nothing was thrown") continue;
+        for (const auto& [name, data] : contentsOf(at("a.lfa"))) EXPECT_EQ(data, "inside") << name;
+    }
+    isDone = true;
+    swapper.join();
+}
+
+/// A worker that ends by `_exit` runs no destructors of statics.
+TEST_F(PackFolder, KeepsNoTemporaryDirectory) {
+    writeTree("in", {{"x.tilprj/y.zip/z", "1"}});
+    fs::create_directory(at("tmp"));
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::setenv("TMPDIR", at("tmp").c_str(), 1);
+        HUTZip::compressDir(at("in"), at("a.lfa"));
+        const auto kept = zip::FileBytes::makeTemporary();
+        ::_exit(0);
+    }
+    int status = 1;
+    ::waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_TRUE(fs::is_empty(at("tmp")));
+}
+
 TEST_F(Destination, WholeOrNotAtAll) {
     using Take = std::function<void(std::string_view)>;
     const auto fill = [](const Take& take) { take("one "), take("two"); };
@@ -187,11 +260,17 @@ TEST_F(Destination, WholeOrNotAtAll) {
     EXPECT_EQ(contentOf(at("new")), "one two");
     EXPECT_THROW(zip::writeDestination(at("other"), failing), HEXDataException);
 
+    // A link, which somebody else may have placed, is not followed.
     write(at("real"), "old");
     fs::create_symlink("real", at("link"));
+    fs::create_symlink("nothing", at("dangling"));
+    EXPECT_THROW(zip::writeDestination(at("link"), fill, false), HEXUserException);
+    EXPECT_THROW(zip::writeDestination(at("dangling"), fill, false), HEXUserException);
+    EXPECT_TRUE(fs::remove(at("dangling")));
     zip::writeDestination(at("link"), fill);
-    EXPECT_TRUE(fs::is_symlink(at("link")));
-    EXPECT_EQ(contentOf(at("real")), "one two");
+    EXPECT_FALSE(fs::is_symlink(at("link")));
+    EXPECT_EQ(contentOf(at("link")), "one two");
+    EXPECT_EQ(contentOf(at("real")), "old");
     zip::writeDestination("/dev/null", fill);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     for (const std::string& path : {dir_, at("no/such"), at("real/x"), at("dir/"), std::string()})

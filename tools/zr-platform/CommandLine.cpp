@@ -127,5 +127,8 @@ int runCommandLine(int argc, char** argv) {
     Console::take().configure(call);
     std::optional<teq_platform::requests::Scope> request;
     if (!chosen->manyFiles) request.emplace();
-    return chosen->run(call);
+    const int exit = chosen->run(call);
+    if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
+    return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)
+                                                                                  : exit;
 }

@@ -13,7 +13,9 @@
 #include <utility>
 
 #include "msg/HEXAll.h"
+#include "util/FileAttributes.h"
 #include "util/HUTFile.h"
+#include "util/WriteAll.h"
 
 namespace util {
 namespace {
@@ -86,8 +88,9 @@ AtomicFile::~AtomicFile() {
     if (isMade_) ::unlinkat(directory_, temporary_.c_str(), 0);
 }
 
-void AtomicFile::fail(int error) const {
-    throw HEXUserException("file '" + shown_ + "' could not be written: " + std::generic_category().message(error));
+void AtomicFile::fail(int error) const { fail(std::generic_category().message(error)); }
+void AtomicFile::fail(const std::string& reason) const {
+    throw HEXUserException("file '" + shown_ + "' could not be written: " + reason);
 }
 
 void AtomicFile::make(mode_t mode, const std::string& extension) {
@@ -109,13 +112,8 @@ void AtomicFile::make(mode_t mode, const std::string& extension) {
 }
 
 void AtomicFile::write(std::uint64_t offset, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t put = ::pwrite(file_.get(), bytes.data(), bytes.size(), static_cast<off_t>(offset));
-        if (put < 0 && errno == EINTR) continue;
-        if (put < 0) fail(errno);
-        bytes.remove_prefix(static_cast<std::size_t>(put));
-        offset += static_cast<std::uint64_t>(put);
-    }
+    if (const int error = writeAllAt(file_.get(), offset, bytes)) fail(error);
+    offset += bytes.size();
     size_ = std::max(size_, offset);
     if (offset >= flushed_ + kStretch) {  // written while the next bytes are made, so sync waits less
         ::sync_file_range(file_.get(), static_cast<off_t>(flushed_), static_cast<off_t>(offset - flushed_),
@@ -126,11 +124,8 @@ void AtomicFile::write(std::uint64_t offset, std::string_view bytes) {
 
 std::string AtomicFile::path() const { return HUTFile::getParent(shown_) + "/" + temporary_; }
 
-void AtomicFile::takeModeAndOwner(const struct stat& of) {
-    const bool isGiven = ::fchown(file_.get(), of.st_uid, of.st_gid) == 0 ||
-                         (::fchown(file_.get(), static_cast<uid_t>(-1), of.st_gid) == 0 && of.st_uid == ::geteuid());
-    // Only the old owner could grant set-user-ID rights.
-    if (::fchmod(file_.get(), of.st_mode & (isGiven ? 07777 : 0777)) != 0) fail(errno);
+void AtomicFile::takeAttributes(int of) {
+    if (const int error = copyAttributes(of, file_.get())) fail(error);
 }
 
 void AtomicFile::sync() {
@@ -138,10 +133,24 @@ void AtomicFile::sync() {
     isSynced_ = true;
 }
 
+/// Returns 0 or the error number.
+int AtomicFile::rename(bool mayReplace) const {
+    const char *const from = temporary_.c_str(), *const to = name_.c_str();
+    if (::renameat2(directory_, from, directory_, to, mayReplace ? 0 : RENAME_NOREPLACE) == 0) return 0;
+    if (mayReplace || (errno != EINVAL && errno != ENOSYS && errno != ENOTSUP)) return errno;
+    // The file system cannot do both at once.
+    if (::linkat(directory_, from, directory_, to, 0) != 0) return errno;
+    ::unlinkat(directory_, from, 0);
+    return 0;
+}
+
 void AtomicFile::commit(bool mayReplace) {
     if (!isSynced_ && !file_.close()) fail(errno);
-    const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
-    if (::renameat2(directory_, temporary_.c_str(), directory_, name_.c_str(), flags) != 0) fail(errno);
+    struct stat there {};
+    if (mayReplace && ::fstatat(directory_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 &&
+        !S_ISREG(there.st_mode) && !S_ISLNK(there.st_mode))
+        fail("what has this name is not a regular file");
+    if (const int error = rename(mayReplace)) fail(error);
     isMade_ = false;
     if (!isSynced_) return;
     if (::fsync(directory_) != 0) fail(errno);

@@ -31,16 +31,19 @@ public:
     void append(std::string_view bytes) { write(size_, bytes); }
     /// Open to be read too; stays this object's.
     int descriptor() const { return file_.get(); }
-    /// Where that is not permitted the file stays its maker's.
-    void takeModeAndOwner(const struct stat& of);
+    /// Takes owner, mode, access control list and extended attributes of an open file (`util::copyAttributes`).
+    void takeAttributes(int of);
     /// Waits until the disk has the bytes; `commit` then waits until it has the name.
     void sync();
-    /// Puts the file at its target. Without `mayReplace` it is an error when something is there.
+    /// Puts the file at its target. Without `mayReplace`, anything that has the name is an error; with it, anything
+    /// except a regular file or a link, which is replaced itself.
     void commit(bool mayReplace = true);
 
 private:
     void make(mode_t mode, const std::string& extension);
+    int rename(bool mayReplace) const;
     [[noreturn]] void fail(int error) const;
+    [[noreturn]] void fail(const std::string& reason) const;
 
     Descriptor parent_;  ///< of a target that was given by its path
     int directory_;

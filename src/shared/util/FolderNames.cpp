@@ -1,6 +1,7 @@
 #include "util/FolderNames.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 
 #include <cerrno>
 #include <memory>
@@ -8,14 +9,16 @@
 #include <system_error>
 
 #include "msg/HEXAll.h"
+#include "util/Descriptor.h"
 
-std::vector<std::string> folderNames(const std::string& folder) {
-    const auto fail = [&folder](int error) {
-        throw HEXUserException("folder '" + folder +
-                               "' could not be read: " + std::generic_category().message(error));
+std::vector<std::string> folderNames(int folder, const std::string& shown) {
+    const auto fail = [&shown](int error) {
+        throw HEXUserException("folder '" + shown + "' could not be read: " + std::generic_category().message(error));
     };
-    const std::unique_ptr<DIR, int (*)(DIR*)> list(::opendir(folder.c_str()), ::closedir);
+    util::Descriptor own(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, int (*)(DIR*)> list(own.isOpen() ? ::fdopendir(own.get()) : nullptr, ::closedir);
     if (!list) fail(errno);
+    own.release();
     std::vector<std::string> names;
     for (errno = 0; const dirent* const entry = ::readdir(list.get()); errno = 0) {
         const std::string_view name = entry->d_name;

@@ -2,6 +2,7 @@
 #include <string>
 #include <vector>
 
-/// The names in a folder, except "." and "..", in no particular order. Throws `HEXUserException` if it cannot be
-/// read. (The standard library's iterators terminate the process when memory runs out.)
-std::vector<std::string> folderNames(const std::string& folder);
+/// The names in an open folder, except "." and "..", in no particular order; `shown` is its path in messages. Throws
+/// `HEXUserException` if it cannot be read. (The standard library's iterators terminate the process when memory runs
+/// out.)
+std::vector<std::string> folderNames(int folder, const std::string& shown);

@@ -29,7 +29,6 @@ std::string defaultAppRoot() {
 
 struct Host {
     HSTVector<std::string> appRoots{defaultAppRoot()};
-    std::string tmpDir;
     int major = ZR_VERSION_MAJOR;
     int minor = ZR_VERSION_MINOR;
     std::string fullBuild = ZR_VERSION;
@@ -52,8 +51,8 @@ HSTVector<std::string> HUTEnv::getKELAppRootList() { return host().appRoots; }
 void HUTEnv::setKELAppRootList(HSTVector<std::string> roots) { host().appRoots = std::move(roots); }
 std::string HUTEnv::getJUNAppRoot() { return host().appRoots.empty() ? std::string() : host().appRoots.front(); }
 
-std::string HUTEnv::getJUNTmpDir() { return host().tmpDir.empty() ? util::privateTmpDirOfThread() : host().tmpDir; }
-void HUTEnv::setJUNTmpDir(std::string directory) { host().tmpDir = std::move(directory); }
+std::string HUTEnv::getJUNTmpDir() { return util::tmpDir(); }
+void HUTEnv::setJUNTmpDir(std::string directory) { util::setHostTmpDir(std::move(directory)); }
 
 int HUTEnv::getMajor() { return host().major; }
 int HUTEnv::getMinor() { return host().minor; }

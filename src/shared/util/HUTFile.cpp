@@ -37,6 +37,7 @@ bool isGone(const std::string& path) {
 /// Removes what has this name in an open directory, with its contents, as far as possible.
 void removeAt(int directory, const char* name) {
     if (::unlinkat(directory, name, 0) == 0 || errno == ENOENT) return;
+    if (::unlinkat(directory, name, AT_REMOVEDIR) == 0) return;  // needs no descriptor, of which there may be none
     const int opened = ::openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (opened < 0) return;
     if (DIR* const list = ::fdopendir(opened)) {

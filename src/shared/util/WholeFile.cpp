@@ -12,13 +12,16 @@
 #include "util/AtomicFile.h"
 #include "util/Descriptor.h"
 #include "util/HUTFile.h"
+#include "util/SystemFault.h"
 
 namespace wholefile {
 
 namespace {
 
 [[noreturn]] void fail(const std::string& path, const char* action) {
-    const std::string reason = std::generic_category().message(errno);
+    const int error = errno;
+    util::noteSystemFault(path, error, action);
+    const std::string reason = std::generic_category().message(error);
     throw HEXUserException(fmt::format("file '{}' cannot be {}: {}", path, action, reason));
 }
 
@@ -43,11 +46,12 @@ std::string read(const std::string& path, std::size_t most) {
 
 void replace(const std::string& path, std::string_view bytes) {
     const std::string target = HUTFile::getCanonicalName(path);
+    const util::Descriptor old(::open(target.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY));
+    if (!old.isOpen() && errno != ENOENT) fail(path, "written");
     util::AtomicFile made(target, 0600);
     made.write(0, bytes);
-    struct stat old {};
-    if (::stat(target.c_str(), &old) == 0)
-        made.takeModeAndOwner(old);
+    if (old.isOpen())
+        made.takeAttributes(old.get());
     else if (::fchmod(made.descriptor(), 0644) != 0)
         fail(path, "written");
     made.sync();

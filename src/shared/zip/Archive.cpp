@@ -3,10 +3,12 @@
 #include <fmt/core.h>
 #include <libdeflate.h>
 
+#include <algorithm>
 #include <utility>
 
 #include "zip/FileBytes.h"
 #include "zip/Inflater.h"
+#include "zip/LittleEndian.h"
 #include "zip/PackedData.h"
 
 namespace zip {
@@ -47,6 +49,38 @@ Fault inflateWhole(std::string_view packed, std::string& data) {
     return {taken == packed.size() ? "" : "there are bytes after its compressed data"};
 }
 
+/// Readers that take an archive as a stream know where a stored member ends only by its data descriptor: the data must
+/// not contain one that fits there.
+class DescriptorSearch {
+public:
+    explicit DescriptorSearch(const Member& member) : isNeeded_(member.hasDescriptor()) {}
+
+    bool finds(std::string_view piece) {
+        if (!isNeeded_) return false;
+        window_ += piece;
+        for (auto at = window_.find("PK\7\10"); at != window_.npos; at = window_.find("PK\7\10", at + 1))
+            if (fits<std::uint32_t>(at) || fits<std::uint64_t>(at)) return true;
+        const std::size_t done = window_.size() - std::min(window_.size(), kMaxSize - 1);
+        windowAt_ += done;
+        window_.erase(0, done);
+        return false;
+    }
+
+private:
+    static constexpr std::size_t kMaxSize = 24;
+
+    template <class Size>
+    bool fits(std::size_t at) const {
+        const std::size_t packedSize = at + 8, size = packedSize + sizeof(Size);
+        return size + sizeof(Size) <= window_.size() && number<Size>(&window_[packedSize]) == windowAt_ + at &&
+               number<Size>(&window_[size]) == windowAt_ + at;
+    }
+
+    bool isNeeded_;
+    std::string window_;
+    std::uint64_t windowAt_ = 0;
+};
+
 }  // namespace
 
 Archive::Archive(const std::string& path) : Archive(std::make_unique<FileBytes>(path), path) {}
@@ -58,9 +92,8 @@ void Archive::refuse(const Member& member, const std::string& text, Fault fault)
     throw ArchiveError(name_, std::string(member.name), text, fault);
 }
 
-void Archive::checkKind(const Member& member) const {
+void Archive::checkIsFile(const Member& member) const {
     if (member.isDirectory()) refuse(member, "it is a directory");
-    if (!member.isPlain()) refuse(member, "it is a link or a device, not a file");
 }
 
 void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
@@ -68,7 +101,7 @@ void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
 }
 
 std::string Archive::read(const Member& member, std::uint64_t bound) const {
-    checkKind(member);
+    checkIsFile(member);
     if (member.size > bound || (member.packedSize > kBlock && member.packedSize - kBlock > bound))
         refuse(member, fmt::format("it has {} bytes, {} compressed; at most {} are read", member.size,
                                    member.packedSize, bound));
@@ -92,7 +125,7 @@ std::string Archive::unpackWhole(const Member& member) const {
 }
 
 void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const {
-    checkKind(member);
+    checkIsFile(member);
     unpack(member, sink, budget);
 }
 
@@ -116,7 +149,11 @@ void Archive::unpackInPieces(const Member& member, const Sink& sink, OutputBudge
     };
     PackedData packed(*bytes_, name_, member, kBlock);
     if (member.method == Method::stored) {
-        for (auto piece = packed.next(); !piece.empty(); piece = packed.next()) take(piece);
+        DescriptorSearch early(member);
+        for (auto piece = packed.next(); !piece.empty(); piece = packed.next()) {
+            if (early.finds(piece)) refuse(member, "its data contain what looks like its data descriptor");
+            take(piece);
+        }
     } else {
         Inflater inflater(kBlock);
         for (auto piece = packed.next(); !piece.empty(); piece = packed.next())

@@ -36,12 +36,12 @@ public:
     /// What the archive is read from.
     const ByteSource& bytes() const { return *bytes_; }
 
-    /// The whole data of a member of at most `bound` bytes. Directories and links have none.
+    /// The whole data of a member of at most `bound` bytes. Directories have none.
     std::string read(const Member& member, std::uint64_t bound = kMetadataBound) const;
     /// Passes the data to `sink` in pieces, in order and in constant memory. If it throws, the pieces passed so far
     /// are not valid data.
     void copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const;
-    /// The same for members of any kind, including directories and links, to examine their bytes.
+    /// The same for members of any kind, including directories, to examine their bytes.
     void unpack(const Member& member, const Sink& sink, OutputBudget& budget) const;
     /// Throws unless the member's local header agrees with its entry.
     void checkHeader(const Member& member) const;
@@ -49,7 +49,7 @@ public:
 private:
     using Fault = ArchiveError::Fault;
     [[noreturn]] void refuse(const Member& member, const std::string& text, Fault fault = Fault::other) const;
-    void checkKind(const Member& member) const;
+    void checkIsFile(const Member& member) const;
     std::string unpackWhole(const Member& member) const;
     void unpackInPieces(const Member& member, const Sink& sink, OutputBudget& budget) const;
     void checkCrc(const Member& member, std::uint32_t crc) const;

@@ -8,6 +8,7 @@
 #include "zip/ArchiveError.h"
 #include "zip/Digest.h"
 #include "zip/ExtraFields.h"
+#include "zip/MemberName.h"
 
 namespace zip {
 namespace {
@@ -24,7 +25,10 @@ public:
     explicit Check(const Archive& archive) : archive_(archive), hasDigest_(hasDigest(archive.comment())) {}
 
     HUTZip::Verification run() {
-        for (const Member& member : archive_.members()) checkBytes(member);
+        for (const Member& member : archive_.members()) {
+            checkName(member);
+            checkBytes(member);
+        }
         if (hasDigest_) {
             if (tellsComment(rowsOfBytes_)) blameFields();
             if (report_.differences.empty() && !tellsComment(rowsOfFields_))
@@ -37,6 +41,16 @@ public:
 private:
     void add(std::string_view member, Reason reason, std::string_view text) {
         report_.differences.push_back({std::string(member), reason, HSTStringUtils::printable(text)});
+    }
+
+    /// Names with which other readers do not write the same files.
+    void checkName(const Member& member) {
+        if (!isUtf8(member.name)) return;  // in an encoding of its own, which every reader shows as it can
+        if (const auto fault = memberNameFault(member.name, member.size > 0); !fault.empty())
+            return add(member.name, Reason::damaged, "its name " + std::string(fault));
+        for (auto at = member.name.find('/'); at != member.name.npos; at = member.name.find('/', at + 1))
+            if (archive_.find(member.name.substr(0, at)))
+                return add(member.name, Reason::damaged, "it would be in a directory whose name is that of a file");
     }
 
     void checkBytes(const Member& member) {

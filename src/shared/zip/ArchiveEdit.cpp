@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 #include <utility>
@@ -67,20 +68,27 @@ bool ArchiveEdit::isKept(const Member& member) const {
 }
 
 FileStamp ArchiveEdit::commit(Digest digest) {
-    const bool isValid = isDigestValid(archive());
+    const bool isValid = isDigestValid(archive()) && (digest != Digest::renew || isDigestTrue());
     if (changes_.empty() && removed_.empty() && (digest == Digest::keep || isValid)) return stamp();
     if (changes_.empty() && removed_.size() == archive().members().size()) refuse("no member would be left in it");
-    const Stamp fields = digest == Digest::attach || isValid ? makeStamp(isValid) : Stamp();
+    const Stamp fields = digest != Digest::keep || isValid ? makeStamp(isValid) : Stamp();
 
     util::AtomicFile made(path_, 0600);
     write(fields, [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
     checkSources();
     checkResult(made.descriptor());
-    made.takeModeAndOwner(statusOf(locked_.file().descriptor()));
+    made.takeAttributes(locked_.file().descriptor());
     made.sync();
     checkArchive();
     made.commit();
     return FileStamp(statusOf(made.descriptor()));
+}
+
+/// Whether a digest whose comment agrees with its fields also agrees with the bytes.
+bool ArchiveEdit::isDigestTrue() const {
+    return std::ranges::all_of(archive().members(), [this](const Member& member) {
+        return zip::hashOf(archive(), member) == digestField(member);
+    });
 }
 
 ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {

@@ -22,13 +22,14 @@ namespace zip {
 /// atomically replaces the old one. Readers see either the old archive or the new one, even if the process is killed.
 ///
 /// It holds a lock during its lifetime, so that others who change the archive wait and no changes are lost. Unchanged
-/// members keep their compressed bytes and their order, new ones follow them; mode and, if permitted, owner of the
-/// file are kept. For a link the target is changed.
+/// members keep their compressed bytes and their order, new ones follow them; mode, access control list, extended
+/// attributes and, if permitted, owner of the file are kept. For a link the target is changed.
 class ArchiveEdit {
 public:
     enum class Digest {
-        keep,   ///< a valid digest is updated; otherwise there is none afterwards
-        attach  ///< there is a valid digest afterwards
+        keep,    ///< a valid digest is updated; otherwise there is none afterwards
+        attach,  ///< there is a valid digest afterwards; a valid one is believed for unchanged members
+        renew    ///< the same, but all members are compared with it
     };
     static constexpr std::chrono::milliseconds kPatience{10'000};
 
@@ -75,6 +76,7 @@ private:
     };
 
     void stage(const std::string& member, Change change);
+    bool isDigestTrue() const;
     bool isKept(const Member& member) const;
     Stamp makeStamp(bool isValid);
     Hash hashOf(Change& change) const;

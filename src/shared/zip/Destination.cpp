@@ -2,15 +2,24 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
+#include <charconv>
+#include <optional>
 #include <system_error>
 
 #include "msg/HEXAll.h"
 #include "util/AtomicFile.h"
 #include "util/HUTFile.h"
+#include "util/WriteAll.h"
+#include "zip/SourceFile.h"
 
 namespace {
+
+constexpr std::uint64_t kBlock = 256UL * 1024;
 
 using Fill = std::function<void(const std::function<void(std::string_view)>&)>;
 
@@ -18,39 +27,93 @@ using Fill = std::function<void(const std::function<void(std::string_view)>&)>;
     throw HEXUserException("file '" + path + "' could not be written: " + std::generic_category().message(error));
 }
 
-void writeStream(const std::string& path, const Fill& fill) {
-    util::Descriptor stream(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
-    if (!stream.isOpen()) fail(path, errno);
-    fill([&](std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t put = ::write(stream.get(), bytes.data(), bytes.size());
-            if (put < 0 && errno != EINTR) fail(path, errno);
-            if (put > 0) bytes.remove_prefix(static_cast<std::size_t>(put));
-        }
-    });
-    if (!stream.close()) fail(path, errno);
+/// The number in "/proc/self/fd/1"; no value for other texts.
+std::optional<int> numberOf(std::string_view path) {
+    for (const std::string_view folder : {"/proc/self/fd/", "/dev/fd/"}) {
+        if (!path.starts_with(folder)) continue;
+        path.remove_prefix(folder.size());
+        int number = -1;
+        const auto [end, error] = std::from_chars(path.data(), path.data() + path.size(), number);
+        if (error == std::errc() && end == path.data() + path.size() && number >= 0) return number;
+    }
+    return std::nullopt;
 }
 
-void writeFile(const std::string& path, const Fill& fill, bool mayReplace) {
-    const std::string target = HUTFile::getCanonicalName(path);  // for a link, its target is replaced
-    const std::string directory = HUTFile::getParent(target);
-    const util::Descriptor parent(::open(directory.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!parent.isOpen()) fail(path, errno);
-    util::AtomicFile file(parent.get(), target.substr(target.rfind('/') + 1), path, 0666);
-    fill([&file](std::string_view bytes) { file.append(bytes); });
-    file.commit(mayReplace);
-}
+/// A name in an open directory, which later steps use, whatever becomes of the path.
+class Target {
+public:
+    explicit Target(const std::string& path)
+        : path_(path),
+          parent_(::open(HUTFile::getParent(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
+          name_(path.substr(path.rfind('/') + 1)) {
+        if (path.empty() || path.find('\0') != path.npos) fail(path, EINVAL);
+        if (path.back() == '/') fail(path, EISDIR);
+        if (!parent_.isOpen()) fail(path, errno);
+        exists_ = ::fstatat(parent_.get(), name_.c_str(), &status_, AT_SYMLINK_NOFOLLOW) == 0;
+        if (!exists_ && errno != ENOENT) fail(path, errno);
+        if (exists_ && S_ISDIR(status_.st_mode)) fail(path, EISDIR);
+    }
+
+    bool exists() const { return exists_; }
+    /// One of the process's own descriptors that it names, itself or by a link.
+    std::optional<int> descriptor() const {
+        if (const auto number = numberOf(path_)) return number;
+        std::array<char, 64> text;
+        const ssize_t size = ::readlinkat(parent_.get(), name_.c_str(), text.data(), text.size());
+        return size < 0 ? std::nullopt : numberOf({text.data(), static_cast<std::size_t>(size)});
+    }
+    bool isFileOrLink() const { return !exists_ || S_ISREG(status_.st_mode) || S_ISLNK(status_.st_mode); }
+
+    void writeFile(const Fill& fill, bool mayReplace) const {
+        util::AtomicFile file(parent_.get(), name_, path_, 0666);
+        fill([&file](std::string_view bytes) { file.append(bytes); });
+        file.commit(mayReplace);
+    }
+
+    void writeStream(const Fill& fill) const {
+        const auto own = descriptor();
+        util::Descriptor stream(
+            own ? ::fcntl(*own, F_DUPFD_CLOEXEC, 0)
+                : ::openat(parent_.get(), name_.c_str(), O_WRONLY | O_NOFOLLOW | O_CLOEXEC | O_NOCTTY));
+        struct stat opened {};
+        if (!stream.isOpen() || ::fstat(stream.get(), &opened) != 0) fail(path_, errno);
+        if (!own && S_ISREG(opened.st_mode)) fail(path_, EEXIST);  // it has taken the place of a device
+        fill([&](std::string_view bytes) {
+            if (const int error = util::writeAll(stream.get(), bytes)) fail(path_, error);
+        });
+        if (!stream.close()) fail(path_, errno);
+    }
+
+private:
+    const std::string& path_;
+    util::Descriptor parent_;
+    std::string name_;
+    bool exists_ = false;
+    struct stat status_ {};
+};
 
 }  // namespace
 
 void zip::writeDestination(const std::string& path, const Fill& fill, bool mayReplace) {
-    if (path.empty() || path.find('\0') != std::string::npos) fail(path, EINVAL);
-    struct stat status {};
-    const bool exists = ::stat(path.c_str(), &status) == 0;
-    if ((exists && S_ISDIR(status.st_mode)) || path.back() == '/') fail(path, EISDIR);
-    if (exists && S_ISREG(status.st_mode) && !mayReplace) fail(path, EEXIST);
-    if (exists && !S_ISREG(status.st_mode))
-        writeStream(path, fill);
-    else
-        writeFile(path, fill, mayReplace);
+    const Target target(path);
+    if (!target.isFileOrLink() || target.descriptor()) return target.writeStream(fill);
+    if (target.exists() && !mayReplace) fail(path, EEXIST);
+    target.writeFile(fill, mayReplace);
+}
+
+void zip::copyToDestination(const std::string& from, const std::string& path) {
+    const SourceFile file(from);
+    writeDestination(path, [&file](const std::function<void(std::string_view)>& take) {
+        std::string block;
+        for (std::uint64_t at = 0; at < file.bytes().size(); at += block.size()) {
+            block.resize(static_cast<std::size_t>(std::min(kBlock, file.bytes().size() - at)));
+            if (!file.bytes().read(at, block.data(), block.size())) file.refuse("it cannot be read");
+            take(block);
+        }
+    });
+}
+
+bool zip::isStream(const std::string& path) {
+    const Target target(path);
+    return !target.isFileOrLink() || target.descriptor();
 }

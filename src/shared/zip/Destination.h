@@ -7,9 +7,15 @@ namespace zip {
 
 /// Writes a file at a path that the user chose, whose directory must exist: calls `fill` with the function that takes
 /// the bytes. An existing file is replaced after `fill` returns and unchanged if it throws; without `mayReplace` it is
-/// an error. To a device or a pipe, the bytes are written directly. Throws `HEXUserException`, and what `fill` throws.
+/// an error. A link is not followed: it is treated as a file. To a device, a pipe or one of the process's own
+/// descriptors (/dev/stdout), the bytes are written directly. Throws `HEXUserException`, and what `fill` throws.
 void writeDestination(const std::string& path,
                       const std::function<void(const std::function<void(std::string_view)>& take)>& fill,
                       bool mayReplace = true);
+/// The same with the bytes of the file `from`.
+void copyToDestination(const std::string& from, const std::string& path);
+
+/// Whether bytes would be written directly.
+bool isStream(const std::string& path);
 
 }  // namespace zip

@@ -1,6 +1,7 @@
 #include "zip/Directory.h"
 
 #include <fmt/core.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cstring>
@@ -15,17 +16,48 @@
 namespace zip {
 namespace {
 
-constexpr std::size_t kEntrySize = 46, kLocalSize = 30;
+constexpr std::size_t kEntrySize = 46;
 constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13,
                         kUtf8 = 1 << 11;
 /// The maximum compression ratio of deflate.
 constexpr std::uint64_t kMaxRatio = 1032;
 
-/// Type and permissions, if the entry was made on a system that has them.
-std::uint32_t modeOf(const char* entry) {
-    const auto system = static_cast<unsigned char>(entry[5]);
-    return system == 3 || system == 19 ? u32(entry + 38) >> 16 : 0;
+constexpr std::uint32_t kDosDirectory = 0x10;
+
+/// Whether each reader takes the member for what its name says. Some look at the type in the upper half of the
+/// attributes whatever system the entry was made on.
+bool hasTypeOfName(const Member& member, std::uint32_t attributes) {
+    const std::uint32_t type = member.mode & S_IFMT;
+    if (member.isDirectory()) return type == 0 || type == S_IFDIR;
+    return (type == 0 || type == S_IFREG) && (attributes & kDosDirectory) == 0;
 }
+
+/// Local headers, mostly from bytes that have been read already.
+class Headers {
+public:
+    static constexpr std::size_t kSize = 30;
+
+    Headers(const ByteSource& bytes, const EndRecord& end) : bytes_(bytes), end_(end) {}
+
+    /// Null if it cannot be read.
+    const char* at(std::uint64_t offset) {
+        if (offset >= end_.tailOffset) return &end_.tail[offset - end_.tailOffset];
+        if (offset < blockAt_ || offset - blockAt_ + kSize > block_.size()) {
+            block_.resize(static_cast<std::size_t>(std::min<std::uint64_t>(kBlock, bytes_.size() - offset)));
+            blockAt_ = offset;
+            if (!bytes_.read(offset, block_.data(), block_.size())) return nullptr;
+        }
+        return &block_[offset - blockAt_];
+    }
+
+private:
+    static constexpr std::size_t kBlock = 4096;
+
+    const ByteSource& bytes_;
+    const EndRecord& end_;
+    std::string block_;
+    std::uint64_t blockAt_ = 0;
+};
 
 }  // namespace
 
@@ -35,6 +67,7 @@ Directory::Directory(const ByteSource& bytes, const std::string& archive) : arch
     comment_ = std::move(end.comment);
     readEntries(end.members);
     setLimits(end.directoryOffset);
+    checkAdjacent(bytes, end);
     index_ = NameIndex(members_);
     if (const Member* const twice = index_.duplicate()) refuse(twice->name, "two members have this name");
 }
@@ -86,7 +119,7 @@ std::size_t Directory::readEntry(std::string_view rest) {
     member.crc = u32(entry + 16);
     member.packedSize = u32(entry + 20);
     member.size = u32(entry + 24);
-    member.mode = modeOf(entry);
+    member.mode = u32(entry + 38) >> 16;
     member.headerOffset = u32(entry + 42);
     member.extraFields = rest.substr(kEntrySize + nameSize, extraSize);
     readZip64(member, entry);
@@ -109,7 +142,9 @@ void Directory::readZip64(Member& member, const char* entry) const {
     }
     const std::size_t size = field.bytes->size(), diskSize = diskMissing ? 4 : 0;
     const bool hasAll = size == 24 + diskSize;
-    if (!hasAll && size != 8 * static_cast<std::size_t>(missing) + diskSize)
+    // With all values, readers that expect only the missing ones must find the same.
+    const bool areFirst = std::ranges::is_partitioned(values, [](auto* value) { return *value == kIn64As32; });
+    if (hasAll ? !areFirst : size != 8 * static_cast<std::size_t>(missing) + diskSize)
         refuse(member.name, fmt::format("the zip64 field of its entry has {} bytes", size));
     const char* at = field.bytes->data();
     for (std::uint64_t* const value : values) {
@@ -136,6 +171,10 @@ void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.method == Method::stored && member.size != member.packedSize)
         refuse(member.name, fmt::format("it is stored, but has {} compressed and {} uncompressed bytes",
                                         member.packedSize, member.size));
+    if (!hasTypeOfName(member, u32(entry + 38)))
+        refuse(member.name, "it is a link or a device, or not what its name says");
+    if (!extraFieldsAgree(member.extraFields, member.name))
+        refuse(member.name, "the extra fields of its entry give it another name or type");
     if (member.size / kMaxRatio > member.packedSize)
         refuse(member.name, fmt::format("{} compressed bytes cannot hold {} bytes", member.packedSize, member.size));
 }
@@ -152,13 +191,38 @@ void Directory::setLimits(std::uint64_t directoryOffset) {
     for (std::size_t i = 0; i < order.size(); ++i) {
         Member& member = members_[order[i]];
         member.limit = i + 1 < order.size() ? members_[order[i + 1]].headerOffset : directoryOffset;
-        const std::uint64_t least = kLocalSize + member.name.size();
+        const std::uint64_t least = Headers::kSize + member.name.size();
         if (member.headerOffset <= member.limit && member.limit - member.headerOffset >= least &&
             member.limit - member.headerOffset - least >= member.packedSize)
             continue;
         refuse(member.name, fmt::format("its {} compressed bytes at byte {} extend beyond byte {}, where {} begins",
                                         member.packedSize, member.headerOffset, member.limit,
                                         i + 1 < order.size() ? "the next member" : "the central directory"));
+    }
+}
+
+/// Only extra fields and a data descriptor may be between a member's name, its data and the next member: a reader that
+/// takes one local header after the other must find the same members. Members without room for either, as in the
+/// archives that this library writes, need no look at their headers.
+void Directory::checkAdjacent(const ByteSource& bytes, const EndRecord& end) const {
+    Headers headers(bytes, end);
+    for (const Member& member : members_) {
+        std::uint64_t left =
+            member.limit - member.headerOffset - Headers::kSize - member.name.size() - member.packedSize;
+        if (left == 0) continue;
+        const char* const header = headers.at(member.headerOffset);
+        if (!header)
+            throw ArchiveError(archive_, std::string(member.name), "it cannot be read from the archive",
+                               ArchiveError::Fault::unreadable);
+        if (!std::string_view(header, 4).starts_with("PK\3\4"))
+            refuse(member.name,
+                   fmt::format("there is no local header at byte {}, where its entry points", member.headerOffset));
+        if (u16(header + 26) != member.name.size()) refuse(member.name, "its local header has another name");
+        const std::size_t extraSize = u16(header + 28);
+        if (extraSize > left) continue;  // reported when the member is read, which fails
+        left -= extraSize;
+        if (left == 0 || (member.hasDescriptor() && isDescriptorSize(left))) continue;
+        refuse(member.name, fmt::format("{} bytes of no member are before byte {}", left, member.limit));
     }
 }
 

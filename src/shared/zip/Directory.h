@@ -13,8 +13,8 @@ namespace zip {
 
 struct EndRecord;
 
-/// The central directory of an archive, read and checked as a whole: members do not overlap, are between the
-/// archive's first byte and the directory, have different names, and are of a supported kind.
+/// The central directory of an archive, read and checked as a whole: members have different names, are files or
+/// directories of a supported kind, and fill the archive from its first byte to the directory without gaps.
 class Directory {
 public:
     /// Throws `ArchiveError` with the name `archive`.
@@ -34,6 +34,7 @@ private:
     void readZip64(Member& member, const char* entry) const;
     void checkEntry(const Member& member, const char* entry) const;
     void setLimits(std::uint64_t directoryOffset);
+    void checkAdjacent(const ByteSource& bytes, const EndRecord& end) const;
     [[noreturn]] void refuse(std::string_view member, const std::string& text) const;
 
     const std::string& archive_;

@@ -16,7 +16,6 @@ constexpr std::string_view kSignature = "PK\5\6";
 constexpr std::string_view kLocatorSignature = "PK\6\7";
 constexpr std::string_view kRecord64Signature = "PK\6\6";
 constexpr std::uint64_t kSize = 22, kLocatorSize = 20, kRecord64Size = 56;
-constexpr std::uint64_t kTail = 16UL * 1024;
 constexpr std::uint64_t kMaxMembers = 1'000'000;
 constexpr std::uint64_t kMaxDirectory = 256UL * 1024 * 1024;
 
@@ -27,20 +26,18 @@ public:
     EndRecord read() {
         if (bytes_.size() < kSize)
             refuse(fmt::format("{} bytes are not a zip archive: the smallest has {}", bytes_.size(), kSize));
-        loadTail(kTail);
-        if (!find()) {
-            loadTail(kEndRecordReach);
-            if (!find()) refuseWithoutEnd();
-        }
+        loadTail();
+        if (!find()) refuseWithoutEnd();
         readRecord();
+        refuseOthers();
         return std::move(end_);
     }
 
 private:
     [[noreturn]] void refuse(const std::string& text) const { throw ArchiveError(archive_, "", text); }
 
-    void loadTail(std::uint64_t size) {
-        end_.tail.resize(std::min(size, bytes_.size()));
+    void loadTail() {
+        end_.tail.resize(std::min(kEndRecordReach, bytes_.size()));
         end_.tailOffset = bytes_.size() - end_.tail.size();
         if (!bytes_.read(end_.tailOffset, end_.tail.data(), end_.tail.size())) refuse("its end cannot be read");
     }
@@ -64,6 +61,31 @@ private:
             at_ = at;
         }
         return found;
+    }
+
+    /// Data of members may contain whole archives, but none whose offsets are those of this file: a reader that scans
+    /// forward, or repairs archives, would see its members.
+    void refuseOthers() const {
+        const std::string_view before = std::string_view(end_.tail).substr(0, at_);
+        for (auto at = before.find(kSignature); at != before.npos; at = before.find(kSignature, at + 1))
+            if (const std::uint64_t offset = end_.tailOffset + at;
+                at + kSize <= end_.tail.size() && (endsDirectory(offset, &end_.tail[at]) || endsDirectory64(offset)))
+                refuse(fmt::format("it has two ends of central directory, the first at byte {}", offset));
+    }
+    static bool endsDirectory(std::uint64_t offset, const char* record) {
+        return std::uint64_t{u32(record + 12)} + u32(record + 16) == offset;
+    }
+    bool endsDirectory64(std::uint64_t offset) const {
+        std::array<char, kLocatorSize> locator;
+        std::array<char, kRecord64Size> record;
+        if (offset < kLocatorSize || !fetch(offset - kLocatorSize, locator.data(), locator.size()) ||
+            !std::string_view(locator.data(), locator.size()).starts_with(kLocatorSignature))
+            return false;
+        const std::uint64_t at = u64(&locator[8]);
+        return at <= offset && offset - at >= kLocatorSize + kRecord64Size &&
+               fetch(at, record.data(), record.size()) &&
+               std::string_view(record.data(), record.size()).starts_with(kRecord64Signature) &&
+               u64(&record[40]) + u64(&record[48]) == at;
     }
 
     [[noreturn]] void refuseWithoutEnd() const {

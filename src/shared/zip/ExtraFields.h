@@ -13,6 +13,11 @@ struct ExtraField {
 
 inline constexpr std::uint16_t kZip64Field = 1;
 
+/// Fewer than four zero bytes at the end are padding, with which some tools align the data of members.
 ExtraField findExtraField(std::string_view extraFields, std::uint16_t id);
+
+/// Whether a reader that prefers extra fields to the header sees a member of the name `name`, which is the header's,
+/// and of the header's type. Also false if the fields are malformed.
+bool extraFieldsAgree(std::string_view extraFields, std::string_view name);
 
 }  // namespace zip

@@ -7,10 +7,10 @@
 #include <cerrno>
 #include <system_error>
 #include <utility>
-#include <vector>
 
 #include "text/HSTStringUtils.h"
 #include "util/AtomicFile.h"
+#include "util/OpenBelow.h"
 #include "zip/ArchiveError.h"
 #include "zip/MemberName.h"
 
@@ -42,18 +42,8 @@ util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePat
 }
 
 util::Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {
-    std::vector<std::string> parts = HSTStringUtils::split(name, '/');
-    const std::string last = std::move(parts.back());
-    parts.pop_back();
     const std::string path = path_ + "/" + std::string(name);
-    util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
-    for (const std::string& part : parts) {
-        at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
-        if (!at.isOpen() && errno == ENOENT) return at;
-        if (!at.isOpen()) fail(path, errno);
-    }
-    util::Descriptor file(
-        ::openat(at.get(), last.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    util::Descriptor file = util::openBelow(directory_.get(), name, O_RDONLY);
     struct stat status {};
     if (!file.isOpen() && errno == ENOENT) return file;
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0) fail(path, errno);
@@ -67,7 +57,6 @@ void ExtractionDirectory::extract(const Archive& archive, const Member& member, 
     const std::string name(member.name);
     if (const auto fault = memberNameFault(name, member.size > 0); !fault.empty())
         throw ArchiveError(archive.name(), name, "the name " + std::string(fault));
-    if (!member.isPlain()) throw ArchiveError(archive.name(), name, "it is a link or a device, not a file");
 
     const auto separator = name.rfind('/');
     const bool isNested = separator != std::string::npos;

@@ -7,7 +7,9 @@
 #include <system_error>
 #include <utility>
 
-#include "util/HUTEnv.h"
+#include "util/PrivateTmpDir.h"
+#include "util/SystemFault.h"
+#include "util/WriteAll.h"
 #include "zip/ArchiveError.h"
 
 namespace {
@@ -22,7 +24,11 @@ util::Descriptor openRegular(const std::string& path, int access) {
     // A directory cannot be opened for writing.
     if (isOpen ? !S_ISREG(status.st_mode) : errno == EISDIR)
         throw zip::ArchiveError(path, "", "is not a regular file");
-    if (!isOpen) throw zip::ArchiveError(path, "", "cannot be opened: " + reason(errno));
+    if (!isOpen) {
+        const int error = errno;
+        util::noteSystemFault(path, error);
+        throw zip::ArchiveError(path, "", "cannot be opened: " + reason(error));
+    }
     return descriptor;
 }
 
@@ -55,10 +61,10 @@ std::unique_ptr<FileBytes> FileBytes::openForChange(const std::string& path) {
 bool FileBytes::isAsOpened() const { return FileStamp(statusOf(descriptor_.get())) == stamp_; }
 
 std::unique_ptr<FileBytes> FileBytes::makeTemporary() {
-    std::string path = HUTEnv::getJUNTmpDir() + "/nested-XXXXXX";
-    util::Descriptor descriptor(::mkostemp(path.data(), O_CLOEXEC));
+    const util::ScratchDirectory scratch;
+    const std::string path = scratch.path() + "/nested";
+    util::Descriptor descriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!descriptor.isOpen()) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
-    ::unlink(path.c_str());
     return std::make_unique<FileBytes>(std::move(descriptor));
 }
 
@@ -67,6 +73,7 @@ bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) cons
     while (count > 0) {
         const ssize_t got = ::pread(descriptor_.get(), target, count, static_cast<off_t>(offset));
         if (got < 0 && errno == EINTR) continue;
+        if (got < 0) util::noteSystemFault("an archive", errno, "read");
         if (got <= 0) return false;  // truncated since it was opened, or an error of the disk
         target += got;
         offset += static_cast<std::uint64_t>(got);
@@ -76,14 +83,9 @@ bool FileBytes::read(std::uint64_t offset, char* target, std::size_t count) cons
 }
 
 void FileBytes::append(const char* bytes, std::size_t count) {
-    while (count > 0) {
-        const ssize_t put = ::pwrite(descriptor_.get(), bytes, count, stamp_.size);
-        if (put < 0 && errno == EINTR) continue;
-        if (put < 0) throw HEXUserException("a temporary file could not be written: " + reason(errno));
-        bytes += put;
-        stamp_.size += put;
-        count -= static_cast<std::size_t>(put);
-    }
+    if (const int error = util::writeAllAt(descriptor_.get(), size(), {bytes, count}))
+        throw HEXUserException("a temporary file could not be written: " + reason(error));
+    stamp_.size += static_cast<off_t>(count);
 }
 
 }  // namespace zip

@@ -29,7 +29,7 @@ public:
     static std::unique_ptr<FileBytes> openForChange(const std::string& path);
     /// For an open file.
     explicit FileBytes(util::Descriptor descriptor);
-    /// A new file without a name, in the thread's temporary directory; `write` fills it. Throws `HEXUserException`.
+    /// A new file without a name; `append` fills it. Throws `HEXUserException`.
     static std::unique_ptr<FileBytes> makeTemporary();
     std::uint64_t size() const override { return static_cast<std::uint64_t>(stamp_.size); }
     bool read(std::uint64_t offset, char* target, std::size_t count) const override;

@@ -7,8 +7,9 @@
 /// the bytes of their names; empty folders become directory members. It carries a digest (see Digest.h). A folder
 /// whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes a member of that name that is itself an archive, at
 /// most two deep. Throws `HEXUserException` for an empty folder, a link, a device, a name in it that could not be
-/// extracted again, and errors of the file system. The archive appears complete or not at all, and without
-/// `mayReplace` replaces nothing. `accept`, if any, is called with the path of the finished archive before it takes
+/// extracted again, and errors of the file system. No link in it is followed, even if it is
+/// changed meanwhile. The archive appears complete or not at all, and without `mayReplace` replaces nothing; to a
+/// device or a pipe, its bytes are written. `accept`, if any, is called with the path of the finished archive before it takes
 /// its name; it can prevent that by throwing.
 void packFolder(const std::string& folder, const std::string& archive, bool mayReplace = true,
                 const std::function<void(const std::string&)>& accept = {});

@@ -62,7 +62,7 @@ void HUTZip::compressDir(const std::string& folder, const std::string& archive, 
 }
 
 void HUTZip::attachDigestEn(const std::string& archive) {
-    zip::ArchiveEdit(archive).commit(zip::ArchiveEdit::Digest::attach);
+    zip::ArchiveEdit(archive).commit(zip::ArchiveEdit::Digest::renew);
 }
 
 const char* HUTZip::reasonText(Reason reason) {

@@ -1,6 +1,4 @@
 #pragma once
-#include <sys/stat.h>
-
 #include <cstdint>
 #include <string_view>
 
@@ -18,17 +16,16 @@ struct Member {
     std::uint64_t headerOffset = 0;  ///< of the local header, which precedes the compressed data
     std::uint64_t limit = 0;         ///< the member ends before this offset
     std::uint32_t crc = 0;
-    std::uint32_t mode = 0;  ///< Unix type and permissions; 0 if unknown
+    std::uint32_t mode = 0;  ///< Unix type, which is that of the name or 0, and permissions; 0 if unknown
     std::uint16_t flags = 0;
     Method method = Method::stored;
 
     bool isDirectory() const { return name.ends_with('/'); }
-    /// Not a link, device or similar.
-    bool isPlain() const {
-        const auto type = mode & S_IFMT;
-        return type == 0 || type == (isDirectory() ? S_IFDIR : S_IFREG);
-    }
+    /// Whether sizes and CRC follow the data.
     bool hasDescriptor() const { return (flags & 8) != 0; }
 };
+
+/// A data descriptor is a CRC and two sizes of 4 or 8 bytes, with a signature before them or without.
+inline bool isDescriptorSize(std::uint64_t size) { return size == 12 || size == 16 || size == 20 || size == 24; }
 
 }  // namespace zip

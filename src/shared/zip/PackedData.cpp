@@ -73,9 +73,12 @@ void PackedData::checkHeader(std::string_view window) {
 void PackedData::checkSizes(const char* header, std::string_view extraFields) const {
     const ExtraField field = findExtraField(extraFields, kZip64Field);
     if (!field.isSound) refuse("the extra fields of its local header are malformed");
+    if (!extraFieldsAgree(extraFields, member_.name))
+        refuse("the extra fields of its local header give it another name or type");
     std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
     if (packedSize == kIn64As32 || size == kIn64As32) {
         if (!field.bytes || field.bytes->size() < 16) refuse("the zip64 field of its local header is missing");
+        if (packedSize != size) refuse("the zip64 field of its local header replaces one of two sizes");
         size = u64(field.bytes->data());
         packedSize = u64(field.bytes->data() + 8);
     }
@@ -100,18 +103,19 @@ std::string_view PackedData::next() {
 
 void PackedData::checkDescriptor() const {
     if (!member_.hasDescriptor()) return;
-    const std::uint64_t at = dataAt_ + member_.packedSize;
-    std::array<char, 24> buffer;
-    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), member_.limit - at));
-    if (!bytes_.read(at, buffer.data(), size))
+    const std::uint64_t at = dataAt_ + member_.packedSize, size = member_.limit - at;
+    std::array<char, 24> buffer{};
+    const auto count = static_cast<std::size_t>(std::min<std::uint64_t>(buffer.size(), size));
+    if (!bytes_.read(at, buffer.data(), count))
         refuse("it cannot be read from the archive", ArchiveError::Fault::unreadable);
-    const std::string_view bare(buffer.data(), size);
-    const auto isDescriptor = [this](std::string_view bytes) {
-        return matches<std::uint32_t>(bytes, member_) || matches<std::uint64_t>(bytes, member_);
-    };
-    if (isDescriptor(bare)) return;
-    if (bare.starts_with("PK\7\10") && isDescriptor(bare.substr(4))) return;
-    refuse("the data descriptor after its data is missing or disagrees with its entry");
+    std::string_view descriptor(buffer.data(), count);
+    // Without a signature, the end of stored data cannot be found, and a CRC must not look like the signature.
+    const bool hasSignature = descriptor.starts_with("PK\7\10"), needsOne = member_.method == Method::stored;
+    if (hasSignature) descriptor.remove_prefix(4);
+    const bool isWide = size >= 20;
+    if (!isDescriptorSize(size) || hasSignature != (size % 8 == 0) || (needsOne && !hasSignature) ||
+        !(isWide ? matches<std::uint64_t>(descriptor, member_) : matches<std::uint32_t>(descriptor, member_)))
+        refuse("the data descriptor after its data is missing or disagrees with its entry");
 }
 
 }  // namespace zip

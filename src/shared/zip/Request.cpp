@@ -6,6 +6,7 @@
 #include <deque>
 #include <utility>
 
+#include "util/SystemFault.h"
 #include "zip/FileBytes.h"
 
 namespace zip {
@@ -56,6 +57,7 @@ std::shared_ptr<const Archive> openAs(const std::string& path, bool forChange) {
 }  // namespace
 
 Request::Request(std::uint64_t budget) : isOutermost_(!sessions) {
+    if (isOutermost_) util::forgetSystemFaults();
     if (isOutermost_) sessions = new Sessions{{}, std::make_shared<OutputBudget>(budget)};
 }
 

@@ -1,8 +1,13 @@
 #include "zip/SourceFile.h"
 
+#include <fcntl.h>
+
+#include <cerrno>
+#include <system_error>
 #include <utility>
 
 #include "msg/HEXAll.h"
+#include "util/OpenBelow.h"
 #include "zip/ArchiveError.h"
 
 namespace zip {
@@ -13,6 +18,15 @@ SourceFile::SourceFile(std::string path) : path_(std::move(path)) {
     } catch (const ArchiveError& error) {
         refuse("it " + error.text());
     }
+}
+
+SourceFile::SourceFile(int folder, std::string_view path, std::string shown) : path_(std::move(shown)) {
+    util::Descriptor file = util::openBelow(folder, path, O_RDONLY);
+    struct stat status {};
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
+        refuse("it cannot be opened: " + std::generic_category().message(errno));
+    if (!S_ISREG(status.st_mode)) refuse("it is not a regular file");
+    bytes_ = std::make_unique<FileBytes>(std::move(file));
 }
 
 void SourceFile::refuse(const std::string& text) const {

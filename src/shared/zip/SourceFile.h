@@ -1,6 +1,7 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "zip/FileBytes.h"
 
@@ -12,6 +13,8 @@ class SourceFile {
 public:
     /// Only a regular file can be opened.
     explicit SourceFile(std::string path);
+    /// The same for a file below an open folder; no link on the way is followed. `shown` is its path in messages.
+    SourceFile(int folder, std::string_view path, std::string shown);
 
     const std::string& path() const { return path_; }
     const FileBytes& bytes() const { return *bytes_; }

@@ -4,6 +4,7 @@
 #include "msg/Silence.h"
 #include "platform/RequestFailure.h"
 #include "platform/zr_platform.h"
+#include "util/SystemFault.h"
 
 namespace capi {
 
@@ -18,6 +19,7 @@ zr_code guarded(zr_error** error, const char* file, Body body) noexcept {
     if (error) *error = nullptr;
     try {
         const msg::Silence silence;
+        util::forgetSystemFaults();
         body();
         return ZR_OK;
     } catch (...) {

@@ -134,7 +134,7 @@ void ArchiveChanges::attachDigest(const HTEQHardwarePlatform& platform) {
     if (platform.getPlatformFile().empty()) return;
     ArchiveEdit edit(platform.getPlatformFile());
     const bool isKnown = !known_ || *known_ == edit.stamp();
-    const zip::FileStamp stamp = edit.commit(ArchiveEdit::Digest::attach);
+    const zip::FileStamp stamp = edit.commit(ArchiveEdit::Digest::renew);
     if (isKnown) known_ = stamp;  // otherwise a change by somebody else is still pending
 }
 

@@ -11,7 +11,7 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQTilPartitionsJsonReader.h"
 #include "platform/PlatformTilprjFileExtractor.h"
-#include "util/HUTEnv.h"
+#include "util/PrivateTmpDir.h"
 #include "zip/ExtractionDirectory.h"
 #include "zip/FileBytes.h"
 #include "zip/MemberName.h"
@@ -49,10 +49,10 @@ void takeMetaData(const json::ptree& document, std::map<std::string, std::string
 std::shared_ptr<const archive::MemberSource> openProject(const HTEQHardwarePlatform& platform) {
     const std::string listed = platform.getFile("TILPRJ");
     if (listed.empty() || !zip::memberNameFault(listed, true).empty()) return nullptr;
-    const std::string directory = HUTEnv::getJUNTmpDir();
-    if (auto there = zip::ExtractionDirectory(directory).openOwnFile(listed); there.isOpen())
-        return std::make_shared<archive::ArchiveSource>(std::make_unique<zip::Archive>(
-            std::make_unique<zip::FileBytes>(std::move(there)), directory + "/" + listed));
+    if (const auto directory = util::madeTmpDir())
+        if (auto there = zip::ExtractionDirectory(*directory).openOwnFile(listed); there.isOpen())
+            return std::make_shared<archive::ArchiveSource>(std::make_unique<zip::Archive>(
+                std::make_unique<zip::FileBytes>(std::move(there)), *directory + "/" + listed));
     const auto outer = archive::open(platform.getPlatformFile());
     for (const char* type : {"TILPRJ", "ME_ARCHIVE"})
         if (const std::string member = platform.getFile(type); !member.empty())

@@ -8,11 +8,11 @@
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHpfmUtl.h"
-#include "platform/HTEQTmpDirObject.h"
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformRequests.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "util/PrivateTmpDir.h"
 #include "util/WholeFile.h"
 #include "zip/Request.h"
 
@@ -93,20 +93,22 @@ void extract(const Extract& request) {
     if (!HUTFile::isFile(request.archive)) throw HEXFileNotFoundException(request.archive);
     checkDestination(request.destination, request.mayReplace);
     const zip::Request opened;
-    const HTEQTmpDirObject scratch("extract");
+    std::optional<util::ScratchDirectory> scratch;
     std::optional<PlatformArchive> archive(request.archive);
     std::string name = request.name;
     int level = 0;
     for (std::size_t mark; (mark = name.find('!')) != std::string::npos && !archive->contains(name);) {
         const std::string outer = memberFor(*archive, name.substr(0, mark), request);
-        const std::string inner = scratch.get() + "/" + std::to_string(level++) + "." + HUTFile::getExt(outer);
+        if (!scratch) scratch.emplace();
+        const std::string inner = scratch->path() + "/" + std::to_string(level++) + "." + HUTFile::getExt(outer);
         copy(*archive, outer, inner, false);
         archive.emplace(inner);
         name.erase(0, mark + 1);
     }
     const std::string member = memberFor(*archive, name, request);
     if (!request.repairHpfm) return copy(*archive, member, request.destination, request.mayReplace);
-    const std::string hpfm = scratch.get() + "/repaired.hpfm";
+    if (!scratch) scratch.emplace();
+    const std::string hpfm = scratch->path() + "/repaired.hpfm";
     copy(*archive, member, hpfm, false);
     HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(hpfm);
     writeFile(request.destination, wholefile::read(hpfm, zip::OutputBudget::kOfCall), request.mayReplace);

@@ -1,5 +1,9 @@
 #include "platform/PlatformRequests.h"
 
+#include <sys/stat.h>
+
+#include <cerrno>
+
 #include "json/JsonText.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlWriter.h"
@@ -9,6 +13,7 @@
 #include "platform/PlatformSchema.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "util/SystemFault.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
@@ -38,17 +43,25 @@ Scope::Scope(std::uint64_t budget)
 Scope::~Scope() = default;
 
 std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode) {
-    if (!HUTFile::exists(file)) throw HEXFileNotFoundException(file);
-    return PlatformLoader::open(file, mode);
+    if (!HUTFile::exists(file)) {
+        struct stat status {};
+        if (::stat(file.c_str(), &status) != 0) util::noteSystemFault(file, errno);
+        throw HEXFileNotFoundException(file);
+    }
+    auto platform = PlatformLoader::open(file, mode);
+    checkSystem();
+    return platform;
 }
 
 std::string document(const HTEQPlatform& platform, const std::string& file, Form form) {
+    std::string text;
     switch (form) {
-        case Form::full: return PlatformLoader::document(platform, file);
-        case Form::brief: return briefDocument(platform);
-        case Form::xml: return xmlDocument(platform, file);
+        case Form::full: text = PlatformLoader::document(platform, file); break;
+        case Form::brief: text = briefDocument(platform); break;
+        case Form::xml: text = xmlDocument(platform, file); break;
     }
-    return {};
+    checkSystem();
+    return text;
 }
 
 Fields fields(const HTEQPlatform& platform) {

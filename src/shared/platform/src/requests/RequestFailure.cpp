@@ -7,6 +7,7 @@
 
 #include "platform/PlatformParseException.h"
 #include "readers/Reading.h"
+#include "util/SystemFault.h"
 
 namespace teq_platform {
 namespace {
@@ -42,7 +43,8 @@ constexpr struct {
 
 FailureKind kindOf(const std::exception& e) {
     if (const auto* error = dynamic_cast<const RequestError*>(&e)) return error->kind();
-    return std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
+    const FailureKind kind = std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
+    return util::systemFault() && (kind == badInput || kind == noSuchFile) ? environment : kind;
 }
 
 /// The texts of the exceptions nested in `e`.
@@ -59,6 +61,8 @@ std::string reasonsOf(const std::exception& e) {
 
 HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std::string& file) {
     if (kind == noMemory) return {.file = file, .text = "out of memory"};
+    if (isA<HEXFileNotFoundException>(e) && kind == environment)
+        return {.file = e.what(), .text = util::systemFault()->text};
     if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
     HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
     diagnostic.text += reasonsOf(e);
@@ -68,6 +72,13 @@ HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std:
 }  // namespace
 
 RequestError::~RequestError() = default;
+
+bool systemFailed() { return util::systemFault() != nullptr; }
+
+void checkSystem() {
+    if (const util::SystemFault* fault = util::systemFault())
+        throw RequestError(environment, {.file = fault->path, .text = fault->text});
+}
 
 const FailureRow& rowOf(FailureKind kind) { return *std::ranges::find(kRows, kind, &FailureRow::kind); }
 

@@ -1,0 +1,30 @@
+#include "util/SystemFault.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <optional>
+#include <system_error>
+
+namespace util {
+namespace {
+
+constexpr std::array kOfSystem{EMFILE, ENFILE, EACCES, EPERM, EIO, ENOMEM, ENOSPC, EDQUOT, EROFS, ESTALE, ENOBUFS};
+
+thread_local std::optional<SystemFault> first;
+
+}  // namespace
+
+void noteSystemFault(const std::string& path, int number, const char* action) noexcept {
+    if (first || std::ranges::find(kOfSystem, number) == kOfSystem.end()) return;
+    try {
+        first = SystemFault{path, number,
+                            std::string("cannot be ") + action + ": " + std::generic_category().message(number)};
+    } catch (const std::bad_alloc&) {  // which the caller reports when it needs memory
+    }
+}
+
+const SystemFault* systemFault() { return first ? &*first : nullptr; }
+void forgetSystemFaults() { first.reset(); }
+
+}  // namespace util

@@ -1,0 +1,21 @@
+#pragma once
+#include <string>
+
+/// Errors of the system, as opposed to errors in files: too many open files, no permission, a failing disk. Many
+/// functions answer that a file or a member is missing when it cannot be opened. Whoever needs to know the difference
+/// asks here afterwards.
+namespace util {
+
+struct SystemFault {
+    std::string path;
+    int number = 0;    ///< see `errno`
+    std::string text;  ///< "cannot be opened: Permission denied"
+};
+
+/// Remembers the first error of the thread, if `number` is one of the system. Never throws.
+void noteSystemFault(const std::string& path, int number, const char* action = "opened") noexcept;
+/// Null if there was none since the last call of `forgetSystemFaults`.
+const SystemFault* systemFault();
+void forgetSystemFaults();
+
+}  // namespace util

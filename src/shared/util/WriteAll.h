@@ -1,0 +1,15 @@
+#pragma once
+#include <cstdint>
+#include <string_view>
+
+/// Writing to a descriptor from inside somebody else's process: a file that may not grow (SIGXFSZ) and a pipe that
+/// nobody reads (SIGPIPE) are errors here, not signals. The host's dispositions are not touched, and a signal that was
+/// pending before stays pending.
+namespace util {
+
+/// Writes all of `bytes` where the file stands. Returns 0 or the error number.
+int writeAll(int file, std::string_view bytes);
+/// The same, from `offset`.
+int writeAllAt(int file, std::uint64_t offset, std::string_view bytes);
+
+}  // namespace util
