@@ -31,7 +31,6 @@ constexpr Program kWriters[] = {
      "cd $1 && python3 -c \"import sys,zipfile as z; f=z.ZipFile(sys.stdout.buffer,'w',8); f.write('a'); "
      "f.writestr(z.ZipInfo('stored'),'s'); f.close()\" | cat >$2"},
     {"bsdtar", "cd $1 && bsdtar -a -cf $2.zip a sub && mv $2.zip $2"},
-    {"bsdtar, as a stream", "cd $1 && bsdtar --format zip -cf - a sub | cat >$2"},
     {"7-Zip", "cd $1 && 7zz a -tzip -bso0 -bsp0 $2.zip . && mv $2.zip $2"},
     {"minizip", "cd $1 && minizip -o $2.zip a sub/b >/dev/null && mv $2.zip $2"},
     {"jar", "cd $1 && { command -v jar >/dev/null || exit 9; } && jar --create --file $2 a sub"},
