@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "msg/Budget.h"
 #include "text/HSTStringUtils.h"
 #include "util/AtomicFile.h"
 #include "util/OpenBelow.h"
@@ -34,7 +35,8 @@ util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePat
     util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
     if (relativePath.empty()) return at;
     for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
-        ::mkdirat(at.get(), part.c_str(), 0755);  // an obstacle is detected when it is opened
+        // An obstacle is detected when it is opened.
+        if (::mkdirat(at.get(), part.c_str(), 0755) == 0) Budget::spend(Cost::inodes);
         at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
         if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
     }
@@ -62,6 +64,7 @@ void ExtractionDirectory::extract(const Archive& archive, const Member& member, 
     const bool isNested = separator != std::string::npos;
     const util::Descriptor directory = openDirectory(isNested ? std::string_view(name).substr(0, separator) : "");
     if (member.isDirectory()) return;
+    Budget::spend(Cost::inodes);
     util::AtomicFile file(directory.get(), isNested ? name.substr(separator + 1) : name, path_ + "/" + name, 0644);
     archive.copyTo(
         member, [&file](std::string_view piece) { file.append(piece); }, budget);

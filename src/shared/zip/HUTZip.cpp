@@ -40,16 +40,14 @@ void HUTZip::getFiles(const std::string& archive, HSTVector<std::string>& files)
 
 bool HUTZip::uncompressDir(const std::string& archive, const std::string& directory, const std::string& destination,
                            bool overwrite) {
+    const zip::Request request;
     const auto opened = zip::openShared(archive);
     const zip::ExtractionDirectory target(destination);
     const std::string below = directory.empty() || directory.ends_with('/') ? directory : directory + "/";
-    const auto shared = zip::Request::budget();
-    zip::OutputBudget own;
-    zip::OutputBudget& budget = shared ? *shared : own;
     bool isFound = false;
     for (const zip::Member& member : opened->members()) {
         if (!member.name.starts_with(below)) continue;
-        target.extract(*opened, member, overwrite, budget);
+        target.extract(*opened, member, overwrite, *zip::Request::budget());
         isFound = true;
     }
     return isFound;

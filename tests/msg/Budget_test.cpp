@@ -1,0 +1,42 @@
+#include "msg/Budget.h"
+
+#include <gtest/gtest.h>
+
+#include "kit/Capture.h"
+#include "msg/HEXFileFault.h"
+
+TEST(Budget, RefusesMoreThanEachLimit) {
+    const struct {
+        Cost cost;
+        std::uint64_t limit;
+    } kCases[] = {{Cost::bytes, 64U << 20}, {Cost::values, 500'000}, {Cost::records, 64U << 20},
+                  {Cost::nodes, 500'000},   {Cost::text, 64U << 20}, {Cost::inodes, 20'000}};
+    for (const auto& c : kCases) {
+        const Budget budget;
+        Budget::spend(c.cost, c.limit - 1);
+        {
+            const Budget inner;  // counts for the outer one
+            EXPECT_EQ(Budget::refusal(c.cost), nullptr);
+            EXPECT_NO_THROW(Budget::expectKept("x.lfa"));
+            EXPECT_NE(Budget::refusal(c.cost), nullptr) << c.limit;
+        }
+        EXPECT_THROW(Budget::spend(c.cost), HEXFileFault) << "what is refused stays refused";
+        EXPECT_THROW(Budget::spend(c.cost, ~0UL), HEXFileFault);
+        EXPECT_THROW(Budget::expectKept("x.lfa"), HEXFileFault);
+    }
+    EXPECT_EQ(Budget::refusal(Cost::nodes, ~0UL), nullptr) << "outside of a request nothing is counted";
+}
+
+TEST(Budget, SendsAHundredMessagesOfAKind) {
+    const auto sent = [] {
+        const Capture capture;
+        for (int i = 0; i < 300; ++i) {
+            ComMsgMgr::sendMsg("@74-60@%s", std::to_string(i));
+            ComMsgMgr::send({"platform", "", MsgMask::warning, {}, "a text", std::source_location::current()});
+        }
+        return capture.taken.size();
+    };
+    EXPECT_EQ(sent(), 600U);
+    const Budget budget;
+    EXPECT_EQ(sent(), 202U) << "100 of each kind, and that there were more";
+}
