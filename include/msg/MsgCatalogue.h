@@ -30,6 +30,8 @@ inline constexpr std::array kMsgCatalogue{
     MsgRow{"@74-15@%s%s%s%s", "sss", MsgMask::error, "file '{0}' could not be written: {1}"},
     MsgRow{"@74-31@", "", MsgMask::error, "the hpfm text of the archive is not valid"},
     MsgRow{"@74-34@%s%s", "ss", MsgMask::error, "archive '{0}': member '{1}' could not be opened"},
+    MsgRow{"@74-49@%s", "s", MsgMask::warning, "support exceptions '{0}': the file is missing, empty or cannot be read"},
+    MsgRow{"@74-50@%s", "s", MsgMask::warning, "support exceptions '{0}': the file does not have the expected form"},
     MsgRow{"@74-51@%s%d", "sd", MsgMask::error, "{0}:{1}: the software platform file is not valid"},
     MsgRow{"@74-52@%s", "s", MsgMask::error, "{0}"},
     MsgRow{"@74-60@%s", "s", MsgMask::critical, "the platform could not be loaded: {0}"},
@@ -39,6 +41,7 @@ inline constexpr std::array kMsgCatalogue{
     MsgRow{"@74-65@%s%s%s", "sss", MsgMask::critical, "{1}!{0}: {2}"},
     MsgRow{"@74-66@%s", "s", MsgMask::critical, "hardware platform file '{0}' does not exist"},
     MsgRow{"@74-67@%s%s", "ss", MsgMask::critical, "{1}: member '{0}' could not be opened"},
+    MsgRow{"@74-78@%s", "s", MsgMask::info, "the platform is checked for the tool version {0}"},
     MsgRow{"@74-260@%s%s%s", "sds", MsgMask::error, "{0}:{1}: {2}"},
     MsgRow{"@74-261@", "", MsgMask::error, "more than one HBM instance: only the first one is tracked"},
 };
