@@ -1,7 +1,6 @@
 #pragma once
 #include <string>
 
-#include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
 namespace teq_platform {
@@ -18,7 +17,7 @@ public:
     // The order of the virtual functions is part of the ABI: a new one goes after the last. The last argument of the
     // reports has no effect.
     virtual ~CatalogService() = default;
-    virtual std::string getAllAsJsonStr(const HSTVector<std::string>& paths, bool detailed, bool unused) const = 0;
+    virtual std::string getAllAsJsonStr(const std::string& paths, bool detailed, bool unused) const = 0;
     virtual std::string getAsJsonStr(const std::string& file, bool detailed, bool unused) const = 0;
     virtual std::string getAsJsonStr(Loader* loader, bool detailed, bool unused) const = 0;
     virtual std::string getValue(const std::string& file, const std::string& key) const = 0;

@@ -4,7 +4,6 @@
 
 #include "platform/CatalogService.h"
 #include "platform/SupportPolicy.h"
-#include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
 class HTEQHardwarePlatform;
@@ -19,9 +18,9 @@ class ZR_API NativeCatalogService : public CatalogService {
 public:
     using ptree = boost::property_tree::ptree;
 
-    /// An object with the one key "platforms": the reports of the descriptors in the directories. What cannot be loaded,
-    /// and the hidden platform, is left out; a descriptor that is not valid throws.
-    std::string getAllAsJsonStr(const HSTVector<std::string>& paths, bool detailed, bool unused) const override;
+    /// An object with the one key "platforms": the reports of the descriptors in the directories, which are joined by
+    /// ":". What cannot be loaded, and the hidden platform, is left out; a descriptor that is not valid throws.
+    std::string getAllAsJsonStr(const std::string& paths, bool detailed, bool unused) const override;
     /// The report of one platform; empty if there is none.
     std::string getAsJsonStr(const std::string& file, bool detailed, bool unused) const override;
     std::string getAsJsonStr(Loader* loader, bool detailed, bool unused) const override;

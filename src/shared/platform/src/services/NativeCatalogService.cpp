@@ -34,6 +34,19 @@ bool answer(const PolicyVerdict& verdict, std::string& reason) {
 
 }  // namespace
 
+std::string NativeCatalogService::getAllAsJsonStr(const std::string&, bool detailed, bool) const {
+    const HSTVector<std::string> files;
+    ptree all;
+    ptree& reports = all.push_back({"platforms", ptree()})->second;
+    for (const std::string& file : files) {
+        Loader loader(file, kMode);
+        ptree report;
+        if (getPlatformInfo_(&loader, report, detailed))
+            reports.push_back({std::string(), ptree()})->second.swap(report);
+    }
+    return json::write(all);
+}
+
 std::string NativeCatalogService::getAsJsonStr(const std::string& file, bool detailed, bool unused) const {
     Loader loader(file, kMode);
     return getAsJsonStr(&loader, detailed, unused);
