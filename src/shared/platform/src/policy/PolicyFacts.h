@@ -35,6 +35,8 @@ public:
     virtual std::string toolVersion() = 0;
     virtual std::vector<std::string> extendedWarranty() = 0;
     virtual Listing listing() = 0;
+    /// Whether the verdict is on what could be: then no message is sent.
+    virtual bool isSupposed() const { return false; }
 };
 
 /// A version as a rule compares it.

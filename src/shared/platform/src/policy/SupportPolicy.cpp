@@ -60,7 +60,7 @@ public:
     }
     const std::vector<std::string>& extendedWarranty() {
         return ask(extended_, "extended warranty", [&] {
-            ComMsgMgr::sendMsg("@74-78@%s", tool().text);
+            if (!facts_.isSupposed()) ComMsgMgr::sendMsg("@74-78@%s", tool().text);
             return tool().major == 0 ? std::vector<std::string>() : facts_.extendedWarranty();
         });
     }

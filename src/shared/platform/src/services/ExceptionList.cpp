@@ -8,6 +8,7 @@
 #include "msg/ComMsgMgr.h"
 #include "msg/HEXAll.h"
 #include "services/TreeWalk.h"
+#include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 
 namespace services {
@@ -15,6 +16,9 @@ namespace {
 
 using policy::Color;
 using policy::Listing;
+
+constexpr const char* kBlack = "black_list";
+constexpr const char* kWhite = "white_list";
 
 /// Whether the JSON of a node can have this size: entries of a list must not make a large document print each time.
 bool canHaveSize(const ptree& node, std::size_t& left, std::size_t depth = 1) {
@@ -51,6 +55,26 @@ ExceptionList::ExceptionList(std::string file) : file_(std::move(file)) {
     }
 }
 
+std::string ExceptionList::faultOf(const ptree& list) {
+    if (list.empty()) return "the list is empty; \"black_list\" or \"white_list\" is expected";
+    for (const auto& [name, entries] : list) {
+        const std::string key = HSTStringUtils::excerpt(name);
+        if (name != kBlack && name != kWhite)
+            return "there is a key \"" + key + "\"; only \"black_list\" and \"white_list\" are allowed";
+        std::size_t number = 0;
+        for (const auto& [none, entry] : entries) {
+            const std::string place = key + "[" + std::to_string(number++) + "]";
+            if (!none.empty()) return key + " is not a list";
+            const auto products = entry.find("products");
+            if (products == entry.not_found() || products->second.empty())
+                return place + " has no list of \"products\"";
+            for (const char* needed : {"key", "value"})
+                if (json::textAt(entry, needed).empty()) return place + " has no \"" + needed + "\"";
+        }
+    }
+    return {};
+}
+
 std::string ExceptionList::fileBelow(const std::string& root) {
     const std::string separator = HUTFile::getDirSeparator();
     return root + separator + "platforms" + separator + "achromatic";
@@ -66,8 +90,8 @@ Listing ExceptionList::match(const std::string& product, const std::function<con
         return Listing{Color::unreadable, {}};
     };
     for (const auto& [name, entries] : list_) {
-        const bool isBlack = name == "black_list";
-        if (!isBlack && name != "white_list") return refuse();
+        const bool isBlack = name == kBlack;
+        if (!isBlack && name != kWhite) return refuse();
         for (const auto& [none, entry] : entries) {
             const auto products = entry.find("products");
             if (!none.empty() || products == entry.not_found()) return refuse();

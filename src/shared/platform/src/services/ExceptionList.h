@@ -18,6 +18,9 @@ public:
     /// Reads the list in its packed form. A file that is missing, damaged or not JSON gives an empty list.
     explicit ExceptionList(std::string file);
 
+    /// What is wrong with a list that is to be packed, an entry that can never match included; empty if nothing is.
+    static std::string faultOf(const ptree& list);
+
     /// Where the list is below an application root.
     static std::string fileBelow(const std::string& root);
 

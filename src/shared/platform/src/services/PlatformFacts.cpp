@@ -10,18 +10,13 @@
 #include "util/HUTEnv.h"
 
 namespace services {
-namespace {
-
 using ptree = boost::property_tree::ptree;
 
-/// The hardware platform that the path "hardwarePlatform" of the document leads to.
 const HTEQHardwarePlatform* documentedHardware(const HTEQPlatform& platform) {
     return platform.hasReconfigurablePartitions()
                ? platform.getReconfigurablePartitions().front()->getHardwarePlatform()
                : platform.getHardwarePlatform();
 }
-
-}  // namespace
 
 PlatformFacts::PlatformFacts(teq_platform::PlatformLoader* loader, PolicySettings settings)
     : loader_(loader), settings_(std::move(settings)) {}
@@ -60,6 +55,11 @@ std::string PlatformFacts::platformVersion() { return platform_->getHardwarePlat
 std::string PlatformFacts::toolVersion() { return settings_.toolVersion; }
 
 std::vector<std::string> PlatformFacts::extendedWarranty() {
+    if (!extended_) extended_ = readExtendedWarranty();
+    return *extended_;
+}
+
+std::vector<std::string> PlatformFacts::readExtendedWarranty() const {
     // What the path "hardwarePlatform.extensions.extended_warranty" selects, without the rest of the document.
     ptree extensions;
     if (const auto* hardware = documentedHardware(*platform_)) hardware->getExtMetaJsonAsPtree(extensions);
@@ -72,9 +72,12 @@ std::vector<std::string> PlatformFacts::extendedWarranty() {
 }
 
 policy::Listing PlatformFacts::listing() {
-    const ExceptionSource source = settings_.exceptions();
-    const auto asked = [this]() -> const ptree& { return document(); };
-    return ExceptionList(source.file).match(source.product, asked);
+    if (!listing_) {
+        const ExceptionSource source = settings_.exceptions();
+        const auto asked = [this]() -> const ptree& { return document(); };
+        listing_ = ExceptionList(source.file).match(source.product, asked);
+    }
+    return *listing_;
 }
 
 const ptree& PlatformFacts::document() {

@@ -7,6 +7,7 @@
 
 #include "policy/PolicyFacts.h"
 
+class HTEQHardwarePlatform;
 class HTEQPlatform;
 namespace teq_platform {
 class PlatformLoader;
@@ -27,7 +28,7 @@ struct PolicySettings {
     std::string productName;  ///< given to the host's settings before the platform is loaded, unless empty
 };
 
-/// The facts about a platform, from a loader or as loaded.
+/// The facts about a platform, from a loader or as loaded. They are kept, for several verdicts on one platform.
 class PlatformFacts : public policy::Facts {
 public:
     PlatformFacts(teq_platform::PlatformLoader* loader, PolicySettings settings);
@@ -47,13 +48,19 @@ public:
 
 private:
     const boost::property_tree::ptree& document();
+    std::vector<std::string> readExtendedWarranty() const;
 
     teq_platform::PlatformLoader* loader_ = nullptr;
     std::shared_ptr<HTEQPlatform> platform_;
     PolicySettings settings_;
     std::string path_;
     std::optional<boost::property_tree::ptree> document_;
+    std::optional<std::vector<std::string>> extended_;
+    std::optional<policy::Listing> listing_;
 };
+
+/// The hardware platform that the path "hardwarePlatform" of the document leads to; null if there is none.
+const HTEQHardwarePlatform* documentedHardware(const HTEQPlatform& platform);
 
 /// Whether a loaded platform is in the state before synthesis. Prints a line, and is false, for a null platform and
 /// for one without hardware.
