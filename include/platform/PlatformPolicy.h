@@ -27,6 +27,9 @@ struct Verdict : teq::platform::PolicyVerdict {
 /// not one is `badInput`.
 ZR_API Verdict verdict(const std::shared_ptr<HTEQPlatform>& platform, const PolicyRequest& request);
 
+/// What a rule looked at, in one line: "tool version: 2026.2, unified: yes". Long values are cut.
+ZR_API std::string factsOf(const teq::platform::PolicyStep& step);
+
 struct VerdictOfTool {
     std::string toolVersion;
     teq::platform::PolicyVerdict verdict;

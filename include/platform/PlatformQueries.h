@@ -52,6 +52,12 @@ struct KeyDocumentation {
 /// the application root.
 ZR_API HSTVector<KeyDocumentation> keyDocumentation(const std::string& key = "");
 
+/// The same lists as JSON: an object with the one key "keys".
+ZR_API std::string asJson(const HSTVector<std::string>& keys);
+ZR_API std::string asJson(const HSTVector<KeyDocumentation>& keys);
+/// An object of the entries.
+ZR_API std::string asJson(const std::map<std::string, std::string>& dict);
+
 struct DictRequest {
     std::string file;
     std::string branch;             ///< empty for the whole document

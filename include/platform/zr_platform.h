@@ -72,12 +72,20 @@ typedef enum zr_field {
 
 /* Each function states which of them it accepts. */
 typedef enum zr_flag {
-    ZR_OVERWRITE = 1,   /* replace an existing file */
-    ZR_MAY_LACK = 2,    /* files that the metadata lists may be missing, and the metadata may be unreadable */
-    ZR_LOSE_KEYS = 4,   /* write although keys of the metadata are lost or changed */
-    ZR_STRIP_PATHS = 8, /* omit "platformFile", a path on the author's machine, from the metadata */
-    ZR_DRY_RUN = 16     /* check everything, write nothing */
+    ZR_OVERWRITE = 1,      /* replace an existing file */
+    ZR_MAY_LACK = 2,       /* files that the metadata lists may be missing, and the metadata may be unreadable */
+    ZR_LOSE_KEYS = 4,      /* write although keys of the metadata are lost or changed */
+    ZR_STRIP_PATHS = 8,    /* omit "platformFile", a path on the author's machine, from the metadata */
+    ZR_DRY_RUN = 16,       /* check everything, write nothing */
+    ZR_DEFAULT_FILTER = 32 /* keep the keys of tile array, ids and files */
 } zr_flag;
+
+/* What the support policy is asked; docs/policy.md has its rules. */
+typedef enum zr_question {
+    ZR_QUESTION_USE = 0,       /* may the tool use the platform */
+    ZR_QUESTION_PRE_SYNTH = 1, /* may it use it as a platform before synthesis */
+    ZR_QUESTION_OPEN = 2       /* may it open the hardware platform */
+} zr_question;
 
 typedef enum zr_digest { ZR_DIGEST_NONE = 0, ZR_DIGEST_VALID = 1, ZR_DIGEST_BROKEN = 2 } zr_digest;
 
@@ -100,6 +108,7 @@ typedef struct zr_platform zr_platform;
 typedef struct zr_archive zr_archive;
 typedef struct zr_verification zr_verification;
 typedef struct zr_findings zr_findings;
+typedef struct zr_verdict zr_verdict;
 
 /* Input; NULL instead means all defaults. */
 typedef struct zr_options {
@@ -143,6 +152,24 @@ typedef struct zr_finding {
     uint32_t severity;   /* a zr_severity */
     uint32_t reserved;
 } zr_finding;
+
+/* Input; NULL instead means all defaults. */
+typedef struct zr_policy {
+    size_t size;
+    uint32_t question;        /* a zr_question */
+    uint32_t reserved;        /* 0 */
+    const char* tool_version; /* as "2026.2"; NULL: that of the library */
+    const char* app_root;     /* whose exception list applies, and whose name tells the product; NULL: the host's */
+} zr_policy;
+
+/* Output. */
+typedef struct zr_policy_step {
+    size_t size;
+    const char* rule;
+    const char* facts; /* what the rule looked at, as "tool version: 2026.2, unified: yes"; untrusted text */
+    uint32_t applies;  /* 1: the rule decided */
+    uint32_t reserved;
+} zr_policy_step;
 
 /* Given to a message function. */
 typedef struct zr_message {
@@ -210,6 +237,51 @@ ZR_C_API zr_code zr_platform_short_document(const zr_platform* platform, zr_text
 /* The hardware metadata in the XML form of older archives, which holds less than the document. ZR_BAD_INPUT if
  * the platform cannot be written in this form. */
 ZR_C_API zr_code zr_platform_xml(const zr_platform* platform, zr_text** xml, zr_error** error) ZR_NOEXCEPT;
+
+/* ---- Questions */
+
+/* The answer of a path in the platform's document (docs/paths.md): a value as it is, an object as JSON, a list as JSON
+ * under the path's last segment. A path that selects nothing is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_platform_query(zr_platform* platform, const char* path, zr_text** answer,
+                                   zr_error** error) ZR_NOEXCEPT;
+/* {"keys": [...]}: the keys of the document, or `prefix` and those below it unless it is NULL. An unknown prefix is
+ * ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_platform_keys(zr_platform* platform, const char* prefix, zr_text** keys,
+                                  zr_error** error) ZR_NOEXCEPT;
+/* {"keys": [{"key": ..., "meaning": ..., "form": ..., "unit": ..., "source": ...}]}: of one key of documents, or of all
+ * for NULL. An unknown key is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_key_documentation(const char* key, zr_text** documentation, zr_error** error) ZR_NOEXCEPT;
+/* An object of key paths and values: a branch of the file's document, or all of it for NULL; of an archive, the document
+ * is its hardware platform. Of `filter_count` filters, entries are kept whose key is one of them, with "[*]" for any
+ * index. Accepts ZR_DEFAULT_FILTER. A branch that does not exist is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_dict(const char* file, const char* branch, const char* const* filters, uint64_t filter_count,
+                         uint32_t flags, zr_text** dict, zr_error** error) ZR_NOEXCEPT;
+/* Checks a transform specification and counts its entries; no transformation is applied yet. */
+ZR_C_API zr_code zr_transform(const char* file, const char* specification, uint64_t* entries,
+                              zr_error** error) ZR_NOEXCEPT;
+
+/* ---- The support policy */
+
+/* A refusal is a result, not a failure. */
+ZR_C_API zr_code zr_platform_check(const zr_platform* platform, const zr_policy* policy, zr_verdict** verdict,
+                                   zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_verdict_free(zr_verdict* verdict) ZR_NOEXCEPT;
+/* 1 if the tool supports the platform, else 0; 0 for NULL. */
+ZR_C_API int zr_verdict_is_supported(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The sentence for the user; "" if the verdict needs none. */
+ZR_C_API const char* zr_verdict_reason(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The newest tool that supports the platform, as "2027.*", "2030.1" or "any"; "" if none does. */
+ZR_C_API const char* zr_verdict_newest_tool(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* An exception list, as JSON, that would turn the verdict round; "" if none would. */
+ZR_C_API const char* zr_verdict_exceptions(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The rules that were tried, in their order; the last one decided. */
+ZR_C_API uint64_t zr_verdict_count(const zr_verdict* verdict) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_verdict_step(const zr_verdict* verdict, uint64_t index, zr_policy_step* step,
+                                 zr_error** error) ZR_NOEXCEPT;
+/* Writes an exception list, which is JSON, in the packed form that the policy reads. Accepts ZR_OVERWRITE. */
+ZR_C_API zr_code zr_pack_exceptions(const char* json, const char* list, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
+/* The JSON of a packed exception list. */
+ZR_C_API zr_code zr_exceptions(const char* list, zr_text** json, zr_error** error) ZR_NOEXCEPT;
 
 /* ---- Reading archives. An open archive is the file that was opened, even if it is replaced later. */
 

@@ -75,6 +75,23 @@ struct Finding {
     std::string name, element, text;
 };
 
+struct Policy {
+    zr_question question = ZR_QUESTION_USE;
+    std::string toolVersion;  ///< empty: that of the library
+    std::string appRoot;      ///< empty: the host's
+};
+
+struct PolicyStep {
+    std::string rule, facts;
+    bool applies = false;
+};
+
+struct Verdict {
+    bool isSupported = false;
+    std::string reason, newestTool, exceptions;
+    std::vector<PolicyStep> steps;
+};
+
 namespace detail {
 
 /// Frees an object of the C interface.
@@ -85,6 +102,7 @@ struct Free {
     void operator()(zr_archive* archive) const { zr_archive_free(archive); }
     void operator()(zr_verification* verification) const { zr_verification_free(verification); }
     void operator()(zr_findings* findings) const { zr_findings_free(findings); }
+    void operator()(zr_verdict* verdict) const { zr_verdict_free(verdict); }
 };
 template <class T>
 using Owned = std::unique_ptr<T, Free>;
@@ -153,6 +171,30 @@ public:
     std::string document() const { return detail::textOf(zr_platform_document, handle_.get()); }
     std::string shortDocument() const { return detail::textOf(zr_platform_short_document, handle_.get()); }
     std::string xml() const { return detail::textOf(zr_platform_xml, handle_.get()); }
+    std::string query(const std::string& path) {
+        return detail::textOf(zr_platform_query, handle_.get(), path.c_str());
+    }
+    std::string keys(const std::string& prefix = "") {
+        return detail::textOf(zr_platform_keys, handle_.get(), prefix.c_str());
+    }
+    Verdict check(const Policy& policy = {}) const {
+        zr_policy given{};
+        given.size = sizeof given;
+        given.question = policy.question;
+        given.tool_version = policy.toolVersion.c_str();
+        given.app_root = policy.appRoot.c_str();
+        const auto made = detail::make<zr_verdict>(zr_platform_check, handle_.get(), &given);
+        Verdict verdict;
+        verdict.isSupported = zr_verdict_is_supported(made.get()) != 0;
+        verdict.reason = zr_verdict_reason(made.get());
+        verdict.newestTool = zr_verdict_newest_tool(made.get());
+        verdict.exceptions = zr_verdict_exceptions(made.get());
+        for (std::uint64_t i = 0; i < zr_verdict_count(made.get()); ++i) {
+            const auto step = detail::itemOf<zr_policy_step>(zr_verdict_step, made.get(), i);
+            verdict.steps.push_back({step.rule, step.facts, step.applies != 0});
+        }
+        return verdict;
+    }
 
 private:
     detail::Owned<zr_platform> handle_;
@@ -240,6 +282,25 @@ inline std::vector<Finding> validate(const std::string& file, const Options& opt
     }
     return findings;
 }
+
+inline std::string keyDocumentation(const std::string& key = "") {
+    return detail::textOf(zr_key_documentation, key.c_str());
+}
+inline std::string dict(const std::string& file, const std::string& branch = "",
+                        const std::vector<std::string>& filters = {}, std::uint32_t flags = 0) {
+    std::vector<const char*> texts;
+    for (const std::string& filter : filters) texts.push_back(filter.c_str());
+    return detail::textOf(zr_dict, file.c_str(), branch.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
+}
+inline std::uint64_t transform(const std::string& file, const std::string& specification) {
+    std::uint64_t entries = 0;
+    detail::call(zr_transform, file.c_str(), specification.c_str(), &entries);
+    return entries;
+}
+inline void packExceptions(const std::string& json, const std::string& list, std::uint32_t flags = 0) {
+    detail::call(zr_pack_exceptions, json.c_str(), list.c_str(), flags);
+}
+inline std::string exceptions(const std::string& list) { return detail::textOf(zr_exceptions, list.c_str()); }
 
 inline std::string explain(const std::string& name) { return detail::textOf(zr_explain, name.c_str()); }
 inline std::string schema(const std::string& format) { return detail::textOf(zr_schema, format.c_str()); }

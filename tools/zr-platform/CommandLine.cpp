@@ -45,6 +45,14 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
             name, [keep] { keep(""); }, wrapped(option.help, kHelpColumn));
         return;
     }
+    const std::string kind = option.choices;
+    if (kind.ends_with("...")) {
+        app.add_option(name, call.lists[option.name], wrapped(option.help, kHelpColumn))
+            ->type_name(kind.substr(0, kind.size() - 3))
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        return;
+    }
     const std::vector<std::string> choices = choicesOf(option);
     CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
     made->type_name(option.choices);

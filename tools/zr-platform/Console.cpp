@@ -114,6 +114,8 @@ void Console::report(const Failure& failure) {
     note(failure.diagnostic.report("error") + hint);
 }
 
+bool Console::isTerminal() const { return isatty(1) == 1; }
+
 std::size_t Console::width() const {
     winsize size{};
     return ioctl(1, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;

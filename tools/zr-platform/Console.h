@@ -28,6 +28,8 @@ public:
     void report(const teq_platform::Failure& failure);
     void flush();
 
+    /// Whether standard output is a terminal, to which bytes of files must not go unchanged.
+    bool isTerminal() const;
     /// Columns of the terminal that standard output is, otherwise 80.
     std::size_t width() const;
 

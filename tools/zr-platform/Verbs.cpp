@@ -10,6 +10,8 @@ constexpr Option kMetadata = {"metadata", kModes,
                               "(default); the same without the alternative one (primary); XML only (xml)"};
 constexpr Option kJson = {"json", nullptr, "print the records as one JSON document"};
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record per line"};
+constexpr Option kAppRoot = {"app-root", "DIR",
+                             "the application root (default: share/zr_platform of this installation)"};
 constexpr Option kForce = {"force", nullptr, "overwrite an existing file"};
 
 const std::vector<Verb> kVerbs = {
@@ -119,6 +121,75 @@ const std::vector<Verb> kVerbs = {
      "partition is written.",
      "harrier/hw/harrier.cfa",
      runToXml},
+    {"query",
+     {{"FILE", kPlatformFile}, {"PATH...", "paths in the platform's document, as hardwarePlatform.devices[0].name"}},
+     {kMetadata, kJson, kNdjson},
+     "Answer paths in a platform's document",
+     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths give "
+     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, and the "
+     "nearest names.",
+     "u77/u77_gen3x16_base_1.zdf vendor 'hardwarePlatform.memories[0].size'",
+     runQuery},
+    {"keys",
+     {{"FILE", kPlatformFile}, {"[PREFIX]", "only this key and those below it"}},
+     {kMetadata, kJson, kNdjson},
+     "List the keys of a platform's document",
+     "Each key is printed once; \"[]\" follows the key of a list. A prefix that is not a key: exit code 1, and the "
+     "nearest names.",
+     "u77/u77_gen3x16_base_1.zdf hardwarePlatform.systemClocks",
+     runKeys},
+    {"doc",
+     {{"[KEY]", "a key of a document (default: all keys)"}},
+     {kAppRoot, kJson, kNdjson},
+     "Explain a key of the document",
+     "Prints its meaning, form, unit and source, from platforms/platform_keys_doc.json below the application root. "
+     "Indexes in the key do not matter. An unknown key: exit code 1, and the nearest names.",
+     "'hardwarePlatform.systemClocks[].frequency' --app-root share",
+     runDoc},
+    {"dict",
+     {{"FILE", kPlatformFile}, {"[BRANCH]", "the path of a branch (default: the whole document)"}},
+     {{"filter", "KEY...", "print only entries with this key, in which [*] stands for any index; may be repeated"},
+      {"default-filter", nullptr, "print only tile array, ids and files; with --filter, these too"},
+      kJson,
+      kNdjson},
+     "Print a branch of the document as keys and values",
+     "A line KEY, tab, VALUE for each value. The document is that of the file: for an archive, its hardware platform "
+     "alone. In a list of plain values the first one has the empty key, and each other one the index below its own: "
+     "files written from this form rely on it.",
+     "u77/u77_gen3x16_base_1.zdf hardwarePlatform.board",
+     runDict},
+    {"transform",
+     {{"FILE", kPlatformFile}, {"SPEC", "the specification, a .json file with the key spec"}},
+     {kJson, kNdjson},
+     "Check a transform specification",
+     "Prints the number of its entries. No transformation is applied to the platform yet.",
+     "u77/u77_gen3x16_base_1.zdf src/transform.json",
+     runTransform},
+    {"check",
+     {{"FILE...", "descriptors or hardware archives"}},
+     {{"tool-version", "V", "the tool's version (default: this release)"},
+      {"product", "P", "the product's name for the host's settings; the exception list is compared with the product in "
+                       "the application root's name"},
+      kAppRoot,
+      {"pre-synth", nullptr, "ask for use as a platform before synthesis"},
+      {"open", nullptr, "ask whether the hardware platform may be opened"},
+      {"why", nullptr, "print the rules that were tried, and what would change the verdict"},
+      {"matrix", "V1..V2", "print the verdicts for these tool versions, four a year"},
+      kMetadata,
+      kJson,
+      kNdjson},
+     "Tell whether the tool may use platforms",
+     "Prints the policy's verdict with its sentence. docs/policy.md lists the rules. The exception list is "
+     "platforms/achromatic below the application root. Exit code: 0 usable, 1 not; 0 with --matrix.",
+     "u77/u77_gen3x16_base_1.zdf --why",
+     runCheck},
+    {"exceptions",
+     {{"ACTION", "pack or print"}, {"FILE", "the list: JSON to pack, or packed"}, {"[OUT]", "the packed list to write"}},
+     {kForce},
+     "Pack or print a list of support exceptions",
+     "The policy reads the list in its packed form only. docs/policy.md describes it.",
+     "print share/platforms/achromatic",
+     runExceptions},
 };
 
 constexpr Option kCommon[] = {

@@ -17,7 +17,8 @@ struct Positional {
 
 struct Option {
     const char* name;     ///< without the dashes
-    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value
+    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value; "KIND..." may be
+                          ///< given several times
     const char* help;
 };
 
@@ -25,6 +26,7 @@ struct Option {
 struct Call {
     std::map<std::string, std::vector<std::string>> positionals;
     std::map<std::string, std::string> options;
+    std::map<std::string, std::vector<std::string>> lists;  ///< of the options that may be given several times
 
     const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
     /// The value of an optional positional.
@@ -34,6 +36,10 @@ struct Call {
     }
     const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
+    std::vector<std::string> list(const char* option) const {
+        const auto at = lists.find(option);
+        return at == lists.end() ? std::vector<std::string>() : at->second;
+    }
     std::string get(const char* option) const { return has(option) ? options.at(option) : ""; }
 };
 
@@ -62,3 +68,10 @@ int runSchema(const Call& call);
 int runValidate(const Call& call);
 int runExplain(const Call& call);
 int runToXml(const Call& call);
+int runQuery(const Call& call);
+int runKeys(const Call& call);
+int runDoc(const Call& call);
+int runDict(const Call& call);
+int runTransform(const Call& call);
+int runCheck(const Call& call);
+int runExceptions(const Call& call);

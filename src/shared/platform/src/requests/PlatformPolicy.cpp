@@ -141,6 +141,13 @@ Verdict verdict(const std::shared_ptr<HTEQPlatform>& platform, const PolicyReque
     });
 }
 
+std::string factsOf(const teq::platform::PolicyStep& step) {
+    std::string text;
+    for (const auto& fact : step.facts)
+        text += (text.empty() ? "" : ", ") + std::string(fact.name) + ": " + HSTStringUtils::excerpt(fact.value);
+    return text;
+}
+
 HSTVector<VerdictOfTool> verdicts(const std::shared_ptr<HTEQPlatform>& platform, const PolicyRequest& request,
                                   const std::string& first, const std::string& last) {
     const Version from = toolVersion(first), to = toolVersion(last);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "json/JsonText.h"
 #include "msg/Silence.h"
 #include "platform/NativeDictService.h"
 #include "platform/NativeDocService.h"
@@ -150,6 +151,32 @@ std::string onOneLine(const std::string& json) {
         if (line.ends_with(',')) line += ' ';
     }
     return line;
+}
+
+std::string asJson(const HSTVector<std::string>& keys) {
+    ptree document;
+    ptree& list = document.push_back({"keys", ptree()})->second;
+    for (const std::string& key : keys) list.push_back({std::string(), ptree(key)});
+    return json::write(document);
+}
+
+std::string asJson(const HSTVector<KeyDocumentation>& keys) {
+    ptree document;
+    ptree& list = document.push_back({"keys", ptree()})->second;
+    for (const KeyDocumentation& one : keys) {
+        ptree& item = list.push_back({std::string(), ptree()})->second;
+        for (const auto& [name, text] : {std::pair("key", &one.key), std::pair("meaning", &one.meaning),
+                                         std::pair("form", &one.form), std::pair("unit", &one.unit),
+                                         std::pair("source", &one.source)})
+            item.push_back({name, ptree(*text)});
+    }
+    return json::write(document);
+}
+
+std::string asJson(const std::map<std::string, std::string>& dict) {
+    ptree document;
+    for (const auto& [key, value] : dict) document.push_back({key, ptree(value)});
+    return json::write(document);
 }
 
 HSTVector<KeyDocumentation> keyDocumentation(const std::string& key) {
