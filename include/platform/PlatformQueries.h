@@ -15,7 +15,8 @@ namespace teq_platform::requests {
 /// Questions on the whole document of a loaded platform. docs/paths.md describes paths.
 class ZR_API Questions {
 public:
-    explicit Questions(const HTEQPlatform& platform);
+    /// `file`: where it was loaded from, for errors.
+    Questions(const HTEQPlatform& platform, const std::string& file);
     ~Questions();
     Questions(const Questions&) = delete;
     Questions& operator=(const Questions&) = delete;

@@ -47,7 +47,7 @@ void useAppRoot(const Call& call) {
 
 int runQuery(const Call& call) {
     const auto platform = loaded(call["FILE"], call);
-    const Questions questions(*platform);
+    const Questions questions(*platform, call["FILE"]);
     const std::vector<std::string>& paths = call.all("PATH...");
     Records records("answer");
     const Exit exit = forEach(paths, call["FILE"], [&](const std::string& path) {
@@ -70,7 +70,7 @@ int runKeys(const Call& call) {
     const auto platform = loaded(call["FILE"], call);
     Records records("key");
     std::string lines;
-    for (const std::string& key : Questions(*platform).keys(call.get("[PREFIX]", ""))) {
+    for (const std::string& key : Questions(*platform, call["FILE"]).keys(call.get("[PREFIX]", ""))) {
         if (asRecords(call))
             records.add({{"key", key}});
         else

@@ -125,8 +125,10 @@ const std::vector<Verb> kVerbs = {
      {{"FILE", kPlatformFile}, {"PATH...", "paths in the platform's document, as hardwarePlatform.devices[0].name"}},
      {kMetadata, kJson, kNdjson},
      "Answer paths in a platform's document",
-     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths give "
-     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, and the "
+     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths "
+     "give "
+     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, and "
+     "the "
      "nearest names.",
      "u77/u77_gen3x16_base_1.zdf vendor 'hardwarePlatform.memories[0].size'",
      runQuery},
@@ -168,8 +170,9 @@ const std::vector<Verb> kVerbs = {
     {"check",
      {{"FILE...", "descriptors or hardware archives"}},
      {{"tool-version", "V", "the tool's version (default: this release)"},
-      {"product", "P", "the product's name for the host's settings; the exception list is compared with the product in "
-                       "the application root's name"},
+      {"product", "P",
+       "the product's name for the host's settings; the exception list is compared with the product in "
+       "the application root's name"},
       kAppRoot,
       {"pre-synth", nullptr, "ask for use as a platform before synthesis"},
       {"open", nullptr, "ask whether the hardware platform may be opened"},
@@ -184,7 +187,9 @@ const std::vector<Verb> kVerbs = {
      "u77/u77_gen3x16_base_1.zdf --why",
      runCheck},
     {"exceptions",
-     {{"ACTION", "pack or print"}, {"FILE", "the list: JSON to pack, or packed"}, {"[OUT]", "the packed list to write"}},
+     {{"ACTION", "pack or print"},
+      {"FILE", "the list: JSON to pack, or packed"},
+      {"[OUT]", "the packed list to write"}},
      {kForce},
      "Pack or print a list of support exceptions",
      "The policy reads the list in its packed form only. docs/policy.md describes it.",

@@ -27,7 +27,7 @@ zr_code ask(zr_platform* platform, zr_text** result, zr_error** error, Ask answe
     return guarded(error, platform ? platform->file.c_str() : nullptr, [&] {
         zr_platform& asked = need(platform, "platform");
         const requests::Scope scope(asked.options.budget);
-        if (!asked.questions) asked.questions = std::make_unique<Questions>(*asked.loaded);
+        if (!asked.questions) asked.questions = std::make_unique<Questions>(*asked.loaded, asked.file);
         give(result, answer(*asked.questions));
     });
 }

@@ -8,11 +8,11 @@
 #include "platform/NativeDictService.h"
 #include "platform/NativeDocService.h"
 #include "platform/NativeKeyService.h"
-#include "platform/NativeObjectService.h"
 #include "platform/NativeTransformService.h"
 #include "platform/PathToken.h"
 #include "platform/PlatformRequests.h"
 #include "services/DocumentTree.h"
+#include "services/KeyPattern.h"
 #include "services/TreeWalk.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
@@ -48,7 +48,8 @@ std::string explained(const ptree& document, const std::string& path) {
         HSTVector<std::string> known;
         for (auto child = node->begin(); child != node->end() && known.size() < kMaxSuggested; ++child)
             known.push_back(child->first);
-        if (!node->empty() && !services::isObject(*node)) return "; what precedes " + quoted(token.name) + " is a list";
+        if (!node->empty() && !services::isObject(*node))
+            return "; what precedes " + quoted(token.name) + " is a list";
         return "; there is no " + quoted(token.name) + nearest(token.name, known);
     }
     return {};
@@ -77,11 +78,11 @@ std::string nearestKeys(const Keys& keys, const std::string& prefix) {
     return nearest(prefix, known);
 }
 
-/// A key as it is listed: with "[]" for each index, and the actual place of the hardware platform.
+/// A key as it is listed: with "[]" for each index.
 std::string listedKey(const std::string& key) {
     std::string listed;
     bool inIndex = false;
-    for (const char c : services::roots::replaced(key, services::roots::kDefault)) {
+    for (const char c : key) {
         if (c == ']') inIndex = false;
         if (!inIndex) listed += c;
         if (c == '[') inIndex = true;
@@ -113,18 +114,21 @@ ptree documentationTree() {
 }  // namespace
 
 struct Questions::State {
+    std::string file;
     ptree document;
     std::optional<Keys> keys;
-
-    explicit State(const HTEQPlatform& platform) : document(services::documentTree(platform)) {}
 };
 
-Questions::Questions(const HTEQPlatform& platform) : state_(std::make_unique<State>(platform)) {}
+Questions::Questions(const HTEQPlatform& platform, const std::string& file) : state_(std::make_unique<State>()) {
+    state_->file = file;
+    ptree document = services::documentTree(platform);
+    state_->document.swap(document);
+}
 Questions::~Questions() = default;
 
 Answer Questions::answer(const std::string& path) const {
     const services::Found found = services::find(state_->document, path);
-    if (!found.node) refuse("", "no " + quoted(path) + explained(state_->document, found.path));
+    if (!found.node) refuse(state_->file, "no " + quoted(path) + explained(state_->document, found.path));
     using Kind = Answer::Kind;
     const Kind kind = found.node->empty() ? Kind::value : services::isObject(*found.node) ? Kind::object : Kind::list;
     return {kind, services::answerOf(*found.node, found.path)};
@@ -134,9 +138,9 @@ HSTVector<std::string> Questions::keys(const std::string& prefix) const {
     if (!state_->keys) state_->keys = teq::platform::NativeKeyService().get(state_->document);
     const Keys& keys = *state_->keys;
     if (prefix.empty()) return {keys.begin(), keys.end()};
-    const std::string listed = services::actualPath(state_->document, prefix, false);
+    const std::string listed = listedKey(services::actualPath(state_->document, prefix, false));
     HSTVector<std::string> found = below(keys, listed);
-    if (found.empty()) refuse("", "no key " + quoted(prefix) + nearestKeys(keys, listed));
+    if (found.empty()) refuse(state_->file, "no key " + quoted(prefix) + nearestKeys(keys, listed));
     return found;
 }
 
@@ -165,9 +169,9 @@ std::string asJson(const HSTVector<KeyDocumentation>& keys) {
     ptree& list = document.push_back({"keys", ptree()})->second;
     for (const KeyDocumentation& one : keys) {
         ptree& item = list.push_back({std::string(), ptree()})->second;
-        for (const auto& [name, text] : {std::pair("key", &one.key), std::pair("meaning", &one.meaning),
-                                         std::pair("form", &one.form), std::pair("unit", &one.unit),
-                                         std::pair("source", &one.source)})
+        for (const auto& [name, text] :
+             {std::pair("key", &one.key), std::pair("meaning", &one.meaning), std::pair("form", &one.form),
+              std::pair("unit", &one.unit), std::pair("source", &one.source)})
             item.push_back({name, ptree(*text)});
     }
     return json::write(document);
@@ -185,7 +189,8 @@ HSTVector<KeyDocumentation> keyDocumentation(const std::string& key) {
     const auto branch = tree.find(kBranch);
     if (branch != tree.not_found()) collect(branch->second, "", found);
     if (key.empty()) return found;
-    const std::string listed = listedKey(key.starts_with(std::string(kBranch) + ".") ? key.substr(19) : key);
+    const std::string listed = listedKey(services::roots::replaced(
+        key.starts_with(std::string(kBranch) + ".") ? key.substr(19) : key, services::roots::kDefault));
     Keys known;
     for (const KeyDocumentation& one : found) known.insert(one.key);
     std::erase_if(found, [&listed](const KeyDocumentation& one) { return one.key != listed; });
@@ -194,16 +199,22 @@ HSTVector<KeyDocumentation> keyDocumentation(const std::string& key) {
 }
 
 std::map<std::string, std::string> dict(const DictRequest& request) {
-    if (!HUTFile::exists(request.file)) throw HEXFileNotFoundException(request.file);
-    load(request.file, HwMetadataMode::Default);  // reports what the service would hide
+    const ptree whole = services::documentTree(*load(request.file, HwMetadataMode::Default));
+    const FileKind kind = fileKindOf(request.file);
+    const ptree* document = &whole;
+    if (kind != FileKind::descriptor)
+        document =
+            services::find(whole, kind == FileKind::hardware ? services::roots::kLegacy : "softwarePlatform").node;
+    const services::Found branch = services::find(*document, request.branch);
+    if (!branch.node) refuse(request.file, "no branch " + quoted(request.branch) + explained(*document, branch.path));
     const teq::platform::NativeDictService service;
-    bool isFound = false;
-    auto dict = service.getAsDict(request.file, request.branch, isFound);
-    if (!isFound) refuse(request.file, "no branch " + quoted(request.branch));
+    auto dict = service.getAsDict(*branch.node, request.branch);
     if (request.filters.empty() && !request.useDefaultFilter) return dict;
     std::set<std::string> filters = request.filters;
-    if (request.useDefaultFilter) filters.insert(service.defaultIncludeKeys.begin(), service.defaultIncludeKeys.end());
-    return service.getFilteredDict(request.file, request.branch, filters);
+    if (request.useDefaultFilter)
+        filters.insert(service.defaultIncludeKeys.begin(), service.defaultIncludeKeys.end());
+    std::erase_if(dict, [&](const auto& entry) { return !filters.contains(services::withAnyIndex(entry.first)); });
+    return dict;
 }
 
 std::int32_t transform(const std::string& file, const std::string& specification) {
@@ -215,7 +226,11 @@ std::int32_t transform(const std::string& file, const std::string& specification
     constexpr std::size_t kMaxBytes = 64 << 20;
     if (wholefile::read(specification, kMaxBytes).empty())
         throw RequestError(FailureKind::badInput, {.file = specification, .text = "the specification is empty"});
-    return teq::platform::NativeTransformService().getObjectsBySpec(file, specification);
+    try {
+        return teq::platform::NativeTransformService().getObjectsBySpec(file, specification);
+    } catch (const boost::property_tree::ptree_bad_path&) {
+        throw RequestError(FailureKind::badInput, {.file = specification, .text = "there is no key \"spec\""});
+    }
 }
 
 }  // namespace teq_platform::requests
