@@ -14,7 +14,7 @@ namespace teq::platform {
 /// A list of objects gives "a[0].x", "a[1].x" and so on. A list of plain values lands one place behind: its first value
 /// is at the empty key, the second at "a[0]", the third at "a[1]". Files written from the dictionary have that form, so
 /// it stays. Of values with the same key the first counts. Whatever a loader or the JSON parser throws passes; more than
-/// 64 MiB of keys throw `HEXDataException`.
+/// 16 MiB of keys throw `HEXDataException`.
 class ZR_API NativeDictService : public DictService {
 public:
     /// Without a path, the document of the file as `NativeObjectService::getAsPropertyTree` gives it, and `found` is

@@ -10,7 +10,7 @@ namespace teq::platform {
 
 /// Lists each key path of a document once: "a" and "a.b" for objects; "a", "a[]" and "a[].b" for a list of objects.
 ///
-/// Whatever a loader throws passes. More than 64 MiB of keys throw `HEXDataException`.
+/// Whatever a loader throws passes. More than 16 MiB of keys throw `HEXDataException`.
 class ZR_API NativeKeyService : public KeyService {
 public:
     /// `mode`: which metadata the loaders that the service makes read.

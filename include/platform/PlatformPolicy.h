@@ -27,6 +27,9 @@ struct Verdict : teq::platform::PolicyVerdict {
 /// not one is `badInput`.
 ZR_API Verdict verdict(const std::shared_ptr<HTEQPlatform>& platform, const PolicyRequest& request);
 
+/// The bare verdict of the host's tool on its use.
+ZR_API teq::platform::PolicyVerdict warranty(const std::shared_ptr<HTEQPlatform>& platform);
+
 /// What a rule looked at, in one line: "tool version: 2026.2, unified: yes". Long values are cut.
 ZR_API std::string factsOf(const teq::platform::PolicyStep& step);
 

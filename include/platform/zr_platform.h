@@ -72,12 +72,13 @@ typedef enum zr_field {
 
 /* Each function states which of them it accepts. */
 typedef enum zr_flag {
-    ZR_OVERWRITE = 1,      /* replace an existing file */
-    ZR_MAY_LACK = 2,       /* files that the metadata lists may be missing, and the metadata may be unreadable */
-    ZR_LOSE_KEYS = 4,      /* write although keys of the metadata are lost or changed */
-    ZR_STRIP_PATHS = 8,    /* omit "platformFile", a path on the author's machine, from the metadata */
-    ZR_DRY_RUN = 16,       /* check everything, write nothing */
-    ZR_DEFAULT_FILTER = 32 /* keep the keys of tile array, ids and files */
+    ZR_OVERWRITE = 1,        /* replace an existing file */
+    ZR_MAY_LACK = 2,         /* files that the metadata lists may be missing, and the metadata may be unreadable */
+    ZR_LOSE_KEYS = 4,        /* write although keys of the metadata are lost or changed */
+    ZR_STRIP_PATHS = 8,      /* omit "platformFile", a path on the author's machine, from the metadata */
+    ZR_DRY_RUN = 16,         /* check everything, write nothing */
+    ZR_DEFAULT_FILTER = 128, /* keep the keys of tile array, ids and files */
+    ZR_DETAILED = 256        /* every fact of a report */
 } zr_flag;
 
 /* What the support policy is asked; docs/policy.md has its rules. */
@@ -259,6 +260,10 @@ ZR_C_API zr_code zr_dict(const char* file, const char* branch, const char* const
 /* Checks a transform specification and counts its entries; no transformation is applied yet. */
 ZR_C_API zr_code zr_transform(const char* file, const char* specification, uint64_t* entries,
                               zr_error** error) ZR_NOEXCEPT;
+
+/* {"platforms": [...]}: a report of each platform in the directories, which are separated by ":", or in the default
+ * repositories for NULL. Platforms that cannot be read are left out. Accepts ZR_DETAILED. */
+ZR_C_API zr_code zr_catalog(const char* path, uint32_t flags, zr_text** catalog, zr_error** error) ZR_NOEXCEPT;
 
 /* ---- The support policy */
 

@@ -292,6 +292,10 @@ inline std::string dict(const std::string& file, const std::string& branch = "",
     for (const std::string& filter : filters) texts.push_back(filter.c_str());
     return detail::textOf(zr_dict, file.c_str(), branch.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
 }
+/// `path`: empty for the default repositories.
+inline std::string catalog(const std::string& path = "", std::uint32_t flags = 0) {
+    return detail::textOf(zr_catalog, path.empty() ? nullptr : path.c_str(), flags);
+}
 inline std::uint64_t transform(const std::string& file, const std::string& specification) {
     std::uint64_t entries = 0;
     detail::call(zr_transform, file.c_str(), specification.c_str(), &entries);

@@ -239,6 +239,53 @@ static void testChecks(void) {
     FAILS(zr_schema("x", &text, &error), ZR_NOT_FOUND, "zdf, spfm, hpfm, cfa, emu");
 }
 
+static void testQuestions(void) {
+    zr_platform* platform = NULL;
+    zr_verdict* verdict = NULL;
+    uint64_t entries = 0;
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, &error) == ZR_OK);
+    GIVES(zr_platform_query(platform, "hardwarePlatform.vendor", &text, &error), "acme");
+    FAILS(zr_platform_query(platform, "hardwarePlatform.vendr", &text, &error), ZR_NOT_FOUND, "nearest: vendor");
+    FAILS(zr_platform_query(platform, NULL, &text, &error), ZR_WRONG_USE, "path is NULL");
+    GIVES(zr_platform_keys(platform, "hardwarePlatform.files", &text, &error), "files[].type\"\n");
+    GIVES(zr_platform_keys(platform, NULL, &text, &error), "\"vendor\"");
+    FAILS(zr_platform_keys(NULL, NULL, &text, &error), ZR_WRONG_USE, "platform is NULL");
+    FAILS(zr_key_documentation("vendor", &text, &error), ZR_NOT_FOUND, "not installed");
+    const char* filters[] = {"files[*].name"};
+    GIVES(zr_dict(at("x.lfa"), NULL, filters, 1, ZR_DEFAULT_FILTER, &text, &error), "\"files[0].name\": \"a\"");
+    FAILS(zr_dict(at("x.lfa"), "gone", NULL, 0, 0, &text, &error), ZR_NOT_FOUND, "no branch 'gone'");
+    FAILS(zr_dict(at("x.lfa"), NULL, NULL, 1, 0, &text, &error), ZR_WRONG_USE, "filters is NULL");
+    CHECK(zr_transform(at("x.lfa"), put("spec.json", "{\"spec\": [1, 2]}"), &entries, &error) == ZR_OK &&
+          entries == 2);
+    FAILS(zr_transform(at("x.lfa"), at("s.spfm"), &entries, &error), ZR_BAD_INPUT, ".json");
+    GIVES(zr_catalog(scratch, ZR_DETAILED, &text, &error), "\"warrantyReason\": \"Platform 'p.zdf' is not a unified");
+    FAILS(zr_catalog(scratch, ZR_OVERWRITE, &text, &error), ZR_WRONG_USE, "flags");
+
+    zr_policy policy = {sizeof policy, ZR_QUESTION_OPEN, 0, "2021.1", scratch};
+    zr_policy_step step = {.size = sizeof step};
+    CHECK(zr_platform_check(platform, &policy, &verdict, &error) == ZR_OK && !zr_verdict_is_supported(verdict));
+    CHECK(strstr(zr_verdict_reason(verdict), "CFA 'p.zdf'") && *zr_verdict_newest_tool(verdict) == 0);
+    CHECK(*zr_verdict_exceptions(verdict) == 0 && zr_verdict_count(verdict) == 3);
+    CHECK(zr_verdict_step(verdict, 2, &step, &error) == ZR_OK && step.applies == 1);
+    SAME(step.facts, "unified: no");
+    SAME(step.rule, "not-unified");
+    FAILS(zr_verdict_step(verdict, 3, &step, &error), ZR_WRONG_USE, "3");
+    zr_verdict_free(verdict), zr_verdict_free(NULL);
+    policy.question = 3;
+    FAILS(zr_platform_check(platform, &policy, &verdict, &error), ZR_WRONG_USE, "question");
+    policy.question = 0, policy.tool_version = "soon";
+    FAILS(zr_platform_check(platform, &policy, &verdict, &error), ZR_WRONG_USE, "'soon'");
+    CHECK(!verdict && !zr_verdict_is_supported(NULL) && zr_verdict_count(NULL) == 0 && !*zr_verdict_reason(NULL));
+    CHECK(!*zr_verdict_newest_tool(NULL) && !*zr_verdict_exceptions(NULL));
+    zr_platform_free(platform);
+
+    put("list.json", "{\"black_list\": []}");
+    CHECK(zr_pack_exceptions(at("list.json"), at("list"), 0, &error) == ZR_OK);
+    FAILS(zr_pack_exceptions(at("list.json"), at("list"), 0, &error), ZR_REFUSED, "already");
+    GIVES(zr_exceptions(at("list"), &text, &error), "{\"black_list\": []}");
+    FAILS(zr_exceptions(at("list.json"), &text, &error), ZR_BAD_INPUT, "ZRXPACK1");
+}
+
 static void takeMessage(void* user, const zr_message* message) {
     if (user && message->size == sizeof *message && strcmp(message->id, "74-60") == 0 &&
         message->severity == 0x10000000 && strstr(message->text, "could not be loaded"))
@@ -267,6 +314,7 @@ int main(int argc, char** argv) {
     testArchive();
     testSetFile();
     testChecks();
+    testQuestions();
     CHECK(zr_set_message_function(NULL, NULL, NULL) == ZR_OK);
     char command[64];
     snprintf(command, sizeof command, "rm -r %s", scratch);

@@ -83,6 +83,52 @@ TEST(ExceptionList, TakesOnlyThePackedFormWithinItsLimit) {
     }
 }
 
+/// Two descriptors, one of which names an archive that is missing.
+TEST(Catalog, ReportsWhatCanBeLoaded) {
+    const Capture capture;
+    const Scratch scratch;
+    packed(scratch, "x.lfa",
+           {{"lfa.json", R"({"name": "n", "platformState": "pre_synth", "hardware": "true",
+                                               "files": [{"name": "h", "type": "HPFM"}]})"},
+            {"h", "-"}});
+    const auto descriptorOf = [](const std::string& archive) {
+        return descriptor("<teq:hardwarePlatforms>" + fileElement("hardwarePlatform", archive) +
+                          "</teq:hardwarePlatforms>");
+    };
+    const std::string file = scratch.put("p.zdf", descriptorOf("x.lfa"));
+    scratch.put("q.zdf", descriptorOf("gone.lfa"));
+    scratch.put("sw.spfm", kSoftware);
+    const NativeCatalogService service;
+    json::ptree all, one;
+    json::parse(service.getAllAsJsonStr(scratch.str(), true, false), "", all);
+    json::parse(service.getAsJsonStr(file, false, true), "", one);
+    EXPECT_EQ(capture.printed(), "Error: failed to load platform\n");
+    ASSERT_EQ(all.get_child("platforms").size(), 1U);
+    const json::ptree& detailed = all.get_child("platforms").front().second;
+    std::string text, brief;
+    for (const auto& [key, value] : detailed) text += key + "=" + value.data() + " ";
+    for (const auto& [key, value] : one) brief += key + " ";
+    EXPECT_EQ(brief,
+              "baseName version type dataCenter embedded externalHost serverManaged platformState usesPR "
+              "platformFile ");
+    EXPECT_EQ(text,
+              "baseName=p version=1.0 type=lorimar dataCenter=false embedded=true externalHost=false "
+              "serverManaged=false platformState=pre_synth usesPR=false platformFile=" +
+                  file + " platformHwFile=" + (scratch / "x.lfa") +
+                  " platformHwEmuFile= platformSwFile=" + (scratch / "sw.spfm") +
+                  " hpfmFile=<CFA>/h systemClockCount=0 partArchitecture= warranty=false "
+                  "warrantyReason=Platform 'p.zdf' is not a unified platform. By policy, non-unified platforms are "
+                  "not supported by the current tool version hardware=true hardwareEmulation=false twoHwEmuBd=false "
+                  "softwareEmulation=true ");
+    EXPECT_EQ(service.getAllAsJsonStr(scratch / "gone", true, true), "{\n    \"platforms\": \"\"\n}\n");
+    EXPECT_EQ(service.getAsJsonStr(scratch / "sw.spfm", true, true), "");
+    EXPECT_EQ(service.getValue(file, "platformState") + service.getValue(file, ""), "pre_synth");
+    EXPECT_EQ(service.getValue(file, "state"), "");
+    EXPECT_NE(capture.printed().find("error: key path 'state' doens't exist\n"), std::string::npos);
+    teq_platform::PlatformLoader loader(file, teq_platform::HwMetadataMode::Default);
+    EXPECT_TRUE(service.isPreSynthPlatform(&loader));
+}
+
 TEST(Policy, ReadsThePlatformThroughItsLoader) {
     const Capture capture;
     NativeCatalogService service;

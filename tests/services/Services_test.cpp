@@ -53,6 +53,18 @@ std::string answer(const std::string& name, const std::string& path) {
 
 TEST(PathLanguage, GivesTheAnswersOfTheTable) { cases::expectTexts(kCases + "paths.case", answer); }
 
+TEST(PathLanguage, TakesPathsOfAnySize) {
+    const std::string document = R"({"a": {"b": "1"}})";
+    const NativeObjectService objects;
+    for (const std::string& path :
+         {repeated(".", 1 << 20) + "a.b", repeated("[*]", 1 << 18) + "a.b" + repeated("[]", 1 << 18),
+          "a" + repeated("[0000000]", 1) + repeated(".", 100'000) + "b"})
+        EXPECT_EQ(objects.getObjectsByPath(document, path), "1");
+    for (const std::string& path : {std::string(1 << 20, 'a'), repeated("a.", 1 << 19), repeated("[", 1 << 20),
+                                    repeated("]", 1 << 20), "a[" + std::string(1 << 20, '9') + "].c"})
+        EXPECT_EQ(objects.getObjectsByPath(document, path), "");
+}
+
 std::string orNone(const std::string& text) { return text.empty() ? "<>" : text; }
 
 template <class Range, class Print>

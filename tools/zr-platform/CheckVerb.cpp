@@ -1,6 +1,7 @@
 // Whether a tool may use platforms, and why.
 #include <platform/PlatformPolicy.h>
 #include <platform/PlatformQueries.h>
+#include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
 #include "Console.h"
@@ -99,6 +100,7 @@ int runCheck(const Call& call) {
     Exit exit = Exit::done;
     for (const std::string& file : call.all("FILE...")) {
         try {
+            const requests::Scope request;
             exit = worse(exit, call.has("matrix") ? judgeForTools(file, call, records, text)
                                                   : judge(file, call, records, text));
         } catch (const HEXAll&) {
@@ -107,7 +109,7 @@ int runCheck(const Call& call) {
             exit = worse(exit, exitOf(failure));
         }
     }
-    if (call.has("json") || call.has("ndjson"))
+    if (Records::areAsked(call))
         records.print(call, {});
     else
         Console::take().data(text);

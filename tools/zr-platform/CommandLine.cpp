@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <optional>
 
 #include "Console.h"
 #include "Reference.h"
@@ -38,24 +39,21 @@ std::vector<std::string> choicesOf(const Option& option) {
 void addOption(CLI::App& app, const Option& option, Call& call) {
     const std::string name = std::string("--") + option.name;
     const auto keep = [&call, key = std::string(option.name)](const std::string& value) {
-        call.options[key] = value;
+        call.options[key].push_back(value);
     };
     if (!option.choices) {
         app.add_flag_callback(
             name, [keep] { keep(""); }, wrapped(option.help, kHelpColumn));
         return;
     }
-    const std::string kind = option.choices;
-    if (kind.ends_with("...")) {
-        app.add_option(name, call.lists[option.name], wrapped(option.help, kHelpColumn))
-            ->type_name(kind.substr(0, kind.size() - 3))
-            ->expected(1)
-            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-        return;
-    }
     const std::vector<std::string> choices = choicesOf(option);
-    CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
-    made->type_name(option.choices);
+    const bool isRepeated = std::string_view(option.choices).ends_with("...");
+    CLI::Option* made = app.add_option_function<std::vector<std::string>>(
+        name, [keep](const std::vector<std::string>& values) { std::for_each(values.begin(), values.end(), keep); },
+        wrapped(option.help, kHelpColumn));
+    const std::string kind = option.choices;
+    made->type_name(isRepeated ? kind.substr(0, kind.find('.')) : kind)->allow_extra_args(false);
+    if (!isRepeated) made->expected(1);
     if (choices.size() > 1) made->check(CLI::IsMember(choices).description(""));
 }
 
@@ -109,8 +107,8 @@ int runCommandLine(int argc, char** argv) {
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print a reference generated from the tables")
-        ->type_name("man|markdown|bash|findings")
-        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}).description(""));
+        ->type_name("man|markdown|bash|findings|policy")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings", "policy"}).description(""));
     app.footer("\n" + wrapped(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
@@ -132,6 +130,7 @@ int runCommandLine(int argc, char** argv) {
         return static_cast<int>(Exit::usage);
     }
     Console::take().configure(call);
-    const teq_platform::requests::Scope request;
+    std::optional<teq_platform::requests::Scope> request;
+    if (!chosen->isManyRequests) request.emplace();
     return chosen->run(call);
 }

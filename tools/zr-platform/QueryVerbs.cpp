@@ -16,7 +16,7 @@ namespace {
 
 /// A list, a name or an answer that may be printed on a terminal.
 std::string shown(const std::string& text) {
-    return Console::take().isTerminal() ? HSTStringUtils::printable(text) : text;
+    return Console::take().isInteractive() ? HSTStringUtils::printable(text) : text;
 }
 
 const char* kindName(Kind kind) { return kind == Kind::value ? "value" : kind == Kind::object ? "object" : "list"; }
@@ -37,8 +37,6 @@ Exit forEach(const std::vector<std::string>& paths, const std::string& file, con
     return exit;
 }
 
-bool asRecords(const Call& call) { return call.has("json") || call.has("ndjson"); }
-
 void useAppRoot(const Call& call) {
     if (call.has("app-root")) HUTEnv::setKELAppRootList({call.get("app-root")});
 }
@@ -52,7 +50,7 @@ int runQuery(const Call& call) {
     Records records("answer");
     const Exit exit = forEach(paths, call["FILE"], [&](const std::string& path) {
         const Questions::Answer answer = questions.answer(path);
-        if (asRecords(call))
+        if (Records::areAsked(call))
             return records.add({{"path", path}, {"kind", kindName(answer.kind)}, {"answer", answer.text}});
         const bool isValue = answer.kind == Kind::value;
         if (paths.size() > 1)
@@ -62,7 +60,7 @@ int runQuery(const Call& call) {
         else
             Console::take().data(isValue ? shown(answer.text) + "\n" : answer.text);
     });
-    if (asRecords(call)) records.print(call, {});
+    if (Records::areAsked(call)) records.print(call, {});
     return static_cast<int>(exit);
 }
 
@@ -71,12 +69,12 @@ int runKeys(const Call& call) {
     Records records("key");
     std::string lines;
     for (const std::string& key : Questions(*platform, call["FILE"]).keys(call.get("[PREFIX]", ""))) {
-        if (asRecords(call))
+        if (Records::areAsked(call))
             records.add({{"key", key}});
         else
             lines += HSTStringUtils::printable(key) + "\n";
     }
-    if (asRecords(call)) records.print(call, {});
+    if (Records::areAsked(call)) records.print(call, {});
     Console::take().data(lines);
     return 0;
 }
@@ -98,7 +96,7 @@ int runDoc(const Call& call) {
         text.line("unit", one.unit);
         text.line("source", one.source);
     }
-    if (asRecords(call))
+    if (Records::areAsked(call))
         records.print(call, {});
     else if (key.empty())
         records.print(call, {"key", "form", "unit", "meaning"});
@@ -108,7 +106,7 @@ int runDoc(const Call& call) {
 }
 
 int runDict(const Call& call) {
-    const std::vector<std::string> filters = call.list("filter");
+    const std::vector<std::string> filters = call.values("filter");
     const auto dict = requests::dict({.file = call["FILE"],
                                       .branch = call.get("[BRANCH]", ""),
                                       .filters = {filters.begin(), filters.end()},
@@ -119,7 +117,7 @@ int runDict(const Call& call) {
         records.add({{"key", key}, {"value", value}});
         lines += HSTStringUtils::printable(key) + "\t" + HSTStringUtils::printable(value) + "\n";
     }
-    if (asRecords(call))
+    if (Records::areAsked(call))
         records.print(call, {});
     else
         Console::take().data(lines);
@@ -130,7 +128,7 @@ int runTransform(const Call& call) {
     const auto entries = requests::transform(call["FILE"], call["SPEC"]);
     Records records("transformation");
     records.add({{"specification", call["SPEC"]}, {"entries", entries}});
-    if (asRecords(call))
+    if (Records::areAsked(call))
         records.print(call, {});
     else
         Console::take().data(std::to_string(entries) + "\n");

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include <platform/PlatformCheck.h>
+#include <platform/SupportPolicy.h>
 
 #include "Verbs.h"
 
@@ -113,8 +114,36 @@ std::string findings() {
     return page;
 }
 
+/// The rules that decide a question.
+std::string policyTable(teq::platform::PolicyQuestion question) {
+    std::string table = "\n| rule | applies if | verdict | sentence |\n|---|---|---|---|\n";
+    for (const auto& rule : teq::platform::SupportPolicy::rules()) {
+        if (rule.question != question) continue;
+        table += std::string("| ") + rule.name + " | " + rule.condition + " | " +
+                 (rule.isSupported ? "supported" : "not supported") + " | " + (rule.sentence ? rule.sentence : "") +
+                 " |\n";
+    }
+    return table;
+}
+
+std::string policy() {
+    using enum teq::platform::PolicyQuestion;
+    return "# The rules of the support policy\n\nGenerated from the library's own table by `./dev docs`; "
+           "[policy.md](policy.md) explains it.\n\nThe first rule that applies decides. In a sentence, `{name}` is "
+           "the "
+           "platform's file name, `{path}` its path,\n`{platform}` and `{tool}` are the two versions, and `{entry}` "
+           "is "
+           "the reason of the exception list's entry.\n\n## May the tool use the platform\n" +
+           policyTable(warranty) + "\n## May it use it as a platform before synthesis\n" + policyTable(preSynth) +
+           "\n## May it open the hardware platform\n" + policyTable(open);
+}
+
 }  // namespace
 
 std::string referenceAs(const std::string& form) {
-    return form == "man" ? man() : form == "bash" ? bash() : form == "findings" ? findings() : markdown();
+    return form == "man"        ? man()
+           : form == "bash"     ? bash()
+           : form == "findings" ? findings()
+           : form == "policy"   ? policy()
+                                : markdown();
 }

@@ -12,6 +12,8 @@ constexpr Option kJson = {"json", nullptr, "print the records as one JSON docume
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record per line"};
 constexpr Option kAppRoot = {"app-root", "DIR",
                              "the application root (default: share/zr_platform of this installation)"};
+constexpr Option kRepo = {"repo", "DIR...", "search this directory first; may be given several times"};
+constexpr Option kNoDefaults = {"no-defaults", nullptr, "do not search the default repositories"};
 constexpr Option kForce = {"force", nullptr, "overwrite an existing file"};
 
 const std::vector<Verb> kVerbs = {
@@ -185,7 +187,21 @@ const std::vector<Verb> kVerbs = {
      "Prints the policy's verdict with its sentence. docs/policy.md lists the rules. The exception list is "
      "platforms/achromatic below the application root. Exit code: 0 usable, 1 not; 0 with --matrix.",
      "u77/u77_gen3x16_base_1.zdf --why",
-     runCheck},
+     runCheck,
+     true},
+    {"catalog",
+     {},
+     {kRepo,
+      kNoDefaults,
+      {"detailed", nullptr, "add files, partitions, clocks, the policy's verdict and the targets"},
+      {"strict", nullptr, "exit with 1 if a platform cannot be read"},
+      {"json", nullptr, "print the library's own document of the reports"},
+      kNdjson},
+     "Report what each platform in the repositories is",
+     "A platform that cannot be read is reported with the reason, and does not end the list.",
+     "--no-defaults --repo u77 --repo harrier --detailed --ndjson",
+     runCatalog,
+     true},
     {"exceptions",
      {{"ACTION", "pack or print"},
       {"FILE", "the list: JSON to pack, or packed"},

@@ -13,20 +13,20 @@ inline constexpr char kExitCodes[] =
 struct Positional {
     const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional
     const char* help;
+    bool isPlatform = false;  ///< a platform's file or name, which completion offers
 };
 
 struct Option {
     const char* name;     ///< without the dashes
-    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value; "KIND..." may be
-                          ///< given several times
+    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value; with "..." the
+                          ///< option may be given several times
     const char* help;
 };
 
 /// The arguments of a verb: positionals and options by name; the value of a flag is "".
 struct Call {
     std::map<std::string, std::vector<std::string>> positionals;
-    std::map<std::string, std::string> options;
-    std::map<std::string, std::vector<std::string>> lists;  ///< of the options that may be given several times
+    std::map<std::string, std::vector<std::string>> options;
 
     const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
     /// The value of an optional positional.
@@ -36,11 +36,11 @@ struct Call {
     }
     const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
-    std::vector<std::string> list(const char* option) const {
-        const auto at = lists.find(option);
-        return at == lists.end() ? std::vector<std::string>() : at->second;
+    std::string get(const char* option) const { return has(option) ? options.at(option).back() : ""; }
+    /// All values of an option.
+    std::vector<std::string> values(const char* option) const {
+        return has(option) ? options.at(option) : std::vector<std::string>();
     }
-    std::string get(const char* option) const { return has(option) ? options.at(option) : ""; }
 };
 
 struct Verb {
@@ -51,6 +51,7 @@ struct Verb {
     const char* details;
     const char* example;  ///< arguments after "zr-platform NAME", for the packed samples
     int (*run)(const Call& call);
+    bool isManyRequests = false;  ///< each file is a request of its own
 };
 
 std::span<const Verb> verbs();
@@ -73,5 +74,6 @@ int runKeys(const Call& call);
 int runDoc(const Call& call);
 int runDict(const Call& call);
 int runTransform(const Call& call);
+int runCatalog(const Call& call);
 int runCheck(const Call& call);
 int runExceptions(const Call& call);

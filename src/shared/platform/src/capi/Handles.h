@@ -3,7 +3,6 @@
 #include <memory>
 #include <string>
 
-#include "platform/HwMetadataMode.h"
 #include "platform/PlatformQueries.h"
 #include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"

@@ -4,8 +4,10 @@
 #include "capi/Guard.h"
 #include "capi/Handles.h"
 #include "capi/Structs.h"
+#include "platform/PlatformCatalog.h"
 #include "platform/PlatformPolicy.h"
 #include "platform/zr_platform.h"
+#include "text/HSTStringUtils.h"
 
 using namespace capi;
 namespace requests = teq_platform::requests;
@@ -70,6 +72,16 @@ zr_code zr_transform(const char* file, const char* specification, std::uint64_t*
     return guarded(error, specification, [&] {
         need(entries, "entries") = static_cast<std::uint64_t>(
             requests::transform(needText(file, "file"), needText(specification, "specification")));
+    });
+}
+
+zr_code zr_catalog(const char* path, std::uint32_t flags, zr_text** catalog, zr_error** error) noexcept {
+    if (catalog) *catalog = nullptr;
+    return guarded(error, path, [&] {
+        checkFlags(flags, ZR_DETAILED);
+        requests::Repositories where;
+        if (path) where = {HSTStringUtils::split(path, ':'), false};
+        give(catalog, requests::catalogDocument(where, (flags & ZR_DETAILED) != 0, nullptr));
     });
 }
 

@@ -141,6 +141,13 @@ Verdict verdict(const std::shared_ptr<HTEQPlatform>& platform, const PolicyReque
     });
 }
 
+PolicyVerdict warranty(const std::shared_ptr<HTEQPlatform>& platform) {
+    return checked(*platform, [&] {
+        PlatformFacts facts(platform, {versionText({}), [] { return sourceOf({}); }, ""});
+        return policy::decide(teq::platform::PolicyQuestion::warranty, facts);
+    });
+}
+
 std::string factsOf(const teq::platform::PolicyStep& step) {
     std::string text;
     for (const auto& fact : step.facts)

@@ -5,6 +5,7 @@
 #include "msg/Printed.h"
 #include "platform/HTEQEnv.h"
 #include "platform/HTEQHardwarePlatform.h"
+#include "platform/NativePlatformRepoService.h"
 #include "platform/PlatformLoader.h"
 #include "services/CatalogReport.h"
 #include "services/DocumentTree.h"
@@ -34,8 +35,9 @@ bool answer(const PolicyVerdict& verdict, std::string& reason) {
 
 }  // namespace
 
-std::string NativeCatalogService::getAllAsJsonStr(const std::string&, bool detailed, bool) const {
-    const HSTVector<std::string> files;
+std::string NativeCatalogService::getAllAsJsonStr(const std::string& paths, bool detailed, bool) const {
+    HSTVector<std::string> files;
+    NativePlatformRepoService().getZdfFiles("", paths, files);
     ptree all;
     ptree& reports = all.push_back({"platforms", ptree()})->second;
     for (const std::string& file : files) {

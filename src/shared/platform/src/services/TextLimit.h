@@ -8,11 +8,11 @@ namespace services {
 /// Paths repeat the keys above them, so that a small document can have many gigabytes of them.
 class TextLimit {
 public:
-    static constexpr std::size_t kMaxBytes = 64 << 20;
+    static constexpr std::size_t kMaxBytes = 16 << 20;
 
     /// Throws `HEXDataException` if there would be more than `kMaxBytes`.
     void add(std::size_t bytes) {
-        if (bytes > kMaxBytes - used_) throw HEXDataException("the document has more than 64 MiB of key paths");
+        if (bytes > kMaxBytes - used_) throw HEXDataException("the document has more than 16 MiB of key paths");
         used_ += bytes;
     }
 
