@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bench/bench
+tool=$PWD/build/bench/tools/zr-platform/zr-platform
 data=$PWD/build/bench-data
 
 large() { # ROUNDS
@@ -54,6 +55,11 @@ echo "== loading and writing, 400 KB of XML metadata and the JSON metadata of th
 "$bin/interleave" "$rounds" "by JSON" "$bin/document byjson.lfa" -- "by XML" "$bin/document byxml.lfa"
 echo "== 10 and 100 partitions (the ratio counts)"
 "$bin/interleave" "$rounds" "10 partitions" "$bin/document p10.zdf" -- "100 partitions" "$bin/document p100.zdf"
+echo "== one path of a document to the document, whole processes"
+"$bin/interleave" "$rounds" document "$bin/document a400k.zdf" -- query "$tool query a400k.zdf vendor"
+echo "== questions and verdicts to loads"
+"$bin/bench_questions" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \
+    2>/dev/null | grep -E 'median|^Bench'
 echo "== start of a process"
 "$bin/interleave" $((rounds * 4)) "plain C++" "$bin/empty" -- "linked with the library" "$bin/linked"
 if command -v strace >/dev/null; then

@@ -22,18 +22,18 @@ std::string ndjson(const CatalogEntry& entry) {
 }  // namespace
 
 int runCatalog(const Call& call) {
-    const requests::Repositories where{.dirs = call.values("repo"), .withDefaults = !call.has("no-defaults")};
-    const bool isDetailed = call.has("detailed");
+    const requests::CatalogRequest request{
+        .dirs = call.values("repo"), .withDefaults = !call.has("no-defaults"), .isDetailed = call.has("detailed")};
     bool isWhole = true;
     if (call.has("json") && !call.has("ndjson")) {
-        Console::take().data(requests::catalogDocument(where, isDetailed, [&isWhole](const CatalogEntry& broken) {
+        Console::take().data(requests::catalogDocument(request, [&isWhole](const CatalogEntry& broken) {
             isWhole = false;
             report(broken);
         }));
         return isWhole || !call.has("strict") ? 0 : static_cast<int>(Exit::no);
     }
     Records records("platform");
-    requests::catalog(where, isDetailed, [&](const CatalogEntry& entry) {
+    requests::catalog(request, [&](const CatalogEntry& entry) {
         const bool isGood = !entry.report.empty();
         isWhole = isWhole && isGood;
         if (call.has("ndjson")) return Console::take().data(ndjson(entry));
@@ -41,7 +41,7 @@ int runCatalog(const Call& call) {
         records.add(boost::json::parse(entry.report).as_object());
     });
     std::vector<std::string> columns{"baseName", "version", "type", "platformState", "platformFile"};
-    if (isDetailed) columns.insert(columns.end() - 1, {"partArchitecture", "warranty"});
+    if (request.isDetailed) columns.insert(columns.end() - 1, {"partArchitecture", "warranty"});
     if (!call.has("ndjson")) records.print(call, columns);
     return isWhole || !call.has("strict") ? 0 : static_cast<int>(Exit::no);
 }

@@ -29,16 +29,16 @@ std::optional<ptree> reportOf(const std::string& file, bool detailed) {
 }
 
 /// Calls `use` with each file, and its report or the reason why there is none.
-void forEachReport(const Repositories& where, bool detailed,
+void forEachReport(const CatalogRequest& request,
                    const std::function<void(const std::string& file, ptree* report, const HEXDiagnostic&)>& use) {
     const msg::Silence silence;
     HSTVector<std::string> files;
-    teq::platform::NativePlatformRepoService().getZdfFiles("", where.dirs, where.withDefaults, files);
+    teq::platform::NativePlatformRepoService().getZdfFiles("", request.dirs, request.withDefaults, files);
     for (const std::string& file : files) {
         std::optional<ptree> report;
         HEXDiagnostic reason;
         try {
-            report = reportOf(file, detailed);
+            report = reportOf(file, request.isDetailed);
             if (!report) continue;
         } catch (const HEXAll&) {
             reason = currentFailure(file).diagnostic;
@@ -49,18 +49,16 @@ void forEachReport(const Repositories& where, bool detailed,
 
 }  // namespace
 
-void catalog(const Repositories& where, bool detailed, const std::function<void(const CatalogEntry&)>& each) {
-    forEachReport(where, detailed,
-                  [&each](const std::string& file, const ptree* report, const HEXDiagnostic& reason) {
-                      each({file, report ? json::write(*report) : std::string(), reason});
-                  });
+void catalog(const CatalogRequest& request, const std::function<void(const CatalogEntry&)>& each) {
+    forEachReport(request, [&each](const std::string& file, const ptree* report, const HEXDiagnostic& reason) {
+        each({file, report ? json::write(*report) : std::string(), reason});
+    });
 }
 
-std::string catalogDocument(const Repositories& where, bool detailed,
-                            const std::function<void(const CatalogEntry&)>& broken) {
+std::string catalogDocument(const CatalogRequest& request, const std::function<void(const CatalogEntry&)>& broken) {
     ptree document;
     ptree& reports = document.push_back({"platforms", ptree()})->second;
-    forEachReport(where, detailed, [&](const std::string& file, ptree* report, const HEXDiagnostic& reason) {
+    forEachReport(request, [&](const std::string& file, ptree* report, const HEXDiagnostic& reason) {
         if (report)
             reports.push_back({std::string(), ptree()})->second.swap(*report);
         else if (broken)
