@@ -8,7 +8,7 @@ tool=$(realpath -e "$1")
 mkdir -p "$2/src"
 out=$(realpath -e "$2")
 cd "$(dirname "${BASH_SOURCE[0]}")"
-for sample in u77 heron osprey harrier lone; do
+for sample in u77 heron osprey harrier lone boards; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
         # Packed without --force, which would also accept missing listed files, except the archive that is meant to

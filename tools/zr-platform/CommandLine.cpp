@@ -38,7 +38,7 @@ std::vector<std::string> choicesOf(const Option& option) {
 void addOption(CLI::App& app, const Option& option, Call& call) {
     const std::string name = std::string("--") + option.name;
     const auto keep = [&call, key = std::string(option.name)](const std::string& value) {
-        call.options[key] = value;
+        call.options[key].push_back(value);
     };
     if (!option.choices) {
         app.add_flag_callback(
@@ -46,8 +46,13 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
         return;
     }
     const std::vector<std::string> choices = choicesOf(option);
-    CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
-    made->type_name(option.choices);
+    const bool isRepeated = std::string_view(option.choices).ends_with("...");
+    CLI::Option* made = app.add_option_function<std::vector<std::string>>(
+        name, [keep](const std::vector<std::string>& values) { std::for_each(values.begin(), values.end(), keep); },
+        wrapped(option.help, kHelpColumn));
+    const std::string kind = option.choices;
+    made->type_name(isRepeated ? kind.substr(0, kind.find('.')) : kind)->allow_extra_args(false);
+    if (!isRepeated) made->expected(1);
     if (choices.size() > 1) made->check(CLI::IsMember(choices).description(""));
 }
 
