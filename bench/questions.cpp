@@ -87,7 +87,7 @@ void catalogOf100(benchmark::State& state) {
     const Repository repository;
     std::size_t reports = 0;
     for (auto _ : state)
-        requests::catalog({.dirs = {repository.path()}, .withDefaults = false, .isDetailed = true},
+        requests::catalog({.where = {{repository.path()}, false}, .isDetailed = true},
                           [&reports](const requests::CatalogEntry& entry) { reports += !entry.report.empty(); });
     if (reports != 100 * static_cast<std::size_t>(state.iterations())) state.SkipWithError("reports are missing");
 }

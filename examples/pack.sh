@@ -13,7 +13,7 @@ mkdir -p "$out/share/platforms"
 cp ../share/platforms/platform_keys_doc.json "$out/share/platforms"
 cp share/* "$out/src"
 "$tool" exceptions pack share/exceptions.json "$out/share/platforms/achromatic" --force
-for sample in u77 heron osprey harrier lone; do
+for sample in u77 heron osprey harrier lone boards; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
         # Packed without --force, which would also accept missing listed files, except the archive that is meant to

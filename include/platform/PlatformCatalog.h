@@ -3,7 +3,7 @@
 #include <string>
 
 #include "msg/HEXDiagnostic.h"
-#include "text/HSTVector.h"
+#include "platform/PlatformSearch.h"
 #include "text/ZrApi.h"
 
 namespace teq_platform::requests {
@@ -15,8 +15,7 @@ struct CatalogEntry {
     HEXDiagnostic reason;  ///< why it cannot be read
 };
 struct CatalogRequest {
-    HSTVector<std::string> dirs = {};  ///< repositories that are searched first, in this order
-    bool withDefaults = true;          ///< then the default repositories
+    Repositories where = {};
     bool isDetailed = false;
 };
 /// Calls `each` for each descriptor in the repositories, in the order of the search, without the hidden platform. Each

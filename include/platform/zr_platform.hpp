@@ -75,6 +75,27 @@ struct Finding {
     std::string name, element, text;
 };
 
+/// Where and what to search, see `zr_search`.
+struct Search {
+    std::string path;         ///< directories separated by ":"
+    std::uint32_t flags = 0;  ///< ZR_NO_DEFAULTS, ZR_LATEST
+    std::string name, type, part, board, vbnv, intent;
+};
+
+struct Found {
+    std::string name, file, repository, shadowedBy, reason, vendor, version, description, type, part, board, vbnv;
+    zr_state state = ZR_STATE_GOOD;
+};
+
+struct Answer {
+    std::string name, value;
+    zr_answer_kind kind = ZR_ANSWER_TEXT;
+};
+
+struct Connector {
+    std::string part, board, file, name, displayName, type, fits;
+};
+
 struct Policy {
     zr_question question = ZR_QUESTION_USE;
     std::string toolVersion;  ///< empty: that of the library
@@ -102,6 +123,9 @@ struct Free {
     void operator()(zr_archive* archive) const { zr_archive_free(archive); }
     void operator()(zr_verification* verification) const { zr_verification_free(verification); }
     void operator()(zr_findings* findings) const { zr_findings_free(findings); }
+    void operator()(zr_platforms* platforms) const { zr_platforms_free(platforms); }
+    void operator()(zr_answers* answers) const { zr_answers_free(answers); }
+    void operator()(zr_connectors* connectors) const { zr_connectors_free(connectors); }
     void operator()(zr_verdict* verdict) const { zr_verdict_free(verdict); }
 };
 template <class T>
@@ -143,6 +167,20 @@ inline zr_options optionsOf(const Options& options) {
     return given;
 }
 
+inline zr_search searchOf(const Search& search) {
+    zr_search given{};
+    given.size = sizeof given;
+    given.path = search.path.c_str();
+    given.flags = search.flags;
+    given.name = search.name.c_str();
+    given.type = search.type.c_str();
+    given.part = search.part.c_str();
+    given.board = search.board.c_str();
+    given.vbnv = search.vbnv.c_str();
+    given.intent = search.intent.c_str();
+    return given;
+}
+
 /// The item that `function` returns from an object's list.
 template <class Item, class Function, class T>
 Item itemOf(Function function, const T* list, std::uint64_t index) {
@@ -171,6 +209,15 @@ public:
     std::string document() const { return detail::textOf(zr_platform_document, handle_.get()); }
     std::string shortDocument() const { return detail::textOf(zr_platform_short_document, handle_.get()); }
     std::string xml() const { return detail::textOf(zr_platform_xml, handle_.get()); }
+    std::vector<Answer> answers() const {
+        const auto made = detail::make<zr_answers>(zr_platform_answers, handle_.get());
+        std::vector<Answer> answers;
+        for (std::uint64_t i = 0; i < zr_answers_count(made.get()); ++i) {
+            const auto a = detail::itemOf<zr_answer>(zr_answers_get, made.get(), i);
+            answers.push_back({a.name, a.value, static_cast<zr_answer_kind>(a.kind)});
+        }
+        return answers;
+    }
     std::string query(const std::string& path) {
         return detail::textOf(zr_platform_query, handle_.get(), path.c_str());
     }
@@ -281,6 +328,43 @@ inline std::vector<Finding> validate(const std::string& file, const Options& opt
             {f.file, f.member, f.line, f.column, static_cast<zr_severity>(f.severity), f.name, f.element, f.text});
     }
     return findings;
+}
+
+inline std::vector<Found> find(const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    const auto made = detail::make<zr_platforms>(zr_find, &given);
+    std::vector<Found> all;
+    for (std::uint64_t i = 0; i < zr_platforms_count(made.get()); ++i) {
+        const auto f = detail::itemOf<zr_found>(zr_platforms_get, made.get(), i);
+        all.push_back({f.name, f.file, f.repository, f.shadowed_by, f.reason, f.vendor, f.version, f.description,
+                       f.type, f.part, f.board, f.vbnv, static_cast<zr_state>(f.state)});
+    }
+    return all;
+}
+
+inline std::string resolve(const std::string& fileOrName, const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_resolve, fileOrName.c_str(), &given);
+}
+
+inline std::string whyNot(const std::string& file, const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_why_not, file.c_str(), &given);
+}
+
+inline std::string searchPath(const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_search_path, &given);
+}
+
+inline std::vector<Connector> boards(const std::string& path) {
+    const auto made = detail::make<zr_connectors>(zr_boards, path.c_str());
+    std::vector<Connector> connectors;
+    for (std::uint64_t i = 0; i < zr_connectors_count(made.get()); ++i) {
+        const auto c = detail::itemOf<zr_connector>(zr_connectors_get, made.get(), i);
+        connectors.push_back({c.part, c.board, c.file, c.name, c.display_name, c.type, c.fits});
+    }
+    return connectors;
 }
 
 inline std::string keyDocumentation(const std::string& key = "") {

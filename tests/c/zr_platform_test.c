@@ -239,6 +239,53 @@ static void testChecks(void) {
     FAILS(zr_schema("x", &text, &error), ZR_NOT_FOUND, "zdf, spfm, hpfm, cfa, emu");
 }
 
+static void testSearch(void) {
+    zr_platforms* platforms = NULL;
+    zr_answers* answers = NULL;
+    zr_connectors* connectors = NULL;
+    zr_platform* platform = NULL;
+    zr_found found = {.size = sizeof found};
+    zr_answer answer = {.size = sizeof answer};
+    zr_connector connector = {.size = sizeof connector};
+    zr_search search = {.size = sizeof search, .path = scratch, .flags = ZR_NO_DEFAULTS};
+    CHECK(zr_find(&search, &platforms, &error) == ZR_OK && zr_platforms_count(platforms) == 2);
+    CHECK(zr_platforms_get(platforms, 0, &found, &error) == ZR_OK && found.state == ZR_STATE_GOOD);
+    SAME(found.file, at("p.zdf"));
+    CHECK(strcmp(found.vendor, "acme") == 0 && *found.type == 0);
+    CHECK(zr_platforms_get(platforms, 1, &found, NULL) == ZR_OK && found.state == ZR_STATE_BROKEN);
+    CHECK(strcmp(found.name, "root") == 0 && strstr(found.reason, "root.zdf:3:1"));
+    FAILS(zr_platforms_get(platforms, 2, &found, &error), ZR_WRONG_USE, "2");
+    zr_platforms_free(platforms);
+    search.flags |= ZR_LATEST;
+    CHECK(zr_find(&search, &platforms, NULL) == ZR_OK && zr_platforms_get(platforms, 0, &found, NULL) == ZR_OK);
+    CHECK(strcmp(found.vbnv, "acme:::0.0") == 0 && zr_platforms_count(NULL) == 0);
+    zr_platforms_free(platforms);
+    search.type = "x";
+    FAILS(zr_find(&search, &platforms, &error), ZR_WRONG_USE, "unknown type 'x'");
+    FAILS(zr_resolve("p", &search, &text, &error), ZR_WRONG_USE, "flags"); /* ZR_LATEST */
+    search.flags = ZR_NO_DEFAULTS;
+    GIVES(zr_resolve("P", &search, &text, &error), at("p.zdf"));
+    FAILS(zr_resolve("q", &search, &text, &error), ZR_NOT_FOUND, "no platform 'q'");
+    GIVES(zr_why_not(at("root.zdf"), &search, &text, &error), "not-valid: ");
+    GIVES(zr_search_path(&search, &text, &error), scratch);
+
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, NULL) == ZR_OK);
+    CHECK(zr_platform_answers(platform, &answers, &error) == ZR_OK && zr_answers_count(answers) > 20);
+    CHECK(zr_answers_get(answers, 0, &answer, &error) == ZR_OK && strcmp(answer.value, "acme") == 0);
+    FAILS(zr_answers_get(answers, 1000, &answer, &error), ZR_WRONG_USE, "1000");
+    zr_answers_free(answers), zr_platform_free(platform);
+    FAILS(zr_platform_answers(NULL, &answers, &error), ZR_WRONG_USE, "platform is NULL");
+
+    put("in/board.json",
+        "{\"part\": \"b\", \"connectors\": [{\"name\": \"J\", \"type\": \"DIMM\", "
+        "\"compatible\": [\"J\", \"K\"]}]}");
+    CHECK(zr_boards(scratch, &connectors, &error) == ZR_OK && zr_connectors_count(connectors) == 1);
+    CHECK(zr_connectors_get(connectors, 0, &connector, &error) == ZR_OK && strcmp(connector.part, "b") == 0);
+    SAME(connector.fits, "J\n");
+    zr_connectors_free(connectors);
+    FAILS(zr_boards(NULL, &connectors, &error), ZR_WRONG_USE, "path is NULL");
+}
+
 static void testQuestions(void) {
     zr_platform* platform = NULL;
     zr_verdict* verdict = NULL;
@@ -314,6 +361,7 @@ int main(int argc, char** argv) {
     testArchive();
     testSetFile();
     testChecks();
+    testSearch();
     testQuestions();
     CHECK(zr_set_message_function(NULL, NULL, NULL) == ZR_OK);
     char command[64];

@@ -87,6 +87,12 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
                                        "; COMP_WORDS=(zr-platform extract --re); "
                                        "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
     EXPECT_EQ(completion.out, "--repair-hpfm\n");
+    const Result names =
+        run({"bash", "-c",
+             "zr-platform() { printf '%s\\n' /r/card.zdf '/r/card$(echo x).zdf'; }; source " + scratch / "zr.bash" +
+                 "; COMP_WORDS=(zr-platform json ca); COMP_CWORD=2; _zr_platform; echo "
+                 "${COMPREPLY[@]}"});
+    EXPECT_EQ(names.out, "card\n");
 }
 
 /// In a page, an indented line "$ COMMAND" is followed by its indented output.

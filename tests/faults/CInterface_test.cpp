@@ -60,6 +60,7 @@ protected:
     const Scratch scratch_;
     const std::string in_ = scratch_ / "in", archive_ = scratch_ / "x.lfa",
                       zdf_ = scratch_ / "u77/u77_gen3x16_base_1.zdf";
+    const std::string directory_ = scratch_ / "u77";
     const std::string out_ = scratch_ / "out", all_ = scratch_ / "all", packed_ = scratch_ / "y.lfa";
     const std::string spec_ = scratch_.put("spec.json", R"({"spec": ["a"]})"),
                       list_ = scratch_.put("list.json", R"({"black_list": []})");
@@ -76,6 +77,11 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
             return zr_platform_load(file.c_str(), nullptr, made, error);
         });
     };
+    zr_search search{};
+    search.size = sizeof search;
+    search.path = directory_.c_str();
+    search.flags = ZR_NO_DEFAULTS;
+    search.type = "fennick";
     return {
         {"load", load(archive_)},
         {"load a descriptor", load(zdf_)},
@@ -113,6 +119,19 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"validate",
          giving<zr_findings>(zr_findings_free,
                              [this](auto to, auto error) { return zr_validate(zdf_.c_str(), nullptr, to, error); })},
+        {"search", giving<zr_platforms>(zr_platforms_free,
+                                        [search](auto to, auto error) { return zr_find(&search, to, error); })},
+        {"resolve",
+         text([search](auto to, auto error) { return zr_resolve("u77_gen3x16_base_1", &search, to, error); })},
+        {"why not",
+         text([this, search](auto to, auto error) { return zr_why_not(zdf_.c_str(), &search, to, error); })},
+        {"search path", text([search](auto to, auto error) { return zr_search_path(&search, to, error); })},
+        {"answers",
+         giving<zr_answers>(zr_answers_free,
+                            [this](auto to, auto error) { return zr_platform_answers(platform_, to, error); })},
+        {"boards", giving<zr_connectors>(
+                       zr_connectors_free,
+                       [](auto to, auto error) { return zr_boards(ZR_SOURCE_DIR "/examples/boards", to, error); })},
         {"explain", text([](auto to, auto error) { return zr_explain("missing-member", to, error); })},
         {"schema", text([](auto to, auto error) { return zr_schema("emu", to, error); })},
         {"query", text([this](auto to, auto error) {

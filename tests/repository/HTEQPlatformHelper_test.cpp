@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "board/HBOBoardCDataManager.h"
 #include "kit/Capture.h"
 #include "kit/Repository.h"
 #include "platform/HTEQPlatform.h"
@@ -48,23 +47,6 @@ TEST_F(HTEQPlatformHelperTest, FindsThePlatform) {
     EXPECT_THAT(capture.lines(), ElementsAre(testing::StartsWith("@74-60")));
 }
 
-TEST_F(HTEQPlatformHelperTest, AnswersForThePlatform) {
-    const HTEQPlatformHelper helper(file, {}, {});
-    EXPECT_EQ(helper.getVendor() + helper.getName() + helper.getBoardId(), "vnb");
-    EXPECT_EQ(helper.getPlatformBaseName(), "Card");
-    EXPECT_TRUE(helper.hasBootImg());
-    EXPECT_EQ(helper.getDSPCount(), 7);
-    Strings all, configs = {"before"};
-    helper.getAllResources(all);
-    EXPECT_THAT(all, ElementsAre("DSP=7", "LUT=9"));
-    helper.getSysConfigNames(configs);
-    EXPECT_THAT(configs, ElementsAre("before", "c"));
-    EXPECT_EQ(helper.getSystemConfigByName("C") + helper.getDefaultSystemConfig(), "cc");
-    EXPECT_TRUE(helper.isSystemConfigSupported("c"));
-    EXPECT_TRUE(helper.isRuntimeSupported("OpenCL"));
-    EXPECT_FALSE(helper.isQemuSupported("c"));
-}
-
 TEST_F(HTEQPlatformHelperTest, AnInvalidOneAnswersNothing) {
     HTEQPlatformHelper helper(nullptr);
     EXPECT_FALSE(helper.isValid() || helper.hasBootImg() || helper.isFixedPlatform() || helper.hasDimmConnectors());
@@ -98,24 +80,6 @@ TEST_F(HTEQPlatformHelperTest, CompatibleConnectors) {
     Strings out;
     direct.getCompatibleConnectors("J1", out);
     EXPECT_THAT(out, IsEmpty());  // such a helper has no boards
-}
-
-TEST_F(HTEQPlatformHelperTest, ABadBoardHidesNoOther) {
-    scratch.put("boards/a/board.json", "{\"part\": \"x\",");
-    scratch.put("boards/b/board.json", "{}");
-    scratch.put("boards/c/board.json", R"({"part": "p", "connectors": [{"type": "DIMM"}]})");
-    scratch.put("boards/d/board.json", R"({"part": "maker:b:1.0", "name": "later"})");
-    std::filesystem::create_directories(scratch / "boards/e/board.json");
-    HBOBoardCDataManager boards;
-    boards.setBoardPartRepoPaths({scratch / "none", scratch / "boards"});
-    ASSERT_NE(boards.getBoard("maker:b:1.0"), nullptr);
-    EXPECT_EQ(boards.getBoard("maker:b:1.0")->getName(), "b");  // "any" stands before "d"
-    EXPECT_EQ(boards.getBoard("p"), nullptr);
-    Strings files;
-    for (const HEXDiagnostic& problem : boards.getProblems())
-        files.push_back(problem.file.substr(scratch.str().size() + 1));
-    EXPECT_THAT(files, ElementsAre("boards/a/board.json", "boards/b/board.json", "boards/c/board.json",
-                                   "boards/e/board.json"));
 }
 
 }  // namespace

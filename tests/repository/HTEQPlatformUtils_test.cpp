@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
+
 #include "kit/Capture.h"
+#include "kit/Cases.h"
 #include "kit/Repository.h"
 #include "platform/HTEQDevice.h"
 #include "platform/HTEQPlatform.h"
@@ -17,8 +21,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 using U = HTEQPlatformUtils;
 using Strings = U::Strings;
 
@@ -36,6 +38,12 @@ std::string metadata(const std::string& board, const std::string& version, const
            R"(:d:p:-2:e", "core": {"name": "c"}}])" + more + "}";
 }
 
+Strings namesOf(const U::Platforms& platforms) {
+    Strings names;
+    for (const HTEQPlatform* platform : platforms) names.push_back(platform->getPlatformBaseName());
+    return names;
+}
+
 class HTEQPlatformUtilsTest : public testing::Test {
 protected:
     HTEQPlatformUtilsTest() {
@@ -48,94 +56,92 @@ protected:
         manager.addPlatformsFromDirs({scratch / "root/platforms", scratch / "user"});
     }
     ~HTEQPlatformUtilsTest() override { manager.clearAllPlatforms(); }
-
-    static Strings names(const U::Platforms& platforms) {
-        Strings names;
-        for (const HTEQPlatform* platform : platforms) names.push_back(platform->getPlatformBaseName());
-        return names;
-    }
-
     Scratch scratch;
     AppRoots roots{{scratch / "root"}};
     Capture capture;
     HTEQPlatformMgr& manager = *HTEQPlatformMgr::getGlobalNoInit();
 };
 
-TEST_F(HTEQPlatformUtilsTest, QuestionsByName) {
-    const struct {
-        bool (*ask)(const std::string&);
-        const char* yes;  ///< the platforms for which it is true
-    } cases[] = {
-        {U::isDUVPlatform, "card_1 card_2"},
-        {U::isWELPlatform, "kit"},
-        {U::isUnifiedPlatform, "card_2"},
-        {U::isExpandablePlatform, "card_1 card_2"},
-        {U::isFixedPlatform, "kit unknown"},
-        {U::isProcessorGroupRelevant, "kit"},
-        {U::isUserPlatform, "kit"},
-        {U::isLinuxRootFSPathRelevant, "kit"},
-        {U::supportsMultipleRuntimes, "card_1 card_2 kit"},
+using Query = std::function<std::string(const Strings&)>;
+
+std::string joined(Strings texts) { return HSTStringUtils::join(texts, " "); }
+
+Query listing(const std::function<void(const Strings&, U::Platforms&)>& query) {
+    return [query](const Strings& a) {
+        U::Platforms out;
+        query(a, out);
+        Strings names = namesOf(out);
+        std::sort(names.begin(), names.end());
+        return joined(names);
     };
-    for (const auto& c : cases) {
-        std::string yes;
-        for (const char* name : {"card_1", "card_2", "kit", "unknown"})
-            if (c.ask(name)) yes += (yes.empty() ? "" : " ") + std::string(name);
-        EXPECT_EQ(yes, c.yes) << &c - cases;
-    }
-    EXPECT_EQ(U::getFpgaPart("kit"), "d-p-2-e");
-    EXPECT_EQ(U::getFpgaPart("unknown"), "");
-    EXPECT_THAT(U::getFpgaPartAsFields("kit"), ElementsAre("B", "d", "p", "-2", "e", "", ""));
+}
+Query texts(const std::function<void(const Strings&, Strings&)>& query) {
+    return [query](const Strings& a) {
+        Strings out;
+        query(a, out);
+        if (out.size() == 2) std::sort(out.begin(), out.end());
+        return joined(out);
+    };
+}
+Query filter(bool (*ask)(const std::string&)) {
+    return [ask](Strings names) {
+        std::erase_if(names, [&](const std::string& name) { return !ask(name); });
+        return joined(names);
+    };
+}
+Query name(HTEQPlatform* (*find)(const std::string&)) {
+    return [find](const Strings& a) { return find(a[0]) ? find(a[0])->getPlatformBaseName() : ""; };
 }
 
-TEST_F(HTEQPlatformUtilsTest, FindsPlatforms) {
-    const auto vbnv = [](const char* v, const char* b, const char* version) {
-        U::Platforms out;
-        U::getPlatformsByVBNV(v, b, "n", version, out);
-        return names(out);
-    };
-    EXPECT_THAT(vbnv("", "", ""), UnorderedElementsAre("card_1", "card_2", "kit"));
-    EXPECT_THAT(vbnv("hv", "b1", "1.10"), ElementsAre("card_2"));
-    EXPECT_THAT(vbnv("v", "", ""), IsEmpty());
-    U::Platforms latest;
-    U::getLatestPlatformsByVBNV("", "b1", "", "", latest);
-    EXPECT_THAT(names(latest), ElementsAre("card_2"));  // numbers are compared, not texts
-    EXPECT_FALSE(U::isLatestVersion(U::getPlatform("card_1")));
-    EXPECT_TRUE(U::isLatestVersion(U::getPlatform("card_1"), {U::getPlatform("kit")}));
+const std::map<std::string, Query> kQueries = {
+    {"isDUVPlatform", filter(U::isDUVPlatform)},
+    {"isWELPlatform", filter(U::isWELPlatform)},
+    {"isUnifiedPlatform", filter(U::isUnifiedPlatform)},
+    {"isExpandablePlatform", filter(U::isExpandablePlatform)},
+    {"isFixedPlatform", filter(U::isFixedPlatform)},
+    {"isProcessorGroupRelevant", filter(U::isProcessorGroupRelevant)},
+    {"isLinuxRootFSPathRelevant", filter(U::isLinuxRootFSPathRelevant)},
+    {"isUserPlatform", filter(U::isUserPlatform)},
+    {"supportsMultipleRuntimes", filter(U::supportsMultipleRuntimes)},
+    {"isLatestVersion", filter([](const std::string& one) { return U::isLatestVersion(U::getPlatform(one)); })},
+    {"getFpgaPart", [](const Strings& a) { return U::getFpgaPart(a[0]); }},
+    {"getFpgaPartAsFields", [](const Strings& a) { return joined(U::getFpgaPartAsFields(a[0])); }},
+    {"getPlatformByZdfFileBaseName", name(U::getPlatformByZdfFileBaseName)},
+    {"getPlatformByUniqueName", name(U::getPlatformByUniqueName)},
+    {"getPlatformsByVBNV", listing([](auto& a, auto& out) { U::getPlatformsByVBNV(a[0], a[1], a[2], a[3], out); })},
+    {"getLatestPlatformsByVBNV",
+     listing([](auto& a, auto& out) { U::getLatestPlatformsByVBNV(a[0], a[1], a[2], a[3], out); })},
+    {"getPlatformsByPart", listing([](auto& a, auto& out) { U::getPlatformsByPart(a[0], out); })},
+    {"getPlatformsByCategoryFamilyVendorAndBoard", listing([](auto& a, auto& out) {
+         U::getPlatformsByCategoryFamilyVendorAndBoard(a[0], a[1], a[2], a[3], !a[4].empty(), out);
+     })},
+    {"getPlatformsByDesignIntent", listing([](auto& a, auto& out) {
+         U::getPlatformsByDesignIntent(static_cast<unsigned>(std::stoul(a[0])), a[1], a[2], a[3], !a[4].empty(), out);
+     })},
+    {"getBoardsByPartAndVendor", texts([](auto& a, auto& out) { U::getBoardsByPartAndVendor(a[0], a[1], out); })},
+    {"getSupportedFpgaParts", texts([](auto&, auto& out) { U::getSupportedFpgaParts(out); })},
+    {"getPrettyNameForProductType", [](const Strings& a) { return U::getPrettyNameForProductType(a[0]); }},
+    {"getPrettyNameForLibType", [](const Strings& a) { return U::getPrettyNameForLibType(a[0]); }},
+    {"getAllLibraryTypes", texts([](auto&, auto& out) { U::getAllLibraryTypes(out); })},
+    {"getRuntimes", texts([](auto& a, auto& out) { U::getRuntimes(a[0], a[1], out); })},
+    {"getRuntimesByPrettyName", texts([](auto& a, auto& out) { U::getRuntimesByPrettyName(a[0], a[1], out); })},
+};
 
-    const auto category = [](const char* what, const char* part, const char* board, bool latestOnly) {
-        U::Platforms out;
-        U::getPlatformsByCategoryFamilyVendorAndBoard(what, part, "hv", board, latestOnly, out);
-        return names(out);
-    };
-    EXPECT_THAT(category("fennick", "A", "b1", false), UnorderedElementsAre("card_1", "card_2"));
-    EXPECT_THAT(category("fennick", "A", "", true), ElementsAre("card_2"));
-    EXPECT_THAT(category("lorimar", "A", "", false), IsEmpty());
-    EXPECT_THAT(category("lorimar", "B", "", false), ElementsAre("kit"));
-    EXPECT_THAT(category("any", "B", "b2", false), ElementsAre("kit"));
-    const auto intent = [](unsigned bits) {
-        U::Platforms out;
-        U::getPlatformsByDesignIntent(bits, "A", "", "", false, out);
-        return names(out);
-    };
-    EXPECT_THAT(intent(0), UnorderedElementsAre("card_1", "card_2"));
-    EXPECT_THAT(intent(8 | 1), ElementsAre("card_1"));
-    EXPECT_THAT(intent(4), IsEmpty());
-    Strings boards, parts;
-    U::getBoardsByPartAndVendor("A", "v", boards);
-    U::getBoardsByPartAndVendor("A", "hv", boards);  // the platform's vendor counts, not the hardware's
-    EXPECT_THAT(boards, ElementsAre("b1"));
-    U::getSupportedFpgaParts(parts);
-    EXPECT_THAT(parts, UnorderedElementsAre("A", "B"));
+TEST_F(HTEQPlatformUtilsTest, Queries) {
+    cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/repository/queries.case",
+                       [](const std::string& question, const std::string& text) {
+                           Strings arguments = HSTStringUtils::split(text, ' ');
+                           for (std::string& argument : arguments)
+                               if (argument == "-") argument.clear();
+                           return kQueries.at(question.substr(0, question.find(':')))(arguments);
+                       });
 }
 
 TEST_F(HTEQPlatformUtilsTest, FindsByFile) {
     const std::string file = scratch / "user/kit/kit.zdf";
     HTEQPlatform* const kit = U::getPlatformByUniqueName(file);
     ASSERT_NE(kit, nullptr);
-    EXPECT_EQ(U::getPlatformByUniqueName("KIT"), kit);
     EXPECT_EQ(U::getPlatformByUniqueName(HSTStringUtils::toUpper(file)), kit);
-    EXPECT_EQ(U::getPlatformByZdfFileBaseName("kit"), kit);
-    EXPECT_EQ(U::getPlatformByZdfFileBaseName("KIT"), nullptr);
     EXPECT_EQ(U::getPlatformByFilePath(scratch / "user/../user/kit/kit.zdf"), kit);
     EXPECT_EQ(capture.printed(), "");
     setenv("GET_PLATFORM_BY_PATH_DEBUG_VAR", "", 1);
@@ -171,39 +177,17 @@ TEST_F(HTEQPlatformUtilsTest, Directories) {
     EXPECT_THAT(U::splitToFullDirs(scratch / "x/..:"), ElementsAre(scratch.str(), ""));
 }
 
-TEST_F(HTEQPlatformUtilsTest, Vocabulary) {
-    EXPECT_EQ(U::getPrettyNameForProductType("fennick") + U::getPrettyNameForProductType("lorimar") +
-                  U::getPrettyNameForProductType("x"),
-              "FennickLorimarTeq");
-    Strings types;
-    U::getAllLibraryTypes(types);
-    EXPECT_THAT(types, ElementsAre("c-callable", "shared", "static"));
-    EXPECT_EQ(U::getPrettyNameForLibType("c-callable"), "C-Callable Library");
-    EXPECT_EQ(U::getPrettyNameForLibType("dynamic"), "");
-    const auto runtimes = [](auto query, const char* name) {
-        Strings out;
-        query(name, "c", out);
-        return HSTStringUtils::join(out, ",");
-    };
-    EXPECT_EQ(runtimes(U::getRuntimes, "card_1"), "ocl");  // by its intent: the software names none
-    EXPECT_EQ(runtimes(U::getRuntimesByPrettyName, "kit"), "C/C++");
-    EXPECT_EQ(runtimes(U::getRuntimes, "unknown"), "");
-    HTEQSoftwarePlatform& software = *U::getPlatform("kit")->getSoftwarePlatform();
-    software.getSystemConfig()->addRuntime("ocl");
-    HTEQSystemConfig* const second = software.addSystemConfig();
-    second->setName("d");
-    second->addRuntime("x");
-    EXPECT_EQ(runtimes(U::getRuntimes, "kit"), "ocl");
-    EXPECT_EQ(U::getNumRuntimes("kit", "no such configuration"), 2U);
-}
-
 TEST_F(HTEQPlatformUtilsTest, SoftwareByUniqueName) {
     using S = HTEQSoftwarePlatformUtils;
     HTEQSoftwarePlatform& software = *U::getPlatform("kit")->getSoftwarePlatform();
+    software.getSystemConfig()->addRuntime("ocl");
+    EXPECT_EQ(kQueries.at("getRuntimes")({"kit", "c"}), "ocl");
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("kit", "c"), software.getSystemConfig());
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("kit", "C"), nullptr);  // its pretty name
     HTEQSystemConfig* const last = software.addSystemConfig();
     last->setName("c");
+    last->addRuntime("x");
+    EXPECT_EQ(U::getNumRuntimes("kit", "no such configuration"), 2U);
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("KIT", "c"), last);
     HTEQProcessorGroup* const group = last->addProcessorGroup();
     group->setName("g");

@@ -5,6 +5,7 @@
 #include <platform/PlatformQueries.h>
 
 #include "Console.h"
+#include "Load.h"
 
 namespace requests = teq_platform::requests;
 using requests::CatalogEntry;

@@ -53,7 +53,7 @@ std::string trace(const requests::Verdict& verdict) {
 }
 
 Exit judge(const std::string& file, const Call& call, Records& records, std::string& text) {
-    const requests::Verdict verdict = requests::verdict(loaded(file, call), requestOf(call));
+    const requests::Verdict verdict = requests::verdict(loaded(platformFile(file, call), call), requestOf(call));
     boost::json::object record{{"file", file},
                                {"usable", verdict.isSupported},
                                {"reason", verdict.reason},
@@ -77,8 +77,8 @@ Exit judgeForTools(const std::string& file, const Call& call, Records& records, 
         throw teq_platform::RequestError(teq_platform::FailureKind::wrongUse,
                                          {.text = "--matrix expects two versions, as 2025.1..2027.2"});
     std::vector<std::vector<std::string>> rows;
-    for (const auto& [tool, verdict] :
-         requests::verdicts(loaded(file, call), requestOf(call), range.substr(0, dots), range.substr(dots + 2))) {
+    for (const auto& [tool, verdict] : requests::verdicts(loaded(platformFile(file, call), call), requestOf(call),
+                                                          range.substr(0, dots), range.substr(dots + 2))) {
         rows.push_back({tool, answerOf(verdict), verdict.steps.back().rule});
         records.add({{"file", file},
                      {"tool", tool},

@@ -44,11 +44,12 @@ void useAppRoot(const Call& call) {
 }  // namespace
 
 int runQuery(const Call& call) {
-    const auto platform = loaded(call["FILE"], call);
-    const Questions questions(*platform, call["FILE"]);
+    const std::string file = platformFile(call["FILE"], call);
+    const auto platform = loaded(file, call);
+    const Questions questions(*platform, file);
     const std::vector<std::string>& paths = call.all("PATH...");
     Records records("answer");
-    const Exit exit = forEach(paths, call["FILE"], [&](const std::string& path) {
+    const Exit exit = forEach(paths, file, [&](const std::string& path) {
         const Questions::Answer answer = questions.answer(path);
         if (Records::areAsked(call))
             return records.add({{"path", path}, {"kind", kindName(answer.kind)}, {"answer", answer.text}});
@@ -65,10 +66,11 @@ int runQuery(const Call& call) {
 }
 
 int runKeys(const Call& call) {
-    const auto platform = loaded(call["FILE"], call);
+    const std::string file = platformFile(call["FILE"], call);
+    const auto platform = loaded(file, call);
     Records records("key");
     std::string lines;
-    for (const std::string& key : Questions(*platform, call["FILE"]).keys(call.get("[PREFIX]", ""))) {
+    for (const std::string& key : Questions(*platform, file).keys(call.get("[PREFIX]", ""))) {
         if (Records::areAsked(call))
             records.add({{"key", key}});
         else
@@ -107,7 +109,7 @@ int runDoc(const Call& call) {
 
 int runDict(const Call& call) {
     const std::vector<std::string> filters = call.values("filter");
-    const auto dict = requests::dict({.file = call["FILE"],
+    const auto dict = requests::dict({.file = platformFile(call["FILE"], call),
                                       .branch = call.get("[BRANCH]", ""),
                                       .filters = {filters.begin(), filters.end()},
                                       .useDefaultFilter = call.has("default-filter")});
@@ -125,7 +127,7 @@ int runDict(const Call& call) {
 }
 
 int runTransform(const Call& call) {
-    const auto entries = requests::transform(call["FILE"], call["SPEC"]);
+    const auto entries = requests::transform(platformFile(call["FILE"], call), call["SPEC"]);
     Records records("transformation");
     records.add({{"specification", call["SPEC"]}, {"entries", entries}});
     if (Records::areAsked(call))

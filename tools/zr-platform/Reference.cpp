@@ -1,5 +1,6 @@
 #include "Reference.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include <platform/PlatformCheck.h>
@@ -77,11 +78,17 @@ std::string bash() {
         names += std::string(names.empty() ? "" : " ") + verb.name;
         std::string options;
         for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
+        if (std::any_of(verb.positionals.begin(), verb.positionals.end(),
+                        [](const Positional& positional) { return positional.isPlatform; }))
+            options += "$(_zr_platform_names) ";
         cases.append("        ").append(verb.name).append(") words=\"").append(options);
         cases.append("--help").append(common).append("\" ;;\n");
     }
-    return "_zr_platform() {\n    local words=\"" + names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" +
-           cases +
+    // The shell expands what compgen gets, and a file may have any name: only harmless ones are offered.
+    return "_zr_platform_names() {\n    zr-platform list --path-only --quiet 2>/dev/null |\n"
+           "        sed 's|.*/||; s|\\.zdf$||' | grep -x '[A-Za-z0-9._+-]*'\n}\n"
+           "_zr_platform() {\n    local words=\"" +
+           names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" + cases +
            "    esac\n    mapfile -t COMPREPLY < <(compgen -o default -W \"$words\" -- "
            "\"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
            "complete -o filenames -F _zr_platform zr-platform\n";

@@ -79,9 +79,8 @@ zr_code zr_catalog(const char* path, std::uint32_t flags, zr_text** catalog, zr_
     if (catalog) *catalog = nullptr;
     return guarded(error, path, [&] {
         checkFlags(flags, ZR_DETAILED);
-        requests::CatalogRequest request{.isDetailed = (flags & ZR_DETAILED) != 0};
-        if (path) request.dirs = HSTStringUtils::split(path, ':');
-        request.withDefaults = !path;
+        requests::CatalogRequest request{.where = {}, .isDetailed = (flags & ZR_DETAILED) != 0};
+        if (path) request.where = {HSTStringUtils::split(path, ':'), false};
         give(catalog, requests::catalogDocument(request, nullptr));
     });
 }

@@ -10,7 +10,9 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 #include <system_error>
+#include <utility>
 #include <vector>
 
 #include "msg/HEXAll.h"
@@ -35,10 +37,18 @@ struct Named {
 /// A directory that is being walked: all its entries were read when it was entered, so that only one is open at a time.
 struct Level {
     std::string path;
-    dev_t device = 0;
-    ino_t inode = 0;
+    bool isLinked;  ///< whether the way to it follows a link
+    std::optional<std::pair<dev_t, ino_t>> identity = {};
     std::vector<Named> entries = {};
     std::size_t next = 0;
+
+    /// Asked for only where a link has been followed: without one no way leads back.
+    const std::pair<dev_t, ino_t>& identify() {
+        struct stat status {};
+        if (!identity && ::stat(path.c_str(), &status) != 0) fail(path);
+        if (!identity) identity.emplace(status.st_dev, status.st_ino);
+        return *identity;
+    }
 };
 
 class Walk {
@@ -46,7 +56,7 @@ public:
     Walk(const WalkRules& rules, const Visitor& visitor) : rules_(rules), visitor_(visitor) {}
 
     void run(const std::string& directory) {
-        enter(directory);
+        enter(directory, false);
         while (!levels_.empty()) {
             Level& level = levels_.back();
             if (level.next == level.entries.size())
@@ -69,17 +79,15 @@ private:
         }
     }
 
-    void enter(const std::string& path) {
+    void enter(const std::string& path, bool isLink) {
         if (levels_.size() == rules_.maxLevels) return visitor_.skipped(path, Skip::tooDeep);
         reporting(path, [&] {
             const int links = rules_.followsLinks || levels_.empty() ? 0 : O_NOFOLLOW;
             const util::Descriptor opened(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | links));
-            struct stat status {};
-            if (!opened.isOpen() || ::fstat(opened.get(), &status) != 0) fail(path);
-            Level level{path, status.st_dev, status.st_ino};
-            if (std::any_of(levels_.begin(), levels_.end(), [&](const Level& passed) {
-                    return passed.device == level.device && passed.inode == level.inode;
-                }))
+            if (!opened.isOpen()) fail(path);
+            Level level{path, isLink || (!levels_.empty() && levels_.back().isLinked)};
+            if (level.isLinked && std::any_of(levels_.begin(), levels_.end(),
+                                              [&](Level& passed) { return passed.identify() == level.identify(); }))
                 return visitor_.skipped(path, Skip::loop);
             read(opened.get(), level);
             levels_.push_back(std::move(level));
@@ -108,16 +116,17 @@ private:
     /// `level` and `named` are gone after `enter`.
     void visit(const std::string& directory, const Named& named) {
         unsigned char type = named.type;
+        bool isLink = type == DT_LNK;
         if (type == DT_UNKNOWN || type == DT_LNK) {
             const std::string path = joined(directory, named.name);
             struct stat status {};
             if (type == DT_UNKNOWN && ::lstat(path.c_str(), &status) != 0) return;  // gone
-            const bool isLink = type == DT_LNK || S_ISLNK(status.st_mode);
+            isLink = isLink || S_ISLNK(status.st_mode);
             if (isLink && ::stat(path.c_str(), &status) != 0) return visitor_.skipped(path, Skip::brokenLink);
             type = IFTODT(status.st_mode);
             if (isLink && type == DT_DIR && !rules_.followsLinks) return;
         }
-        if (type == DT_DIR) return enter(joined(directory, named.name));
+        if (type == DT_DIR) return enter(joined(directory, named.name), isLink);
         const Entry entry{directory, named.name, type == DT_REG};
         reporting(directory, [&] { visitor_.file(entry); });
     }

@@ -33,7 +33,7 @@ void forEachReport(const CatalogRequest& request,
                    const std::function<void(const std::string& file, ptree* report, const HEXDiagnostic&)>& use) {
     const msg::Silence silence;
     HSTVector<std::string> files;
-    teq::platform::NativePlatformRepoService().getZdfFiles("", request.dirs, request.withDefaults, files);
+    teq::platform::NativePlatformRepoService().getZdfFiles("", request.where.dirs, request.where.withDefaults, files);
     for (const std::string& file : files) {
         std::optional<ptree> report;
         HEXDiagnostic reason;
