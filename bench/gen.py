@@ -214,10 +214,27 @@ def make_all():
         one_member(os.path.join(OUT, "ports%d.lfa" % count), "lfa.xml", with_ports(count))
 
 
+def make_repositories():
+    """find1000 and find10000 with descriptors only; repo1000 with archives of 40 KB of metadata."""
+    document = metadata(40_000)
+    for repository, count in (("find1000", 1_000), ("find10000", 10_000), ("repo1000", 1_000)):
+        for i in range(count):
+            directory = "%s/%03d/p%d" % (repository, i % 100, i)
+            os.makedirs(os.path.join(OUT, directory, "hw"), exist_ok=True)
+            put("%s/p%d.zdf" % (directory, i), descriptor("hw/p%d.lfa" % i))
+            if repository == "repo1000":
+                archive(os.path.join(OUT, directory, "hw/p%d.lfa" % i), document, 10, 100)
+                put("%s/sample.spfm" % directory, SOFTWARE)
+
+
 def make_300():
     put("new.bit", bitstream(3_000_000))
     archive(os.path.join(OUT, "a300.lfa"), metadata(400_000), 60, 400_000_000)
 
 
 os.makedirs(OUT, exist_ok=True)
-make_300() if sys.argv[2:] == ["300"] else make_all()
+if sys.argv[2:] == ["300"]:
+    make_300()
+else:
+    make_all()
+    make_repositories()

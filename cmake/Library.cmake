@@ -35,3 +35,6 @@ install(FILES ${PROJECT_BINARY_DIR}/zr_platformConfig.cmake ${PROJECT_BINARY_DIR
 file(RELATIVE_PATH zr_include_from_pc ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/zr_platform.pc.in ${PROJECT_BINARY_DIR}/zr_platform.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/zr_platform.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+install(FILES ${PROJECT_SOURCE_DIR}/share/platforms/platform_keys_doc.json
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/zr_platform/platforms)

@@ -5,6 +5,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bench/bench
+tool=$PWD/build/bench/tools/zr-platform/zr-platform
 data=$PWD/build/bench-data
 
 large() { # ROUNDS
@@ -38,7 +39,7 @@ if [ "${1:-}" = 300 ]; then
     exit
 fi
 rounds=${1:-60}
-[ -f "$data/ports50000.lfa" ] || python3 bench/gen.py "$data"
+[ -d "$data/repo1000" ] || python3 bench/gen.py "$data"
 cd "$data"
 
 documents() { # TITLE BASE
@@ -54,6 +55,16 @@ echo "== loading and writing, 400 KB of XML metadata and the JSON metadata of th
 "$bin/interleave" "$rounds" "by JSON" "$bin/document byjson.lfa" -- "by XML" "$bin/document byxml.lfa"
 echo "== 10 and 100 partitions (the ratio counts)"
 "$bin/interleave" "$rounds" "10 partitions" "$bin/document p10.zdf" -- "100 partitions" "$bin/document p100.zdf"
+echo "== finding and parsing the descriptors of 1,000 and 10,000 platforms"
+"$bin/interleave" "$rounds" scan "$bin/scan find1000" -- ours "$bin/search find find1000" -- \
+    "scan, 10,000" "$bin/scan find10000" -- "ours, 10,000" "$bin/search find find10000"
+echo "== registry of 1,000 platforms"
+"$bin/interleave" $((rounds / 10 + 1)) "single loads" "$bin/search loads repo1000" -- registry "$bin/search registry repo1000"
+echo "== one path of a document to the document, whole processes"
+"$bin/interleave" "$rounds" document "$bin/document a400k.zdf" -- query "$tool query a400k.zdf vendor"
+echo "== questions and verdicts to loads"
+"$bin/bench_questions" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \
+    2>/dev/null | grep -E 'median|^Bench'
 echo "== start of a process"
 "$bin/interleave" $((rounds * 4)) "plain C++" "$bin/empty" -- "linked with the library" "$bin/linked"
 if command -v strace >/dev/null; then

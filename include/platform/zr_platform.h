@@ -72,12 +72,23 @@ typedef enum zr_field {
 
 /* Each function states which of them it accepts. */
 typedef enum zr_flag {
-    ZR_OVERWRITE = 1,   /* replace an existing file */
-    ZR_MAY_LACK = 2,    /* files that the metadata lists may be missing, and the metadata may be unreadable */
-    ZR_LOSE_KEYS = 4,   /* write although keys of the metadata are lost or changed */
-    ZR_STRIP_PATHS = 8, /* omit "platformFile", a path on the author's machine, from the metadata */
-    ZR_DRY_RUN = 16     /* check everything, write nothing */
+    ZR_OVERWRITE = 1,        /* replace an existing file */
+    ZR_MAY_LACK = 2,         /* files that the metadata lists may be missing, and the metadata may be unreadable */
+    ZR_LOSE_KEYS = 4,        /* write although keys of the metadata are lost or changed */
+    ZR_STRIP_PATHS = 8,      /* omit "platformFile", a path on the author's machine, from the metadata */
+    ZR_DRY_RUN = 16,         /* check everything, write nothing */
+    ZR_NO_DEFAULTS = 32,     /* do not search the default repositories */
+    ZR_LATEST = 64,          /* of each vendor, board and name only the highest version */
+    ZR_DEFAULT_FILTER = 128, /* keep the keys of tile array, ids and files */
+    ZR_DETAILED = 256        /* every fact of a report */
 } zr_flag;
+
+/* What the support policy is asked; docs/policy.md has its rules. */
+typedef enum zr_question {
+    ZR_QUESTION_USE = 0,       /* may the tool use the platform */
+    ZR_QUESTION_PRE_SYNTH = 1, /* may it use it as a platform before synthesis */
+    ZR_QUESTION_OPEN = 2       /* may it open the hardware platform */
+} zr_question;
 
 typedef enum zr_digest { ZR_DIGEST_NONE = 0, ZR_DIGEST_VALID = 1, ZR_DIGEST_BROKEN = 2 } zr_digest;
 
@@ -94,12 +105,29 @@ typedef enum zr_reason {
 
 typedef enum zr_severity { ZR_WARNING = 0, ZR_ERROR = 1 } zr_severity;
 
+typedef enum zr_state {
+    ZR_STATE_GOOD = 0,
+    ZR_STATE_SHADOWED = 1, /* an earlier platform has the same name */
+    ZR_STATE_BROKEN = 2    /* it cannot be read */
+} zr_state;
+
+typedef enum zr_answer_kind {
+    ZR_ANSWER_TEXT = 0,
+    ZR_ANSWER_NUMBER = 1, /* decimal */
+    ZR_ANSWER_FLAG = 2,   /* "true" or "false" */
+    ZR_ANSWER_LIST = 3    /* an item of a list; the items follow each other */
+} zr_answer_kind;
+
 typedef struct zr_error zr_error;
 typedef struct zr_text zr_text;
 typedef struct zr_platform zr_platform;
 typedef struct zr_archive zr_archive;
 typedef struct zr_verification zr_verification;
 typedef struct zr_findings zr_findings;
+typedef struct zr_platforms zr_platforms;
+typedef struct zr_answers zr_answers;
+typedef struct zr_connectors zr_connectors;
+typedef struct zr_verdict zr_verdict;
 
 /* Input; NULL instead means all defaults. */
 typedef struct zr_options {
@@ -143,6 +171,79 @@ typedef struct zr_finding {
     uint32_t severity;   /* a zr_severity */
     uint32_t reserved;
 } zr_finding;
+
+/* Input; NULL instead means all defaults: every platform in the default repositories. */
+typedef struct zr_search {
+    size_t size;
+    const char* path; /* directories separated by ":", searched before the default repositories; may be NULL */
+    uint32_t flags;   /* ZR_NO_DEFAULTS, and for zr_find ZR_LATEST */
+    uint32_t reserved;
+    /* For zr_find; NULL or "" accepts everything. With any of them except `name`, the platforms are loaded. */
+    const char* name;   /* ignoring case; may have "*", "?" and "[...]" */
+    const char* type;   /* "fennick", "lorimar", "acceleration" or "undefined" */
+    const char* part;   /* architecture or name of the part, ignoring case */
+    const char* board;  /* board id */
+    const char* vbnv;   /* "vendor:board:name:version"; an empty field accepts everything */
+    const char* intent; /* "server-managed", "external-host", "embedded", "data-center"; all of a list with "," */
+} zr_search;
+
+/* Output. */
+typedef struct zr_found {
+    size_t size;
+    const char* name;        /* of the file, without ".zdf" */
+    const char* file;        /* the descriptor */
+    const char* repository;  /* the directory that was searched */
+    const char* shadowed_by; /* with ZR_STATE_SHADOWED the file that has the name */
+    const char* reason;      /* with ZR_STATE_BROKEN why, for people */
+    const char* vendor;      /* from the descriptor, with ZR_STATE_GOOD, like version and description */
+    const char* version;
+    const char* description;
+    const char* type; /* these four are "" unless the platform was loaded */
+    const char* part;
+    const char* board;
+    const char* vbnv;
+    uint32_t state; /* a zr_state */
+    uint32_t reserved;
+} zr_found;
+
+/* Output. */
+typedef struct zr_answer {
+    size_t size;
+    const char* name; /* stable */
+    const char* value;
+    uint32_t kind; /* a zr_answer_kind */
+    uint32_t reserved;
+} zr_answer;
+
+/* Output. A board without connectors gives one with the name "". */
+typedef struct zr_connector {
+    size_t size;
+    const char* part; /* of the board */
+    const char* board;
+    const char* file; /* the board's */
+    const char* name;
+    const char* display_name;
+    const char* type;
+    const char* fits; /* names of the DIMM connectors that it can be connected to, each followed by a line end */
+} zr_connector;
+
+/* Input; NULL instead means all defaults. */
+typedef struct zr_policy {
+    size_t size;
+    uint32_t question;        /* a zr_question */
+    uint32_t reserved;        /* 0 */
+    const char* tool_version; /* as "2026.2"; NULL: that of the library */
+    const char* app_root;     /* whose exception list applies, and whose name tells the product; NULL: the host's */
+} zr_policy;
+
+/* Output. */
+typedef struct zr_policy_step {
+    size_t size;
+    const char* rule;
+    const char* facts; /* what the rule looked at, as "tool version: 2026.2, unified: yes"; untrusted text */
+    uint32_t applies;  /* 1: the rule decided */
+    uint32_t reserved;
+} zr_policy_step;
 
 /* Given to a message function. */
 typedef struct zr_message {
@@ -211,6 +312,55 @@ ZR_C_API zr_code zr_platform_short_document(const zr_platform* platform, zr_text
  * the platform cannot be written in this form. */
 ZR_C_API zr_code zr_platform_xml(const zr_platform* platform, zr_text** xml, zr_error** error) ZR_NOEXCEPT;
 
+/* ---- Questions */
+
+/* The answer of a path in the platform's document (docs/paths.md): a value as it is, an object as JSON, a list as JSON
+ * under the path's last segment. A path that selects nothing is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_platform_query(zr_platform* platform, const char* path, zr_text** answer,
+                                   zr_error** error) ZR_NOEXCEPT;
+/* {"keys": [...]}: the keys of the document, or `prefix` and those below it unless it is NULL. An unknown prefix is
+ * ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_platform_keys(zr_platform* platform, const char* prefix, zr_text** keys,
+                                  zr_error** error) ZR_NOEXCEPT;
+/* {"keys": [{"key": ..., "meaning": ..., "form": ..., "unit": ..., "source": ...}]}: of one key of documents, or of all
+ * for NULL. An unknown key is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_key_documentation(const char* key, zr_text** documentation, zr_error** error) ZR_NOEXCEPT;
+/* An object of key paths and values: a branch of the file's document, or all of it for NULL; of an archive, the document
+ * is its hardware platform. Of `filter_count` filters, entries are kept whose key is one of them, with "[*]" for any
+ * index. Accepts ZR_DEFAULT_FILTER. A branch that does not exist is ZR_NOT_FOUND. */
+ZR_C_API zr_code zr_dict(const char* file, const char* branch, const char* const* filters, uint64_t filter_count,
+                         uint32_t flags, zr_text** dict, zr_error** error) ZR_NOEXCEPT;
+/* Checks a transform specification and counts its entries; no transformation is applied yet. */
+ZR_C_API zr_code zr_transform(const char* file, const char* specification, uint64_t* entries,
+                              zr_error** error) ZR_NOEXCEPT;
+
+/* {"platforms": [...]}: a report of each platform in the directories, which are separated by ":", or in the default
+ * repositories for NULL. Platforms that cannot be read are left out. Accepts ZR_DETAILED. */
+ZR_C_API zr_code zr_catalog(const char* path, uint32_t flags, zr_text** catalog, zr_error** error) ZR_NOEXCEPT;
+
+/* ---- The support policy */
+
+/* A refusal is a result, not a failure. */
+ZR_C_API zr_code zr_platform_check(const zr_platform* platform, const zr_policy* policy, zr_verdict** verdict,
+                                   zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_verdict_free(zr_verdict* verdict) ZR_NOEXCEPT;
+/* 1 if the tool supports the platform, else 0; 0 for NULL. */
+ZR_C_API int zr_verdict_is_supported(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The sentence for the user; "" if the verdict needs none. */
+ZR_C_API const char* zr_verdict_reason(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The newest tool that supports the platform, as "2027.*", "2030.1" or "any"; "" if none does. */
+ZR_C_API const char* zr_verdict_newest_tool(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* An exception list, as JSON, that would turn the verdict round; "" if none would. */
+ZR_C_API const char* zr_verdict_exceptions(const zr_verdict* verdict) ZR_NOEXCEPT;
+/* The rules that were tried, in their order; the last one decided. */
+ZR_C_API uint64_t zr_verdict_count(const zr_verdict* verdict) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_verdict_step(const zr_verdict* verdict, uint64_t index, zr_policy_step* step,
+                                 zr_error** error) ZR_NOEXCEPT;
+/* Writes an exception list, which is JSON, in the packed form that the policy reads. Accepts ZR_OVERWRITE. */
+ZR_C_API zr_code zr_pack_exceptions(const char* json, const char* list, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
+/* The JSON of a packed exception list. */
+ZR_C_API zr_code zr_exceptions(const char* list, zr_text** json, zr_error** error) ZR_NOEXCEPT;
+
 /* ---- Reading archives. An open archive is the file that was opened, even if it is replaced later. */
 
 /* Any zip archive. Of `options`, max_unpacked is used. */
@@ -276,5 +426,39 @@ ZR_C_API zr_code zr_findings_get(const zr_findings* findings, uint64_t index, zr
 ZR_C_API zr_code zr_explain(const char* name, zr_text** text, zr_error** error) ZR_NOEXCEPT;
 /* The W3C XML Schema of a format: "zdf", "spfm", "hpfm", "cfa" or "emu". */
 ZR_C_API zr_code zr_schema(const char* format, zr_text** text, zr_error** error) ZR_NOEXCEPT;
+
+/* ---- Finding platforms in repositories. docs/finding.md has the rules. */
+
+/* Good platforms, repository by repository and sorted by path in each, then shadowed ones, then ones that cannot be
+ * read. Reads only descriptors unless there is a filter. */
+ZR_C_API zr_code zr_find(const zr_search* search, zr_platforms** platforms, zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_platforms_free(zr_platforms* platforms) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_platforms_count(const zr_platforms* platforms) ZR_NOEXCEPT;
+/* The texts are valid as long as the platforms. */
+ZR_C_API zr_code zr_platforms_get(const zr_platforms* platforms, uint64_t index, zr_found* found,
+                                  zr_error** error) ZR_NOEXCEPT;
+/* The file for an argument that is a file or the name of a platform: a path and the name of an existing file are
+ * returned unchanged. ZR_NOT_FOUND if no platform has the name. */
+ZR_C_API zr_code zr_resolve(const char* file_or_name, const zr_search* search, zr_text** file,
+                            zr_error** error) ZR_NOEXCEPT;
+/* Why a search does not find a descriptor: "RULE: text", where RULE is "found" if it does. */
+ZR_C_API zr_code zr_why_not(const char* file, const zr_search* search, zr_text** why, zr_error** error) ZR_NOEXCEPT;
+/* The directories that are searched, each once, separated by ":". */
+ZR_C_API zr_code zr_search_path(const zr_search* search, zr_text** path, zr_error** error) ZR_NOEXCEPT;
+/* Answers to common questions about a platform. */
+ZR_C_API zr_code zr_platform_answers(const zr_platform* platform, zr_answers** answers, zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_answers_free(zr_answers* answers) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_answers_count(const zr_answers* answers) ZR_NOEXCEPT;
+/* The texts are valid as long as the answers. */
+ZR_C_API zr_code zr_answers_get(const zr_answers* answers, uint64_t index, zr_answer* answer,
+                                zr_error** error) ZR_NOEXCEPT;
+/* The connectors of all boards in the board repositories of a path, board by board. Files that cannot be read are
+ * skipped. */
+ZR_C_API zr_code zr_boards(const char* path, zr_connectors** connectors, zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_connectors_free(zr_connectors* connectors) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_connectors_count(const zr_connectors* connectors) ZR_NOEXCEPT;
+/* The texts are valid as long as the connectors. */
+ZR_C_API zr_code zr_connectors_get(const zr_connectors* connectors, uint64_t index, zr_connector* connector,
+                                   zr_error** error) ZR_NOEXCEPT;
 
 #endif

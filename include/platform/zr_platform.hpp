@@ -75,6 +75,44 @@ struct Finding {
     std::string name, element, text;
 };
 
+/// Where and what to search, see `zr_search`.
+struct Search {
+    std::string path;         ///< directories separated by ":"
+    std::uint32_t flags = 0;  ///< ZR_NO_DEFAULTS, ZR_LATEST
+    std::string name, type, part, board, vbnv, intent;
+};
+
+struct Found {
+    std::string name, file, repository, shadowedBy, reason, vendor, version, description, type, part, board, vbnv;
+    zr_state state = ZR_STATE_GOOD;
+};
+
+struct Answer {
+    std::string name, value;
+    zr_answer_kind kind = ZR_ANSWER_TEXT;
+};
+
+struct Connector {
+    std::string part, board, file, name, displayName, type, fits;
+};
+
+struct Policy {
+    zr_question question = ZR_QUESTION_USE;
+    std::string toolVersion;  ///< empty: that of the library
+    std::string appRoot;      ///< empty: the host's
+};
+
+struct PolicyStep {
+    std::string rule, facts;
+    bool applies = false;
+};
+
+struct Verdict {
+    bool isSupported = false;
+    std::string reason, newestTool, exceptions;
+    std::vector<PolicyStep> steps;
+};
+
 namespace detail {
 
 /// Frees an object of the C interface.
@@ -85,6 +123,10 @@ struct Free {
     void operator()(zr_archive* archive) const { zr_archive_free(archive); }
     void operator()(zr_verification* verification) const { zr_verification_free(verification); }
     void operator()(zr_findings* findings) const { zr_findings_free(findings); }
+    void operator()(zr_platforms* platforms) const { zr_platforms_free(platforms); }
+    void operator()(zr_answers* answers) const { zr_answers_free(answers); }
+    void operator()(zr_connectors* connectors) const { zr_connectors_free(connectors); }
+    void operator()(zr_verdict* verdict) const { zr_verdict_free(verdict); }
 };
 template <class T>
 using Owned = std::unique_ptr<T, Free>;
@@ -125,6 +167,20 @@ inline zr_options optionsOf(const Options& options) {
     return given;
 }
 
+inline zr_search searchOf(const Search& search) {
+    zr_search given{};
+    given.size = sizeof given;
+    given.path = search.path.c_str();
+    given.flags = search.flags;
+    given.name = search.name.c_str();
+    given.type = search.type.c_str();
+    given.part = search.part.c_str();
+    given.board = search.board.c_str();
+    given.vbnv = search.vbnv.c_str();
+    given.intent = search.intent.c_str();
+    return given;
+}
+
 /// The item that `function` returns from an object's list.
 template <class Item, class Function, class T>
 Item itemOf(Function function, const T* list, std::uint64_t index) {
@@ -153,6 +209,39 @@ public:
     std::string document() const { return detail::textOf(zr_platform_document, handle_.get()); }
     std::string shortDocument() const { return detail::textOf(zr_platform_short_document, handle_.get()); }
     std::string xml() const { return detail::textOf(zr_platform_xml, handle_.get()); }
+    std::vector<Answer> answers() const {
+        const auto made = detail::make<zr_answers>(zr_platform_answers, handle_.get());
+        std::vector<Answer> answers;
+        for (std::uint64_t i = 0; i < zr_answers_count(made.get()); ++i) {
+            const auto a = detail::itemOf<zr_answer>(zr_answers_get, made.get(), i);
+            answers.push_back({a.name, a.value, static_cast<zr_answer_kind>(a.kind)});
+        }
+        return answers;
+    }
+    std::string query(const std::string& path) {
+        return detail::textOf(zr_platform_query, handle_.get(), path.c_str());
+    }
+    std::string keys(const std::string& prefix = "") {
+        return detail::textOf(zr_platform_keys, handle_.get(), prefix.c_str());
+    }
+    Verdict check(const Policy& policy = {}) const {
+        zr_policy given{};
+        given.size = sizeof given;
+        given.question = policy.question;
+        given.tool_version = policy.toolVersion.c_str();
+        given.app_root = policy.appRoot.c_str();
+        const auto made = detail::make<zr_verdict>(zr_platform_check, handle_.get(), &given);
+        Verdict verdict;
+        verdict.isSupported = zr_verdict_is_supported(made.get()) != 0;
+        verdict.reason = zr_verdict_reason(made.get());
+        verdict.newestTool = zr_verdict_newest_tool(made.get());
+        verdict.exceptions = zr_verdict_exceptions(made.get());
+        for (std::uint64_t i = 0; i < zr_verdict_count(made.get()); ++i) {
+            const auto step = detail::itemOf<zr_policy_step>(zr_verdict_step, made.get(), i);
+            verdict.steps.push_back({step.rule, step.facts, step.applies != 0});
+        }
+        return verdict;
+    }
 
 private:
     detail::Owned<zr_platform> handle_;
@@ -240,6 +329,66 @@ inline std::vector<Finding> validate(const std::string& file, const Options& opt
     }
     return findings;
 }
+
+inline std::vector<Found> find(const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    const auto made = detail::make<zr_platforms>(zr_find, &given);
+    std::vector<Found> all;
+    for (std::uint64_t i = 0; i < zr_platforms_count(made.get()); ++i) {
+        const auto f = detail::itemOf<zr_found>(zr_platforms_get, made.get(), i);
+        all.push_back({f.name, f.file, f.repository, f.shadowed_by, f.reason, f.vendor, f.version, f.description,
+                       f.type, f.part, f.board, f.vbnv, static_cast<zr_state>(f.state)});
+    }
+    return all;
+}
+
+inline std::string resolve(const std::string& fileOrName, const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_resolve, fileOrName.c_str(), &given);
+}
+
+inline std::string whyNot(const std::string& file, const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_why_not, file.c_str(), &given);
+}
+
+inline std::string searchPath(const Search& search = {}) {
+    const zr_search given = detail::searchOf(search);
+    return detail::textOf(zr_search_path, &given);
+}
+
+inline std::vector<Connector> boards(const std::string& path) {
+    const auto made = detail::make<zr_connectors>(zr_boards, path.c_str());
+    std::vector<Connector> connectors;
+    for (std::uint64_t i = 0; i < zr_connectors_count(made.get()); ++i) {
+        const auto c = detail::itemOf<zr_connector>(zr_connectors_get, made.get(), i);
+        connectors.push_back({c.part, c.board, c.file, c.name, c.display_name, c.type, c.fits});
+    }
+    return connectors;
+}
+
+inline std::string keyDocumentation(const std::string& key = "") {
+    return detail::textOf(zr_key_documentation, key.c_str());
+}
+inline std::string dict(const std::string& file, const std::string& branch = "",
+                        const std::vector<std::string>& filters = {}, std::uint32_t flags = 0) {
+    std::vector<const char*> texts;
+    for (const std::string& filter : filters) texts.push_back(filter.c_str());
+    return detail::textOf(zr_dict, file.c_str(), branch.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
+}
+/// `path`: empty for the default repositories.
+inline std::string catalog(const std::string& path = "", std::uint32_t flags = 0) {
+    return detail::textOf(zr_catalog, path.empty() ? nullptr : path.c_str(), flags);
+}
+inline std::uint64_t transform(const std::string& file, const std::string& specification) {
+    std::uint64_t entries = 0;
+    detail::call(zr_transform, file.c_str(), specification.c_str(), &entries);
+    return entries;
+}
+inline void packExceptions(const std::string& json, const std::string& list, std::uint32_t flags = 0) {
+    detail::call(zr_pack_exceptions, json.c_str(), list.c_str(), flags);
+}
+inline std::string exceptions(const std::string& list) { return detail::textOf(zr_exceptions, list.c_str()); }
 
 inline std::string explain(const std::string& name) { return detail::textOf(zr_explain, name.c_str()); }
 inline std::string schema(const std::string& format) { return detail::textOf(zr_schema, format.c_str()); }

@@ -29,6 +29,11 @@ public:
         items_.push_back(object.get());
         return object.release();
     }
+    /// The same at the front of the list.
+    T* takeFirst(std::unique_ptr<T> object) {
+        items_.insert(items_.begin(), object.get());
+        return object.release();
+    }
     /// Removes and deletes `object`. False if it is not in the list.
     bool remove(const T* object) {
         for (auto it = items_.begin(); it != items_.end(); ++it) {

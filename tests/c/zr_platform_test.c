@@ -239,6 +239,100 @@ static void testChecks(void) {
     FAILS(zr_schema("x", &text, &error), ZR_NOT_FOUND, "zdf, spfm, hpfm, cfa, emu");
 }
 
+static void testSearch(void) {
+    zr_platforms* platforms = NULL;
+    zr_answers* answers = NULL;
+    zr_connectors* connectors = NULL;
+    zr_platform* platform = NULL;
+    zr_found found = {.size = sizeof found};
+    zr_answer answer = {.size = sizeof answer};
+    zr_connector connector = {.size = sizeof connector};
+    zr_search search = {.size = sizeof search, .path = scratch, .flags = ZR_NO_DEFAULTS};
+    CHECK(zr_find(&search, &platforms, &error) == ZR_OK && zr_platforms_count(platforms) == 2);
+    CHECK(zr_platforms_get(platforms, 0, &found, &error) == ZR_OK && found.state == ZR_STATE_GOOD);
+    SAME(found.file, at("p.zdf"));
+    CHECK(strcmp(found.vendor, "acme") == 0 && *found.type == 0);
+    CHECK(zr_platforms_get(platforms, 1, &found, NULL) == ZR_OK && found.state == ZR_STATE_BROKEN);
+    CHECK(strcmp(found.name, "root") == 0 && strstr(found.reason, "root.zdf:3:1"));
+    FAILS(zr_platforms_get(platforms, 2, &found, &error), ZR_WRONG_USE, "2");
+    zr_platforms_free(platforms);
+    search.flags |= ZR_LATEST;
+    CHECK(zr_find(&search, &platforms, NULL) == ZR_OK && zr_platforms_get(platforms, 0, &found, NULL) == ZR_OK);
+    CHECK(strcmp(found.vbnv, "acme:::0.0") == 0 && zr_platforms_count(NULL) == 0);
+    zr_platforms_free(platforms);
+    search.type = "x";
+    FAILS(zr_find(&search, &platforms, &error), ZR_WRONG_USE, "unknown type 'x'");
+    FAILS(zr_resolve("p", &search, &text, &error), ZR_WRONG_USE, "flags"); /* ZR_LATEST */
+    search.flags = ZR_NO_DEFAULTS;
+    GIVES(zr_resolve("P", &search, &text, &error), at("p.zdf"));
+    FAILS(zr_resolve("q", &search, &text, &error), ZR_NOT_FOUND, "no platform 'q'");
+    GIVES(zr_why_not(at("root.zdf"), &search, &text, &error), "not-valid: ");
+    GIVES(zr_search_path(&search, &text, &error), scratch);
+
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, NULL) == ZR_OK);
+    CHECK(zr_platform_answers(platform, &answers, &error) == ZR_OK && zr_answers_count(answers) > 20);
+    CHECK(zr_answers_get(answers, 0, &answer, &error) == ZR_OK && strcmp(answer.value, "acme") == 0);
+    FAILS(zr_answers_get(answers, 1000, &answer, &error), ZR_WRONG_USE, "1000");
+    zr_answers_free(answers), zr_platform_free(platform);
+    FAILS(zr_platform_answers(NULL, &answers, &error), ZR_WRONG_USE, "platform is NULL");
+
+    put("in/board.json",
+        "{\"part\": \"b\", \"connectors\": [{\"name\": \"J\", \"type\": \"DIMM\", "
+        "\"compatible\": [\"J\", \"K\"]}]}");
+    CHECK(zr_boards(scratch, &connectors, &error) == ZR_OK && zr_connectors_count(connectors) == 1);
+    CHECK(zr_connectors_get(connectors, 0, &connector, &error) == ZR_OK && strcmp(connector.part, "b") == 0);
+    SAME(connector.fits, "J\n");
+    zr_connectors_free(connectors);
+    FAILS(zr_boards(NULL, &connectors, &error), ZR_WRONG_USE, "path is NULL");
+}
+
+static void testQuestions(void) {
+    zr_platform* platform = NULL;
+    zr_verdict* verdict = NULL;
+    uint64_t entries = 0;
+    CHECK(zr_platform_load(at("p.zdf"), NULL, &platform, &error) == ZR_OK);
+    GIVES(zr_platform_query(platform, "hardwarePlatform.vendor", &text, &error), "acme");
+    FAILS(zr_platform_query(platform, "hardwarePlatform.vendr", &text, &error), ZR_NOT_FOUND, "nearest: vendor");
+    FAILS(zr_platform_query(platform, NULL, &text, &error), ZR_WRONG_USE, "path is NULL");
+    GIVES(zr_platform_keys(platform, "hardwarePlatform.files", &text, &error), "files[].type\"\n");
+    GIVES(zr_platform_keys(platform, NULL, &text, &error), "\"vendor\"");
+    FAILS(zr_platform_keys(NULL, NULL, &text, &error), ZR_WRONG_USE, "platform is NULL");
+    FAILS(zr_key_documentation("vendor", &text, &error), ZR_NOT_FOUND, "not installed");
+    const char* filters[] = {"files[*].name"};
+    GIVES(zr_dict(at("x.lfa"), NULL, filters, 1, ZR_DEFAULT_FILTER, &text, &error), "\"files[0].name\": \"a\"");
+    FAILS(zr_dict(at("x.lfa"), "gone", NULL, 0, 0, &text, &error), ZR_NOT_FOUND, "no branch 'gone'");
+    FAILS(zr_dict(at("x.lfa"), NULL, NULL, 1, 0, &text, &error), ZR_WRONG_USE, "filters is NULL");
+    CHECK(zr_transform(at("x.lfa"), put("spec.json", "{\"spec\": [1, 2]}"), &entries, &error) == ZR_OK &&
+          entries == 2);
+    FAILS(zr_transform(at("x.lfa"), at("s.spfm"), &entries, &error), ZR_BAD_INPUT, ".json");
+    GIVES(zr_catalog(scratch, ZR_DETAILED, &text, &error), "\"warrantyReason\": \"Platform 'p.zdf' is not a unified");
+    FAILS(zr_catalog(scratch, ZR_OVERWRITE, &text, &error), ZR_WRONG_USE, "flags");
+
+    zr_policy policy = {sizeof policy, ZR_QUESTION_OPEN, 0, "2021.1", scratch};
+    zr_policy_step step = {.size = sizeof step};
+    CHECK(zr_platform_check(platform, &policy, &verdict, &error) == ZR_OK && !zr_verdict_is_supported(verdict));
+    CHECK(strstr(zr_verdict_reason(verdict), "CFA 'p.zdf'") && *zr_verdict_newest_tool(verdict) == 0);
+    CHECK(*zr_verdict_exceptions(verdict) == 0 && zr_verdict_count(verdict) == 3);
+    CHECK(zr_verdict_step(verdict, 2, &step, &error) == ZR_OK && step.applies == 1);
+    SAME(step.facts, "unified: no");
+    SAME(step.rule, "not-unified");
+    FAILS(zr_verdict_step(verdict, 3, &step, &error), ZR_WRONG_USE, "3");
+    zr_verdict_free(verdict), zr_verdict_free(NULL);
+    policy.question = 3;
+    FAILS(zr_platform_check(platform, &policy, &verdict, &error), ZR_WRONG_USE, "question");
+    policy.question = 0, policy.tool_version = "soon";
+    FAILS(zr_platform_check(platform, &policy, &verdict, &error), ZR_WRONG_USE, "'soon'");
+    CHECK(!verdict && !zr_verdict_is_supported(NULL) && zr_verdict_count(NULL) == 0 && !*zr_verdict_reason(NULL));
+    CHECK(!*zr_verdict_newest_tool(NULL) && !*zr_verdict_exceptions(NULL));
+    zr_platform_free(platform);
+
+    put("list.json", "{\"black_list\": []}");
+    CHECK(zr_pack_exceptions(at("list.json"), at("list"), 0, &error) == ZR_OK);
+    FAILS(zr_pack_exceptions(at("list.json"), at("list"), 0, &error), ZR_REFUSED, "already");
+    GIVES(zr_exceptions(at("list"), &text, &error), "{\"black_list\": []}");
+    FAILS(zr_exceptions(at("list.json"), &text, &error), ZR_BAD_INPUT, "ZRXPACK1");
+}
+
 static void takeMessage(void* user, const zr_message* message) {
     if (user && message->size == sizeof *message && strcmp(message->id, "74-60") == 0 &&
         message->severity == 0x10000000 && strstr(message->text, "could not be loaded"))
@@ -267,6 +361,8 @@ int main(int argc, char** argv) {
     testArchive();
     testSetFile();
     testChecks();
+    testSearch();
+    testQuestions();
     CHECK(zr_set_message_function(NULL, NULL, NULL) == ZR_OK);
     char command[64];
     snprintf(command, sizeof command, "rm -r %s", scratch);

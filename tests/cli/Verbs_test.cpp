@@ -76,6 +76,7 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
     EXPECT_EQ(tool({"--reference", "markdown"}).out, contentOf(ZR_SOURCE_DIR "/docs/zr-platform.md"))
         << "run ./dev docs";
     EXPECT_EQ(tool({"--reference", "findings"}).out, contentOf(ZR_SOURCE_DIR "/docs/validate.md"));
+    EXPECT_EQ(tool({"--reference", "policy"}).out, contentOf(ZR_SOURCE_DIR "/docs/policy-rules.md"));
     const Scratch scratch;
     scratch.put("zr.1", tool({"--reference", "man"}).out);
     const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
@@ -87,6 +88,39 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
                                        "; COMP_WORDS=(zr-platform extract --re); "
                                        "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
     EXPECT_EQ(completion.out, "--repair-hpfm\n");
+    const Result names =
+        run({"bash", "-c",
+             "zr-platform() { printf '%s\\n' /r/card.zdf '/r/card$(echo x).zdf'; }; source " + scratch / "zr.bash" +
+                 "; COMP_WORDS=(zr-platform json ca); COMP_CWORD=2; _zr_platform; echo "
+                 "${COMPREPLY[@]}"});
+    EXPECT_EQ(names.out, "card\n");
+}
+
+/// In a page, an indented line "$ COMMAND" is followed by its indented output.
+TEST(Pages, ShowWhatTheToolPrints) {
+    for (const std::string name : {"paths", "policy", "keys"}) {
+        std::istringstream page(contentOf(ZR_SOURCE_DIR "/docs/" + name + ".md"));
+        std::string line, command, output;
+        std::size_t count = 0;
+        const auto compare = [&] {
+            if (command.empty()) return;
+            const std::string path = "PATH=" + fs::path(ZR_TOOL).parent_path().string() + ":$PATH; ";
+            EXPECT_EQ(run({"sh", "-c", path + std::exchange(command, "") + " 2>&1"}, ZR_SAMPLES).out, output);
+            ++count;
+        };
+        while (std::getline(page, line)) {
+            const bool isShown = line.starts_with("    ");
+            if (!isShown || line.starts_with("    $ ")) compare();
+            if (line.starts_with("    $ ")) {
+                command = line.substr(6);
+                output.clear();
+            } else if (isShown) {
+                output += line.substr(4) + "\n";
+            }
+        }
+        compare();
+        EXPECT_GE(count, 3U) << name;
+    }
 }
 
 /// The platform with these bytes in front of each value that is a text, in JSON or in an attribute.

@@ -60,7 +60,10 @@ protected:
     const Scratch scratch_;
     const std::string in_ = scratch_ / "in", archive_ = scratch_ / "x.lfa",
                       zdf_ = scratch_ / "u77/u77_gen3x16_base_1.zdf";
+    const std::string directory_ = scratch_ / "u77";
     const std::string out_ = scratch_ / "out", all_ = scratch_ / "all", packed_ = scratch_ / "y.lfa";
+    const std::string spec_ = scratch_.put("spec.json", R"({"spec": ["a"]})"),
+                      list_ = scratch_.put("list.json", R"({"black_list": []})");
     std::string source_;
     zr_platform* platform_ = nullptr;
     zr_archive* opened_ = nullptr;
@@ -74,6 +77,11 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
             return zr_platform_load(file.c_str(), nullptr, made, error);
         });
     };
+    zr_search search{};
+    search.size = sizeof search;
+    search.path = directory_.c_str();
+    search.flags = ZR_NO_DEFAULTS;
+    search.type = "fennick";
     return {
         {"load", load(archive_)},
         {"load a descriptor", load(zdf_)},
@@ -111,8 +119,44 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"validate",
          giving<zr_findings>(zr_findings_free,
                              [this](auto to, auto error) { return zr_validate(zdf_.c_str(), nullptr, to, error); })},
+        {"search", giving<zr_platforms>(zr_platforms_free,
+                                        [search](auto to, auto error) { return zr_find(&search, to, error); })},
+        {"resolve",
+         text([search](auto to, auto error) { return zr_resolve("u77_gen3x16_base_1", &search, to, error); })},
+        {"why not",
+         text([this, search](auto to, auto error) { return zr_why_not(zdf_.c_str(), &search, to, error); })},
+        {"search path", text([search](auto to, auto error) { return zr_search_path(&search, to, error); })},
+        {"answers",
+         giving<zr_answers>(zr_answers_free,
+                            [this](auto to, auto error) { return zr_platform_answers(platform_, to, error); })},
+        {"boards", giving<zr_connectors>(
+                       zr_connectors_free,
+                       [](auto to, auto error) { return zr_boards(ZR_SOURCE_DIR "/examples/boards", to, error); })},
         {"explain", text([](auto to, auto error) { return zr_explain("missing-member", to, error); })},
         {"schema", text([](auto to, auto error) { return zr_schema("emu", to, error); })},
+        {"query", text([this](auto to, auto error) {
+             return zr_platform_query(platform_, "hardwarePlatform.devices", to, error);
+         })},
+        {"keys", text([this](auto to, auto error) { return zr_platform_keys(platform_, nullptr, to, error); })},
+        {"key documentation", text([](auto to, auto error) { return zr_key_documentation("vendor", to, error); })},
+        {"dict", text([this](auto to, auto error) {
+             return zr_dict(archive_.c_str(), nullptr, nullptr, 0, ZR_DEFAULT_FILTER, to, error);
+         })},
+        {"transform",
+         [this](auto error) {
+             std::uint64_t entries = 0;
+             return zr_transform(archive_.c_str(), spec_.c_str(), &entries, error);
+         }},
+        {"catalog", text([this](auto to, auto error) {
+             return zr_catalog((scratch_ / "u77").c_str(), ZR_DETAILED, to, error);
+         })},
+        {"check", giving<zr_verdict>(
+                      zr_verdict_free,
+                      [this](auto to, auto error) { return zr_platform_check(platform_, nullptr, to, error); })},
+        {"exceptions", text([this](auto to, auto error) {
+             const zr_code code = zr_pack_exceptions(list_.c_str(), out_.c_str(), ZR_OVERWRITE, error);
+             return code == ZR_OK ? zr_exceptions(out_.c_str(), to, error) : code;
+         })},
         {"messages",
          [](auto error) { return zr_set_message_function([](void*, const zr_message*) {}, nullptr, error); }}};
 }

@@ -188,7 +188,7 @@ TEST_P(Cost, IsBounded) {
     input.write(scratch);
     scratch.put("a.tcl", "puts a\n");
     const std::string file = scratch / input.file;
-    std::vector<Verb> verbs{{{"json"}}, {{"show"}}, {{"validate"}}, {{"validate", "--json"}}};
+    std::vector<Verb> verbs{{{"json"}}, {{"show"}}, {{"validate"}}, {{"validate", "--json"}}, {{"keys"}}, {{"dict"}}};
     if (input.file == std::string("x.lfa")) {
         verbs.push_back({{"to-xml"}});
         verbs.push_back({{"members"}});

@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "platform/HTEQProcessorGroup.h"
-#include "platform/HTEQSoftwarePlatformUtils.h"
 #include "platform/HTEQSystemConfig.h"
 #include "platform/JSONWriter.h"
 
@@ -33,20 +32,6 @@ TEST(HTEQSoftwarePlatform, LastMatchByEitherName) {
     EXPECT_EQ(p.getSystemConfigByName("a"), second);
     EXPECT_EQ(p.getSystemConfigByPrettyName("A"), third);  // a plain name is found too
     EXPECT_EQ(p.getSystemConfigByName("none"), nullptr);
-}
-
-TEST(HTEQSoftwarePlatform, UtilsTakePrettyNamesOnly) {
-    HTEQSoftwarePlatform p;
-    HTEQSystemConfig* first = add(p, "a", "A");
-    add(p, "A", "z")->setSupportsQemu(true);
-    using U = HTEQSoftwarePlatformUtils;
-    EXPECT_EQ(U::getSystemConfigByPrettyName(&p, "A"), first);
-    EXPECT_FALSE(U::isQemuSupported(&p, "A"));
-    EXPECT_TRUE(U::isQemuSupported(&p, "z"));
-    EXPECT_FALSE(U::isQemuSupported(&p, "none"));
-    EXPECT_EQ(U::getSystemConfigByPrettyName(nullptr, "A"), nullptr);
-    HTEQSystemConfig* last = add(p, "c", "A");
-    EXPECT_EQ(U::getSystemConfigByPrettyName(&p, "A"), last);
 }
 
 TEST(HTEQSoftwarePlatform, DefaultConfiguration) {

@@ -39,7 +39,7 @@ std::vector<std::string> choicesOf(const Option& option) {
 void addOption(CLI::App& app, const Option& option, Call& call) {
     const std::string name = std::string("--") + option.name;
     const auto keep = [&call, key = std::string(option.name)](const std::string& value) {
-        call.options[key] = value;
+        call.options[key].push_back(value);
     };
     if (!option.choices) {
         app.add_flag_callback(
@@ -47,8 +47,13 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
         return;
     }
     const std::vector<std::string> choices = choicesOf(option);
-    CLI::Option* made = app.add_option_function<std::string>(name, keep, wrapped(option.help, kHelpColumn));
-    made->type_name(option.choices);
+    const bool isRepeated = std::string_view(option.choices).ends_with("...");
+    CLI::Option* made = app.add_option_function<std::vector<std::string>>(
+        name, [keep](const std::vector<std::string>& values) { std::for_each(values.begin(), values.end(), keep); },
+        wrapped(option.help, kHelpColumn));
+    const std::string kind = option.choices;
+    made->type_name(isRepeated ? kind.substr(0, kind.find('.')) : kind)->allow_extra_args(false);
+    if (!isRepeated) made->expected(1);
     if (choices.size() > 1) made->check(CLI::IsMember(choices).description(""));
 }
 
@@ -102,8 +107,8 @@ int runCommandLine(int argc, char** argv) {
     std::string reference;
     app.set_version_flag("--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print a reference generated from the tables")
-        ->type_name("man|markdown|bash|findings")
-        ->check(CLI::IsMember({"man", "markdown", "bash", "findings"}).description(""));
+        ->type_name("man|markdown|bash|findings|policy")
+        ->check(CLI::IsMember({"man", "markdown", "bash", "findings", "policy"}).description(""));
     app.footer("\n" + wrapped(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
@@ -126,7 +131,7 @@ int runCommandLine(int argc, char** argv) {
     }
     Console::take().configure(call);
     std::optional<teq_platform::requests::Scope> request;
-    if (!chosen->manyFiles) request.emplace();
+    if (!chosen->isManyRequests) request.emplace();
     const int exit = chosen->run(call);
     if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
     return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)

@@ -123,6 +123,15 @@ void Console::report(const Failure& failure) {
     note(failure.diagnostic.report("error") + hint);
 }
 
+void Console::progress(const std::string& text) {
+    if (state_->quiet || !::isatty(2)) return;
+    std::string line = HSTStringUtils::printable(text);
+    if (line.size() >= width()) line = HSTStringUtils::utf8Prefix(line, width() - 1);
+    writeAll(2, "\r\x1b[K" + line);
+}
+
+bool Console::isInteractive() const { return ::isatty(1) == 1; }
+
 std::size_t Console::width() const {
     winsize size{};
     return ioctl(1, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
@@ -152,6 +161,10 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     return HSTStringUtils::join(lines, "\n");
 }
 
+void Records::addProblem(const HEXDiagnostic& problem) {
+    problems_.push_back(boost::json::object{{"file", problem.file}, {"text", problem.text}});
+}
+
 void Records::print(const Call& call, const std::vector<std::string>& columns) const {
     Console& console = Console::take();
     if (call.has("ndjson")) {
@@ -162,7 +175,7 @@ void Records::print(const Call& call, const std::vector<std::string>& columns) c
         const boost::json::object document{{"schema", std::string("urn:torvane:zr-platform:") + noun_ + ":1"},
                                            {"tool", "zr-platform " ZR_VERSION},
                                            {"records", records_},
-                                           {"problems", boost::json::array()}};
+                                           {"problems", problems_}};
         console.data(lineOf(document));
         return;
     }

@@ -27,6 +27,11 @@ public:
     void note(const std::string& line);
     void report(const teq_platform::Failure& failure);
     void flush();
+    /// Replaces the progress line on standard error; an empty text removes it. Only on a terminal, and without
+    /// --quiet.
+    void progress(const std::string& text);
+    /// Whether standard output is a terminal, where results are shown as they arrive.
+    bool isInteractive() const;
 
     /// Columns of the terminal that standard output is, otherwise 80.
     std::size_t width() const;
@@ -44,12 +49,16 @@ class Records {
 public:
     explicit Records(const char* noun) : noun_(noun) {}
     void add(boost::json::object record) { records_.push_back(std::move(record)); }
+    /// Something that is missing from the records.
+    void addProblem(const HEXDiagnostic& problem);
+    /// Whether the call asks for records in JSON.
+    static bool areAsked(const Call& call) { return call.has("json") || call.has("ndjson"); }
     /// Prints the records as a table of the given columns, as one JSON document, or as one JSON record per line.
     void print(const Call& call, const std::vector<std::string>& columns) const;
 
 private:
     const char* noun_;
-    boost::json::array records_;
+    boost::json::array records_, problems_;
 };
 
 /// Bytes of a cell that are shown: every row is padded to the longest one.

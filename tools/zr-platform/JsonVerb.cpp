@@ -7,6 +7,7 @@ namespace requests = teq_platform::requests;
 
 int runJson(const Call& call) {
     const auto form = call.has("short") ? requests::Form::brief : requests::Form::full;
-    Console::take().data(requests::document(*loaded(call["FILE"], call), call["FILE"], form));
+    const std::string file = platformFile(call["FILE"], call);
+    Console::take().data(requests::document(*loaded(file, call), file, form));
     return 0;
 }

@@ -11,6 +11,14 @@ HwMetadataMode modeOf(const Call& call) {
     return HwMetadataMode::Default;
 }
 
+teq_platform::requests::Repositories repositoriesOf(const Call& call) {
+    return {.dirs = call.values("repo"), .withDefaults = !call.has("no-defaults")};
+}
+
+std::string platformFile(const std::string& fileOrName, const Call& call) {
+    return teq_platform::requests::resolve(fileOrName, repositoriesOf(call));
+}
+
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call) {
     return teq_platform::requests::load(file, modeOf(call));
 }

@@ -4,11 +4,18 @@
 
 #include <platform/HTEQPlatform.h>
 #include <platform/HwMetadataMode.h>
+#include <platform/PlatformSearch.h>
 
 #include "Console.h"
 
 /// The value of --metadata.
 teq_platform::HwMetadataMode modeOf(const Call& call);
+
+/// The options --repo and --no-defaults.
+teq_platform::requests::Repositories repositoriesOf(const Call& call);
+
+/// The file for an argument that is a platform's file or name.
+std::string platformFile(const std::string& fileOrName, const Call& call);
 
 /// Loads the platform of `file` from the metadata that --metadata selects.
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call);

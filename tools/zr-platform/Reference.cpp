@@ -1,8 +1,10 @@
 #include "Reference.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include <platform/PlatformCheck.h>
+#include <platform/SupportPolicy.h>
 
 #include "Verbs.h"
 
@@ -76,11 +78,17 @@ std::string bash() {
         names += std::string(names.empty() ? "" : " ") + verb.name;
         std::string options;
         for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
+        if (std::any_of(verb.positionals.begin(), verb.positionals.end(),
+                        [](const Positional& positional) { return positional.isPlatform; }))
+            options += "$(_zr_platform_names) ";
         cases.append("        ").append(verb.name).append(") words=\"").append(options);
         cases.append("--help").append(common).append("\" ;;\n");
     }
-    return "_zr_platform() {\n    local words=\"" + names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" +
-           cases +
+    // The shell expands what compgen gets, and a file may have any name: only harmless ones are offered.
+    return "_zr_platform_names() {\n    zr-platform list --path-only --quiet 2>/dev/null |\n"
+           "        sed 's|.*/||; s|\\.zdf$||' | grep -x '[A-Za-z0-9._+-]*'\n}\n"
+           "_zr_platform() {\n    local words=\"" +
+           names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" + cases +
            "    esac\n    mapfile -t COMPREPLY < <(compgen -o default -W \"$words\" -- "
            "\"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
            "complete -o filenames -F _zr_platform zr-platform\n";
@@ -113,8 +121,36 @@ std::string findings() {
     return page;
 }
 
+/// The rules that decide a question.
+std::string policyTable(teq::platform::PolicyQuestion question) {
+    std::string table = "\n| rule | applies if | verdict | sentence |\n|---|---|---|---|\n";
+    for (const auto& rule : teq::platform::SupportPolicy::rules()) {
+        if (rule.question != question) continue;
+        table += std::string("| ") + rule.name + " | " + rule.condition + " | " +
+                 (rule.isSupported ? "supported" : "not supported") + " | " + (rule.sentence ? rule.sentence : "") +
+                 " |\n";
+    }
+    return table;
+}
+
+std::string policy() {
+    using enum teq::platform::PolicyQuestion;
+    return "# The rules of the support policy\n\nGenerated from the library's own table by `./dev docs`; "
+           "[policy.md](policy.md) explains it.\n\nThe first rule that applies decides. In a sentence, `{name}` is "
+           "the "
+           "platform's file name, `{path}` its path,\n`{platform}` and `{tool}` are the two versions, and `{entry}` "
+           "is "
+           "the reason of the exception list's entry.\n\n## May the tool use the platform\n" +
+           policyTable(warranty) + "\n## May it use it as a platform before synthesis\n" + policyTable(preSynth) +
+           "\n## May it open the hardware platform\n" + policyTable(open);
+}
+
 }  // namespace
 
 std::string referenceAs(const std::string& form) {
-    return form == "man" ? man() : form == "bash" ? bash() : form == "findings" ? findings() : markdown();
+    return form == "man"        ? man()
+           : form == "bash"     ? bash()
+           : form == "findings" ? findings()
+           : form == "policy"   ? policy()
+                                : markdown();
 }

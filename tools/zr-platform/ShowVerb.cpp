@@ -87,7 +87,7 @@ Exit showParts(Text& text, const std::string& file, const Call& call) {
 }  // namespace
 
 int runShow(const Call& call) {
-    const std::string& file = call["FILE"];
+    const std::string file = platformFile(call["FILE"], call);
     Text text;
     Failure failure;
     Exit exit = Exit::done;

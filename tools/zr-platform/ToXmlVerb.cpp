@@ -8,7 +8,8 @@ namespace requests = teq_platform::requests;
 int runToXml(const Call& call) {
     const std::string destination = call.get("[OUT]", "-");
     if (destination != "-") requests::checkDestination(destination, call.has("force"));
-    const std::string xml = requests::document(*loaded(call["FILE"], call), call["FILE"], requests::Form::xml);
+    const std::string file = platformFile(call["FILE"], call);
+    const std::string xml = requests::document(*loaded(file, call), file, requests::Form::xml);
     if (destination == "-")
         Console::take().data(xml);
     else

@@ -1,6 +1,7 @@
 #include <platform/PlatformCheck.h>
 
 #include "Console.h"
+#include "Load.h"
 
 using teq_platform::CheckFinding;
 using teq_platform::PlatformCheck;
@@ -42,7 +43,7 @@ int runValidate(const Call& call) {
     Records records("finding");
     Exit exit = Exit::done;
     for (const std::string& file : call.all("FILE..."))
-        for (const CheckFinding& finding : PlatformCheck::check(file)) {
+        for (const CheckFinding& finding : PlatformCheck::check(platformFile(file, call))) {
             exit = worse(exit, exitOf(finding, failOnWarning));
             if (asRecords)
                 records.add(recordOf(finding));

@@ -3,33 +3,93 @@
 namespace {
 
 constexpr const char* kModes = "default|primary|xml";
-constexpr const char* kPlatformFile =
-    "a descriptor (.zdf), a hardware archive (.cfa, .lfa) or a software file (.spfm)";
+constexpr Positional kPlatform = {
+    "FILE", "a descriptor (.zdf), a hardware archive (.cfa, .lfa), a software file (.spfm) or a platform's name",
+    true};
 constexpr Option kMetadata = {"metadata", kModes,
                               "which metadata to read: the alternative JSON member, else the primary one, else XML "
                               "(default); the same without the alternative one (primary); XML only (xml)"};
 constexpr Option kJson = {"json", nullptr, "print the records as one JSON document"};
 constexpr Option kNdjson = {"ndjson", nullptr, "print one JSON record per line"};
+constexpr Option kAppRoot = {"app-root", "DIR",
+                             "the application root (default: share/zr_platform of this installation)"};
+constexpr Option kRepo = {"repo", "DIR...", "search this directory first; may be given several times"};
+constexpr Option kNoDefaults = {"no-defaults", nullptr, "do not search the default repositories"};
 constexpr Option kForce = {"force", nullptr, "overwrite an existing file"};
 
 const std::vector<Verb> kVerbs = {
     {"json",
-     {{"FILE", kPlatformFile}},
-     {{"short", nullptr, "print only unique name, file and description"}, kMetadata},
+     {kPlatform},
+     {{"short", nullptr, "print only unique name, file and description"}, kMetadata, kRepo, kNoDefaults},
      "Print a platform's JSON document",
      "The output is byte for byte that of the C functions hteq_get_platform_json and "
      "hteq_get_short_platform_json.",
      "u77/u77_gen3x16_base_1.zdf --short",
      runJson},
     {"show",
-     {{"FILE", kPlatformFile}},
-     {kMetadata},
+     {kPlatform},
+     {kMetadata, kRepo, kNoDefaults},
      "Describe a platform for human readers",
      "Shows identity and type, device and resources, memories and banks, clocks, interfaces available to a linker, "
      "tile partitions, processor groups and boot images, and the files in the archive. If a file is missing, shows "
      "what can be read and why the rest cannot.",
      "u77/u77_gen3x16_base_1.zdf",
      runShow},
+    {"list",
+     {{"[NAME]", "a platform's name, or a pattern with *, ? and [...]; letter case is ignored", true}},
+     {kRepo,
+      kNoDefaults,
+      {"path-only", nullptr, "print only the paths of the descriptors"},
+      {"type", "fennick|lorimar|acceleration|undefined", "only platforms of this type"},
+      {"part", "PART", "only those of this device architecture or part"},
+      {"board", "BOARD", "only those of this board id"},
+      {"vbnv", "V:B:N:V", "only those of this vendor, board, name and version; an empty field accepts everything"},
+      {"intent", "INTENT",
+       "only those with this design intent: server-managed, external-host, embedded, data-center, or several with "
+       "commas"},
+      {"latest", nullptr, "of each vendor, board and name only the highest version"},
+      {"usable", nullptr, "only those that this tool may use; see check"},
+      {"strict", nullptr, "exit with 1 if a platform cannot be read"},
+      kJson,
+      kNdjson},
+     "List the platforms in repositories",
+     "Platforms are listed repository by repository, then those whose name an earlier one has, with its file, and "
+     "those that cannot be read, with the reason. Only descriptors are read, unless --type, --part, --board, --vbnv, "
+     "--intent, --latest or --usable need more. docs/finding.md has the rules of the search.",
+     "--no-defaults --repo u77 --repo heron",
+     runList},
+    {"where",
+     {{"[NAME]", "a platform's name; letter case is ignored", true}},
+     {{"why-not", "PATH", "say why the search does not find this descriptor"}, kRepo, kNoDefaults, kJson, kNdjson},
+     "Show what a platform's name resolves to",
+     "Prints the file, the directories that were searched, in order, and the files of the same name that it shadows "
+     "or that cannot be read. With --why-not, prints the rule that skips a file (missing, outside, depth, extension, "
+     "permission, broken-link, loop, duplicate, not-valid) and exits with 1, or \"found\".",
+     "heron --no-defaults --repo heron",
+     runWhere},
+    {"info",
+     {kPlatform},
+     {kRepo, kNoDefaults, kJson, kNdjson},
+     "Answer common questions about a platform",
+     "Prints the answers that a compiler's front end asks for: identity, kind, software, part, resources, memory, "
+     "clocks, host and board.",
+     "u77/u77_gen3x16_base_1.zdf",
+     runInfo},
+    {"boards",
+     {},
+     {{"repo", "DIR...", "a board repository; may be given several times"}, kJson, kNdjson},
+     "List boards and what fits their connectors",
+     "Reads DIR/*/board.json of each board repository. For each connector, lists the DIMM connectors that it can be "
+     "connected to.",
+     "--repo boards",
+     runBoards},
+    {"repo-path",
+     {},
+     {kRepo, kNoDefaults, kJson, kNdjson},
+     "Print the search path",
+     "Prints the directories that are searched, each once and separated by colons, in one line.",
+     "--no-defaults --repo u77",
+     runRepoPath},
     {"pack",
      {{"DIR", "a folder with the members of a platform"}, {"ARCHIVE", "the .cfa or .lfa file to write"}},
      {{"force", nullptr, "overwrite ARCHIVE, and pack even if listed files are missing"}},
@@ -91,8 +151,13 @@ const std::vector<Verb> kVerbs = {
      "zdf",
      runSchema},
     {"validate",
-     {{"FILE...", "descriptors, software files, hardware archives or stand-alone metadata files"}},
-     {{"fail-on", "warning|error", "lowest severity that makes the exit code 1 (default: error)"}, kJson, kNdjson},
+     {{"FILE...", "descriptors, software files, hardware archives, stand-alone metadata files or names of platforms",
+       true}},
+     {{"fail-on", "warning|error", "lowest severity that makes the exit code 1 (default: error)"},
+      kRepo,
+      kNoDefaults,
+      kJson,
+      kNdjson},
      "Report all errors in files",
      "A reader stops at the first error; validate reports every error that can be found without guessing, and legal "
      "but probably mistaken content as warnings. The files that a descriptor names are checked too. Each finding is "
@@ -112,15 +177,107 @@ const std::vector<Verb> kVerbs = {
      "missing-attribute",
      runExplain},
     {"to-xml",
-     {{"FILE", "a hardware archive (.cfa, .lfa), or a descriptor (.zdf) with one"},
+     {{"FILE", "a hardware archive (.cfa, .lfa), a descriptor (.zdf) with one, or a platform's name", true},
       {"[OUT]", "the file to write (default: standard output)"}},
-     {kMetadata, kForce},
+     {kMetadata, kRepo, kNoDefaults, kForce},
      "Write the hardware metadata in XML",
      "XML is the form of older archives and holds less than the JSON document: no clocks and bus interfaces of the "
      "hpfm, no ids or tile arrays, one host interface, one feature ROM. For a partitioned platform, the default "
      "partition is written.",
      "harrier/hw/harrier.cfa",
      runToXml},
+    {"query",
+     {kPlatform, {"PATH...", "paths in the platform's document, as hardwarePlatform.devices[0].name"}},
+     {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
+     "Answer paths in a platform's document",
+     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths "
+     "give "
+     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, and "
+     "the "
+     "nearest names.",
+     "u77/u77_gen3x16_base_1.zdf vendor 'hardwarePlatform.memories[0].size'",
+     runQuery},
+    {"keys",
+     {kPlatform, {"[PREFIX]", "only this key and those below it"}},
+     {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
+     "List the keys of a platform's document",
+     "Each key is printed once; \"[]\" follows the key of a list. A prefix that is not a key: exit code 1, and the "
+     "nearest names.",
+     "u77/u77_gen3x16_base_1.zdf hardwarePlatform.systemClocks",
+     runKeys},
+    {"doc",
+     {{"[KEY]", "a key of a document (default: all keys)"}},
+     {kAppRoot, kJson, kNdjson},
+     "Explain a key of the document",
+     "Prints its meaning, form, unit and source, from platforms/platform_keys_doc.json below the application root. "
+     "Indexes in the key do not matter. An unknown key: exit code 1, and the nearest names.",
+     "'hardwarePlatform.systemClocks[].frequency' --app-root share",
+     runDoc},
+    {"dict",
+     {kPlatform, {"[BRANCH]", "the path of a branch (default: the whole document)"}},
+     {{"filter", "KEY...", "print only entries with this key, in which [*] stands for any index; may be repeated"},
+      {"default-filter", nullptr, "print only tile array, ids and files; with --filter, these too"},
+      kRepo,
+      kNoDefaults,
+      kJson,
+      kNdjson},
+     "Print a branch of the document as keys and values",
+     "A line KEY, tab, VALUE for each value. The document is that of the file: for an archive, its hardware platform "
+     "alone. In a list of plain values the first one has the empty key, and each other one the index below its own: "
+     "files written from this form rely on it.",
+     "u77/u77_gen3x16_base_1.zdf hardwarePlatform.board",
+     runDict},
+    {"transform",
+     {kPlatform, {"SPEC", "the specification, a .json file with the key spec"}},
+     {kRepo, kNoDefaults, kJson, kNdjson},
+     "Check a transform specification",
+     "Prints the number of its entries. No transformation is applied to the platform yet.",
+     "u77/u77_gen3x16_base_1.zdf src/transform.json",
+     runTransform},
+    {"check",
+     {{"FILE...", "descriptors, hardware archives or names of platforms", true}},
+     {{"tool-version", "V", "the tool's version (default: this release)"},
+      {"product", "P",
+       "the product's name for the host's settings; the exception list is compared with the product in "
+       "the application root's name"},
+      kAppRoot,
+      {"pre-synth", nullptr, "ask for use as a platform before synthesis"},
+      {"open", nullptr, "ask whether the hardware platform may be opened"},
+      {"why", nullptr, "print the rules that were tried, and what would change the verdict"},
+      {"matrix", "V1..V2", "print the verdicts for these tool versions, four a year"},
+      kMetadata,
+      kRepo,
+      kNoDefaults,
+      kJson,
+      kNdjson},
+     "Tell whether the tool may use platforms",
+     "Prints the policy's verdict with its sentence. docs/policy.md lists the rules. The exception list is "
+     "platforms/achromatic below the application root. Exit code: 0 usable, 1 not; 0 with --matrix.",
+     "u77/u77_gen3x16_base_1.zdf --why",
+     runCheck,
+     true},
+    {"catalog",
+     {},
+     {kRepo,
+      kNoDefaults,
+      {"detailed", nullptr, "add files, partitions, clocks, the policy's verdict and the targets"},
+      {"strict", nullptr, "exit with 1 if a platform cannot be read"},
+      {"json", nullptr, "print the library's own document of the reports"},
+      kNdjson},
+     "Report what each platform in the repositories is",
+     "A platform that cannot be read is reported with the reason, and does not end the list.",
+     "--no-defaults --repo u77 --repo harrier --detailed --ndjson",
+     runCatalog,
+     true},
+    {"exceptions",
+     {{"ACTION", "pack or print"},
+      {"FILE", "the list: JSON to pack, or packed"},
+      {"[OUT]", "the packed list to write"}},
+     {kForce},
+     "Pack or print a list of support exceptions",
+     "The policy reads the list in its packed form only. docs/policy.md describes it.",
+     "print share/platforms/achromatic",
+     runExceptions},
 };
 
 constexpr Option kCommon[] = {

@@ -13,18 +13,20 @@ inline constexpr char kExitCodes[] =
 struct Positional {
     const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional
     const char* help;
+    bool isPlatform = false;  ///< a platform's file or name, which completion offers
 };
 
 struct Option {
     const char* name;     ///< without the dashes
-    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value
+    const char* choices;  ///< null for a flag, "a|b" for one of these, otherwise the kind of value; with "..." the
+                          ///< option may be given several times
     const char* help;
 };
 
 /// The arguments of a verb: positionals and options by name; the value of a flag is "".
 struct Call {
     std::map<std::string, std::vector<std::string>> positionals;
-    std::map<std::string, std::string> options;
+    std::map<std::string, std::vector<std::string>> options;
 
     const std::string& operator[](const char* positional) const { return positionals.at(positional).front(); }
     /// The value of an optional positional.
@@ -34,7 +36,11 @@ struct Call {
     }
     const std::vector<std::string>& all(const char* positional) const { return positionals.at(positional); }
     bool has(const char* option) const { return options.count(option) > 0; }
-    std::string get(const char* option) const { return has(option) ? options.at(option) : ""; }
+    std::string get(const char* option) const { return has(option) ? options.at(option).back() : ""; }
+    /// All values of an option.
+    std::vector<std::string> values(const char* option) const {
+        return has(option) ? options.at(option) : std::vector<std::string>();
+    }
 };
 
 struct Verb {
@@ -45,7 +51,7 @@ struct Verb {
     const char* details;
     const char* example;  ///< arguments after "zr-platform NAME", for the packed samples
     int (*run)(const Call& call);
-    bool manyFiles = false;  ///< each file or platform is a request of its own, with its own limits
+    bool isManyRequests = false;  ///< each file or platform is a request of its own, with its own limits
 };
 
 std::span<const Verb> verbs();
@@ -63,3 +69,16 @@ int runSchema(const Call& call);
 int runValidate(const Call& call);
 int runExplain(const Call& call);
 int runToXml(const Call& call);
+int runList(const Call& call);
+int runWhere(const Call& call);
+int runInfo(const Call& call);
+int runBoards(const Call& call);
+int runRepoPath(const Call& call);
+int runQuery(const Call& call);
+int runKeys(const Call& call);
+int runDoc(const Call& call);
+int runDict(const Call& call);
+int runTransform(const Call& call);
+int runCatalog(const Call& call);
+int runCheck(const Call& call);
+int runExceptions(const Call& call);

@@ -2,7 +2,7 @@
 
 namespace msg {
 
-/// While one lives, the texts that readers print on standard output are dropped on its thread. Lives on the stack.
+/// While one lives, the texts that the library prints on the standard streams are dropped on its thread. Lives on the stack.
 class Silence {
 public:
     Silence() { ++depth; }

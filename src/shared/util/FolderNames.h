@@ -6,3 +6,4 @@
 /// `HEXUserException` if it cannot be read. (The standard library's iterators terminate the process when memory runs
 /// out.)
 std::vector<std::string> folderNames(int folder, const std::string& shown);
+std::vector<std::string> folderNames(const std::string& folder);

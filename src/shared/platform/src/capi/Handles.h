@@ -1,8 +1,10 @@
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 
-#include "platform/HwMetadataMode.h"
+#include "platform/PlatformQueries.h"
+#include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
 
 struct zr_text {
@@ -22,3 +24,11 @@ Options readOptions(const zr_options* given);
 void give(zr_text** to, std::string bytes);
 
 }  // namespace capi
+
+struct zr_platform {
+    std::string file;  ///< as given
+    capi::Options options;
+    std::shared_ptr<HTEQPlatform> loaded;
+    teq_platform::requests::Fields fields;
+    std::unique_ptr<teq_platform::requests::Questions> questions;  ///< made by the first one
+};

@@ -15,13 +15,6 @@ namespace requests = teq_platform::requests;
 
 static_assert(static_cast<int>(requests::Field::softwareFile) == ZR_FIELD_SOFTWARE_FILE);
 
-struct zr_platform {
-    std::string file;  ///< as given
-    Options options;
-    std::shared_ptr<HTEQPlatform> loaded;
-    requests::Fields fields;
-};
-
 Options capi::readOptions(const zr_options* given) {
     const zr_options options = given ? readStruct(*given) : zr_options{};
     constexpr std::uint64_t kMaxBudget = zip::OutputBudget::kOfCall;

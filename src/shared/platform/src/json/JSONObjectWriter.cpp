@@ -1,5 +1,6 @@
 #include "platform/JSONObjectWriter.h"
 
+#include "json/TreePath.h"
 #include "msg/Budget.h"
 #include "platform/JSONListWriter.h"
 
@@ -31,17 +32,6 @@ ptree& childOrNew(ptree& parent, const std::string& name) {
     return at != parent.not_found() ? at->second : newChild(parent, name);
 }
 
-/// The node at `path`, or null. The path ends where nothing is left of it: "a." leads to "a".
-ptree* find(ptree& tree, std::string path) {
-    ptree* at = &tree;
-    while (!path.empty()) {
-        const auto child = at->find(takePart(path));
-        if (child == at->not_found()) return nullptr;
-        at = &child->second;
-    }
-    return at;
-}
-
 /// The parent of a node to add at `path`, made if missing; the node's own name is left in `path`. Here the path ends
 /// at its last dot: "a." is the child "" of "a".
 ptree& makeParent(ptree& tree, std::string& path) {
@@ -56,7 +46,7 @@ void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
     if (isPlain(key)) {
         const auto at = getTree().find(key);
         (at != getTree().not_found() ? at->second : append(key)).data() = value;
-    } else if (ptree* const node = find(getTree(), key)) {
+    } else if (ptree* const node = json::findPath(getTree(), key)) {
         node->data() = value;
     } else {
         std::string name = key;

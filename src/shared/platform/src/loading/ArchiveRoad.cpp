@@ -15,6 +15,7 @@ void fillFromArchive(HPLPlatform& platform, const std::string& archive, teq_plat
             return HTEQCfaXmlReader(archive, &platform).readCFA(mode);
         }
         case Route::jsonOnly: return reader.readCFA(archive, mode);
+        case Route::xmlOnly: return HTEQCfaXmlReader(archive, &platform).readCFA(mode);
         case Route::emulationChild: return reader.readHwEmuLFA(archive, mode);
     }
 }

@@ -11,6 +11,7 @@ namespace loading {
 enum class Route {
     askFirst,        ///< the JSON member that the mode allows, else the XML member
     jsonOnly,        ///< the JSON member that the mode allows
+    xmlOnly,         ///< the XML member
     emulationChild,  ///< the JSON member of the archive's emulation directory
 };
 

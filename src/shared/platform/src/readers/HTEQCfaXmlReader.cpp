@@ -5,6 +5,7 @@
 
 #include "archive/PlatformArchive.h"
 #include "msg/HEXAll.h"
+#include "msg/Printed.h"
 #include "platform/HPLAddressSegment.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
@@ -20,7 +21,6 @@
 #include "platform/HTEQHpfmReader.h"
 #include "readers/Bindings.h"
 #include "readers/CfaXmlRules.h"
-#include "readers/Printed.h"
 #include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
@@ -183,7 +183,7 @@ private:
                                    std::to_string(archive::kMetadataBound) + " bytes in all");
         platform_.setHpfmString(*text);
         if (!HTEQHpfmReader(*text, &platform_).parseStream()) {
-            readers::print("Failed to parse hpfm stream from '" + member + "' in " + archive_ + "\n");
+            msg::print("Failed to parse hpfm stream from '" + member + "' in " + archive_ + "\n");
             return;
         }
         platform_.setUnifiedPlatform(true);

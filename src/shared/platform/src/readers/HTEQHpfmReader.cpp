@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include "msg/ComMsgMgr.h"
+#include "msg/Printed.h"
 #include "platform/HTEQHardwareAddressSegment.h"
 #include "platform/HTEQHardwareBusInterface.h"
 #include "platform/HTEQHardwareIPParam.h"
@@ -11,7 +12,6 @@
 #include "platform/HTEQHpfmUtl.h"
 #include "platform/HTEQSystemClock.h"
 #include "readers/Bindings.h"
-#include "readers/Printed.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 
@@ -70,7 +70,7 @@ void readComponent(const WELHardwarePlatform::Component& record, HTEQHardwarePla
 
 HTEQHpfmReader::HTEQHpfmReader(std::string hpfm, HTEQHardwarePlatform* platform)
     : hpfm_(std::move(hpfm)), platform_(platform) {
-    if (hpfm_.empty()) readers::print("CRITICAL WARNING: Empty hpfm string passed in\n");
+    if (hpfm_.empty()) msg::print("CRITICAL WARNING: Empty hpfm string passed in\n");
 }
 
 bool HTEQHpfmReader::parseFile() {
@@ -85,7 +85,7 @@ bool HTEQHpfmReader::parseFile() {
         return true;
     } catch (const xml::Exception& e) {
         const std::string text = failed + lineText(e);
-        readers::print(text);
+        msg::print(text);
         errorMsg_ += text;
         ComMsgMgr::sendMsg("@74-12@", text, e.line());
         return false;
@@ -101,7 +101,7 @@ const WELHardwarePlatform::Repository* HTEQHpfmReader::readStream_() {
         return repository_.get();
     } catch (const xml::Exception& e) {
         errorMsg_ = "Error parsing hardware platform stream from CFA\n" + lineText(e);
-        readers::print(errorMsg_);
+        msg::print(errorMsg_);
         ComMsgMgr::sendMsg("@74-31@");
         return nullptr;
     }

@@ -5,11 +5,11 @@
 #include <memory>
 
 #include "msg/HEXAll.h"
+#include "msg/Printed.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "readers/Bindings.h"
 #include "readers/DescriptorRules.h"
-#include "readers/Printed.h"
 #include "readers/Reading.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
@@ -71,7 +71,7 @@ void HTEQPlatformXMLReader::readFile() {
         fill(xml::readFile(TEQPlatform::kDocument, file_), file_, *platform_);
     } catch (const xml::Exception& e) {
         errorMsg_ = fmt::format("Error parsing platform file: {}\nLine number:{}. {}\n", file_, e.line(), e.what());
-        readers::print(errorMsg_);
+        msg::print(errorMsg_);
         readers::fail(ComMsgMgr::make("@74-9@%s", file_, e.line()), e.diagnostic());
     }
 }

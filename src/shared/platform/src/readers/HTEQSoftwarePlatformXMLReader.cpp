@@ -3,12 +3,12 @@
 #include <fmt/core.h>
 
 #include "msg/HEXAll.h"
+#include "msg/Printed.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSystemConfig.h"
 #include "readers/Bindings.h"
-#include "readers/Printed.h"
 #include "readers/Reading.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTPathUtils.h"
@@ -65,7 +65,7 @@ void HTEQSoftwarePlatformXMLReader::readFile() {
     } catch (const xml::Exception& e) {
         errorMsg_ =
             fmt::format("Error parsing software platform file: {}\nLine number:{}. {}", file_, e.line(), e.what());
-        readers::print(errorMsg_ + "\n");
+        msg::print(errorMsg_ + "\n");
         readers::fail(ComMsgMgr::make("@74-51@%s%d", file_, e.line()), e.diagnostic());
     }
 }
