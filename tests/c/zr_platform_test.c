@@ -297,7 +297,14 @@ static void testQuestions(void) {
     GIVES(zr_platform_keys(platform, "hardwarePlatform.files", &text, &error), "files[].type\"\n");
     GIVES(zr_platform_keys(platform, NULL, &text, &error), "\"vendor\"");
     FAILS(zr_platform_keys(NULL, NULL, &text, &error), ZR_WRONG_USE, "platform is NULL");
-    FAILS(zr_key_documentation("vendor", &text, &error), ZR_NOT_FOUND, "not installed");
+    // The documentation is installed with the library, and is not beside that of the build.
+    const zr_code documented = zr_key_documentation("vendor", &text, &error);
+    CHECK(documented == ZR_OK ? strstr(zr_text_data(text), "vendor") != NULL
+                              : documented == ZR_NOT_FOUND && strstr(zr_error_text(error), "not installed") != NULL);
+    zr_text_free(text);
+    zr_error_free(error);
+    text = NULL;
+    error = NULL;
     const char* filters[] = {"files[*].name"};
     GIVES(zr_dict(at("x.lfa"), NULL, filters, 1, ZR_DEFAULT_FILTER, &text, &error), "\"files[0].name\": \"a\"");
     FAILS(zr_dict(at("x.lfa"), "gone", NULL, 0, 0, &text, &error), ZR_NOT_FOUND, "no branch 'gone'");

@@ -148,7 +148,7 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
              return zr_transform(archive_.c_str(), spec_.c_str(), &entries, error);
          }},
         {"catalog", text([this](auto to, auto error) {
-             return zr_catalog((scratch_ / "u77").c_str(), ZR_DETAILED, to, error);
+             return zr_catalog(directory_.c_str(), ZR_DETAILED, to, error);
          })},
         {"check", giving<zr_verdict>(
                       zr_verdict_free,
