@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <optional>
 
 #include "Console.h"
 #include "Reference.h"
@@ -129,6 +130,7 @@ int runCommandLine(int argc, char** argv) {
         return static_cast<int>(Exit::usage);
     }
     Console::take().configure(call);
-    const teq_platform::requests::Scope request;
+    std::optional<teq_platform::requests::Scope> request;
+    if (!chosen->readsMany) request.emplace();
     return chosen->run(call);
 }

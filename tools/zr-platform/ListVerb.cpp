@@ -117,7 +117,6 @@ int runList(const Call& call) {
                         .progress = [&](const std::string& repository) { listing.search(repository); },
                         .found = [&](const FoundPlatform& found) { listing.add(found); }});
     listing.addRest(result);
-    if (!name.empty() && !result.isNameKnown)
-        throw requests::noPlatform(name, repositoriesOf(call));
+    if (!name.empty() && !result.isNameKnown) throw requests::noPlatform(name, repositoriesOf(call));
     return static_cast<int>(call.has("strict") && !result.broken.empty() ? Exit::no : Exit::done);
 }

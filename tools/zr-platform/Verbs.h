@@ -51,6 +51,7 @@ struct Verb {
     const char* details;
     const char* example;  ///< arguments after "zr-platform NAME", for the packed samples
     int (*run)(const Call& call);
+    bool readsMany = false;  ///< platforms, each of which is a request of its own
 };
 
 std::span<const Verb> verbs();
