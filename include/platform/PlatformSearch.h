@@ -75,7 +75,8 @@ struct FindResult {
     /// Directories that could not be searched completely.
     HSTVector<HEXDiagnostic> problems;
 };
-/// Reads only descriptors unless there is a filter. Throws `wrongUse` for an unknown type or intent and for a vbnv
+/// Reads only descriptors unless there is a filter. Each platform that is loaded is a request of its own, unless the
+/// caller is in one. Throws `wrongUse` for an unknown type or intent and for a vbnv
 /// without three colons.
 ZR_API FindResult find(const Find& request);
 

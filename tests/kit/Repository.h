@@ -17,6 +17,13 @@ private:
     const HSTVector<std::string> before_ = HUTEnv::getKELAppRootList();
 };
 
+/// The text without the path of the test's directory.
+inline std::string without(const Scratch& scratch, std::string text) {
+    for (std::size_t at; (at = text.find(scratch.str() + "/")) != std::string::npos;)
+        text.erase(at, scratch.str().size() + 1);
+    return text;
+}
+
 /// Writes the platform `directory/NAME.zdf` with `hw/NAME.lfa` and `sw/NAME.spfm` beside it; gives the descriptor's
 /// path. `metadata` is the member lfa.json.
 inline std::string putPlatform(const Scratch& scratch, const std::string& directory, const std::string& name,

@@ -62,10 +62,7 @@ std::string runOf(const std::string&, const std::string& text) {
     std::string said;
     for (const std::string& line : capture.lines())  // a text begins with the file and ": "
         said += "!" + line.substr(0, line.find(": ", line.find(": ") + 2)) + " ";
-    out = said + out.substr(0, out.rfind(';'));
-    for (std::size_t at; (at = out.find(scratch.str() + "/")) != std::string::npos;)
-        out.erase(at, scratch.str().size() + 1);
-    return out;
+    return without(scratch, said + out.substr(0, out.rfind(';')));
 }
 
 TEST(HTEQPlatformMgr, DoesWhatTheCasesSay) {
@@ -86,9 +83,7 @@ TEST_F(HTEQPlatformMgrTest, CollectsWhyAPlatformIsLeftOut) {
                            std::string said;
                            for (const std::string& line : capture.lines()) said += line + "|";
                            for (const std::string& error : errors()) said += error + "|";
-                           for (std::size_t at; (at = said.find(scratch.str() + "/")) != std::string::npos;)
-                               said.erase(at, scratch.str().size() + 1);
-                           return said;
+                           return without(scratch, said);
                        });
 }
 

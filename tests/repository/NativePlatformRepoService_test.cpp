@@ -37,8 +37,7 @@ std::string found(const std::string&, const std::string& text) {
         std::sort(files.begin() + before, files.end());
         if (name.find('/') != std::string::npos) break;
     }
-    for (std::string& file : files) file.erase(0, scratch.str().size() + 1);
-    return HSTStringUtils::join(files, " ");
+    return without(scratch, HSTStringUtils::join(files, " "));
 }
 
 }  // namespace

@@ -102,14 +102,6 @@ TEST_F(HostileRepositories, HideNoGoodPlatform) {
     }
 }
 
-TEST_F(HostileRepositories, GivenTwiceOrNotADirectory) {
-    fs::create_directory_symlink("r", scratch / "same");
-    scratch.put("file", "");
-    const FindResult result = search({"file", "r", "same", "none", "r/../r"});
-    EXPECT_EQ(result.platforms.size(), 1U);
-    EXPECT_EQ(result.shadowed.size() + result.broken.size() + result.problems.size(), 0U);
-}
-
 /// A thousand links to one directory of a thousand entries.
 TEST_F(HostileRepositories, Entries) {
     static_assert(repository::kMaxEntries == 1'000'000);

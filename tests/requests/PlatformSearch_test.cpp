@@ -24,7 +24,7 @@ using Names = HSTVector<std::string>;
 
 Names filesOf(const HSTVector<FoundPlatform>& list, const Scratch& scratch) {
     Names files;
-    for (const FoundPlatform& found : list) files.push_back(found.file.substr(scratch.str().size() + 1));
+    for (const FoundPlatform& found : list) files.push_back(without(scratch, found.file));
     return files;
 }
 

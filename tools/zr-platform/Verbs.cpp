@@ -57,7 +57,8 @@ const std::vector<Verb> kVerbs = {
      "those that cannot be read, with the reason. Only descriptors are read, unless --type, --part, --board, --vbnv, "
      "--intent, --latest or --usable need more. docs/finding.md has the rules of the search.",
      "--no-defaults --repo u77 --repo heron",
-     runList},
+     runList,
+     true},
     {"where",
      {{"[NAME]", "a platform's name; letter case is ignored", true}},
      {{"why-not", "PATH", "say why the search does not find this descriptor"}, kRepo, kNoDefaults, kJson, kNdjson},
@@ -66,7 +67,8 @@ const std::vector<Verb> kVerbs = {
      "or that cannot be read. With --why-not, prints the rule that skips a file (missing, outside, depth, extension, "
      "permission, broken-link, loop, duplicate, not-valid) and exits with 1, or \"found\".",
      "heron --no-defaults --repo heron",
-     runWhere},
+     runWhere,
+     true},
     {"info",
      {kPlatform},
      {kRepo, kNoDefaults, kJson, kNdjson},

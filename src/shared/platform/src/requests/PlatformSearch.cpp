@@ -93,6 +93,7 @@ bool readInto(FoundPlatform& found, std::shared_ptr<HTEQPlatform>* loaded) {
     try {
         takeDescriptor(found);
         if (!loaded) return true;
+        const Scope request;  // what one platform costs does not count against the others
         *loaded = load(found.file, HwMetadataMode::Default);
         found.hardware = hardwareOf(**loaded);
         return true;
