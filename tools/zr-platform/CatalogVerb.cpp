@@ -23,8 +23,7 @@ std::string ndjson(const CatalogEntry& entry) {
 }  // namespace
 
 int runCatalog(const Call& call) {
-    const requests::CatalogRequest request{
-        .dirs = call.values("repo"), .withDefaults = !call.has("no-defaults"), .isDetailed = call.has("detailed")};
+    const requests::CatalogRequest request{.where = repositoriesOf(call), .isDetailed = call.has("detailed")};
     bool isWhole = true;
     if (call.has("json") && !call.has("ndjson")) {
         Console::take().data(requests::catalogDocument(request, [&isWhole](const CatalogEntry& broken) {
