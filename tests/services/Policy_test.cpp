@@ -4,6 +4,7 @@
 
 #include "archive/PackedText.h"
 #include "json/JsonText.h"
+#include "kit/Hpfm.h"
 #include "kit/Capture.h"
 #include "kit/Cases.h"
 #include "kit/Platforms.h"
@@ -90,7 +91,7 @@ TEST(Catalog, ReportsWhatCanBeLoaded) {
     packed(scratch, "x.lfa",
            {{"lfa.json", R"({"name": "n", "platformState": "pre_synth", "hardware": "true",
                                                "files": [{"name": "h", "type": "HPFM"}]})"},
-            {"h", "-"}});
+            {"h", hpfm("")}});
     const auto descriptorOf = [](const std::string& archive) {
         return descriptor("<teq:hardwarePlatforms>" + fileElement("hardwarePlatform", archive) +
                           "</teq:hardwarePlatforms>");
@@ -115,7 +116,7 @@ TEST(Catalog, ReportsWhatCanBeLoaded) {
               "baseName=p version=1.0 type=lorimar dataCenter=false embedded=true externalHost=false "
               "serverManaged=false platformState=pre_synth usesPR=false platformFile=" +
                   file + " platformHwFile=" + (scratch / "x.lfa") +
-                  " platformHwEmuFile= platformSwFile=" + (scratch / "sw.spfm") +
+                  " platformHwEmuFile= platformSwFile=" + (scratch / "./sw.spfm") +
                   " hpfmFile=<CFA>/h systemClockCount=0 partArchitecture= warranty=false "
                   "warrantyReason=Platform 'p.zdf' is not a unified platform. By policy, non-unified platforms are "
                   "not supported by the current tool version hardware=true hardwareEmulation=false twoHwEmuBd=false "

@@ -17,8 +17,7 @@ HEXDiagnostic diagnosticOf(const std::exception& e, const std::string& file, con
         diagnostic.member = member;
         return diagnostic;
     }
-    const auto* fault = dynamic_cast<const HEXFileFault*>(&e);
-    if (fault && !fault->diagnostic().file.empty()) return fault->diagnostic();
+    if (const auto* fault = dynamic_cast<const HEXFileFault*>(&e)) return fault->diagnostic();
     return {.file = file, .member = member, .text = e.what()};
 }
 
@@ -30,7 +29,12 @@ void reading(const std::string& file, const std::string& member, const std::func
         ComMsgMgr::send(messageOf(e));
         throw;
     } catch (const std::exception& e) {
-        fail(messageOf(e), diagnosticOf(e, file, member));
+        HEXDiagnostic diagnostic = diagnosticOf(e, file, member);
+        if (diagnostic.file.empty()) {  // a limit of the request
+            diagnostic.file = file;
+            diagnostic.member = member;
+        }
+        fail(messageOf(e), std::move(diagnostic));
     }
 }
 

@@ -53,15 +53,28 @@ std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode)
     return platform;
 }
 
-std::string document(const HTEQPlatform& platform, const std::string& file, Form form) {
-    std::string text;
+namespace {
+
+std::string textOf(const HTEQPlatform& platform, const std::string& file, Form form) {
     switch (form) {
-        case Form::full: text = PlatformLoader::document(platform, file); break;
-        case Form::brief: text = briefDocument(platform); break;
-        case Form::xml: text = xmlDocument(platform, file); break;
+        case Form::full: return PlatformLoader::document(platform, file);
+        case Form::brief: return briefDocument(platform);
+        case Form::xml: return xmlDocument(platform, file);
     }
-    checkSystem();
-    return text;
+    return {};
+}
+
+}  // namespace
+
+std::string document(const HTEQPlatform& platform, const std::string& file, Form form) {
+    try {
+        std::string text = textOf(platform, file, form);
+        checkSystem();
+        return text;
+    } catch (const HEXFileFault& e) {
+        if (!e.diagnostic().file.empty()) throw;
+        throw HEXFileFault({.file = file, .text = e.diagnostic().text});  // a limit of the request
+    }
 }
 
 Fields fields(const HTEQPlatform& platform) {
