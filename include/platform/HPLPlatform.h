@@ -1,9 +1,9 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <set>
 #include <string>
 #include <string_view>
-#include <set>
 #include <utility>
 
 #include "platform/HPLBoard.h"

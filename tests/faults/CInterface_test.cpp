@@ -147,9 +147,8 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
              std::uint64_t entries = 0;
              return zr_transform(archive_.c_str(), spec_.c_str(), &entries, error);
          }},
-        {"catalog", text([this](auto to, auto error) {
-             return zr_catalog(directory_.c_str(), ZR_DETAILED, to, error);
-         })},
+        {"catalog",
+         text([this](auto to, auto error) { return zr_catalog(directory_.c_str(), ZR_DETAILED, to, error); })},
         {"check", giving<zr_verdict>(
                       zr_verdict_free,
                       [this](auto to, auto error) { return zr_platform_check(platform_, nullptr, to, error); })},

@@ -4,9 +4,9 @@
 
 #include "archive/PackedText.h"
 #include "json/JsonText.h"
-#include "kit/Hpfm.h"
 #include "kit/Capture.h"
 #include "kit/Cases.h"
+#include "kit/Hpfm.h"
 #include "kit/Platforms.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"

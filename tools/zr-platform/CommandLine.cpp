@@ -135,5 +135,5 @@ int runCommandLine(int argc, char** argv) {
     const int exit = chosen->run(call);
     if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
     return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)
-                                                                                  : exit;
+                                                                                 : exit;
 }

@@ -60,7 +60,7 @@ private:
 
     std::shared_ptr<const MemberSource> source_;
     std::string file_;
-    mutable std::optional<std::string> canonical_;  ///< computed on first use
+    mutable std::optional<std::string> canonical_;           ///< computed on first use
     mutable std::optional<std::vector<std::string>> names_;  ///< sorted; created on the first query for a folder
 };
 

@@ -35,10 +35,12 @@ constexpr MessageNote kNotes[] = {
     {"74-34", "A member that the metadata lists cannot be opened, and the reader needs it.",
      "Add the member to the archive, or remove the file from the list.", "missing-emulation-member"},
     {"74-49",
-     "The list of support exceptions is missing, empty, not in packed form, or not JSON. Platforms are judged without it.",
+     "The list of support exceptions is missing, empty, not in packed form, or not JSON. Platforms are judged "
+     "without it.",
      "If there should be one, make it with \"zr-platform exceptions pack\".", nullptr},
     {"74-50",
-     "The list of support exceptions is JSON, but has another key than black_list and white_list at the top, or an entry "
+     "The list of support exceptions is JSON, but has another key than black_list and white_list at the top, or an "
+     "entry "
      "without products. What stands before that place has been compared; the rest is ignored.",
      "Run \"zr-platform exceptions print\", correct the text, and pack it again.", nullptr},
     {"74-51", "A software file is not valid, so its platform cannot be loaded.",

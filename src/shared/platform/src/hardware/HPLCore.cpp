@@ -142,9 +142,7 @@ void HPLCore::addSLRInfo(const std::string& pblock, const HSTVector<std::string>
     if (!names.empty()) addSlrs_(pblock, {names.begin(), names.end()});
 }
 
-void HPLCore::addSLRInfo(const std::string& pblock, const std::set<std::string>& names) {
-    addSlrs_(pblock, names);
-}
+void HPLCore::addSLRInfo(const std::string& pblock, const std::set<std::string>& names) { addSlrs_(pblock, names); }
 
 void HPLCore::addSlrs_(const std::string& pblock, std::set<std::string> names) {
     const auto [added, isNew] = slrNames_.try_emplace(pblock, std::move(names));
