@@ -160,6 +160,7 @@ TEST(HostilePlaces, TheProjectLeavesNothingBehind) {
 }
 
 TEST(HostilePlaces, FilesThatLieInTheTemporaryDirectory) {
+    HUTEnv::getJUNTmpDir();  // makes the private directory of the process, which stays
     const std::string directory = Place::get().fresh(), elsewhere = directory + "/elsewhere";
     fs::create_directory(elsewhere);
     std::ofstream(elsewhere + "/x.tilprj", std::ios::binary) << project();
