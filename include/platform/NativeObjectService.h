@@ -13,7 +13,7 @@ namespace teq::platform {
 /// operation, a path with ".." is looked up by the property tree's own rules (an empty segment is the first item of a
 /// list); in a document operation an empty segment stays on its node.
 ///
-/// A path that selects nothing is no error: `found` or an empty result says so. Text that is not JSON throws the
+/// A path that selects nothing is not an error: `found` or an empty result says so. Text that is not JSON throws the
 /// property tree's `json_parser_error`; whatever a loader throws passes. Nothing is printed.
 class ZR_API NativeObjectService : public ObjectService {
 public:
