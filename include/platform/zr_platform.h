@@ -80,7 +80,8 @@ typedef enum zr_flag {
     ZR_NO_DEFAULTS = 32,     /* do not search the default repositories */
     ZR_LATEST = 64,          /* of each vendor, board and name only the highest version */
     ZR_DEFAULT_FILTER = 128, /* keep the keys of tile array, ids and files */
-    ZR_DETAILED = 256        /* every fact of a report */
+    ZR_DETAILED = 256,       /* every fact of a report */
+    ZR_USABLE = 512          /* only platforms that the support policy accepts for this tool */
 } zr_flag;
 
 /* What the support policy is asked; docs/policy.md has its rules. */
@@ -176,9 +177,10 @@ typedef struct zr_finding {
 typedef struct zr_search {
     size_t size;
     const char* path; /* directories separated by ":", searched before the default repositories; may be NULL */
-    uint32_t flags;   /* ZR_NO_DEFAULTS, and for zr_find ZR_LATEST */
+    uint32_t flags;   /* ZR_NO_DEFAULTS, and for zr_find ZR_LATEST and ZR_USABLE */
     uint32_t reserved;
-    /* For zr_find; NULL or "" accepts everything. With any of them except `name`, the platforms are loaded. */
+    /* For zr_find; NULL or "" accepts everything. With any of them except `name`, or with one of these flags, the
+       platforms are loaded. */
     const char* name;   /* ignoring case; may have "*", "?" and "[...]" */
     const char* type;   /* "fennick", "lorimar", "acceleration" or "undefined" */
     const char* part;   /* architecture or name of the part, ignoring case */

@@ -78,7 +78,7 @@ struct Finding {
 /// Where and what to search, see `zr_search`.
 struct Search {
     std::string path;         ///< directories separated by ":"
-    std::uint32_t flags = 0;  ///< ZR_NO_DEFAULTS, ZR_LATEST
+    std::uint32_t flags = 0;  ///< ZR_NO_DEFAULTS, ZR_LATEST, ZR_USABLE
     std::string name, type, part, board, vbnv, intent;
 };
 

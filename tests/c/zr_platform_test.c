@@ -260,6 +260,11 @@ static void testSearch(void) {
     CHECK(zr_find(&search, &platforms, NULL) == ZR_OK && zr_platforms_get(platforms, 0, &found, NULL) == ZR_OK);
     CHECK(strcmp(found.vbnv, "acme:::0.0") == 0 && zr_platforms_count(NULL) == 0);
     zr_platforms_free(platforms);
+    search.flags = ZR_NO_DEFAULTS | ZR_USABLE;
+    CHECK(zr_find(&search, &platforms, NULL) == ZR_OK && zr_platforms_get(platforms, 0, &found, NULL) == ZR_OK);
+    CHECK(found.state == ZR_STATE_BROKEN && zr_platforms_count(platforms) == 1); /* version 0.0 is too old */
+    zr_platforms_free(platforms);
+    search.flags |= ZR_LATEST;
     search.type = "x";
     FAILS(zr_find(&search, &platforms, &error), ZR_WRONG_USE, "unknown type 'x'");
     FAILS(zr_resolve("p", &search, &text, &error), ZR_WRONG_USE, "flags"); /* ZR_LATEST */

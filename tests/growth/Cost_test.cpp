@@ -186,9 +186,14 @@ TEST_P(Cost, IsBounded) {
     const Input& input = inputs()[GetParam()];
     const Scratch scratch;
     input.write(scratch);
+    std::uintmax_t size = 0;
+    for (const std::string& name : scratch.names()) size += std::filesystem::file_size(scratch / name);
+    EXPECT_LE(size, 1'000'000U) << input.what;
     scratch.put("a.tcl", "puts a\n");
     const std::string file = scratch / input.file;
     std::vector<Verb> verbs{{{"json"}}, {{"show"}}, {{"validate"}}, {{"validate", "--json"}}, {{"keys"}}, {{"dict"}}};
+    if (input.file == std::string("x.zdf"))
+        verbs.insert(verbs.end(), {{{"check"}}, {{"info"}}, {{"query"}, {"name"}}});
     if (input.file == std::string("x.lfa")) {
         verbs.push_back({{"to-xml"}});
         verbs.push_back({{"members"}});

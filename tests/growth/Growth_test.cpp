@@ -1,6 +1,7 @@
 // Large inputs, each in a process of its own: time and memory that they take, and how both grow.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <string>
@@ -174,6 +175,34 @@ TEST_P(Growth, IsLinear) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Growth, testing::Range<std::size_t>(0, inputs().size()));
+
+/// Neither the platforms nor their reports are kept: a thousand take no more memory than a hundred.
+TEST(Growth, CatalogStreams) {
+    const Scratch scratch;
+    const std::string item = R"({"name": "m#", "type": "ddr4", "size": "4 GB"})";
+    const std::string archive =
+        builder::archiveOf({builder::Entry("lfa.json", R"({"memories": [)" + listOf(item, 1000) + "]}", true)})
+            .build();
+    scratch.put("sw.spfm", kSoftware);
+    double before = 0;
+    for (const int most : {100, 1000}) {
+        for (int i = 0; i < most; ++i) {
+            const std::string name = "x" + std::to_string(i);
+            scratch.put("all/" + name + "/" + name + ".lfa", archive);
+            scratch.put("all/" + name + "/" + name + ".zdf",
+                        descriptor("<teq:hardwarePlatforms>" + fileElement("hardwarePlatform", name + ".lfa") +
+                                       "</teq:hardwarePlatforms>",
+                                   "../../sw.spfm"));
+        }
+        const Use used = useOf({"catalog", "--repo=" + (scratch / "all"), "--no-defaults", "--ndjson", "--detailed"});
+        EXPECT_EQ(used.exit, 0);
+        EXPECT_EQ(std::count(used.text.begin(), used.text.end(), '\n'), most);
+        if (before > 0) {
+            EXPECT_LT(used.peak, before + 4 * kMiB);
+        }
+        before = used.peak;
+    }
+}
 
 /// A thousandfold at each of two levels: refused by what comes out, not by what is promised.
 TEST(Bombs, TwoLevels) {

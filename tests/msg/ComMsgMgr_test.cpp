@@ -1,8 +1,13 @@
 #include "msg/ComMsgMgr.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <csignal>
 
 #include "msg/HEXAll.h"
+#include "msg/Printed.h"
 
 namespace {
 
@@ -19,6 +24,21 @@ TEST(ComMsgMgr, GivesTheSinkIdArgumentsAndText) {
     EXPECT_EQ(got[0].mask, MsgMask::error);
     EXPECT_NE(got[0].text.find("a{0}.spfm:12"), std::string::npos) << "braces in arguments are left alone";
     EXPECT_EQ(got[0].where.line(), line);
+}
+
+/// Standard error is a pipe that nobody reads, and the process has the signal's usual disposition.
+TEST(ComMsgMgr, OutlivesAReaderThatHasGone) {
+    const auto writeToNobody = [] {
+        int ends[2];
+        if (::pipe2(ends, O_CLOEXEC) != 0) ::_exit(1);
+        ::dup2(ends[1], 2);
+        ::close(ends[0]);
+        ::signal(SIGPIPE, SIG_DFL);
+        ComMsgMgr::sendMsg("@74-51@%s%d", std::string("a.spfm"), 12);
+        msg::printError("a line\n");
+        ::_exit(42);
+    };
+    EXPECT_EXIT(writeToNobody(), testing::ExitedWithCode(42), "");
 }
 
 TEST(ComMsgMgr, EachRowsTextFitsItsArguments) {

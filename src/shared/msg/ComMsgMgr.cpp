@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "msg/Budget.h"
+#include "msg/WriteSignals.h"
 #include "text/HSTStringUtils.h"
 
 namespace {
@@ -24,8 +25,10 @@ const char* severityName(MsgMask mask) {
 
 void toStandardError(const ComMsgMgrInstance& message) {
     const std::string_view id = message.id.empty() ? "0-0" : shortMessageId(message.id);
+    const msg::WriteSignals signals;
     std::fprintf(stderr, "%s: [%s %.*s] %s\n", severityName(message.mask), message.module.c_str(),
                  static_cast<int>(id.size()), id.data(), HSTStringUtils::printable(message.text).c_str());
+    signals.takeBack();
 }
 
 ComMsgMgr::Sink& currentSink() {

@@ -2,9 +2,8 @@
 #include <cstdint>
 #include <string_view>
 
-/// Writing to a descriptor from inside somebody else's process: a file that may not grow (SIGXFSZ) and a pipe that
-/// nobody reads (SIGPIPE) are errors here, not signals. The host's dispositions are not touched, and a signal that was
-/// pending before stays pending.
+/// Writing to a descriptor from inside somebody else's process: a file that may not grow and a pipe that nobody reads are
+/// errors here, not signals (msg/WriteSignals.h).
 namespace util {
 
 /// Writes all of `bytes` where the file stands. Returns 0 or the error number.

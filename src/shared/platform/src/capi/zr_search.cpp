@@ -83,7 +83,7 @@ zr_code zr_find(const zr_search* search, zr_platforms** platforms, zr_error** er
     if (platforms) *platforms = nullptr;
     return guarded(error, nullptr, [&] {
         need(platforms, "platforms");
-        const zr_search given = readSearch(search, ZR_NO_DEFAULTS | ZR_LATEST);
+        const zr_search given = readSearch(search, ZR_NO_DEFAULTS | ZR_LATEST | ZR_USABLE);
         requests::FindResult result = requests::find({.where = repositoriesOf(given),
                                                       .name = textOf(given.name),
                                                       .type = textOf(given.type),
@@ -91,7 +91,8 @@ zr_code zr_find(const zr_search* search, zr_platforms** platforms, zr_error** er
                                                       .board = textOf(given.board),
                                                       .vbnv = textOf(given.vbnv),
                                                       .intent = textOf(given.intent),
-                                                      .latest = (given.flags & ZR_LATEST) != 0});
+                                                      .latest = (given.flags & ZR_LATEST) != 0,
+                                                      .usable = (given.flags & ZR_USABLE) != 0});
         auto made = std::make_unique<zr_platforms>();
         for (auto* list : {&result.platforms, &result.shadowed, &result.broken})
             for (FoundPlatform& found : *list) {

@@ -43,5 +43,7 @@ std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& 
 /// The same bytes as from the property tree's own pretty writer. Throws `json_parser_error`, with the key in its
 /// text, if a node has both a value and children, or the root has a value.
 std::string write(const ptree& tree);
+/// The same of a root whose only child is `node`, which has children itself.
+std::string writeMember(const std::string& key, const ptree& node);
 
 }  // namespace json

@@ -85,12 +85,8 @@ void endLine(std::string& out, const Level& level) {
     out += '\n';
 }
 
-}  // namespace
-
-std::string write(const ptree& tree) {
-    std::string out;
-    std::vector<Level> levels;
-    open(out, levels, tree, "");
+/// Adds what is left of the open levels.
+void finish(std::string& out, std::vector<Level>& levels) {
     std::size_t counted = 0;
     while (!levels.empty()) {
         Budget::spend(Cost::text, out.size() - std::exchange(counted, out.size()));
@@ -114,6 +110,27 @@ std::string write(const ptree& tree) {
         endLine(out, level);
     }
     out += '\n';
+}
+
+}  // namespace
+
+std::string write(const ptree& tree) {
+    std::string out;
+    std::vector<Level> levels;
+    open(out, levels, tree, "");
+    finish(out, levels);
+    return out;
+}
+
+std::string writeMember(const std::string& key, const ptree& node) {
+    static const ptree kNone;
+    std::string out = "{\n";
+    std::vector<Level> levels{{&kNone, kNone.end(), false}};
+    indent(out, 1);
+    appendText(out, key);
+    out += ": ";
+    open(out, levels, node, key);
+    finish(out, levels);
     return out;
 }
 

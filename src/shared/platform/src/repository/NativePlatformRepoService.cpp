@@ -1,8 +1,8 @@
 #include "platform/NativePlatformRepoService.h"
 
-#include <iostream>
 #include <unordered_set>
 
+#include "msg/Printed.h"
 #include "repository/DirectoryWalk.h"
 #include "repository/SearchPath.h"
 #include "text/HSTStringUtils.h"
@@ -66,7 +66,7 @@ void NativePlatformRepoService::getZdfFiles(const std::string& name, const std::
             },
         .failed =
             [](const std::string&, const std::exception& e) {
-                std::cerr << "Exception: " + HSTStringUtils::printable(e.what()) + "\n";
+                msg::printError("Exception: " + HSTStringUtils::printable(e.what()) + "\n");
             }};
     for (const std::string& dir : all)
         if (HUTFile::isDir(dir)) repository::walk(dir, repository::kDescriptorRules, visitor);

@@ -63,9 +63,7 @@ std::string answerOf(const ptree& node, const std::string& path) {
     if (node.empty()) return node.data();
     if (isObject(node)) return json::write(node);
     const auto dot = path.rfind('.');
-    ptree list;
-    list.push_back({dot == std::string::npos ? std::string() : path.substr(dot + 1), ptree()})->second = node;
-    return json::write(list);
+    return json::writeMember(dot == std::string::npos ? std::string() : path.substr(dot + 1), node);
 }
 
 Found find(const ptree& document, const std::string& path) {
