@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "kit/Run.h"
@@ -112,6 +113,18 @@ TEST(Extract, ReadsTheFilesOfAnEmulationChildBelowItsFolder) {
     EXPECT_EQ(contentOf(scratch / "child.hpfm"), sourceOf("u77/hw/u77.lfa/hw_emu/hpfm/u77_emu.hpfm"));
     EXPECT_FALSE(child->extractFileFromPlatform("tcl/dr.bd.tcl", scratch / "parent's")) << "a file of the parent";
     EXPECT_THAT(scratch.names(), ElementsAre("DR_BD", "SIM_BINARY", "child.hpfm"));
+}
+
+TEST(Extract, RepairsAnHpfmFileIfAsked) {
+    const Scratch scratch;
+    const auto platform = loaded(kU77);
+    const HTEQHardwarePlatform& hardware = *platform->getHardwarePlatform();
+    const std::string source = sourceOf("u77/hw/u77.lfa/hpfm/u77.hpfm");
+    for (const auto& [name, repair, isRepaired] :
+         {std::tuple("a.hpfm", false, false), {"b.hpfm", true, true}, {"c.xml", true, false}}) {
+        ASSERT_TRUE(hardware.extractHPFMFile(scratch / name, repair));
+        EXPECT_EQ(contentOf(scratch / name) != source, isRepaired) << name;
+    }
 }
 
 /// "instance start+columns uuid id" of each, parts after their root and indented by two blanks.
