@@ -270,6 +270,13 @@ TEST_F(Destination, WholeOrNotAtAll) {
     zip::writeDestination(at("link"), fill);
     EXPECT_FALSE(fs::is_symlink(at("link")));
     EXPECT_EQ(contentOf(at("link")), "one two");
+    const auto losing = [&](const Take& take) {  // a race against a file that appears in the meantime
+        take("late");
+        write(at("raced"), "first");
+    };
+    EXPECT_THROW(zip::writeDestination(at("raced"), losing, false), HEXUserException);
+    EXPECT_EQ(contentOf(at("raced")), "first");
+    fs::remove(at("raced"));
     EXPECT_EQ(contentOf(at("real")), "old");
     zip::writeDestination("/dev/null", fill);
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
