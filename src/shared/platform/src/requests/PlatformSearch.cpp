@@ -185,7 +185,7 @@ void keepLatest(HSTVector<FoundPlatform>& found, const HSTVector<std::shared_ptr
 }
 
 std::string listOf(const HSTVector<std::string>& dirs) {
-    return dirs.empty() ? "no directory" : HSTStringUtils::join(dirs, ", ");
+    return dirs.empty() ? "none" : HSTStringUtils::join(dirs, ", ");
 }
 
 /// Whether `path` is `directory` or lies below it.
@@ -354,8 +354,9 @@ RequestError noPlatform(const std::string& name, const Repositories& where) {
         for (auto& [path, stem] : descriptorsIn(
                  repository, [](const std::string&) { return true; }, problems))
             known.push_back(std::move(stem));
-    return RequestError(FailureKind::unknownName, {.text = "there is no platform '" + name + "' in " +
-                                                           listOf(searched) + nearest(name, known)});
+    const std::string places = searched.empty() ? ": no directory was searched" : " in " + listOf(searched);
+    return RequestError(FailureKind::unknownName,
+                        {.text = "there is no platform '" + name + "'" + places + nearest(name, known)});
 }
 
 WhyNot whyNot(const std::string& path, const Repositories& where) {
