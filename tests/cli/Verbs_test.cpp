@@ -82,18 +82,6 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
     const Result man = run({"man", "-l", "--warnings=w", scratch / "zr.1"}, ".", {{"MANPAGER", "cat"}});
     EXPECT_EQ(man.err, "");
     EXPECT_THAT(man.out, HasSubstr("--repair-hpfm"));
-    scratch.put("zr.bash", tool({"--reference", "bash"}).out);
-    const Result completion = run({"bash", "-c",
-                                   "source " + scratch / "zr.bash" +
-                                       "; COMP_WORDS=(zr-platform extract --re); "
-                                       "COMP_CWORD=2; _zr_platform; echo ${COMPREPLY[@]}"});
-    EXPECT_EQ(completion.out, "--repair-hpfm\n");
-    const Result names =
-        run({"bash", "-c",
-             "zr-platform() { printf '%s\\n' /r/card.zdf '/r/card$(echo x).zdf'; }; source " + scratch / "zr.bash" +
-                 "; COMP_WORDS=(zr-platform json ca); COMP_CWORD=2; _zr_platform; echo "
-                 "${COMPREPLY[@]}"});
-    EXPECT_EQ(names.out, "card\n");
 }
 
 /// In a page, an indented line "$ COMMAND" is followed by its indented output.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "Completion.h"
 #include "Console.h"
 #include "Reference.h"
 #include "Verbs.h"
@@ -84,13 +85,49 @@ void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
     command->callback([&chosen, &verb] { chosen = &verb; });
 }
 
+/// The verb of the arguments; null if there is none.
+const Verb* verbOf(const std::vector<std::string>& arguments) {
+    for (const std::string& argument : arguments)
+        for (const Verb& verb : verbs())
+            if (verb.name == argument) return &verb;
+    return nullptr;
+}
+
+/// The first argument that looks like an option and is none; empty if there is none.
+std::string unknownOption(const std::vector<std::string>& arguments, const std::vector<std::string>& known) {
+    for (const std::string& argument : arguments) {
+        if (argument == "--") break;
+        const std::string name = argument.substr(0, argument.find('='));
+        if (name.size() > 1 && name.starts_with("-") && std::find(known.begin(), known.end(), name) == known.end())
+            return name;
+    }
+    return {};
+}
+
 /// What is wrong with the arguments, on one line.
-std::string usageError(const CLI::ParseError& error, const std::string& first) {
-    std::vector<std::string> names;
-    for (const Verb& verb : verbs()) names.push_back(verb.name);
-    const bool isVerb = std::find(names.begin(), names.end(), first) != names.end();
-    if (isVerb || first.empty() || first.starts_with("-")) return error.what();
-    return "unknown verb '" + HSTStringUtils::printable(first) + "'" + teq_platform::requests::nearest(first, names);
+std::string usageError(const CLI::ParseError& error, const std::vector<std::string>& arguments) {
+    using teq_platform::requests::nearest;
+    HSTVector<std::string> names{"--help", "-h", "--version", "-V", "--reference"};
+    const Verb* const verb = verbOf(arguments);
+    if (verb)
+        for (const Option& option : verb->options) names.push_back(std::string("--") + option.name);
+    for (const Option& option : commonOptions()) names.push_back(std::string("--") + option.name);
+    if (const std::string option = unknownOption(arguments, names); !option.empty())
+        return "unknown option '" + HSTStringUtils::printable(option) + "'" + nearest(option, names) +
+               (option.starts_with("--") ? "" : "; a file of this name must follow --");
+    if (verb || arguments.empty() || arguments.front().starts_with("-")) return error.what();
+    names.clear();
+    for (const Verb& one : verbs()) names.push_back(one.name);
+    return "unknown verb '" + HSTStringUtils::printable(arguments.front()) + "'" + nearest(arguments.front(), names);
+}
+
+/// "help VERB" is "VERB --help".
+std::vector<std::string> argumentsOf(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (arguments.empty() || arguments.front() != "help") return arguments;
+    arguments.erase(arguments.begin());
+    arguments.push_back("--help");
+    return arguments;
 }
 
 void write(const std::string& text) { Console::take().data(text); }
@@ -98,6 +135,9 @@ void write(const std::string& text) { Console::take().data(text); }
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
+    std::vector<std::string> arguments = argumentsOf(argc, argv);
+    if (arguments.size() > 1 && arguments[0] == "--complete" && arguments[1] == "--")
+        return write(completionOf({arguments.begin() + 2, arguments.end()})), 0;
     CLI::App app("Inspects, checks and packs FPGA acceleration platforms.", "zr-platform");
     for (const char* label : {"TEXT", "REQUIRED"}) app.get_formatter()->label(label, "");
     app.get_formatter()->column_width(kHelpColumn);
@@ -105,23 +145,26 @@ int runCommandLine(int argc, char** argv) {
     Call call;
     const Verb* chosen = nullptr;
     std::string reference;
-    app.set_version_flag("--version", "zr-platform " ZR_VERSION);
+    app.set_version_flag("-V,--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print a reference generated from the tables")
-        ->type_name("man|markdown|bash|findings|policy")
-        ->check(CLI::IsMember({"man", "markdown", "bash", "findings", "policy"}).description(""));
+        ->type_name("man|markdown|findings|policy")
+        ->check(CLI::IsMember({"man", "markdown", "findings", "policy"}).description(""));
+    for (const Option& option : commonOptions()) addOption(app, option, call);
     app.footer("\n" + wrapped(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
     try {
-        app.parse(argc, argv);
+        std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());  // as CLI11 takes them
+        app.parse(reversed);
     } catch (const CLI::CallForHelp&) {
         for (const CLI::App* command : app.get_subcommands()) return write(command->help("zr-platform")), 0;
         return write(app.help()), 0;
     } catch (const CLI::CallForVersion&) {
         return write("zr-platform " ZR_VERSION "\n"), 0;
     } catch (const CLI::ParseError& e) {
-        Console::take().note("error: " + usageError(e, argc > 1 ? argv[1] : "") + "\ntry: zr-platform " +
-                             (chosen ? std::string(chosen->name) + " " : "") + "--help");
+        const Verb* const verb = verbOf(arguments);
+        Console::take().note("error: " + usageError(e, arguments) + "\ntry: zr-platform " +
+                             (verb ? std::string(verb->name) + " " : "") + "--help");
         return static_cast<int>(Exit::usage);
     }
     if (!reference.empty()) return write(referenceAs(reference)), 0;

@@ -1,6 +1,5 @@
 #include "Reference.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include <platform/PlatformCheck.h>
@@ -23,8 +22,8 @@ std::string synopsis(const Verb& verb) {
 
 std::string markdown() {
     std::string page = std::string(
-                           "# zr-platform\n\nGenerated from the tool's table of verbs by `./dev docs`.\n\n"
-                           "Standard output holds data only; messages and errors go to standard error.\n") +
+                           "# zr-platform\n\nGenerated from the tool's table of verbs by `./dev docs`.\n\nStandard "
+                           "output holds data only; messages and errors go to standard error.\n") +
                        kExitCodes + "\n\nOptions of every verb:\n\n";
     for (const Option& option : commonOptions())
         page += std::string("- `--") + option.name + (option.choices ? std::string("=") + option.choices : "") +
@@ -52,9 +51,9 @@ std::string roff(std::string_view text) {
 }
 
 std::string man() {
-    std::string page = ".TH ZR\\-PLATFORM 1 \"\" \"zr_platform " ZR_VERSION
-                       "\"\n.SH NAME\nzr\\-platform \\- "
-                       "inspects, checks and packs FPGA acceleration platforms\n.SH SYNOPSIS\n";
+    std::string page =
+        ".TH ZR\\-PLATFORM 1 \"\" \"zr_platform " ZR_VERSION
+        "\"\n.SH NAME\nzr\\-platform \\- inspects, checks and packs FPGA acceleration platforms\n.SH SYNOPSIS\n";
     for (const Verb& verb : verbs()) page += roff(synopsis(verb)) + "\n.br\n";
     page += ".SH VERBS\n";
     for (const Verb& verb : verbs()) {
@@ -71,29 +70,6 @@ std::string man() {
     return page + ".SH EXIT STATUS\n" + roff(kExitCodes) + "\n";
 }
 
-std::string bash() {
-    std::string names, cases, common;
-    for (const Option& option : commonOptions()) common += std::string(" --") + option.name;
-    for (const Verb& verb : verbs()) {
-        names += std::string(names.empty() ? "" : " ") + verb.name;
-        std::string options;
-        for (const Option& option : verb.options) options.append("--").append(option.name).append(" ");
-        if (std::any_of(verb.positionals.begin(), verb.positionals.end(),
-                        [](const Positional& positional) { return positional.isPlatform; }))
-            options += "$(_zr_platform_names) ";
-        cases.append("        ").append(verb.name).append(") words=\"").append(options);
-        cases.append("--help").append(common).append("\" ;;\n");
-    }
-    // The shell expands what compgen gets, and a file may have any name: only harmless ones are offered.
-    return "_zr_platform_names() {\n    zr-platform list --path-only --quiet 2>/dev/null |\n"
-           "        sed 's|.*/||; s|\\.zdf$||' | grep -x '[A-Za-z0-9._+-]*'\n}\n"
-           "_zr_platform() {\n    local words=\"" +
-           names + " --help --version\"\n    case ${COMP_WORDS[1]} in\n" + cases +
-           "    esac\n    mapfile -t COMPREPLY < <(compgen -o default -W \"$words\" -- "
-           "\"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
-           "complete -o filenames -F _zr_platform zr-platform\n";
-}
-
 std::string codeBlock(std::string_view text) {
     return "```\n" + std::string(text) + (text.ends_with('\n') ? "" : "\n") + "```\n";
 }
@@ -102,15 +78,11 @@ std::string findings() {
     using Severity = teq_platform::CheckFinding::Severity;
     std::string page =
         "# Findings of `validate`\n\nGenerated from the library's own table by `./dev docs`; `zr-platform explain "
-        "NAME` "
-        "prints one of them.\n\n"
-        "A finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]`, or, in a "
-        "member "
-        "of an\narchive, `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` print the same as records. Names "
-        "are stable,\ntexts are not. At most 1000 findings are reported per document. Programs use "
-        "`platform/PlatformCheck.h`.\n\n"
-        "A sample is the content of the file named, or a list of files and archive members: `== file`,\n"
-        "`== archive!member`, each followed by its text.\n";
+        "NAME` prints one of them.\n\nA finding is a line `FILE:LINE:COLUMN: error: ELEMENT: what is there, what is "
+        "allowed [NAME]`, or, in a member of an\narchive, `ARCHIVE!MEMBER:LINE:COLUMN: ...`; `--json` and `--ndjson` "
+        "print the same as records. Names are stable,\ntexts are not. At most 1000 findings are reported per "
+        "document. Programs use `platform/PlatformCheck.h`.\n\nA sample is the content of the file named, or a list "
+        "of files and archive members: `== file`,\n`== archive!member`, each followed by its text.\n";
     for (const Severity severity : {Severity::error, Severity::warning}) {
         page += severity == Severity::error ? "\n# Errors\n" : "\n# Warnings\n\nLegal, but probably a mistake.\n";
         for (const auto& row : teq_platform::PlatformCheck::explanations())
@@ -137,10 +109,8 @@ std::string policy() {
     using enum teq::platform::PolicyQuestion;
     return "# The rules of the support policy\n\nGenerated from the library's own table by `./dev docs`; "
            "[policy.md](policy.md) explains it.\n\nThe first rule that applies decides. In a sentence, `{name}` is "
-           "the "
-           "platform's file name, `{path}` its path,\n`{platform}` and `{tool}` are the two versions, and `{entry}` "
-           "is "
-           "the reason of the exception list's entry.\n\n## May the tool use the platform\n" +
+           "the platform's file name, `{path}` its path,\n`{platform}` and `{tool}` are the two versions, and "
+           "`{entry}` is the reason of the exception list's entry.\n\n## May the tool use the platform\n" +
            policyTable(warranty) + "\n## May it use it as a platform before synthesis\n" + policyTable(preSynth) +
            "\n## May it open the hardware platform\n" + policyTable(open);
 }
@@ -148,9 +118,5 @@ std::string policy() {
 }  // namespace
 
 std::string referenceAs(const std::string& form) {
-    return form == "man"        ? man()
-           : form == "bash"     ? bash()
-           : form == "findings" ? findings()
-           : form == "policy"   ? policy()
-                                : markdown();
+    return form == "man" ? man() : form == "findings" ? findings() : form == "policy" ? policy() : markdown();
 }

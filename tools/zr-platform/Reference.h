@@ -1,6 +1,6 @@
 #pragma once
 #include <string>
 
-/// The manual page ("man"), the reference page ("markdown") or the shell completion ("bash"), generated from the rows
+/// The manual page ("man") or the reference page ("markdown"), generated from the rows
 /// of verbs(); or the page of all findings ("findings"), generated from the library's table.
 std::string referenceAs(const std::string& form);

@@ -5,7 +5,7 @@ namespace {
 constexpr const char* kModes = "default|primary|xml";
 constexpr Positional kPlatform = {
     "FILE", "a descriptor (.zdf), a hardware archive (.cfa, .lfa), a software file (.spfm) or a platform's name",
-    true};
+    "PLATFORM"};
 constexpr Option kMetadata = {"metadata", kModes,
                               "which metadata to read: the alternative JSON member, else the primary one, else XML "
                               "(default); the same without the alternative one (primary); XML only (xml)"};
@@ -22,8 +22,7 @@ const std::vector<Verb> kVerbs = {
      {kPlatform},
      {{"short", nullptr, "print only unique name, file and description"}, kMetadata, kRepo, kNoDefaults},
      "Print a platform's JSON document",
-     "The output is byte for byte that of the C functions hteq_get_platform_json and "
-     "hteq_get_short_platform_json.",
+     "The output is byte for byte that of the C functions hteq_get_platform_json and hteq_get_short_platform_json.",
      "u77/u77_gen3x16_base_1.zdf --short",
      runJson},
     {"show",
@@ -36,7 +35,7 @@ const std::vector<Verb> kVerbs = {
      "u77/u77_gen3x16_base_1.zdf",
      runShow},
     {"list",
-     {{"[NAME]", "a platform's name, or a pattern with *, ? and [...]; letter case is ignored", true}},
+     {{"[NAME]", "a platform's name, or a pattern with *, ? and [...]; letter case is ignored", "NAME"}},
      {kRepo,
       kNoDefaults,
       {"path-only", nullptr, "print only the paths of the descriptors"},
@@ -60,7 +59,7 @@ const std::vector<Verb> kVerbs = {
      runList,
      true},
     {"where",
-     {{"[NAME]", "a platform's name; letter case is ignored", true}},
+     {{"[NAME]", "a platform's name; letter case is ignored", "NAME"}},
      {{"why-not", "PATH", "say why the search does not find this descriptor"}, kRepo, kNoDefaults, kJson, kNdjson},
      "Show what a platform's name resolves to",
      "Prints the file, the directories that were searched, in order, and the files of the same name that it shadows "
@@ -93,26 +92,27 @@ const std::vector<Verb> kVerbs = {
      "--no-defaults --repo u77",
      runRepoPath},
     {"pack",
-     {{"DIR", "a folder with the members of a platform"}, {"ARCHIVE", "the .cfa or .lfa file to write"}},
+     {{"DIR", "a folder with the members of a platform", "DIR"},
+      {"ARCHIVE", "the .cfa or .lfa file to write", "ARCHIVE"}},
      {{"force", nullptr, "overwrite ARCHIVE, and pack even if listed files are missing"}},
      "Create an archive from a folder",
      "The same folder always gives the same bytes, on every machine. A subfolder whose name ends in .lfa, .cfa, .zip "
      "or .tilprj becomes an archive member of that name. If the folder lacks a file that the metadata lists, the "
-     "file "
-     "is reported and nothing is written.",
+     "file is reported and nothing is written.",
      "src/u77.lfa packed.lfa --force",
      runPack},
     {"members",
-     {{"ARCHIVE", "any zip archive"}},
+     {{"ARCHIVE", "any zip archive", "FILE"}},
      {kJson, kNdjson},
      "List the members of an archive",
      "Prints names, sizes and compressed sizes in bytes, sorted by name.",
      "u77/hw/u77.lfa",
      runMembers},
     {"extract",
-     {{"ARCHIVE", "a .cfa or .lfa file"},
-      {"MEMBER", "a member's name, a file type such as HPFM, or OUTER!INNER for a member of a nested archive"},
-      {"DEST", "the file to write, or - for standard output"}},
+     {{"ARCHIVE", "a .cfa or .lfa file", "ARCHIVE"},
+      {"MEMBER", "a member's name, a file type such as HPFM, or OUTER!INNER for a member of a nested archive",
+       "MEMBER"},
+      {"DEST", "the file to write, or - for standard output", "FILE"}},
      {{"type", nullptr, "treat MEMBER as a file type, even if a member has that name"},
       {"repair-hpfm", nullptr, "if only some HBM banks of an hpfm are default banks, make all of them default"},
       kForce},
@@ -121,10 +121,10 @@ const std::vector<Verb> kVerbs = {
      "u77/hw/u77.lfa HPFM - --repair-hpfm",
      runExtract},
     {"set-file",
-     {{"ARCHIVE", "a .cfa or .lfa file with JSON metadata"},
+     {{"ARCHIVE", "a .cfa or .lfa file with JSON metadata", "ARCHIVE"},
       {"TYPE", "the file's type; the new file replaces any that the metadata lists for this type"},
-      {"MEMBER", "the member to add or replace"},
-      {"SOURCE", "the file to copy into the archive"}},
+      {"MEMBER", "the member to add or replace", "MEMBER"},
+      {"SOURCE", "the file to copy into the archive", "FILE"}},
      {{"dry-run", nullptr, "report what would change, and write nothing"},
       {"strip-paths", nullptr, "omit the key platformFile, a path on the writer's machine, from the metadata"},
       {"force", nullptr, "write even if keys of the metadata are lost or changed"}},
@@ -135,7 +135,7 @@ const std::vector<Verb> kVerbs = {
      "u77/hw/u77.lfa PRE_OPT_TCL tcl/pre_opt.tcl u77/u77_gen3x16_base_1.zdf --dry-run --force",
      runSetFile},
     {"verify",
-     {{"ARCHIVE...", "any zip archives"}},
+     {{"ARCHIVE...", "any zip archives", "FILE"}},
      {{"require-digest", nullptr, "report an archive without a digest as a failure"}, kJson, kNdjson},
      "Check archives against their CRCs and their digest",
      "Everything is computed from the bytes. The digest reveals damage and changes, but does not authenticate the "
@@ -144,17 +144,16 @@ const std::vector<Verb> kVerbs = {
      runVerify,
      true},
     {"schema",
-     {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu"}},
+     {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu", "zdf|spfm|hpfm|cfa|emu"}},
      {},
      "Print the W3C XML Schema of a format",
      "The schema is generated from the readers' own tables and documents each element and attribute, so that an "
-     "editor "
-     "can complete and check documents. docs/schemas.md explains how, and what a schema cannot express.",
+     "editor can complete and check documents. docs/schemas.md explains how, and what a schema cannot express.",
      "zdf",
      runSchema},
     {"validate",
      {{"FILE...", "descriptors, software files, hardware archives, stand-alone metadata files or names of platforms",
-       true}},
+       "PLATFORM"}},
      {{"fail-on", "warning|error", "lowest severity that makes the exit code 1 (default: error)"},
       kRepo,
       kNoDefaults,
@@ -163,24 +162,22 @@ const std::vector<Verb> kVerbs = {
      "Report all errors in files",
      "A reader stops at the first error; validate reports every error that can be found without guessing, and legal "
      "but probably mistaken content as warnings. The files that a descriptor names are checked too. Each finding is "
-     "a "
-     "line FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]; within an archive, the location "
-     "is "
-     "ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file cannot be "
-     "opened.",
+     "a line FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]; within an archive, the "
+     "location is ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file "
+     "cannot be opened.",
      "u77/u77_gen3x16_base_1.zdf lone/lorica.spfm",
      runValidate,
      true},
     {"explain",
-     {{"NAME", "the name that validate prints in brackets, or a message id such as 74-60"}},
+     {{"NAME", "the name that validate prints in brackets, or a message id such as 74-60", "FINDING"}},
      {},
      "Explain a finding or a message",
      "Prints its meaning, the remedy, and a bad and a good sample. docs/validate.md lists all findings.",
      "missing-attribute",
      runExplain},
     {"to-xml",
-     {{"FILE", "a hardware archive (.cfa, .lfa), a descriptor (.zdf) with one, or a platform's name", true},
-      {"[OUT]", "the file to write (default: standard output)"}},
+     {{"FILE", "a hardware archive (.cfa, .lfa), a descriptor (.zdf) with one, or a platform's name", "PLATFORM"},
+      {"[OUT]", "the file to write (default: standard output)", "FILE"}},
      {kMetadata, kRepo, kNoDefaults, kForce},
      "Write the hardware metadata in XML",
      "XML is the form of older archives and holds less than the JSON document: no clocks and bus interfaces of the "
@@ -193,10 +190,8 @@ const std::vector<Verb> kVerbs = {
      {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
      "Answer paths in a platform's document",
      "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths "
-     "give "
-     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, and "
-     "the "
-     "nearest names.",
+     "give a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, "
+     "and the nearest names.",
      "u77/u77_gen3x16_base_1.zdf vendor 'hardwarePlatform.memories[0].size'",
      runQuery},
     {"keys",
@@ -230,18 +225,18 @@ const std::vector<Verb> kVerbs = {
      "u77/u77_gen3x16_base_1.zdf hardwarePlatform.board",
      runDict},
     {"transform",
-     {kPlatform, {"SPEC", "the specification, a .json file with the key spec"}},
+     {kPlatform, {"SPEC", "the specification, a .json file with the key spec", "JSON"}},
      {kRepo, kNoDefaults, kJson, kNdjson},
      "Check a transform specification",
      "Prints the number of its entries. No transformation is applied to the platform yet.",
      "u77/u77_gen3x16_base_1.zdf src/transform.json",
      runTransform},
     {"check",
-     {{"FILE...", "descriptors, hardware archives or names of platforms", true}},
+     {{"FILE...", "descriptors, hardware archives or names of platforms", "PLATFORM"}},
      {{"tool-version", "V", "the tool's version (default: this release)"},
       {"product", "P",
-       "the product's name for the host's settings; the exception list is compared with the product in "
-       "the application root's name"},
+       "the product's name for the host's settings; the exception list is compared with the product in the "
+       "application root's name"},
       kAppRoot,
       {"pre-synth", nullptr, "ask for use as a platform before synthesis"},
       {"open", nullptr, "ask whether the hardware platform may be opened"},
@@ -272,9 +267,9 @@ const std::vector<Verb> kVerbs = {
      runCatalog,
      true},
     {"exceptions",
-     {{"ACTION", "pack or print"},
-      {"FILE", "the list: JSON to pack, or packed"},
-      {"[OUT]", "the packed list to write"}},
+     {{"ACTION", "pack or print", "pack|print"},
+      {"FILE", "the list: JSON to pack, or packed", "FILE"},
+      {"[OUT]", "the packed list to write", "FILE"}},
      {kForce},
      "Pack or print a list of support exceptions",
      "The policy reads the list in its packed form only. docs/policy.md describes it.",
@@ -286,8 +281,7 @@ constexpr Option kCommon[] = {
     {"verbose", nullptr, "print the library's output and messages"},
     {"quiet", nullptr, "print nothing except the result"},
     {"messages", "text|json",
-     "format of the library's messages: lines, or one JSON object per message, with id "
-     "and arguments"},
+     "format of the library's messages: lines, or one JSON object per message, with id and arguments"},
 };
 
 }  // namespace

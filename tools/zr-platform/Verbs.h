@@ -13,7 +13,7 @@ inline constexpr char kExitCodes[] =
 struct Positional {
     const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional
     const char* help;
-    bool isPlatform = false;  ///< a platform's file or name, which completion offers
+    const char* values = "";  ///< "a|b" for one of these, otherwise the kind of value (Completion.cpp); completed
 };
 
 struct Option {
