@@ -69,7 +69,7 @@ TEST(PlatformCheck, ReportsTheLocationsOfJsonValues) {
                "lfa.json:8:43: designIpInstances[0].configuration [refused-value]",
                "lfa.json:8:57: designIpInstances[0].configuration.a [duplicate-key]",
                "lfa.json:9:42: designIntent.embedded.value [not-a-flag]",
-               "lfa.json:10:28: featureRoms[0].uuid [refused-value]"}));
+               "lfa.json:10:28: featureRoms[0].uuid [refused-value]", "lfa.json:10:48: unknown [unknown-key]"}));
 }
 
 TEST(PlatformCheck, ReportsMissingRequiredKeys) {
@@ -81,7 +81,7 @@ TEST(PlatformCheck, ReportsMissingRequiredKeys) {
 TEST(PlatformCheck, AcceptsWhatReadersAccept) {
     EXPECT_EQ(foundIn({{"lfa.json", "{}"}}), Lines());
     EXPECT_EQ(foundIn({{"lfa.json", R"({"vendor": 1, "versionMajor": " 5", "usesPR": "TRUE", "devices": null,
-        "board": {}, "memories": "", "zuncLinkXPSwitches": ["a", 1, true], "other": {"a": [1]},
+        "board": {}, "memories": "", "zuncLinkXPSwitches": ["a", 1, true], "uniqueName": {"a": [1]},
         "systemClocks": [{"id": -1}, {"id": "-1"}, {"id": 0, "default": true}]})"}}),
               Lines());
 }

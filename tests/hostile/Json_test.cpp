@@ -22,6 +22,7 @@ std::string archiveOf(const std::string& text, const std::vector<builder::Entry>
 /// "board.pcie.vendor" of every key that a reader reads.
 void addKeys(std::vector<std::string>& keys, json::Shapes shapes, const std::string& before) {
     for (const json::Shape& shape : shapes) {
+        if (!shape.isRead) continue;
         keys.push_back(before + shape.name);
         if (shape.inner) addKeys(keys, shape.inner(), keys.back() + ".");
     }

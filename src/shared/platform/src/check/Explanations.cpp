@@ -555,6 +555,12 @@ checkpoint
 )",
      R"({"versionMajor": "1"}
 )"},
+    {kUnknownKey, warning, "No reader knows the key, so that its value is ignored. It may be misspelled.",
+     "Write one of the nearest keys that the finding names, or remove it.", "lfa.json",
+     R"({"memorys": []}
+)",
+     R"({"memories": []}
+)"},
     {kDuplicateKey, warning, "An object has the same key twice: only the first value is read.", "Remove one of them.",
      "lfa.json",
      R"({"usesPR": true, "usesPR": false}

@@ -26,6 +26,7 @@ inline constexpr char kClashingParameter[] = "clashing-parameter";
 inline constexpr char kNotANumber[] = "not-a-number";
 inline constexpr char kNotAFlag[] = "not-a-flag";
 inline constexpr char kNumberOutOfRange[] = "number-out-of-range";
+inline constexpr char kUnknownKey[] = "unknown-key";
 inline constexpr char kDuplicateKey[] = "duplicate-key";
 inline constexpr char kMissingFile[] = "missing-file";
 inline constexpr char kWrongExtension[] = "wrong-extension";

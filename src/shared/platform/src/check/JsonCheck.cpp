@@ -6,6 +6,7 @@
 #include "json/JsonPlaces.h"
 #include "msg/Budget.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
 #include "xml/XmlException.h"
 
 namespace check {
@@ -95,11 +96,24 @@ void JsonCheck::add(const char* name, const ptree& value, const Path& path, std:
 
 void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
     for (const json::Shape& shape : shapes) {
+        if (!shape.isRead) continue;
         const auto at = object.find(shape.name);  // the reader uses the first of duplicates
         if (at != object.not_found())
             checkValue_(at->second, shape, {&path, shape.name});
         else if (shape.required || isRefusedWhenMissing(shape))
             add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is missing");
+    }
+    checkKnown_(object, shapes, path);
+}
+
+void JsonCheck::checkKnown_(const ptree& object, json::Shapes shapes, const Path& path) {
+    for (const auto& [key, value] : object) {
+        if (found_.size() == kMaxFindingsPerDocument) return;
+        if (std::ranges::any_of(shapes, [&key](const json::Shape& shape) { return key == shape.name; })) continue;
+        std::vector<std::string> known;
+        for (const json::Shape& shape : shapes) known.emplace_back(shape.name);
+        add(kUnknownKey, value, {&path, key.c_str()},
+            "the key is not read" + text::nearest(std::string(HSTStringUtils::utf8Prefix(key, 64)), known));
     }
 }
 

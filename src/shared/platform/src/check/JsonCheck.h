@@ -39,6 +39,7 @@ private:
     };
 
     void checkKeys_(const json::ptree& object, json::Shapes shapes, const Path& path);
+    void checkKnown_(const json::ptree& object, json::Shapes shapes, const Path& path);
     void checkValue_(const json::ptree& value, const json::Shape& shape, const Path& path);
     void checkScalar_(const json::ptree& value, const json::Shape& shape, const Path& path);
     void checkDuplicates_(const json::ptree& value, const Path& path);

@@ -7,6 +7,7 @@
 #include <boost/uuid/uuid.hpp>
 #include <boost/uuid/uuid_io.hpp>
 #include <cstring>
+#include <vector>
 
 #include "hardware/HardwareKeys.h"
 #include "hardware/RomNames.h"
@@ -101,7 +102,12 @@ constexpr json::Key<Rom> cdmaAddress(const char* name) {
 }
 
 json::Shapes bitMapShapes() {
-    static const json::Shape shapes[] = {{"value", json::Form::text}};
+    static const std::vector<json::Shape> shapes = [] {
+        std::vector<json::Shape> all{{"value", json::Form::text}};
+        for (const Feature& feature : kFeatures)
+            all.push_back({.name = feature.name, .form = json::Form::unknown, .isRead = false});
+        return all;
+    }();
     return shapes;
 }
 

@@ -49,8 +49,9 @@ constexpr json::Key<Base> kFlashKeys[] = {
     B::text<&Base::getFlashSize, &Base::setFlashSize>("size"),
 };
 
-/// The platform's own ids as they are read; written by their record. "plInterfaceID" is not read.
+/// The platform's own ids as they are read; written by their record.
 constexpr json::Key<Base> kTilIdKeys[] = {
+    B::text<&Base::getTILPlInterfaceIDAsString>("plInterfaceID"),
     B::number<&Base::getTILNodeID, &Base::setTILNodeID>("nodeID"),
     B::number<&Base::getTILUniqueID, &Base::setTILUniqueID>("uniqueID"),
     B::number<&Base::getTILPuID, &Base::setTILPuID>("puID"),
@@ -316,12 +317,11 @@ std::vector<json::Shape> documentShapes(bool hasHpfm) {
     std::vector<json::Shape> shapes = json::shapesOf(std::span<const json::Key<Base>>(kBaseKeys));
     for (json::Shape& shape : json::shapesOf(std::span<const json::Key<Platform>>(kPlatformKeys)))
         shapes.push_back(std::move(shape));
-    if (hasHpfm)
-        std::erase_if(shapes, [](const json::Shape& shape) {
-            return std::ranges::any_of(kBaseKeys, [&](const json::Row& row) {
+    for (json::Shape& shape : shapes)  // the hpfm replaces what the document says
+        if (hasHpfm && std::ranges::any_of(kBaseKeys, [&](const json::Row& row) {
                 return row.name == shape.name && (isOf(row, Turn::busInterfaces) || isOf(row, Turn::nocConnectivity));
-            });
-        });
+            }))
+            shape.isRead = false;
     return shapes;
 }
 

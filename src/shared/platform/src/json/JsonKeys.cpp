@@ -133,7 +133,10 @@ std::vector<Shape> shapesOf(const Rows& rows) {
     std::vector<Shape> shapes;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
-        if (!row.isRead() && !row.inner) continue;
+        if (!row.isRead() && !row.inner) {
+            shapes.push_back({.name = row.name, .form = Form::unknown, .isRead = false});
+            continue;
+        }
         Shape shape{.name = row.name, .form = row.form, .required = row.required, .inner = row.inner};
         shape.numberOf = row.numberOf;
         if (const auto* const objects = std::get_if<Objects>(&row.content)) shape.size = objects->size;

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-/// What a reader expects of a document, for checks: the keys that are read and the form of their values.
+/// What a reader expects of a document, for checks: the keys that are known and the form of those that are read.
 namespace json {
 
 enum class Form {
@@ -30,6 +30,7 @@ struct Shape {
     /// What a number is read as, in decimal. Null for other keys.
     std::string (*numberOf)(const std::string& text) = nullptr;
     std::size_t size = 0;  ///< of an object of the list in memory
+    bool isRead = true;    ///< else the key is only written, and its value is computed
 };
 
 }  // namespace json

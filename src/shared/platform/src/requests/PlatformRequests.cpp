@@ -12,6 +12,7 @@
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformSchema.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
 #include "util/HUTFile.h"
 #include "util/SystemFault.h"
 #include "zip/Request.h"
@@ -113,6 +114,10 @@ std::string schema(const std::string& format) {
                            {.text = "unknown format '" + format + "'; expected one of " +
                                     HSTStringUtils::join(PlatformSchema::formats(), ", ")});
     return text;
+}
+
+std::string nearest(const std::string& name, const HSTVector<std::string>& known) {
+    return text::nearest(name, known);
 }
 
 }  // namespace teq_platform::requests

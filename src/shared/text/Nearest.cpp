@@ -1,10 +1,12 @@
+#include "text/Nearest.h"
+
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
-#include "platform/PlatformRequests.h"
 #include "text/HSTStringUtils.h"
 
-namespace teq_platform::requests {
+namespace text {
 namespace {
 
 /// How many letters must be inserted, deleted or changed.
@@ -25,7 +27,7 @@ std::size_t distance(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-std::string nearest(const std::string& name, const HSTVector<std::string>& known) {
+std::string nearest(const std::string& name, const std::vector<std::string>& known) {
     constexpr std::size_t kMaxNames = 3, kMaxLength = 256;
     const std::string asked = HSTStringUtils::toLower(name.substr(0, kMaxLength));
     std::vector<std::pair<std::size_t, std::string>> found;
@@ -42,4 +44,4 @@ std::string nearest(const std::string& name, const HSTVector<std::string>& known
     return text;
 }
 
-}  // namespace teq_platform::requests
+}  // namespace text
