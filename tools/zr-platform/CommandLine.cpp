@@ -7,6 +7,7 @@
 #include "Completion.h"
 #include "Console.h"
 #include "Reference.h"
+#include "StandardInput.h"
 #include "Verbs.h"
 
 #include <platform/PlatformRequests.h>
@@ -175,6 +176,8 @@ int runCommandLine(int argc, char** argv) {
     Console::take().configure(call);
     std::optional<teq_platform::requests::Scope> request;
     if (!chosen->isManyRequests) request.emplace();
+    StandardInput input;
+    input.replace(*chosen, call);
     const int exit = chosen->run(call);
     if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
     return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)

@@ -99,8 +99,10 @@ constexpr Kind kKinds[] = {
     {"ARCHIVE", none, ":files cfa lfa"},
     {"MEMBER", memberNames, ":none"},
     {"FINDING", [](const Given&) { return findingNames(); }, ":none"},
+    {"TARGET", none, ":files cfa lfa"},
     {"JSON", none, ":files json"},
     {"FILE", none, ":files"},
+    {"OUT", none, ":files"},
     {"PATH", none, ":files zdf"},
     {"DIR", none, ":dirs"},
 };

@@ -42,6 +42,7 @@ Exit exitOf(const Failure& failure) { return static_cast<Exit>(rowOf(failure.kin
 struct Console::State {
     std::stringbuf library;  ///< what the library printed on the standard streams
     std::string out;
+    std::string input;  ///< the file that holds standard input
     bool verbose = false, quiet = false, json = false;
 
     void onMessage(const ComMsgMgrInstance& message);
@@ -114,7 +115,16 @@ void Console::flush() {
 }
 
 void Console::note(const std::string& line) {
-    if (!state_->quiet) writeAll(2, line + "\n");
+    if (!state_->quiet) writeAll(2, shown(line) + "\n");
+}
+
+void Console::nameInput(const std::string& file) { state_->input = file; }
+
+std::string Console::shown(std::string text) const {
+    const std::string& input = state_->input;
+    for (auto at = text.find(input); !input.empty() && at != std::string::npos; at = text.find(input, at + 1))
+        text.replace(at, input.size(), "-");
+    return text;
 }
 
 void Console::report(const Failure& failure) {

@@ -26,6 +26,9 @@ public:
     /// A line on standard error, unless --quiet.
     void note(const std::string& line);
     void report(const teq_platform::Failure& failure);
+    /// The file that holds standard input; `shown` prints "-" in its place.
+    void nameInput(const std::string& file);
+    std::string shown(std::string text) const;
     void flush();
     /// Replaces the progress line on standard error; an empty text removes it. Only on a terminal, and without
     /// --quiet.

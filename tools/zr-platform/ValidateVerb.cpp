@@ -16,11 +16,11 @@ std::string lineOf(const CheckFinding& finding) {
     HEXDiagnostic line = finding;
     line.id = finding.name;
     if (!finding.element.empty()) line.text = finding.element + ": " + finding.text;
-    return line.report(severityOf(finding)) + "\n";
+    return Console::take().shown(line.report(severityOf(finding))) + "\n";
 }
 
 boost::json::object recordOf(const CheckFinding& finding) {
-    return {{"file", finding.file},
+    return {{"file", Console::take().shown(finding.file)},
             {"member", finding.member},
             {"line", finding.line},
             {"column", finding.column},

@@ -18,33 +18,31 @@ const char* stateName(HUTZip::DigestState state) {
 /// Adds one archive's findings to `records` and `lines`. An archive that cannot be read gives a record with the
 /// reason.
 Exit verify(const std::string& archive, bool requireDigest, Records& records, std::string& lines) {
+    const std::string shown = Console::take().shown(archive);
     try {
         const HUTZip::Verification found = HUTZip::verify(archive);
         boost::json::array differences;
         for (const HUTZip::Difference& difference : found.differences) {
             const char* reason = HUTZip::reasonText(difference.reason);
             differences.push_back({{"member", difference.member}, {"reason", reason}, {"text", difference.text}});
-            lines +=
-                HEXDiagnostic{.file = archive, .member = difference.member, .id = reason, .text = difference.text}
-                    .report("") +
-                "\n";
+            lines += HEXDiagnostic{.file = shown, .member = difference.member, .id = reason, .text = difference.text}
+                         .report("") +
+                     "\n";
         }
         const bool same = found.isSound() && found.digest != HUTZip::DigestState::broken;
         const bool good = same && !(requireDigest && found.digest == HUTZip::DigestState::none);
-        lines += HSTStringUtils::printable(archive) + ": " +
+        lines += HSTStringUtils::printable(shown) + ": " +
                  (good   ? "good"
                   : same ? "not stamped"
                          : "differs") +
                  ", digest: " + stateName(found.digest) + "\n";
-        records.add({{"archive", archive},
-                     {"good", good},
-                     {"digest", stateName(found.digest)},
-                     {"differences", differences}});
+        records.add(
+            {{"archive", shown}, {"good", good}, {"digest", stateName(found.digest)}, {"differences", differences}});
         return good ? Exit::done : Exit::no;
     } catch (const HEXFileFault& e) {
         const teq_platform::Failure failure = teq_platform::currentFailure();
         Console::take().report(failure);
-        records.add({{"archive", archive}, {"good", false}, {"digest", nullptr}, {"problem", e.diagnostic().text}});
+        records.add({{"archive", shown}, {"good", false}, {"digest", nullptr}, {"problem", e.diagnostic().text}});
         return exitOf(failure);
     }
 }
