@@ -179,7 +179,10 @@ int runCommandLine(int argc, char** argv) {
     StandardInput input;
     input.replace(*chosen, call);
     const int exit = chosen->run(call);
-    if (exit == static_cast<int>(Exit::done)) teq_platform::checkSystem();  // the output may lack something
+    if (exit == static_cast<int>(Exit::done)) {
+        teq_platform::checkSystem();  // the output may lack something
+        if (!chosen->isManyRequests) Console::take().warnOfFaults();
+    }
     return exit == static_cast<int>(Exit::input) && teq_platform::systemFailed() ? static_cast<int>(Exit::environment)
                                                                                  : exit;
 }

@@ -23,6 +23,9 @@ using teq_platform::RequestError;
 
 namespace {
 
+/// More faults of one platform are not listed.
+constexpr std::size_t kMaxFaults = 10;
+
 /// A record as a line of JSON.
 std::string lineOf(const boost::json::value& record) {
     return HSTStringUtils::printableJson(boost::json::serialize(record)) + "\n";
@@ -42,7 +45,8 @@ Exit exitOf(const Failure& failure) { return static_cast<Exit>(rowOf(failure.kin
 struct Console::State {
     std::stringbuf library;  ///< what the library printed on the standard streams
     std::string out;
-    std::string input;  ///< the file that holds standard input
+    std::vector<std::string> faults;  ///< of messages that are not shown
+    std::string input;                ///< the file that holds standard input
     bool verbose = false, quiet = false, json = false;
 
     void onMessage(const ComMsgMgrInstance& message);
@@ -66,6 +70,9 @@ void writeAll(int file, std::string_view bytes) {
 
 void Console::State::onMessage(const ComMsgMgrInstance& message) {
     const bool isWarning = message.id.empty() && message.mask == MsgMask::warning;  // what was ignored
+    const bool isFault = message.mask == MsgMask::critical || message.mask == MsgMask::error;
+    if (isFault && faults.size() < kMaxFaults && std::ranges::find(faults, message.text) == faults.end())
+        faults.push_back(message.text);
     if (quiet || !(verbose || json || isWarning)) return;
     if (json) {
         boost::json::array args(message.args.begin(), message.args.end());
@@ -116,6 +123,12 @@ void Console::flush() {
 
 void Console::note(const std::string& line) {
     if (!state_->quiet) writeAll(2, shown(line) + "\n");
+}
+
+void Console::warnOfFaults() {
+    if (state_->verbose || state_->json) return;
+    for (const std::string& fault : state_->faults)
+        note(HEXDiagnostic{.text = fault + "; it is ignored"}.report("warning"));
 }
 
 void Console::nameInput(const std::string& file) { state_->input = file; }

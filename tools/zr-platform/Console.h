@@ -26,6 +26,8 @@ public:
     /// A line on standard error, unless --quiet.
     void note(const std::string& line);
     void report(const teq_platform::Failure& failure);
+    /// For a request that has succeeded: the errors that the library sent on the way are of members that it ignored.
+    void warnOfFaults();
     /// The file that holds standard input; `shown` prints "-" in its place.
     void nameInput(const std::string& file);
     std::string shown(std::string text) const;

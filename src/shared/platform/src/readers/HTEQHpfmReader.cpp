@@ -102,7 +102,12 @@ const WELHardwarePlatform::Repository* HTEQHpfmReader::readStream_() {
     } catch (const xml::Exception& e) {
         errorMsg_ = "Error parsing hardware platform stream from CFA\n" + lineText(e);
         msg::print(errorMsg_);
-        ComMsgMgr::sendMsg("@74-31@");
+        HEXDiagnostic fault = e.diagnostic();
+        fault.file = platform_->getPlatformFile();
+        fault.member = platform_->getFile("HPFM");
+        ComMsgMgrInstance message = ComMsgMgr::make("@74-31@");
+        message.text = fault.format();  // the row names no place
+        ComMsgMgr::send(message);
         return nullptr;
     }
 }
