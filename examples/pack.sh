@@ -3,6 +3,7 @@
 # Makes the sample platforms as a vendor delivers them: each folder here whose name ends in .lfa or .cfa becomes the
 # archive of that name below OUTDIR, all other files are copied. The folders themselves are copied to OUTDIR/src.
 # OUTDIR/share is an application root with the documentation of keys and a list of support exceptions.
+# OUTDIR/morwen is the tool's installation that builds emulations.
 # What an earlier run made is replaced; nothing else in OUTDIR is touched.
 set -euo pipefail
 tool=$(realpath -e "$1")
@@ -13,6 +14,8 @@ mkdir -p "$out/share/platforms"
 cp ../share/platforms/platform_keys_doc.json "$out/share/platforms"
 cp share/* "$out/src"
 "$tool" exceptions pack share/exceptions.json "$out/share/platforms/achromatic" --force
+rm -rf "$out/morwen"
+cp -R morwen "$out"
 for sample in u77 heron osprey harrier lone boards; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"

@@ -34,8 +34,10 @@ std::string signals() {
     for (int number = 1; number < SIGRTMAX; ++number) {
         struct sigaction action {};
         if (::sigaction(number, nullptr, &action) != 0) continue;
+        // The C library adds a flag of its own to each disposition that is set, be it that of before.
+        constexpr int kRestorer = 0x04000000;
         text += std::to_string(number) + ":" + std::to_string(reinterpret_cast<std::uintptr_t>(action.sa_handler)) +
-                "/" + std::to_string(action.sa_flags) + " ";
+                "/" + std::to_string(action.sa_flags & ~kRestorer) + " ";
     }
     sigset_t blocked;
     ::sigprocmask(SIG_SETMASK, nullptr, &blocked);

@@ -47,7 +47,11 @@ void ArchiveEdit::put(const std::string& member, SourceFile source) {
 }
 
 void ArchiveEdit::put(const std::string& member, std::string bytes) {
-    stage(member, {std::make_unique<MemoryBytes>(std::move(bytes)), {}, {}});
+    put(member, std::make_unique<MemoryBytes>(std::move(bytes)));
+}
+
+void ArchiveEdit::put(const std::string& member, std::unique_ptr<const ByteSource> bytes) {
+    stage(member, {std::move(bytes), {}, {}});
 }
 
 void ArchiveEdit::stage(const std::string& member, Change change) {

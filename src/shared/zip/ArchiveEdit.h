@@ -50,6 +50,8 @@ public:
     /// Adds or replaces a member. The file is read in `commit`; it must not be the archive itself.
     void put(const std::string& member, SourceFile source);
     void put(const std::string& member, std::string bytes);
+    /// The same for bytes that are read in `commit`; what reading them throws is passed on.
+    void put(const std::string& member, std::unique_ptr<const ByteSource> bytes);
     /// False if there is no such member.
     bool remove(const std::string& member);
 

@@ -101,16 +101,19 @@ void zip::writeDestination(const std::string& path, const Fill& fill, bool mayRe
     target.writeFile(fill, mayReplace);
 }
 
-void zip::copyToDestination(const std::string& from, const std::string& path) {
+void zip::copyToDestination(const std::string& from, const std::string& path, bool mayReplace) {
     const SourceFile file(from);
-    writeDestination(path, [&file](const std::function<void(std::string_view)>& take) {
-        std::string block;
-        for (std::uint64_t at = 0; at < file.bytes().size(); at += block.size()) {
-            block.resize(static_cast<std::size_t>(std::min(kBlock, file.bytes().size() - at)));
-            if (!file.bytes().read(at, block.data(), block.size())) file.refuse("it cannot be read");
-            take(block);
-        }
-    });
+    writeDestination(
+        path,
+        [&file](const std::function<void(std::string_view)>& take) {
+            std::string block;
+            for (std::uint64_t at = 0; at < file.bytes().size(); at += block.size()) {
+                block.resize(static_cast<std::size_t>(std::min(kBlock, file.bytes().size() - at)));
+                if (!file.bytes().read(at, block.data(), block.size())) file.refuse("it cannot be read");
+                take(block);
+            }
+        },
+        mayReplace);
 }
 
 bool zip::isStream(const std::string& path) {

@@ -13,7 +13,7 @@ void writeDestination(const std::string& path,
                       const std::function<void(const std::function<void(std::string_view)>& take)>& fill,
                       bool mayReplace = true);
 /// The same with the bytes of the file `from`.
-void copyToDestination(const std::string& from, const std::string& path);
+void copyToDestination(const std::string& from, const std::string& path, bool mayReplace = true);
 
 /// Whether bytes would be written directly.
 bool isStream(const std::string& path);

@@ -1,0 +1,7 @@
+# Kernels that read and write memory.
+source [file join [file dirname [info script]] .. common.tcl]
+
+proc emu_bd_gen {} {
+    project::make [info_of project_name]
+    write_design [info_of bd_name] [linsert [common_cells] end [cell memory_subsystem crossbar_model [list masters 16 banks [llength [memory_tags]]]]]
+}

@@ -1,0 +1,7 @@
+# Streams between host and kernels, without memory ports.
+source [file join [file dirname [info script]] .. common.tcl]
+
+proc emu_bd_gen {} {
+    project::make [info_of project_name]
+    write_design [info_of bd_name] [linsert [common_cells] end [cell streams stream_model [list width 512 direction both]]]
+}

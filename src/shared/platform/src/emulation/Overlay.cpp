@@ -1,0 +1,104 @@
+// What the build leaves in the overlay directory becomes part of the archive.
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <memory>
+#include <optional>
+#include <system_error>
+#include <utility>
+
+#include "emulation/Generator.h"
+#include "msg/HEXAll.h"
+#include "util/Descriptor.h"
+#include "util/FolderNames.h"
+#include "util/HUTFile.h"
+#include "util/OpenBelow.h"
+#include "zip/ArchiveEdit.h"
+
+namespace emulation {
+namespace {
+
+[[noreturn]] void refuse(const std::string& path, const std::string& text) {
+    throw HEXUserException("'" + path + "' cannot be put into an archive: " + text);
+}
+
+/// An open directory. What is in it is opened by names below it, without following links.
+class Folder {
+public:
+    explicit Folder(std::string path)
+        : path_(std::move(path)), opened_(::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC)) {
+        if (!opened_.isOpen()) refuse(path_, std::generic_category().message(errno));
+    }
+
+    HSTVector<std::string> files() const {
+        HSTVector<std::string> files, folders{""};
+        while (!folders.empty()) {
+            const std::string inside = std::exchange(folders.back(), {});
+            folders.pop_back();
+            const std::string at = inside.empty() ? "" : inside + "/";
+            const util::Descriptor folder = util::openBelow(opened_.get(), inside, O_RDONLY | O_DIRECTORY);
+            if (!folder.isOpen()) refuse(path_ + "/" + inside, std::generic_category().message(errno));
+            for (const std::string& name : folderNames(folder.get(), path_ + "/" + inside))
+                (isFolder(folder.get(), name, path_ + "/" + at + name) ? folders : files).push_back(at + name);
+        }
+        std::sort(files.begin(), files.end());
+        return files;
+    }
+
+    zip::SourceFile file(const std::string& name) const { return {opened_.get(), name, path_ + "/" + name}; }
+
+private:
+    static bool isFolder(int folder, const std::string& name, const std::string& path) {
+        struct stat status {};
+        if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+            refuse(path, std::generic_category().message(errno));
+        if (!S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode)) refuse(path, "it is neither a file nor a folder");
+        return S_ISDIR(status.st_mode);
+    }
+
+    std::string path_;
+    util::Descriptor opened_;
+};
+
+/// A file that is open only while it is read: an overlay may have more than can be open at once.
+class LateFile final : public zip::ByteSource {
+public:
+    LateFile(std::shared_ptr<const Folder> folder, std::string name)
+        : folder_(std::move(folder)), name_(std::move(name)), staged_(folder_->file(name_).bytes().stamp()) {}
+
+    std::uint64_t size() const override { return static_cast<std::uint64_t>(staged_.size); }
+    bool read(std::uint64_t offset, char* target, std::size_t count) const override {
+        if (!file_) file_.emplace(folder_->file(name_));
+        if (!(file_->bytes().stamp() == staged_)) file_->refuse("it was changed while it was read");
+        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was truncated");
+        file_->checkUnchanged();
+        if (offset + count == size()) file_.reset();
+        return true;
+    }
+
+private:
+    std::shared_ptr<const Folder> folder_;
+    std::string name_;
+    zip::FileStamp staged_;
+    mutable std::optional<zip::SourceFile> file_;
+};
+
+}  // namespace
+
+HSTVector<std::string> filesBelow(const std::string& directory) { return Folder(directory).files(); }
+
+void mergeOverlay(const std::string& platformFile, const std::string& overlay) {
+    const auto folder = std::make_shared<const Folder>(overlay);
+    const std::string prefix = HUTFile::getCanonicalName(overlay);
+    const std::string name = prefix.substr(prefix.rfind('/') + 1) + "/";
+    zip::ArchiveEdit edit(platformFile);
+    for (const std::string& file : folder->files()) {
+        edit.put(file, std::make_unique<LateFile>(folder, file));
+        edit.remove(name + file);
+    }
+    edit.commit(zip::ArchiveEdit::Digest::attach);
+}
+
+}  // namespace emulation
