@@ -31,6 +31,24 @@ public:
     static bool uncompressDir(const std::string& archive, const std::string& directory,
                               const std::string& destination, bool overwrite);
 
+    /// Extracts one member into `destination`, which must exist, under its full name. False if there is no such member.
+    /// Otherwise like `uncompressDir`.
+    static bool uncompress(const std::string& archive, const std::string& member, const std::string& destination,
+                           bool overwrite);
+
+    enum class Step {
+        create,  ///< a new archive, in place of an existing file, with a digest
+        append   ///< added to an existing archive, or replaced in it; a valid digest stays valid
+    };
+    /// Puts one file into an archive as `member`, by default under its own name. To add several files, `compressDir`
+    /// is faster: each call writes the whole archive anew. The archive appears complete or not at all.
+    static void compress(const std::string& file, const std::string& archive, Step step,
+                         const std::string& member = {});
+
+    /// Deletes the members of these names in one rewrite; a valid digest stays valid. Returns how many there were. At
+    /// least one member must be left.
+    static std::size_t deleteFilesFromZip(const std::string& archive, const HSTVector<std::string>& members);
+
     /// Makes an archive of everything in `folder`, reproducibly: the same bytes each time and on each machine. A
     /// folder in it whose name ends in ".lfa", ".cfa", ".zip" or ".tilprj" becomes an archive member of that name.
     /// The archive and those in it carry a digest. Links and devices are errors, and so is an existing `archive`

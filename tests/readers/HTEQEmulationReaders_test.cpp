@@ -4,16 +4,19 @@
 
 #include <boost/property_tree/json_parser.hpp>
 
+#include "json/JsonText.h"
 #include "kit/Capture.h"
 #include "kit/Cases.h"
 #include "kit/Replace.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQEmulationExtMetaJsonReader.h"
 #include "platform/HTEQEmulationJsonReader.h"
+#include "platform/HTEQEmulationJsonWriter.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulations.h"
 #include "readers/Archive.h"
 #include "readers/ArchiveMember.h"
+#include "text/HSTStringUtils.h"
 
 namespace {
 
@@ -69,16 +72,33 @@ std::string readBy(const std::string& reader, const std::string& file) {
     }
 }
 
+std::string written(const std::string& text) {
+    HTEQEmulations emulations;
+    json::ptree root;
+    json::parse(text, "text", root);
+    HTEQEmulationJsonReader(&emulations).parseRoot_(root);
+    std::string line;
+    for (const std::string& part : HSTStringUtils::split(HTEQEmulationJsonWriter(&emulations, "").getText(), '\n'))
+        line += HSTStringUtils::trim(part);
+    return line;
+}
+
 }  // namespace
 
 TEST(EmulationReaders, Documents) {
     const Scratch scratch;
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/readers/emulation.case", [&](const auto& name, const auto& text) {
+        if (name.starts_with("written")) return written(text);
         if (name.starts_with("member")) return std::string(readers::withoutLeadingDot(text));
         return readBy(name.substr(0, name.find(':')), scratch.put("emulation", text));
     });
     EXPECT_EQ(readBy("json", scratch.str()), "no JSON") << "a directory";
     for (const char* reader : {"json", "xml"}) EXPECT_EQ(readBy(reader, scratch / "none"), "no file");
+    HTEQEmulations none;
+    HTEQEmulationJsonWriter(&none, scratch / "made.json").writeJson();
+    EXPECT_EQ(readBy("json", scratch / "made.json"), "version ; ");
+    EXPECT_THROW(HTEQEmulationJsonWriter(&none, scratch / "no/made.json").writeJson(),
+                 boost::property_tree::json_parser_error);
 }
 
 TEST(ArchiveMember, EmulationMetadata) {

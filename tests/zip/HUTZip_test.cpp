@@ -133,6 +133,32 @@ TEST_F(Uncompress, OneDirectory) {
     EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("nowhere"), true), HEXUserException);
 }
 
+TEST_F(Uncompress, OneMemberAtATime) {
+    writeTree("in", {{"a", "A"}, {"b", "B"}, {"c", "C"}});
+    using Step = HUTZip::Step;
+    write(at("x.zip"), "older");
+    HUTZip::compress(at("in/a"), at("x.zip"), Step::create, "deep/a");
+    HUTZip::compress(at("in/b"), at("x.zip"), Step::append);
+    HUTZip::compress(at("in/c"), at("x.zip"), Step::append, "b");
+    EXPECT_EQ(HUTZip::verify(at("x.zip")).digest, HUTZip::DigestState::valid);
+    EXPECT_TRUE(HUTZip::verify(at("x.zip")).isSound());
+    fs::create_directory(at("out"));
+    for (const std::string member : {"deep/a", "b"})
+        EXPECT_TRUE(HUTZip::uncompress(at("x.zip"), member, at("out"), false));
+    EXPECT_FALSE(HUTZip::uncompress(at("x.zip"), "none", at("out"), true));
+    EXPECT_THROW(HUTZip::uncompress(at("x.zip"), "b", at("out"), false), HEXUserException);
+    EXPECT_EQ(readTree("out"), (Tree{{"deep/a", "A"}, {"b", "C"}}));
+
+    EXPECT_EQ(HUTZip::deleteFilesFromZip(at("x.zip"), {"b", "none", "b"}), 1U);
+    EXPECT_FALSE(HUTZip::containsFile(at("x.zip"), "b"));
+    EXPECT_EQ(HUTZip::verify(at("x.zip")).digest, HUTZip::DigestState::valid);
+    EXPECT_THROW(HUTZip::deleteFilesFromZip(at("x.zip"), {"deep/a"}), HEXUserException) << "none would be left";
+    EXPECT_THROW(HUTZip::compress(at("in/a"), at("x.zip"), Step::append, "../a"), HEXUserException);
+    EXPECT_THROW(HUTZip::compress(at("in/none"), at("new.zip"), Step::create), HEXUserException);
+    EXPECT_TRUE(HUTZip::containsFile(at("x.zip"), "deep/a"));
+    EXPECT_FALSE(HUTFile::exists(at("new.zip")));
+}
+
 TEST_F(Uncompress, NothingLeavesTheDirectory) {
     write(at("outside/file"), "as it was");
     fs::create_directory(at("out"));

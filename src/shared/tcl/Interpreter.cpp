@@ -10,9 +10,9 @@
 
 #include "msg/HEXAll.h"
 #include "msg/Printed.h"
+#include "msg/WriteSignals.h"
 #include "tcl/TclLibrary.h"
 #include "text/HSTStringUtils.h"
-#include "msg/WriteSignals.h"
 #include "util/Descriptor.h"
 
 namespace tcl {

@@ -11,6 +11,7 @@
 #include "zip/ArchiveError.h"
 #include "zip/ExtractionDirectory.h"
 #include "zip/FolderPacker.h"
+#include "zip/NewArchive.h"
 #include "zip/Request.h"
 
 bool HUTZip::containsFile(const std::string& archive, const std::string& member) {
@@ -51,6 +52,35 @@ bool HUTZip::uncompressDir(const std::string& archive, const std::string& direct
         isFound = true;
     }
     return isFound;
+}
+
+bool HUTZip::uncompress(const std::string& archive, const std::string& member, const std::string& destination,
+                        bool overwrite) {
+    const zip::Request request;
+    const auto opened = zip::openShared(archive);
+    const zip::Member* const found = opened->find(member);
+    if (found) zip::ExtractionDirectory(destination).extract(*opened, *found, overwrite, *zip::Request::budget());
+    return found != nullptr;
+}
+
+void HUTZip::compress(const std::string& file, const std::string& archive, Step step, const std::string& member) {
+    const std::string name = member.empty() ? file.substr(file.rfind('/') + 1) : member;
+    if (step == Step::append) {
+        zip::ArchiveEdit edit(archive);
+        edit.put(name, zip::SourceFile(file));
+        edit.commit();
+        return;
+    }
+    zip::NewArchive made(archive);
+    made.addFile(name, file);
+    made.commit(archive, true);
+}
+
+std::size_t HUTZip::deleteFilesFromZip(const std::string& archive, const HSTVector<std::string>& members) {
+    zip::ArchiveEdit edit(archive);
+    const auto count = std::ranges::count_if(members, [&](const std::string& name) { return edit.remove(name); });
+    edit.commit();
+    return static_cast<std::size_t>(count);
 }
 
 void HUTZip::compressDir(const std::string& folder, const std::string& archive, bool overwrite,

@@ -50,7 +50,7 @@ bool hasNamelessChild(const ptree& value) {
 /// A missing key is read as an empty text.
 bool isRefusedWhenMissing(const json::Shape& shape) {
     static const ptree nothing;
-    return shape.refusal && !shape.refusal(nothing).empty();
+    return shape.refusal && !shape.isOptional && !shape.refusal(nothing).empty();
 }
 
 /// Numbers the wanted values in document order. The parser's limit bounds the recursion.
@@ -87,6 +87,20 @@ JsonCheck::JsonCheck(const Source& source) : source_(source) {
 void JsonCheck::checkShapes(json::Shapes shapes) {
     if (isObject_(tree_, {})) checkKeys_(tree_, shapes, {});
     checkDuplicates_(tree_, {});
+}
+
+void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view, const ptree&)) {
+    if (!isObject_(tree_, {})) return;
+    std::unordered_map<std::string, std::size_t> counts;
+    const Path root;
+    for (const auto& [key, object] : tree_) {
+        const auto* const shapes = shapesOf(key, object);
+        if (!shapes) continue;
+        const Path all{&root, key.c_str()}, at{&all, nullptr, counts[key]++};
+        if (!isObject_(object, at)) continue;
+        checkKeys_(object, *shapes, at);
+        checkDuplicates_(object, at);
+    }
 }
 
 void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {

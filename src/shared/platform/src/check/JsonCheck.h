@@ -25,6 +25,9 @@ public:
 
     /// Checks the document against the keys that its reader uses.
     void checkShapes(json::Shapes shapes);
+    /// Checks a document whose keys may occur any number of times, each with an object of its own. `shapesOf` gives the
+    /// keys that are read of such an object; null for a key that is ignored.
+    void checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view key, const json::ptree& object));
     /// Adds a finding. `value` is in the document, at `path`.
     void add(const char* name, const json::ptree& value, const Path& path, std::string text);
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "check/ArchiveMembers.h"
@@ -5,6 +6,7 @@
 #include "check/MetadataCheck.h"
 #include "check/MetadataRules.h"
 #include "hardware/HardwareKeys.h"
+#include "labels/LabelKeys.h"
 #include "readers/EmulationKeys.h"
 #include "text/HSTStringUtils.h"
 #include "xml/XmlException.h"
@@ -98,17 +100,27 @@ void checkEmulationJson(const Source& source, Findings& findings) {
     check.report(findings);
 }
 
+void checkLabels(const Source& source, Findings& findings) {
+    JsonCheck check(source);
+    if (check.document()) check.checkEach(labels::shapesOf);
+    check.report(findings);
+}
+
 void checkAnyJson(const Source& source, Findings& findings) { JsonCheck(source).report(findings); }
 
 void checkJsonFile(const Source& source, Findings& findings) {
     JsonCheck check(source);
     if (const ptree* document = check.document()) {
         const std::string name = source.file.substr(source.file.rfind('/') + 1);
+        const bool isLabels = std::ranges::any_of(
+            *document, [](const auto& child) { return labels::shapesOf(child.first, child.second) != nullptr; });
         const auto has = [&](const char* key) { return document->find(key) != document->not_found(); };
         if (name == "hw_emu.json" || has("emulations"))
             check.checkShapes(json::shapesOfRecord<HTEQEmulations>());
         else if (document->size() == 1 && has("featureRoms"))
             check.checkShapes(json::shapesOfRecord<HTEQEmuFeatureRom>());
+        else if (isLabels)
+            check.checkEach(labels::shapesOf);
         else
             checkMetadataIn(check, nullptr, "");
     }

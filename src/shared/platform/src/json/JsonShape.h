@@ -27,6 +27,7 @@ struct Shape {
     Shapes (*inner)() = nullptr;  ///< keys of the object, or of each object of the list; null if unknown
     /// Why the reader refuses a value; empty if it does not. Null for a key that is never refused.
     std::function<std::string(const boost::property_tree::ptree& node)> refusal = nullptr;
+    bool isOptional = false;  ///< may be missing although an empty text is refused
     /// What a number is read as, in decimal. Null for other keys.
     std::string (*numberOf)(const std::string& text) = nullptr;
     std::size_t size = 0;  ///< of an object of the list in memory

@@ -1,0 +1,109 @@
+#include "zip/NewArchive.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
+#include "util/AtomicFile.h"
+#include "zip/MemberName.h"
+#include "zip/MemoryBytes.h"
+#include "zip/ZipWriter.h"
+
+namespace zip {
+namespace {
+
+/// Provides the bytes of a hashed file, and opens it only while they are read.
+class LateFile {
+public:
+    LateFile(NewArchive::Open open, const FileStamp& hashed) : open_(std::move(open)), hashed_(hashed) {}
+
+    void operator()(std::uint64_t offset, char* target, std::size_t count) {
+        if (!file_) file_ = std::make_shared<const SourceFile>(open_());
+        if (!(file_->bytes().stamp() == hashed_)) file_->refuse("it was changed while it was read");
+        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was truncated");
+        file_->checkUnchanged();
+        if (offset + count == file_->bytes().size()) file_.reset();
+    }
+
+private:
+    NewArchive::Open open_;
+    FileStamp hashed_;
+    std::shared_ptr<const SourceFile> file_;
+};
+
+}  // namespace
+
+void NewArchive::addFile(std::string member, Open open) { add({std::move(member), std::move(open), {}}, true); }
+
+void NewArchive::addFile(std::string member, const std::string& path) {
+    addFile(std::move(member), [path] { return SourceFile(path); });
+}
+
+void NewArchive::addText(std::string member, std::string bytes) {
+    add({std::move(member), {}, std::move(bytes)}, true);
+}
+
+void NewArchive::addDirectory(std::string member) { add({std::move(member), {}, {}}, false); }
+
+void NewArchive::add(Member member, bool hasData) {
+    if (const auto fault = memberNameFault(member.name, hasData); !fault.empty())
+        throw HEXUserException("archive '" + shown_ + "' cannot be made: the member name '" +
+                               HSTStringUtils::printable(member.name) + "' " + std::string(fault));
+    members_.push_back(std::move(member));
+}
+
+void NewArchive::commit(const std::string& archive, bool mayReplace,
+                        const std::function<void(const std::string&)>& accept) {
+    sort();
+    util::AtomicFile made(archive, 0666);
+    write(made);
+    made.sync();
+    if (accept) accept(made.path());
+    made.commit(mayReplace);
+}
+
+void NewArchive::sort() {
+    std::ranges::sort(members_, {}, &Member::name);
+    const auto twice = std::ranges::adjacent_find(members_, {}, &Member::name);
+    if (twice != members_.end())
+        throw HEXUserException("archive '" + shown_ + "' cannot be made: it would have two members '" +
+                               HSTStringUtils::printable(twice->name) + "'");
+}
+
+void NewArchive::write(util::AtomicFile& made) const {
+    ZipWriter writer(shown_, {},
+                     [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
+    std::vector<DigestRow> rows;
+    rows.reserve(members_.size());
+    for (const Member& member : members_) {
+        rows.push_back({member.name, 0, {}});
+        const std::uint64_t number = addTo(writer, member, rows.back());
+        writer.setField(number, kDigestField, {rows.back().hash.data(), rows.back().hash.size()});
+    }
+    writer.setComment(digestLine(rows));
+    writer.close();
+}
+
+std::uint64_t NewArchive::addTo(ZipWriter& writer, const Member& member, DigestRow& row) {
+    if (member.name.ends_with('/')) {
+        row.hash = Sha256().finish();
+        return writer.addDirectory(member.name);
+    }
+    if (!member.open) {
+        const auto bytes = std::make_shared<const MemoryBytes>(member.text);
+        row.size = bytes->size();
+        row.hash = checksumsOf(*bytes)->hash;
+        return writer.add(member.name, {row.size, [bytes](std::uint64_t offset, char* target, std::size_t count) {
+                                            bytes->read(offset, target, count);
+                                        }});
+    }
+    const SourceFile file = member.open();
+    const auto checksums = checksumsOf(file.bytes());
+    if (!checksums) file.refuse("it cannot be read, or was truncated");
+    row.size = file.bytes().size();
+    row.hash = checksums->hash;
+    return writer.add(member.name, {row.size, LateFile(member.open, file.bytes().stamp())});
+}
+
+}  // namespace zip
