@@ -61,7 +61,7 @@ TEST(HostileXml, SoftwareFiles) {
 TEST(HostileXml, HpfmAndEmulationMembers) {
     static const struct {
         const char *type, *outcome, *words;
-    } kinds[] = {{"HPFM", "loads", "hpfm text of the archive is not valid"}, {"EMU_XML", "null", "x.lfa!x.xml"}};
+    } kinds[] = {{"HPFM", "loads", "x.lfa!x.xml:"}, {"EMU_XML", "null", "x.lfa!x.xml"}};
     for (const auto& kind : kinds) {
         for (const Fault& c : faults()) {
             SCOPED_TRACE(std::string(kind.type) + ", " + c.what);
