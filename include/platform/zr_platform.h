@@ -72,16 +72,18 @@ typedef enum zr_field {
 
 /* Each function states which of them it accepts. */
 typedef enum zr_flag {
-    ZR_OVERWRITE = 1,        /* replace an existing file */
-    ZR_MAY_LACK = 2,         /* files that the metadata lists may be missing, and the metadata may be unreadable */
-    ZR_LOSE_KEYS = 4,        /* write although keys of the metadata are lost or changed */
-    ZR_STRIP_PATHS = 8,      /* omit "platformFile", a path on the author's machine, from the metadata */
-    ZR_DRY_RUN = 16,         /* check everything, write nothing */
-    ZR_NO_DEFAULTS = 32,     /* do not search the default repositories */
-    ZR_LATEST = 64,          /* of each vendor, board and name only the highest version */
-    ZR_DEFAULT_FILTER = 128, /* keep the keys of tile array, ids and files */
-    ZR_DETAILED = 256,       /* every fact of a report */
-    ZR_USABLE = 512          /* only platforms that the support policy accepts for this tool */
+    ZR_OVERWRITE = 1,          /* replace an existing file */
+    ZR_MAY_LACK = 2,           /* files that the metadata lists may be missing, and the metadata may be unreadable */
+    ZR_LOSE_KEYS = 4,          /* write although keys of the metadata are lost or changed */
+    ZR_STRIP_PATHS = 8,        /* omit "platformFile", a path on the author's machine, from the metadata */
+    ZR_DRY_RUN = 16,           /* check everything, write nothing */
+    ZR_NO_DEFAULTS = 32,       /* do not search the default repositories */
+    ZR_LATEST = 64,            /* of each vendor, board and name only the highest version */
+    ZR_DEFAULT_FILTER = 128,   /* keep the keys of tile array, ids and files */
+    ZR_DETAILED = 256,         /* every fact of a report */
+    ZR_USABLE = 512,           /* only platforms that the support policy accepts for this tool */
+    ZR_DYNAMIC = 1024,         /* the platform has a dynamic region */
+    ZR_MAY_RUN_PROGRAMS = 2048 /* scripts may run programs, open sockets and load libraries */
 } zr_flag;
 
 /* What the support policy is asked; docs/policy.md has its rules. */
@@ -138,6 +140,15 @@ typedef struct zr_options {
     /* Bytes that one call may decompress. 0 means 1 GiB, which is also the maximum. Verifying has no limit. */
     uint64_t max_unpacked;
 } zr_options;
+
+/* Input: how the emulation of a platform is built; docs/emulation.md has the flow. */
+typedef struct zr_emulation {
+    size_t size;
+    const char* name;         /* of the installation's property file; not NULL or "" */
+    const char* installation; /* of the tool; NULL: the environment variable TORVANE_MORWEN */
+    const char* keep;         /* new directory for the scripts and the overlay, even if a step fails; NULL: none */
+    uint64_t milliseconds;    /* the time limit of the scripts; 0: none */
+} zr_emulation;
 
 /* Output. */
 typedef struct zr_member {
@@ -410,6 +421,12 @@ ZR_C_API zr_code zr_pack(const char* folder, const char* archive, uint32_t flags
 ZR_C_API zr_code zr_set_file(const char* archive, const char* type, const char* member, const char* source,
                              uint32_t flags, const zr_options* options, zr_text** losses,
                              zr_error** error) ZR_NOEXCEPT;
+/* Writes to `destination` a copy of `archive`, a .cfa with XML metadata, with its emulation, built by the scripts of the
+ * tool's installation in an embedded Tcl. `members`, unless NULL, is set to the names of the new members, a line for
+ * each. The working directory of the process is a private one during the call: other threads must not use relative
+ * paths meanwhile. Accepts ZR_OVERWRITE, ZR_DRY_RUN, ZR_DYNAMIC and ZR_MAY_RUN_PROGRAMS. */
+ZR_C_API zr_code zr_emulate(const char* archive, const char* destination, const zr_emulation* emulation,
+                            uint32_t flags, zr_text** members, zr_error** error) ZR_NOEXCEPT;
 /* Attaches a digest; an archive with a valid one is not written. */
 ZR_C_API zr_code zr_stamp_digest(const char* archive, zr_error** error) ZR_NOEXCEPT;
 

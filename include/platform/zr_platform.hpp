@@ -316,6 +316,21 @@ inline void setFile(const std::string& archive, const std::string& type, const s
     if (code != ZR_OK) detail::fail(caught.release());
 }
 
+struct Emulation {
+    std::string name;          ///< of the installation's property file
+    std::string installation;  ///< of the tool; empty: the environment variable TORVANE_MORWEN
+    std::string keep;          ///< new directory for the scripts and the overlay; empty: none
+    std::uint64_t milliseconds = 0;
+};
+/// Returns the names of the new members, a line for each.
+inline std::string emulate(const std::string& archive, const std::string& destination, const Emulation& emulation,
+                           std::uint32_t flags = 0) {
+    const auto orNull = [](const std::string& text) { return text.empty() ? nullptr : text.c_str(); };
+    const zr_emulation given{sizeof given, emulation.name.c_str(), orNull(emulation.installation),
+                             orNull(emulation.keep), emulation.milliseconds};
+    return detail::textOf(zr_emulate, archive.c_str(), destination.c_str(), &given, flags);
+}
+
 inline void stampDigest(const std::string& archive) { detail::call(zr_stamp_digest, archive.c_str()); }
 
 inline std::vector<Finding> validate(const std::string& file, const Options& options = {}) {

@@ -9,7 +9,7 @@
 namespace jun::tcltasks {
 
 /// Evaluates Tcl commands: in the host's interpreter, if it has installed one, otherwise in an embedded Tcl 8.6, which
-/// is loaded on first use.
+/// is loaded on first use. A process that uses Tcl 8.6 in another way must have loaded it before.
 class ZR_API task_manager {
 public:
     struct Command {

@@ -351,6 +351,27 @@ static void takeMessage(void* user, const zr_message* message) {
         ++*(int*)user;
 }
 
+static void testEmulation(const char* archive) {
+    char installation[512], *end;
+    snprintf(installation, sizeof installation, "%s", archive);
+    for (int up = 0; up < 3; ++up)
+        if ((end = strrchr(installation, '/'))) *end = 0;
+    strncat(installation, "/morwen", sizeof installation - strlen(installation) - 1);
+    zr_emulation how = {sizeof how, "memss", installation, NULL, 60000};
+    const char* packed = at("harrier.cfa");
+    CHECK(zr_pack(archive, packed, 0, &error) == ZR_OK);
+    GIVES(zr_emulate(packed, at("emu.cfa"), &how, ZR_DRY_RUN, &text, &error), "");
+    CHECK(remove(at("emu.cfa")) != 0);
+    GIVES(zr_emulate(packed, at("emu.cfa"), &how, ZR_DYNAMIC, &text, &error), "emu/pfm_dynamic/pfm_dynamic.bd\n");
+    FAILS(zr_emulate(packed, at("emu.cfa"), &how, 0, &text, &error), ZR_REFUSED, "already exists");
+    how.keep = at("kept"), how.installation = at("gone");
+    FAILS(zr_emulate(packed, at("emu.cfa"), &how, ZR_OVERWRITE, &text, &error), ZR_BAD_INPUT, "block design");
+    CHECK(remove(at("kept/emu_update_cfa.tcl")) == 0);
+    how.name = NULL;
+    FAILS(zr_emulate(packed, at("emu.cfa"), &how, 0, &text, &error), ZR_WRONG_USE, "name is NULL");
+    FAILS(zr_emulate(packed, at("emu.cfa"), NULL, 0, &text, &error), ZR_WRONG_USE, "emulation is NULL");
+}
+
 static void testMessages(void) {
     int taken = 0;
     zr_platform* platform = NULL;
@@ -375,6 +396,7 @@ int main(int argc, char** argv) {
     testChecks();
     testSearch();
     testQuestions();
+    testEmulation(argv[1]);
     CHECK(zr_set_message_function(NULL, NULL, NULL) == ZR_OK);
     char command[64];
     snprintf(command, sizeof command, "rm -r %s", scratch);

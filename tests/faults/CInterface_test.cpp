@@ -115,6 +115,10 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"set-file", text([this](auto to, auto error) {
              return zr_set_file(archive_.c_str(), "T", "t", source_.c_str(), ZR_LOSE_KEYS, nullptr, to, error);
          })},
+        {"emulate", text([](auto to, auto error) {
+             const zr_emulation how{sizeof how, "memss", ZR_SOURCE_DIR "/examples/morwen", nullptr, 0};
+             return zr_emulate(ZR_SAMPLES "/harrier/hw/harrier.cfa", "none.cfa", &how, ZR_DRY_RUN, to, error);
+         })},
         {"digest", [this](auto error) { return zr_stamp_digest(archive_.c_str(), error); }},
         {"validate",
          giving<zr_findings>(zr_findings_free,

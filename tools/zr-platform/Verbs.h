@@ -64,6 +64,7 @@ int runPack(const Call& call);
 int runMembers(const Call& call);
 int runExtract(const Call& call);
 int runSetFile(const Call& call);
+int runEmulate(const Call& call);
 int runVerify(const Call& call);
 int runSchema(const Call& call);
 int runValidate(const Call& call);

@@ -42,7 +42,7 @@ private:
 /// What a script prints.
 class Output {
 public:
-    explicit Output(const Limits& limits) : limits_(limits) {}
+    explicit Output(const Limits& limits) : limits_(limits) { line_.reserve(kMaxReason); }
 
     void take(std::string_view text) {
         note(text);

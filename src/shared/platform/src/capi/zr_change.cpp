@@ -3,6 +3,8 @@
 
 #include "capi/Guard.h"
 #include "capi/Handles.h"
+#include "capi/Structs.h"
+#include "platform/PlatformEmulation.h"
 #include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
 #include "zip/HUTZip.h"
@@ -47,6 +49,31 @@ zr_code zr_set_file(const char* archive, const char* type, const char* member, c
     });
     if (losses && (code == ZR_OK || code == ZR_REFUSED)) *losses = lost.release();
     return code;
+}
+
+zr_code zr_emulate(const char* archive, const char* destination, const zr_emulation* emulation, std::uint32_t flags,
+                   zr_text** members, zr_error** error) noexcept {
+    if (members) *members = nullptr;
+    return guarded(error, archive, [&] {
+        const auto textOr = [](const char* text) { return std::string(text ? text : ""); };
+        const zr_emulation given = readStruct(need(emulation, "emulation"));
+        requests::Emulate request{.archive = needText(archive, "archive"),
+                                  .name = needText(given.name, "name"),
+                                  .destination = needText(destination, "destination"),
+                                  .installation = textOr(given.installation),
+                                  .keep = textOr(given.keep),
+                                  .isDynamic = (flags & ZR_DYNAMIC) != 0,
+                                  .mayReplace = (flags & ZR_OVERWRITE) != 0,
+                                  .mayRunPrograms = (flags & ZR_MAY_RUN_PROGRAMS) != 0,
+                                  .dryRun = (flags & ZR_DRY_RUN) != 0};
+        checkFlags(flags, ZR_OVERWRITE | ZR_DRY_RUN | ZR_DYNAMIC | ZR_MAY_RUN_PROGRAMS);
+        constexpr std::uint64_t kMaxMilliseconds = 1'000'000'000;
+        if (given.milliseconds > kMaxMilliseconds) wrongUse("the time limit is above 1000000000 milliseconds");
+        request.timeLimit = std::chrono::milliseconds(given.milliseconds);
+        auto names = std::make_unique<zr_text>();
+        for (const requests::EmulationMember& member : requests::emulate(request)) names->bytes += member.name + "\n";
+        if (members) *members = names.release();
+    });
 }
 
 zr_code zr_stamp_digest(const char* archive, zr_error** error) noexcept {

@@ -1,0 +1,150 @@
+#include "platform/PlatformEmulation.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "emulation/Generator.h"
+#include "platform/PlatformLoader.h"
+#include "platform/PlatformRequests.h"
+#include "platform/RequestFailure.h"
+#include "tcl/task_manager.h"
+#include "util/Descriptor.h"
+#include "util/HUTFile.h"
+#include "util/HUTFileUtils.h"
+#include "util/PrivateTmpDir.h"
+#include "zip/Destination.h"
+#include "zip/Request.h"
+
+namespace teq_platform::requests {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void fail(const std::string& path, int error) {
+    throw RequestError(FailureKind::environment, {.file = path, .text = std::generic_category().message(error)});
+}
+
+/// Makes a directory the working directory of the process, until its lifetime ends.
+class WorkingDirectory {
+public:
+    explicit WorkingDirectory(const std::string& path) : before_(::open(".", O_PATH | O_DIRECTORY | O_CLOEXEC)) {
+        if (!before_.isOpen() || ::chdir(path.c_str()) != 0) fail(path, errno);
+    }
+    ~WorkingDirectory() {
+        if (::fchdir(before_.get()) != 0) {  // cannot fail for a directory that was the working directory
+        }
+    }
+    WorkingDirectory(const WorkingDirectory&) = delete;
+    WorkingDirectory& operator=(const WorkingDirectory&) = delete;
+
+private:
+    util::Descriptor before_;
+};
+
+/// One request, with absolute paths.
+class Build {
+public:
+    explicit Build(const Emulate& request) : request_(request) {
+        for (std::string* path : {&request_.archive, &request_.destination, &request_.keep})
+            if (!path->empty()) *path = HUTFileUtils::makeAbsolutePath(*path);
+        if (request_.installation.empty()) request_.installation = emulation::installation();
+        request_.installation = HUTFileUtils::makeAbsolutePath(request_.installation);
+        copy_ = scratch_.path() + "/" + fs::path(HUTFile::getCanonicalName(request_.archive)).filename().native();
+    }
+
+    /// Errors name the archive and not its copy.
+    HSTVector<EmulationMember> run() try { return runSteps(); } catch (const HEXFileFault& e) {
+        HEXDiagnostic diagnostic = e.diagnostic();
+        if (diagnostic.file != copy_) throw;
+        diagnostic.file = request_.archive;
+        throw HEXFileFault(std::move(diagnostic));
+    }
+
+private:
+    HSTVector<EmulationMember> runSteps() {
+        report("copying '" + request_.archive + "'");
+        zip::copyToDestination(request_.archive, copy_);
+        const jun::tcltasks::task_limits limits({request_.timeLimit, request_.mayRunPrograms,
+                                                 request_.output ? request_.output : [](std::string_view) {}});
+        const WorkingDirectory directory(work());
+        try {
+            build();
+        } catch (...) {
+            keep();
+            throw;
+        }
+        keep();
+        return request_.dryRun ? HSTVector<EmulationMember>() : merge();
+    }
+
+    std::string work() const {
+        const std::string path = scratch_.path() + "/work";
+        HUTFile::mkDirRecursive(path);
+        return path;
+    }
+
+    void report(const std::string& step) const {
+        if (request_.report) request_.report(step);
+    }
+
+    void build() const {
+        using namespace emulation;
+        const std::string script = std::string(kPropertyDirectory) + "/" + kPropertyScript;
+        report("writing the property script");
+        writePropertyScript(request_.installation, copy_, request_.name, request_.isDynamic, kPropertyDirectory);
+        report("writing the driver script");
+        writeDriverScript(request_.installation, script, kOverlay, request_.isDynamic);
+        if (request_.dryRun) return;
+        report("evaluating the scripts");
+        buildOverlay(platformName(copy_), kOverlay, request_.isDynamic);
+    }
+
+    HSTVector<EmulationMember> merge() const {
+        HSTVector<EmulationMember> members;
+        std::error_code error;
+        for (const std::string& file : emulation::filesBelow(emulation::kOverlay))
+            members.push_back({file, fs::file_size(std::string(emulation::kOverlay) + "/" + file, error)});
+        report("merging " + std::to_string(members.size()) + " files");
+        emulation::mergeOverlay(copy_, emulation::kOverlay);
+        PlatformLoader::open(copy_, HwMetadataMode::Default);
+        report("writing '" + request_.destination + "'");
+        zip::copyToDestination(copy_, request_.destination, request_.mayReplace);
+        return members;
+    }
+
+    void keep() const {
+        if (request_.keep.empty()) return;
+        std::error_code error;
+        fs::create_directory(request_.keep, error);
+        for (const char* name : {emulation::kPropertyDirectory, emulation::kDriverScript, emulation::kPreLink,
+                                 emulation::kPostLink, emulation::kOverlay})
+            if (!error && fs::exists(fs::symlink_status(name)))
+                fs::copy(name, fs::path(request_.keep) / name,
+                         fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
+        if (error) fail(request_.keep, error.value());
+    }
+
+    Emulate request_;
+    util::ScratchDirectory scratch_;
+    std::string copy_;  ///< of the archive
+};
+
+}  // namespace
+
+HSTVector<EmulationMember> emulate(const Emulate& request) {
+    if (!HUTFile::exists(request.archive)) throw HEXFileNotFoundException(request.archive);
+    if (request.name.empty())
+        throw RequestError(FailureKind::wrongUse, {.text = "the name of the property file is empty"});
+    if (!request.dryRun) checkDestination(request.destination, request.mayReplace);
+    if (!request.keep.empty()) checkDestination(request.keep, false);
+    const zip::Request opened;
+    emulation::expectPlatform(request.archive);
+    return Build(request).run();
+}
+
+}  // namespace teq_platform::requests
