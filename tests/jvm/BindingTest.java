@@ -68,6 +68,60 @@ public final class BindingTest {
                 () -> thrown.get("java.lang.NullPointerException: " + name + " & reference is null")));
     }
 
+    /** The handle of a proxy, or 0 for null. */
+    private static long handle(Class<?> type, Object proxy) throws ReflectiveOperationException {
+        Method method = type.getDeclaredMethod("getCPtr", type);
+        method.setAccessible(true);
+        return (Long) method.invoke(null, proxy);
+    }
+
+    /** Every function with sound arguments, except for one reference: a null there is reported, or is a valid pointer. */
+    private static void callWithOneNull(Object... sound) throws Exception {
+        var wrong = new TreeMap<String, String>();
+        int calls = 0;
+        for (Method method : platform.class.getDeclaredMethods()) {
+            Class<?>[] types = method.getParameterTypes();
+            for (int without = 0; without < types.length; without++) {
+                boolean proxy = without + 1 < types.length && types[without + 1].getName().startsWith("ui.data");
+                if (!proxy && types[without] != String.class || method.getName().startsWith("delete_")) {
+                    continue;
+                }
+                var arguments = new Object[types.length];
+                boolean complete = true;
+                for (int i = 0; i < types.length; i++) {
+                    Class<?> type = types[i], next = i + 1 < types.length ? types[i + 1] : int.class;
+                    arguments[i] = type == long.class ? (Object) 0L : type == int.class ? (Object) 0
+                            : type == boolean.class ? (Object) false : type == String.class ? "x" : null;
+                    if (i != without && type == long.class && next.getName().startsWith("ui.data")) {
+                        Object object = java.util.Arrays.stream(sound).filter(next::isInstance).findFirst().orElse(null);
+                        complete &= object != null;
+                        arguments[i] = handle(next, object);
+                    }
+                }
+                arguments[without] = types[without] == String.class ? null : (Object) 0L;
+                if (!complete) {
+                    continue;
+                }
+                calls++;
+                try {
+                    method.setAccessible(true);
+                    method.invoke(null, arguments);
+                    if (types[without] == String.class) {
+                        wrong.put(method.getName(), "takes null for a text");
+                    }
+                } catch (InvocationTargetException e) {
+                    if (!(e.getCause() instanceof NullPointerException)) {
+                        wrong.put(method.getName(), e.getCause() + "");
+                    }
+                }
+            }
+        }
+        check("a null among sound arguments", "{}", wrong::toString);
+        if (calls < 700) {
+            check("calls with a null among sound arguments", "700 at least", Integer.valueOf(calls)::toString);
+        }
+    }
+
     private static void strings() {
         check("empty", "true  false", () -> afterVector(""));
         check("two bytes and a zero", "true \u00e9\0x false", () -> afterVector("\u00e9\0x"));
@@ -139,6 +193,16 @@ public final class BindingTest {
         exceptions();
         objects(arguments[1]);
         callWithNulls();
+        var helper = new TEQPlatformEngineHelper(arguments[1], new StringVector(), new StringVector());
+        TEQPlatform loaded = helper.getPlatform();
+        callWithOneNull(helper, loaded, loaded.getHardwarePlatform(), new TEQSoftwarePlatform(), new TEQSystemConfig(),
+                new TEQProcessorGroup(), new TEQBootImg(), new TEQSystemClock(), new HTEQTilHardware(),
+                new HTEQReconfigurablePartition(1), new TEQPlatformMgr(), new NativeCatalogService(),
+                new NativeObjectService(), new StringVector(), new TEQPlatformVector(), new TEQHardwarePlatformVector(),
+                new TEQSoftwarePlatformVector(), new TEQSystemConfigVec(), new TEQSystemClockVec(),
+                new TEQProcessorGroupVec(), new TEQBootImgVec(), new TEQReconfigurablePartitionVec(),
+                new StringVector().createIter());
+        java.lang.ref.Reference.reachabilityFence(helper);
         System.exit(failures == 0 ? 0 : 1);
     }
 }
