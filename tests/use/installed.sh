@@ -38,7 +38,7 @@ grep -oE '\bzr_[a-z_]+\(' "$source/tests/c/zr_platform_test.c" | tr -d '(' | sor
     { ! grep . || { echo "not called by tests/c/zr_platform_test.c" && exit 1; }; }
 # Nothing but the public names: the C functions, and members, type information and tables of public classes.
 public=$(find "$source/include" -name '*.h' -exec basename {} .h \; | paste -sd'|')
-extra=$(nm -D --defined-only -C "$library" | cut -d' ' -f3- | grep -vE '^hteq_|^zr_|^(\w+ )*(typeinfo( name)?|vtable|VTT|(non-virtual|virtual) thunk) (for|to) ' |
+extra=$(nm -D --defined-only -C "$library" | cut -d' ' -f3- | grep -vE '^hteq_|^zr_|^Java_ui_data_platform_platform_|^(\w+ )*(typeinfo( name)?|vtable|VTT|(non-virtual|virtual) thunk) (for|to) ' |
     grep -vE "^(teq_platform::|teq::platform::|jun::tcltasks::)?($public|task_limits|JSONObjectWriter|JSONListWriter|HEX[A-Za-z]+|HXMLException|requests|RequestError|currentFailure|checkSystem|systemFailed|scanJsonPath|withoutMarkers|rowOf|fileKindOf|ComMsgMgrInstance|HHSMHardwareDb)(::|\b)" || true)
 if [ -n "$extra" ]; then
     echo "exported, and not public:" && echo "$extra" && exit 1
