@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # usage: pack.sh TOOL OUTDIR
-# Makes the sample platforms as a vendor delivers them: each folder here whose name ends in .lfa or .cfa becomes the
+# Makes the sample platforms as a vendor delivers them: each folder here whose name ends in .lfa, .cfa or .hdf becomes the
 # archive of that name below OUTDIR, all other files are copied. The folders themselves are copied to OUTDIR/src.
 # OUTDIR/share is an application root with the documentation of keys and a list of support exceptions.
 # OUTDIR/morwen is the tool's installation that builds emulations.
@@ -17,7 +17,7 @@ cp share/* "$out/src"
 rm -rf "$out/morwen"
 cp -R morwen "$out"
 for sample in u77 heron osprey harrier lone boards; do
-    find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -print | while read -r folder; do
+    find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' -o -name '*.hdf' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
         # Packed without --force, which would also accept missing listed files, except the archive that is meant to
         # be refused.
@@ -27,8 +27,9 @@ for sample in u77 heron osprey harrier lone boards; do
         rm -rf "$out/src/${folder##*/}"
         cp -R "$folder" "$out/src/"
     done
-    find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' \) -prune -o -type f -print | while read -r file; do
+    find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' -o -name '*.hdf' \) -prune -o -type f -print | while read -r file; do
         mkdir -p "$out/$(dirname "$file")"
         cp "$file" "$out/$file"
     done
 done
+"$tool" from-hdf "$out/lone/merlin.hdf" "$out/lone/merlin.lfa" --force

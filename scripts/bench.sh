@@ -2,6 +2,7 @@
 # The figures of docs/performance.md, on inputs made by bench/gen.py.
 # usage: bench.sh [ROUNDS]       documents, start, parts of the library
 #        bench.sh 300 [ROUNDS]   changing and checking an archive of 300 MB, which takes 2 GB of disk
+#        bench.sh derive [MB]    making archives of that size (default: 500), which takes three times as much of disk
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bin=$PWD/build/bench/bench
@@ -34,8 +35,44 @@ large() { # ROUNDS
     rm -f ours.lfa one.lfa one-synced.lfa three.lfa trace
 }
 
+# Bytes written, size of the archive, peak memory. strace would count its own memory, so there are two runs.
+measured() { # TITLE ARCHIVE COMMAND...
+    local title=$1 archive=$2
+    shift 2
+    [ -f "$archive.before" ] && cp "$archive.before" "$archive"
+    strace -f -o trace -e trace=write,pwrite64,copy_file_range,sendfile "$@" --force
+    local bytes memory
+    bytes=$(awk '/= [0-9]+$/ { bytes += $NF } END { print bytes }' trace)
+    [ -f "$archive.before" ] && cp "$archive.before" "$archive"
+    memory=$(python3 -c 'import resource, subprocess, sys
+subprocess.run(sys.argv[1:], check=True)
+print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)' "$@" --force)
+    echo "$title: bytes written $bytes, archive $(stat -c %s "$archive"), peak memory $memory KB"
+}
+
+derived() { # MB
+    mkdir -p "$data/derive/definition"
+    cd "$data/derive"
+    head -c "$(($1 << 20))" /dev/urandom >definition/top.bit
+    echo '<Project top="top"/>' >definition/sysdef.xml
+    "$tool" pack definition top.hdf --force
+    "$tool" rqa create changed.rqa.before "BIT=old.bit=definition/top.bit" --force
+    TMPDIR=$PWD
+    export TMPDIR
+    echo "== making archives of $1 MB"
+    measured create-fixed fixed.lfa "$tool" create-fixed fixed.lfa BIT=top.bit=definition/top.bit
+    measured "rqa create" made.rqa "$tool" rqa create made.rqa BIT=top.bit=definition/top.bit
+    measured "rqa add" changed.rqa "$tool" rqa add changed.rqa XDC=sysdef.xml=definition/sysdef.xml
+    measured from-hdf top.lfa "$tool" from-hdf top.hdf top.lfa
+    rm -r "$data/derive"
+}
+
 if [ "${1:-}" = 300 ]; then
     large "${2:-7}"
+    exit
+fi
+if [ "${1:-}" = derive ]; then
+    derived "${2:-500}"
     exit
 fi
 rounds=${1:-60}

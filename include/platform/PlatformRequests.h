@@ -115,7 +115,7 @@ ZR_API void extract(const Extract& request);
 
 /// What a finding or a message means. An unknown name is `unknownName`, and the text suggests the nearest ones.
 ZR_API std::string explain(const std::string& name);
-/// The W3C XML Schema of a format. An unknown format is `unknownFormat`, and the text lists the formats.
+/// The W3C XML Schema of a format, or, of "emu-json", the JSON Schema. An unknown format is `unknownFormat`, and the text lists the formats.
 ZR_API std::string schema(const std::string& format);
 
 /// "; nearest: a, b, c" with the known names most similar to `name`; empty if there are none.

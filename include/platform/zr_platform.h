@@ -258,6 +258,15 @@ typedef struct zr_policy_step {
     uint32_t reserved;
 } zr_policy_step;
 
+/* Input; NULL instead means that all are empty. Where in a design the content of a metadata archive belongs. */
+typedef struct zr_rqa {
+    size_t size;
+    const char* inst_path; /* NULL is the empty text, here and below */
+    const char* dr_bd_inst_name;
+    const char* pfm_name;
+    const char* hier_name;
+} zr_rqa;
+
 /* Given to a message function. */
 typedef struct zr_message {
     size_t size;
@@ -430,6 +439,41 @@ ZR_C_API zr_code zr_emulate(const char* archive, const char* destination, const 
 /* Attaches a digest; an archive with a valid one is not written. */
 ZR_C_API zr_code zr_stamp_digest(const char* archive, zr_error** error) ZR_NOEXCEPT;
 
+/* ---- Files made from others. Each file is written completely or not at all. Flags: ZR_OVERWRITE and ZR_DRY_RUN. A file
+ * for an archive is a text "TYPE=MEMBER=FILE". */
+
+/* Makes the partition metadata and the extended metadata of semantic labels; NULL or "" for either makes none.
+ * `partition`, whose endpoints are in the extended metadata, is "/" if it is NULL. `labels`, unless NULL, is set to the
+ * labels by kind, a JSON document. */
+ZR_C_API zr_code zr_labels(const char* file, const char* partition_metadata, const char* ext_metadata,
+                           const char* partition, uint32_t flags, zr_text** labels, zr_error** error) ZR_NOEXCEPT;
+/* Makes an archive (.lfa) of a fixed platform with these files. */
+ZR_C_API zr_code zr_create_fixed(const char* archive, const char* const* files, uint64_t file_count, uint32_t flags,
+                                 zr_error** error) ZR_NOEXCEPT;
+/* Makes an archive (.cfa or .lfa) from a hardware definition. */
+ZR_C_API zr_code zr_from_hdf(const char* definition, const char* archive, uint32_t flags,
+                             zr_error** error) ZR_NOEXCEPT;
+/* Whether archives of reconfigurable modules fit the static platform of a file: sets the number of those that do not,
+ * and `reasons`, unless NULL, to a line for each of them. That one does not fit is a result, not a failure. */
+ZR_C_API zr_code zr_check_modules(const char* platform, const char* const* modules, uint64_t module_count,
+                                  uint64_t* misfits, zr_text** reasons, zr_error** error) ZR_NOEXCEPT;
+/* Writes emulation metadata in its other form, by the extensions .xml and .json. `losses`, unless NULL, is set to a line
+ * for each value that this form does not hold. */
+ZR_C_API zr_code zr_convert_emulation(const char* file, const char* destination, uint32_t flags, zr_text** losses,
+                                      zr_error** error) ZR_NOEXCEPT;
+/* Makes a metadata archive of these files. The file of a text may be a folder here and below. */
+ZR_C_API zr_code zr_rqa_create(const char* archive, const zr_rqa* place, const char* const* files,
+                               uint64_t file_count, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
+/* Adds files to a metadata archive. An existing type or member is ZR_REFUSED without ZR_OVERWRITE. */
+ZR_C_API zr_code zr_rqa_add(const char* archive, const char* const* files, uint64_t file_count, uint32_t flags,
+                            zr_error** error) ZR_NOEXCEPT;
+/* The index of a metadata archive, a JSON document. */
+ZR_C_API zr_code zr_rqa_index(const char* archive, zr_text** index, zr_error** error) ZR_NOEXCEPT;
+/* Extracts the file or folder of a type below `directory`, which is made if it does not exist. `path`, unless NULL, is
+ * set to its path. Accepts ZR_OVERWRITE. */
+ZR_C_API zr_code zr_rqa_extract(const char* archive, const char* type, const char* directory, uint32_t flags,
+                                zr_text** path, zr_error** error) ZR_NOEXCEPT;
+
 /* ---- Checking files */
 
 /* All errors in a descriptor and the files it names, a software file, an archive or a metadata file. A file that
@@ -443,7 +487,7 @@ ZR_C_API zr_code zr_findings_get(const zr_findings* findings, uint64_t index, zr
                                  zr_error** error) ZR_NOEXCEPT;
 /* What the name of a finding or the id of a message ("74-60") means, what to do, a bad and a good sample. */
 ZR_C_API zr_code zr_explain(const char* name, zr_text** text, zr_error** error) ZR_NOEXCEPT;
-/* The W3C XML Schema of a format: "zdf", "spfm", "hpfm", "cfa" or "emu". */
+/* The W3C XML Schema of a format: "zdf", "spfm", "hpfm", "cfa" or "emu". Of "emu-json", the JSON Schema. */
 ZR_C_API zr_code zr_schema(const char* format, zr_text** text, zr_error** error) ZR_NOEXCEPT;
 
 /* ---- Finding platforms in repositories. docs/finding.md has the rules. */

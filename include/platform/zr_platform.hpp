@@ -159,6 +159,13 @@ std::string textOf(Function function, Arguments... arguments) {
     return stringOf(make<zr_text>(function, arguments...).get());
 }
 
+/// Valid as long as the texts.
+inline std::vector<const char*> pointersTo(const std::vector<std::string>& texts) {
+    std::vector<const char*> pointers;
+    for (const std::string& text : texts) pointers.push_back(text.c_str());
+    return pointers;
+}
+
 inline zr_options optionsOf(const Options& options) {
     zr_options given{};
     given.size = sizeof given;
@@ -333,6 +340,54 @@ inline std::string emulate(const std::string& archive, const std::string& destin
 
 inline void stampDigest(const std::string& archive) { detail::call(zr_stamp_digest, archive.c_str()); }
 
+/// Returns the labels by kind, a JSON document. Empty paths: no document.
+inline std::string labels(const std::string& file, const std::string& partitionMetadata = "",
+                          const std::string& extMetadata = "", const std::string& partition = "/",
+                          std::uint32_t flags = 0) {
+    return detail::textOf(zr_labels, file.c_str(), partitionMetadata.c_str(), extMetadata.c_str(), partition.c_str(),
+                          flags);
+}
+/// `files`: each "TYPE=MEMBER=FILE".
+inline void createFixed(const std::string& archive, const std::vector<std::string>& files, std::uint32_t flags = 0) {
+    const auto texts = detail::pointersTo(files);
+    detail::call(zr_create_fixed, archive.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
+}
+inline void fromHdf(const std::string& definition, const std::string& archive, std::uint32_t flags = 0) {
+    detail::call(zr_from_hdf, definition.c_str(), archive.c_str(), flags);
+}
+/// Returns a line for each module that does not fit.
+inline std::string checkModules(const std::string& platform, const std::vector<std::string>& modules) {
+    const auto texts = detail::pointersTo(modules);
+    std::uint64_t misfits = 0;
+    return detail::textOf(zr_check_modules, platform.c_str(), texts.data(), std::uint64_t{texts.size()}, &misfits);
+}
+/// Returns a line for each value that the other form does not hold.
+inline std::string convertEmulation(const std::string& file, const std::string& destination,
+                                    std::uint32_t flags = 0) {
+    return detail::textOf(zr_convert_emulation, file.c_str(), destination.c_str(), flags);
+}
+
+/// Where in a design the content of a metadata archive belongs.
+struct RqaPlace {
+    std::string instPath, drBdInstName, pfmName, hierName;
+};
+inline void rqaCreate(const std::string& archive, const RqaPlace& place, const std::vector<std::string>& files,
+                      std::uint32_t flags = 0) {
+    const zr_rqa given{sizeof given, place.instPath.c_str(), place.drBdInstName.c_str(), place.pfmName.c_str(),
+                       place.hierName.c_str()};
+    const auto texts = detail::pointersTo(files);
+    detail::call(zr_rqa_create, archive.c_str(), &given, texts.data(), std::uint64_t{texts.size()}, flags);
+}
+inline void rqaAdd(const std::string& archive, const std::vector<std::string>& files, std::uint32_t flags = 0) {
+    const auto texts = detail::pointersTo(files);
+    detail::call(zr_rqa_add, archive.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
+}
+inline std::string rqaIndex(const std::string& archive) { return detail::textOf(zr_rqa_index, archive.c_str()); }
+inline std::string rqaExtract(const std::string& archive, const std::string& type, const std::string& directory,
+                              std::uint32_t flags = 0) {
+    return detail::textOf(zr_rqa_extract, archive.c_str(), type.c_str(), directory.c_str(), flags);
+}
+
 inline std::vector<Finding> validate(const std::string& file, const Options& options = {}) {
     const zr_options given = detail::optionsOf(options);
     const auto made = detail::make<zr_findings>(zr_validate, file.c_str(), &given);
@@ -387,8 +442,7 @@ inline std::string keyDocumentation(const std::string& key = "") {
 }
 inline std::string dict(const std::string& file, const std::string& branch = "",
                         const std::vector<std::string>& filters = {}, std::uint32_t flags = 0) {
-    std::vector<const char*> texts;
-    for (const std::string& filter : filters) texts.push_back(filter.c_str());
+    const auto texts = detail::pointersTo(filters);
     return detail::textOf(zr_dict, file.c_str(), branch.c_str(), texts.data(), std::uint64_t{texts.size()}, flags);
 }
 /// `path`: empty for the default repositories.

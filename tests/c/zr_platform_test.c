@@ -345,6 +345,39 @@ static void testQuestions(void) {
     FAILS(zr_exceptions(at("list.json"), &text, &error), ZR_BAD_INPUT, "ZRXPACK1");
 }
 
+static void testDerived(void) {
+    uint64_t misfits = 9;
+    const char* const none[] = {NULL};
+    const char *const bad[] = {"T=m"}, *const static_part[] = {at("fixed.lfa")};
+    char file[300];
+    const char* const files[] = {file};
+    snprintf(file, sizeof file, "T=m.json=%s", put("labels.json", "{\"uuid\": {}}"));
+    FAILS(zr_labels(at("labels.json"), NULL, NULL, NULL, 0, &text, &error), ZR_BAD_INPUT, "uuid_type");
+    put("labels.json", "{\"uuid\": {\"uuid_type\": \"logic\", \"uuid_design_component\": \"c\", \"uuid\": \"u\"}}");
+    GIVES(zr_labels(at("labels.json"), at("part.json"), at("ext.json"), "/", 0, &text, &error), "\"uuid\"");
+    FAILS(zr_labels(at("labels.json"), at("part.json"), NULL, NULL, 0, NULL, &error), ZR_REFUSED, "already");
+    CHECK(zr_create_fixed(at("fixed.lfa"), files, 1, 0, &error) == ZR_OK);
+    FAILS(zr_create_fixed(at("fixed.lfa"), files, 1, 0, &error), ZR_REFUSED, "already");
+    FAILS(zr_create_fixed(at("fixed.cfa"), files, 1, 0, &error), ZR_WRONG_USE, "extension .lfa");
+    FAILS(zr_create_fixed(at("g.lfa"), bad, 1, 0, &error), ZR_WRONG_USE, "TYPE=MEMBER=FILE");
+    FAILS(zr_create_fixed(at("g.lfa"), none, 1, 0, &error), ZR_WRONG_USE, "files is NULL");
+    CHECK(zr_check_modules(at("fixed.lfa"), static_part, 1, &misfits, &text, NULL) == ZR_OK && misfits == 1);
+    GIVES(ZR_OK, "not the static part");
+    FAILS(zr_check_modules(at("fixed.lfa"), NULL, 1, &misfits, NULL, &error), ZR_WRONG_USE, "modules is NULL");
+    FAILS(zr_from_hdf(at("fixed.lfa"), at("hdf.lfa"), 0, &error), ZR_BAD_INPUT, "sysdef.xml");
+    put("emu.json", "{\"pfm_metadata_version\": \"2.0\", \"emulations\": []}");
+    GIVES(zr_convert_emulation(at("emu.json"), at("emu.xml"), 0, &text, &error), "pfm_metadata_version");
+    FAILS(zr_convert_emulation(at("emu.json"), at("emu.txt"), 0, NULL, &error), ZR_WRONG_USE, "extension .xml");
+    const zr_rqa place = {.size = sizeof place, .inst_path = "top"};
+    CHECK(zr_rqa_create(at("a.rqa"), &place, NULL, 0, 0, &error) == ZR_OK);
+    CHECK(zr_rqa_add(at("a.rqa"), files, 1, 0, &error) == ZR_OK);
+    FAILS(zr_rqa_add(at("a.rqa"), files, 1, 0, &error), ZR_REFUSED, "'T'");
+    GIVES(zr_rqa_index(at("a.rqa"), &text, &error), "\"instPath\": \"top\"");
+    GIVES(zr_rqa_extract(at("a.rqa"), "T", at("made"), 0, &text, &error), "made/m.json");
+    FAILS(zr_rqa_extract(at("a.rqa"), "T", at("made"), 0, &text, &error), ZR_REFUSED, "already");
+    FAILS(zr_rqa_extract(at("a.rqa"), "U", at("made"), 0, NULL, &error), ZR_NOT_FOUND, "no file type");
+}
+
 static void takeMessage(void* user, const zr_message* message) {
     if (user && message->size == sizeof *message && strcmp(message->id, "74-60") == 0 &&
         message->severity == 0x10000000 && strstr(message->text, "could not be loaded"))
@@ -397,6 +430,7 @@ int main(int argc, char** argv) {
     testSearch();
     testQuestions();
     testEmulation(argv[1]);
+    testDerived();
     CHECK(zr_set_message_function(NULL, NULL, NULL) == ZR_OK);
     char command[64];
     snprintf(command, sizeof command, "rm -r %s", scratch);

@@ -86,14 +86,16 @@ TEST(Help, PagesAreMadeFromTheVerbs) {
 
 /// In a page, an indented line "$ COMMAND" is followed by its indented output.
 TEST(Pages, ShowWhatTheToolPrints) {
-    for (const std::string name : {"paths", "policy", "keys"}) {
+    const Scratch scratch;
+    for (const std::string name : {"paths", "policy", "keys", "making-platforms"}) {
+        const std::string directory = name == "making-platforms" ? scratch.str() : ZR_SAMPLES;
         std::istringstream page(contentOf(ZR_SOURCE_DIR "/docs/" + name + ".md"));
         std::string line, command, output;
         std::size_t count = 0;
         const auto compare = [&] {
             if (command.empty()) return;
             const std::string path = "PATH=" + fs::path(ZR_TOOL).parent_path().string() + ":$PATH; ";
-            EXPECT_EQ(run({"sh", "-c", path + std::exchange(command, "") + " 2>&1"}, ZR_SAMPLES).out, output);
+            EXPECT_EQ(run({"sh", "-c", path + std::exchange(command, "") + " 2>&1"}, directory).out, output);
             ++count;
         };
         while (std::getline(page, line)) {

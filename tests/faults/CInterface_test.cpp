@@ -30,6 +30,7 @@ protected:
         source_ = scratch_.put("source", "bytes");
         zr_error* error = nullptr;
         EXPECT_EQ(zr_pack(in_.c_str(), archive_.c_str(), 0, &error), ZR_OK) << zr_error_text(error);
+        EXPECT_EQ(zr_rqa_create(made_.c_str(), nullptr, &file_, 1, 0, &error), ZR_OK) << zr_error_text(error);
         EXPECT_EQ(zr_platform_load(archive_.c_str(), nullptr, &platform_, nullptr), ZR_OK);
         EXPECT_EQ(zr_archive_open(archive_.c_str(), nullptr, &opened_, nullptr), ZR_OK);
     }
@@ -64,6 +65,11 @@ protected:
     const std::string out_ = scratch_ / "out", all_ = scratch_ / "all", packed_ = scratch_ / "y.lfa";
     const std::string spec_ = scratch_.put("spec.json", R"({"spec": ["a"]})"),
                       list_ = scratch_.put("list.json", R"({"black_list": []})");
+    const std::string labels_ = ZR_SOURCE_DIR "/examples/u77/hw/labels.json", hdf_ = ZR_SAMPLES "/lone/merlin.hdf",
+                      emulation_ = scratch_.put("emu.json", R"({"emulations": []})"),
+                      converted_ = scratch_ / "emu.xml", rqa_ = scratch_ / "a.rqa", made_ = scratch_ / "b.rqa",
+                      text_ = "T=member=" + list_;
+    const char* const file_ = text_.c_str();
     std::string source_;
     zr_platform* platform_ = nullptr;
     zr_archive* opened_ = nullptr;
@@ -120,6 +126,30 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
              return zr_emulate(ZR_SAMPLES "/harrier/hw/harrier.cfa", "none.cfa", &how, ZR_DRY_RUN, to, error);
          })},
         {"digest", [this](auto error) { return zr_stamp_digest(archive_.c_str(), error); }},
+        {"labels", text([this](auto to, auto error) {
+             return zr_labels(labels_.c_str(), out_.c_str(), nullptr, nullptr, ZR_OVERWRITE, to, error);
+         })},
+        {"fixed archive",
+         [this](auto error) { return zr_create_fixed(packed_.c_str(), &file_, 1, ZR_OVERWRITE, error); }},
+        {"hardware definition",
+         [this](auto error) { return zr_from_hdf(hdf_.c_str(), packed_.c_str(), ZR_OVERWRITE, error); }},
+        {"modules", text([this](auto to, auto error) {
+             std::uint64_t misfits = 0;
+             const char* const module = archive_.c_str();
+             return zr_check_modules(module, &module, 1, &misfits, to, error);
+         })},
+        {"emulation", text([this](auto to, auto error) {
+             return zr_convert_emulation(emulation_.c_str(), converted_.c_str(), ZR_OVERWRITE, to, error);
+         })},
+        {"metadata archive",
+         [this](auto error) {
+             const zr_code code = zr_rqa_create(rqa_.c_str(), nullptr, nullptr, 0, ZR_OVERWRITE, error);
+             return code == ZR_OK ? zr_rqa_add(rqa_.c_str(), &file_, 1, ZR_OVERWRITE, error) : code;
+         }},
+        {"index", text([this](auto to, auto error) { return zr_rqa_index(made_.c_str(), to, error); })},
+        {"extract from it", text([this](auto to, auto error) {
+             return zr_rqa_extract(made_.c_str(), "T", all_.c_str(), ZR_OVERWRITE, to, error);
+         })},
         {"validate",
          giving<zr_findings>(zr_findings_free,
                              [this](auto to, auto error) { return zr_validate(zdf_.c_str(), nullptr, to, error); })},

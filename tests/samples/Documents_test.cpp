@@ -18,7 +18,7 @@ struct Sample {
 constexpr Sample kSamples[] = {
     {"u77/u77_gen3x16_base_1.zdf", "u77"}, {"heron/heron.zdf", "heron"},   {"osprey/osprey.zdf", "osprey"},
     {"lone/kestrel.lfa", "kestrel"},       {"lone/lorica.spfm", "lorica"}, {"harrier/harrier.zdf", "harrier"},
-    {"lone/dunlin_pre.cfa", "dunlin_pre"},
+    {"lone/dunlin_pre.cfa", "dunlin_pre"}, {"lone/merlin.lfa", "merlin"},
 };
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {

@@ -63,7 +63,9 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     const std::string name = positional.name;
     const std::string help = wrapped(positional.help, kHelpColumn);
     auto& values = call.positionals[name];
-    if (name.ends_with("..."))
+    if (name.ends_with("...]"))
+        app.add_option(name.substr(1, name.find('.') - 1), values, help);
+    else if (name.ends_with("..."))
         app.add_option(name.substr(0, name.find('.')), values, help)->required();
     else if (name.starts_with("["))
         app.add_option_function<std::string>(

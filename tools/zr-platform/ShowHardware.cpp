@@ -52,6 +52,7 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     text.line("software emulation", yesNo(platform.supportsSWEmulation()));
     text.line("hardware emulation", yesNo(platform.supportsHWEmulation()));
     text.line("board", platform.getBoardPart());
+    text.line("hardware database", platform.getHwDbName());
     if (platform.usesPR()) text.line("host", platform.getHostArch() + " by " + platform.getHostInterface());
 }
 

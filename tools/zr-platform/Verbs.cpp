@@ -16,6 +16,7 @@ constexpr Option kAppRoot = {"app-root", "DIR",
 constexpr Option kRepo = {"repo", "DIR...", "search this directory first; may be given several times"};
 constexpr Option kNoDefaults = {"no-defaults", nullptr, "do not search the default repositories"};
 constexpr Option kForce = {"force", nullptr, "overwrite an existing file"};
+constexpr Option kDryRun = {"dry-run", nullptr, "check everything, and write nothing"};
 
 const std::vector<Verb> kVerbs = {
     {"json",
@@ -163,11 +164,12 @@ const std::vector<Verb> kVerbs = {
      runVerify,
      true},
     {"schema",
-     {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu", "zdf|spfm|hpfm|cfa|emu"}},
+     {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu, emu-json", "zdf|spfm|hpfm|cfa|emu|emu-json"}},
      {},
-     "Print the W3C XML Schema of a format",
-     "The schema is generated from the readers' own tables and documents each element and attribute, so that an "
-     "editor can complete and check documents. docs/schemas.md explains how, and what a schema cannot express.",
+     "Print the schema of a format",
+     "The schema, a W3C XML Schema or, of emu-json, a JSON Schema, is generated from the readers' own tables. Those "
+     "of XML document each element and attribute, so that an editor can complete and check documents. "
+     "docs/schemas.md explains how, and what a schema cannot express.",
      "zdf",
      runSchema},
     {"validate",
@@ -294,6 +296,73 @@ const std::vector<Verb> kVerbs = {
      "The policy reads the list in its packed form only. docs/policy.md describes it.",
      "print share/platforms/achromatic",
      runExceptions},
+    {"labels",
+     {{"FILE", "semantic labels, a .json file", "JSON"}},
+     {{"partition-metadata", "OUT", "write the partition metadata to this file"},
+      {"ext-metadata", "OUT", "write the extended metadata to this file"},
+      {"partition", "PATH", "path of the partition for the extended metadata (default: /)"},
+      kDryRun,
+      kForce},
+     "Make run-time metadata from semantic labels",
+     "Without an option that names an output, prints the labels by kind as JSON. Labels that lack a key or have a "
+     "number that cannot be read are an error, and nothing is written. docs/format-labels.md describes the "
+     "documents.",
+     "u77/hw/labels.json --partition-metadata part.json --force",
+     runLabels},
+    {"rqa",
+     {{"ACTION", "create, list, add or extract", "create|list|add|extract"},
+      {"ARCHIVE", "a metadata archive", "TARGET"},
+      {"[ARG...]", "files to create or add, as TYPE=MEMBER=FILE; TYPE DIR to extract"}},
+     {{"inst-path", "PATH", "for create: the instance path of the content in the design"},
+      {"dr-bd-inst-name", "NAME", "for create: the instance of the block design"},
+      {"pfm-name", "NAME", "for create: the platform's name"},
+      {"hier-name", "NAME", "for create: the name of the hierarchy"},
+      kDryRun,
+      {"force", nullptr, "overwrite existing files, and replace files of the same type"},
+      {"json", nullptr, "for list: print the index, a JSON document"},
+      kNdjson},
+     "Create, list, add to and extract from metadata archives",
+     "A metadata archive is a zip file with the index rqa.json: which member has which type, and where in a design "
+     "the content belongs. FILE may be a folder, whose files become members below MEMBER. Archive, index and digest "
+     "are written in one atomic replacement. extract prints the path of what it made below DIR.",
+     "create a.rqa LABELS=l.json=u77/hw/labels.json --force",
+     runRqa},
+    {"create-fixed",
+     {{"ARCHIVE", "the .lfa file to write", "TARGET"},
+      {"[FILE...]", "files to add, as TYPE=MEMBER=FILE: the type in the metadata, the member, the file on disk"}},
+     {kDryRun, kForce},
+     "Create an archive of a fixed platform",
+     "The metadata describe a unified platform that a link step cannot extend, as a link makes them; they list the "
+     "added files. The archive has a digest, and appears complete or not at all.",
+     "fixed.lfa XDC=l.json=u77/hw/labels.json --force",
+     runCreateFixed},
+    {"from-hdf",
+     {{"HDF", "a hardware definition: a zip archive with a member sysdef.xml or hwdef.xml", "FILE"},
+      {"ARCHIVE", "the .cfa or .lfa file to write", "TARGET"}},
+     {kDryRun, kForce},
+     "Create an archive from a hardware definition",
+     "The archive holds the definition, and XML and JSON metadata of a fixed, unified platform in the state "
+     "pre_synth, named after the definition's top module.",
+     "lone/merlin.hdf merlin.lfa --force",
+     runFromHdf},
+    {"check-rm",
+     {{"STATIC", "the archive of a static platform", "ARCHIVE"},
+      {"MODULE...", "archives of reconfigurable modules", "ARCHIVE"}},
+     {kJson, kNdjson},
+     "Check whether modules fit a static platform",
+     "A module fits if its node id is that of a partition of the platform which no earlier module has. Exit code: 0 "
+     "all fit, 1 not.",
+     "osprey/hw/osprey_static.lfa osprey/hw/osprey_rm.lfa",
+     runCheckRm},
+    {"emu-convert",
+     {{"IN", "emulation metadata, a .xml or .json file", "FILE"},
+      {"OUT", "the file to write, in the other form", "OUT"}},
+     {kDryRun, kForce},
+     "Convert emulation metadata between XML and JSON",
+     "Each value that the other form does not hold is reported: the version of the schema in JSON, the version of "
+     "the metadata and install paths in XML.",
+     "src/harrier.cfa/emu/hw_emu.xml hw_emu.json --force",
+     runEmuConvert},
 };
 
 constexpr Option kCommon[] = {

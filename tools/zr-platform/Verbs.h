@@ -11,7 +11,7 @@ inline constexpr char kExitCodes[] =
 
 /// A verb is a row: parsing, help, manual page, completion and the reference page are generated from the rows.
 struct Positional {
-    const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional
+    const char* name;  ///< "ARCHIVE..." takes one or more, "[OUT]" is optional, "[FILE...]" takes any number
     const char* help;
     const char* values = "";  ///< "a|b" for one of these, otherwise the kind of value (Completion.cpp); completed
 };
@@ -83,3 +83,9 @@ int runTransform(const Call& call);
 int runCatalog(const Call& call);
 int runCheck(const Call& call);
 int runExceptions(const Call& call);
+int runLabels(const Call& call);
+int runRqa(const Call& call);
+int runCreateFixed(const Call& call);
+int runFromHdf(const Call& call);
+int runCheckRm(const Call& call);
+int runEmuConvert(const Call& call);

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "json/JsonSchema.h"
 #include "json/JsonText.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlWriter.h"
@@ -11,6 +12,7 @@
 #include "platform/PlatformExplanation.h"
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformSchema.h"
+#include "readers/EmulationKeys.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "util/HUTFile.h"
@@ -108,11 +110,14 @@ std::string explain(const std::string& name) {
 }
 
 std::string schema(const std::string& format) {
+    static const std::string emulationJson = "emu-json";
+    if (format == emulationJson)
+        return json::schemaOf("Emulation targets of a hardware platform", json::shapesOfRecord<HTEQEmulations>());
     std::string text = PlatformSchema::text(format);
     if (text.empty())
         throw RequestError(FailureKind::unknownFormat,
                            {.text = "unknown format '" + format + "'; expected one of " +
-                                    HSTStringUtils::join(PlatformSchema::formats(), ", ")});
+                                    HSTStringUtils::join(PlatformSchema::formats(), ", ") + ", " + emulationJson});
     return text;
 }
 

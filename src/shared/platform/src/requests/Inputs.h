@@ -1,0 +1,21 @@
+#pragma once
+#include <string>
+
+#include "platform/DerivedFiles.h"
+
+/// What the requests that make files have in common. Functions throw unless they return.
+namespace teq_platform::requests {
+
+/// Of a list of lines for people: problems, losses.
+inline constexpr std::size_t kMaxLines = 1000;
+
+/// Expects an existing file.
+void checkInput(const std::string& file);
+/// Expects a destination with one of the extensions, that may be written and is not the input.
+void checkOutput(const std::string& destination, const HSTVector<std::string>& extensions, bool mayReplace,
+                 const HSTVector<std::string>& inputs);
+/// Expects files that can be read, and types and members of different names that can be extracted again, none of which is
+/// `reserved`.
+void checkFiles(const HSTVector<NamedFile>& files, const std::string& reserved);
+
+}  // namespace teq_platform::requests

@@ -1,0 +1,180 @@
+// Metadata archives.
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <map>
+
+#include "json/JsonKeys.h"
+#include "json/JsonText.h"
+#include "platform/DerivedFiles.h"
+#include "platform/HRQAArchive.h"
+#include "requests/Inputs.h"
+#include "text/HSTStringUtils.h"
+#include "util/FolderNames.h"
+#include "util/HUTFile.h"
+#include "zip/MemberName.h"
+#include "zip/Request.h"
+
+namespace teq_platform::requests {
+namespace {
+
+/// The files in a folder as sources without a type, whose members are below `member`.
+void collect(const std::string& folder, const std::string& member, HSTVector<HRQAArchive::Source>& sources) {
+    std::vector<std::string> names = folderNames(folder);
+    std::ranges::sort(names);
+    for (const std::string& name : names) {
+        const std::string path = folder + "/" + name;
+        struct stat status {};
+        if (::lstat(path.c_str(), &status) != 0 || !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)))
+            throw HEXUserException("'" + path + "' cannot be packed: it is neither a file nor a folder");
+        if (S_ISDIR(status.st_mode))
+            collect(path, member + "/" + name, sources);
+        else
+            sources.push_back({"", member + "/" + name, path});
+    }
+}
+
+/// What the files become in the archive. The type of a folder is registered at once.
+HSTVector<HRQAArchive::Source> sourcesOf(const HSTVector<NamedFile>& files, HRQAArchive& archive) {
+    HSTVector<HRQAArchive::Source> sources;
+    for (const NamedFile& file : files) {
+        if (!HUTFile::isDir(file.source)) {
+            sources.push_back({file.type, file.member, file.source});
+            continue;
+        }
+        collect(file.source, file.member, sources);
+        archive.registerFile(file.type, file.member);
+    }
+    return sources;
+}
+
+HSTVector<std::string> inputsOf(const RqaArchive& request) {
+    HSTVector<std::string> inputs;
+    for (const NamedFile& file : request.files) inputs.push_back(file.source);
+    return inputs;
+}
+
+/// The index of an archive as a tree, and its members.
+struct Opened {
+    std::shared_ptr<const zip::Archive> archive;
+    json::ptree index;
+};
+
+Opened open(const std::string& archive) {
+    checkInput(archive);
+    Opened opened{zip::openShared(archive), {}};
+    const std::string& name = HRQAArchive::getJsonFileName();
+    const zip::Member* const member = opened.archive->find(name);
+    if (!member)
+        throw HEXFileFault({.file = archive, .text = "no member " + name + ": it is not a metadata archive"});
+    json::parse(opened.archive->read(*member), archive + "!" + name, {.file = archive, .member = name}, opened.index);
+    return opened;
+}
+
+bool isFolder(const zip::Archive& archive, const std::string& name) {
+    return std::ranges::any_of(archive.members(),
+                               [&](const zip::Member& member) { return member.name.starts_with(name + "/"); });
+}
+
+ListedFile listed(const zip::Archive& archive, const std::string& type, const std::string& name) {
+    using State = ListedFile::State;
+    if (const zip::Member* const member = archive.find(name)) return {type, name, State::file, member->size};
+    return {type, name, isFolder(archive, name) ? State::folder : State::missing};
+}
+
+/// What is wrong with the entries of the list "files".
+HSTVector<std::string> problemsIn(const json::ptree& index) {
+    HSTVector<std::string> problems;
+    const auto list = index.find("files");
+    if (list == index.not_found()) return problems;
+    std::map<std::string, int> types;
+    std::size_t number = 0;
+    for (const auto& [none, file] : list->second) {
+        const std::string& type = json::textAt(file, "type");
+        const std::string& name = json::textAt(file, "name");
+        if (problems.size() >= kMaxLines) break;
+        const std::string place = "files[" + std::to_string(number++) + "]: ";
+        if (type.empty() || name.empty())
+            problems.push_back(place + "type or name is missing; the entry is ignored");
+        else if (const auto fault = zip::memberNameFault(name, false); !fault.empty())
+            problems.push_back(place + "the name '" + HSTStringUtils::excerpt(name) + "' " + std::string(fault));
+        if (!type.empty() && types[type]++ > 0)
+            problems.push_back(place + "the type '" + HSTStringUtils::excerpt(type) +
+                               "' is listed again; the last entry counts");
+    }
+    return problems;
+}
+
+void checkNotPresent(const RqaArchive& request, const HRQAArchive& archive, const zip::Archive& members) {
+    for (const NamedFile& file : request.files)
+        if (archive.getFiles().contains(file.type) || members.find(file.member) || isFolder(members, file.member))
+            throw RequestError(FailureKind::exists,
+                               {.file = request.archive,
+                                .text = "already has the type '" + HSTStringUtils::excerpt(file.type) +
+                                        "' or the member '" + HSTStringUtils::excerpt(file.member) + "'"});
+}
+
+}  // namespace
+
+void createRqa(const RqaArchive& request) {
+    checkFiles(request.files, HRQAArchive::getJsonFileName());
+    checkOutput(request.archive, {}, request.mayReplace, inputsOf(request));
+    HRQAArchive archive(request.archive);
+    archive.setInstPath(request.instPath);
+    archive.setDrBdInstName(request.drBdInstName);
+    archive.setPfmName(request.pfmName);
+    archive.setHierName(request.hierName);
+    const auto sources = sourcesOf(request.files, archive);
+    if (!request.dryRun) archive.create(sources, request.mayReplace);
+}
+
+void addToRqa(const RqaArchive& request) {
+    checkFiles(request.files, HRQAArchive::getJsonFileName());
+    const zip::Request scope;
+    const Opened opened = open(request.archive);
+    checkOutput(request.archive, {}, true, inputsOf(request));
+    HRQAArchive archive(request.archive);
+    archive.parseRoot(opened.index);
+    if (!request.mayReplace) checkNotPresent(request, archive, *opened.archive);
+    const auto sources = sourcesOf(request.files, archive);
+    if (!request.dryRun) archive.archive(sources);
+}
+
+RqaContent rqaContent(const std::string& archive) {
+    const zip::Request scope;
+    const Opened opened = open(archive);
+    HRQAArchive read(archive);
+    read.parseRoot(opened.index);
+    RqaContent content{read.getInstPath(), read.getDrBdInstName(), read.getPfmName(), read.getHierName(), {}, {}};
+    HRQAFiles::Map files;
+    read.getFiles().getFiles(files);
+    for (const auto& [type, name] : files) content.files.push_back(listed(*opened.archive, type, name));
+    content.problems = problemsIn(opened.index);
+    return content;
+}
+
+std::string rqaIndex(const std::string& archive) {
+    HRQAArchive read(archive);
+    read.parseRoot(open(archive).index);
+    JSONObjectWriter writer;
+    read.toJSON(writer);
+    return json::write(writer.getTree());
+}
+
+std::string extractFromRqa(const std::string& archive, const std::string& type, const std::string& directory,
+                           bool mayReplace) {
+    const zip::Request scope;
+    HRQAArchive read(archive);
+    read.parseRoot(open(archive).index);
+    HSTVector<std::string> types;
+    read.getFiles().getTypes(types);
+    if (!read.getFiles().contains(type))
+        throw RequestError(FailureKind::unknownName,
+                           {.file = archive, .text = "no file type '" + type + "'" + nearest(type, types)});
+    const std::string name = type == "DR_BD" ? "bd" : read.getFiles().get(type);
+    if (const std::string path = directory + "/" + name; !mayReplace && HUTFile::exists(path))
+        throw RequestError(FailureKind::exists, {.file = path, .text = "already exists"});
+    return read.extract(type, directory);
+}
+
+}  // namespace teq_platform::requests
