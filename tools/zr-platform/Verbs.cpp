@@ -328,7 +328,7 @@ const std::vector<Verb> kVerbs = {
      "create a.rqa LABELS=l.json=u77/hw/labels.json --force",
      runRqa},
     {"create-fixed",
-     {{"ARCHIVE", "the .lfa file to write", "TARGET"},
+     {{"ARCHIVE", "the .lfa file to write", "OUT"},
       {"[FILE...]", "files to add, as TYPE=MEMBER=FILE: the type in the metadata, the member, the file on disk"}},
      {kDryRun, kForce},
      "Create an archive of a fixed platform",
@@ -338,7 +338,7 @@ const std::vector<Verb> kVerbs = {
      runCreateFixed},
     {"from-hdf",
      {{"HDF", "a hardware definition: a zip archive with a member sysdef.xml or hwdef.xml", "FILE"},
-      {"ARCHIVE", "the .cfa or .lfa file to write", "TARGET"}},
+      {"ARCHIVE", "the .cfa or .lfa file to write", "OUT"}},
      {kDryRun, kForce},
      "Create an archive from a hardware definition",
      "The archive holds the definition, and XML and JSON metadata of a fixed, unified platform in the state "
