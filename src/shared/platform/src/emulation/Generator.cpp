@@ -31,8 +31,9 @@ namespace {
 class ExtractedProperties {
 public:
     explicit ExtractedProperties(std::string path) : path_(std::move(path)) {}
-    ~ExtractedProperties() {
-        if (HUTFile::isFile(path_)) HUTFile::rm(path_);
+    ~ExtractedProperties() {  // without allocating
+        struct stat status {};
+        if (::stat(path_.c_str(), &status) == 0 && S_ISREG(status.st_mode)) HUTFile::rm(path_);
     }
     ExtractedProperties(const ExtractedProperties&) = delete;
     ExtractedProperties& operator=(const ExtractedProperties&) = delete;

@@ -75,7 +75,7 @@ private:
         try {
             build();
         } catch (...) {
-            keep();
+            tryToKeep();
             throw;
         }
         keep();
@@ -119,14 +119,27 @@ private:
 
     void keep() const {
         if (request_.keep.empty()) return;
-        std::error_code error;
-        fs::create_directory(request_.keep, error);
-        for (const char* name : {emulation::kPropertyDirectory, emulation::kDriverScript, emulation::kPreLink,
-                                 emulation::kPostLink, emulation::kOverlay})
-            if (!error && fs::exists(fs::symlink_status(name)))
-                fs::copy(name, fs::path(request_.keep) / name,
-                         fs::copy_options::recursive | fs::copy_options::copy_symlinks, error);
-        if (error) fail(request_.keep, error.value());
+        HUTFile::mkDirRecursive(request_.keep);
+        for (const char* name : {emulation::kDriverScript, emulation::kPreLink, emulation::kPostLink})
+            if (HUTFile::exists(name)) zip::copyToDestination(name, request_.keep + "/" + name);
+        for (const std::string directory : {emulation::kPropertyDirectory, emulation::kOverlay})
+            if (HUTFile::exists(directory)) keepBelow(directory);
+    }
+
+    void keepBelow(const std::string& directory) const {
+        for (const std::string& file : emulation::filesBelow(directory)) {
+            const std::string from = directory + "/" + file, to = request_.keep + "/" + from;
+            HUTFile::mkDirRecursive(HUTFile::getParent(to));
+            zip::copyToDestination(from, to);
+        }
+    }
+
+    /// After a failure, which is what the caller shall hear of.
+    void tryToKeep() const {
+        try {
+            keep();
+        } catch (const HEXAll&) {  // NOLINT(bugprone-empty-catch)
+        }
     }
 
     Emulate request_;
