@@ -24,9 +24,13 @@ javap -cp "$classpath" ui.data.platform.platform | sed -n 's/.* native .* \(\w*\
     diff "$scratch/listed" - || { echo "listed (<) and in the Java class (>) differ" && exit 1; }
 ! readelf -d "$library" | grep -i 'needed.*\(jvm\|java\)'
 
-javac -Xlint:all -Werror -cp "$classpath" -d "$scratch" "$source/tests/jvm/BindingTest.java"
+javac -Xlint:all -Werror -cp "$classpath" -d "$scratch" "$source/tests/jvm/BindingTest.java" \
+    "$source/examples/java/Describe.java"
 java -Xcheck:jni -cp "$classpath:$scratch" BindingTest "$library" "$descriptor" >"$scratch/out" 2>&1 || {
     cat "$scratch/out"
     exit 1
 }
 ! grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/out"
+
+java -cp "$classpath:$scratch" -Djava.library.path="$(dirname "$library")" Describe "$(dirname "$descriptor")" \
+    "$descriptor" 2>/dev/null | diff "$source/tests/jvm/describe.txt" -
