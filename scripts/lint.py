@@ -28,7 +28,7 @@ SHARES = {
 }
 # Tests in a folder of another name, and tests of the library as a whole.
 TESTS_OF = {"c": "capi", "cli": "tools"}
-OF_THE_WHOLE = ["faults", "growth", "hostile", "hosts", "samples", "threads", "use"]
+OF_THE_WHOLE = ["faults", "growth", "hostile", "hosts", "jvm", "samples", "threads", "use"]
 
 
 def read_rooms():

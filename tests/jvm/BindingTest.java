@@ -175,10 +175,11 @@ public final class BindingTest {
         check("an object that is given away", "7 1", () -> {
             var helper = new TEQPlatformEngineHelper(descriptor, new StringVector(), new StringVector());
             var partition = new HTEQReconfigurablePartition(7);
+            helper.getPlatform().addReconfigurablePartition(null);
             helper.getPlatform().addReconfigurablePartition(partition);
             var all = new TEQReconfigurablePartitionVec();
             helper.getPlatform().getReconfigurablePartitions(all);
-            return all.createIter().next().getID() + " " + all.size();
+            return helper.getPlatform().getReconfigurablePartition(7).getID() + " " + all.size();
         });
         check("a platform", "true torvane u77_gen3x16_base_1", () -> {
             var helper = new TEQPlatformEngineHelper(descriptor, new StringVector(), new StringVector());

@@ -22,11 +22,15 @@ nm -D --defined-only "$library" | sed -n 's/.* Java_ui_data_platform_platform_//
     diff "$scratch/listed" - || { echo "listed (<) and exported (>) differ" && exit 1; }
 javap -cp "$classpath" ui.data.platform.platform | sed -n 's/.* native .* \(\w*\)(.*/\1/p' | sort |
     diff "$scratch/listed" - || { echo "listed (<) and in the Java class (>) differ" && exit 1; }
-! readelf -d "$library" | grep -i 'needed.*\(jvm\|java\)'
+if readelf -d "$library" | grep -i 'needed.*\(jvm\|java\)'; then exit 1; fi
 
-javac -Xlint:all -Werror -cp "$classpath" -d "$scratch" "$source/tests/jvm/BindingTest.java"
+javac -Xlint:all -Werror -cp "$classpath" -d "$scratch" "$source/tests/jvm/BindingTest.java" \
+    "$source/examples/java/Describe.java"
 java -Xcheck:jni -cp "$classpath:$scratch" BindingTest "$library" "$descriptor" >"$scratch/out" 2>&1 || {
     cat "$scratch/out"
     exit 1
 }
-! grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/out"
+if grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/out"; then exit 1; fi
+
+java -cp "$classpath:$scratch" -Djava.library.path="$(dirname "$library")" Describe "$(dirname "$descriptor")" \
+    "$descriptor" 2>/dev/null | diff "$source/tests/jvm/describe.txt" -

@@ -87,7 +87,7 @@ HTEQHardwarePlatform* HTEQPlatform::getHardwareEmulationPlatform() const {
 }
 
 void HTEQPlatform::addReconfigurablePartition(HTEQReconfigurablePartition* partition) {
-    partitions_.take(std::unique_ptr<HTEQReconfigurablePartition>(partition));
+    if (partition) partitions_.take(std::unique_ptr<HTEQReconfigurablePartition>(partition));
 }
 
 bool HTEQPlatform::hasRPHardwareEmulationPlatform() const {
@@ -110,7 +110,7 @@ HTEQHardwarePlatform* HTEQPlatform::getRPHardwareEmulationPlatform(unsigned int 
 }
 
 void HTEQPlatform::addSoftwarePlatform(HTEQSoftwarePlatform* platform) {
-    software_.take(std::unique_ptr<HTEQSoftwarePlatform>(platform));
+    if (platform) software_.take(std::unique_ptr<HTEQSoftwarePlatform>(platform));
 }
 
 HTEQSoftwarePlatform* HTEQPlatform::getSoftwarePlatform() const {
