@@ -20,13 +20,13 @@ namespace {
 /// The system would use the text before the NUL as the path.
 bool hasNul(const std::string& path) { return path.find('\0') != std::string::npos; }
 
-fs::file_status statusOf(const std::string& path) {
-    if (hasNul(path)) return fs::file_status(fs::file_type::not_found);
-    std::error_code error;
-    return fs::status(path, error);
-}
+// What destructors call does not allocate: asking for the type, and removing.
 
-// The removing functions are called by destructors and therefore do not allocate.
+/// What the name leads to, as S_IFREG and the like; 0 if that cannot be said.
+mode_t typeOf(const std::string& path) {
+    struct stat status {};
+    return !hasNul(path) && ::stat(path.c_str(), &status) == 0 ? status.st_mode & S_IFMT : 0;
+}
 
 /// Whether nothing has this name, not even a dangling link.
 bool isGone(const std::string& path) {
@@ -59,9 +59,9 @@ std::string withoutEndSeparator(const fs::path& path) {
 
 }  // namespace
 
-bool HUTFile::exists(const std::string& path) { return fs::exists(statusOf(path)); }
-bool HUTFile::isFile(const std::string& path) { return fs::is_regular_file(statusOf(path)); }
-bool HUTFile::isDir(const std::string& path) { return fs::is_directory(statusOf(path)); }
+bool HUTFile::exists(const std::string& path) { return typeOf(path) != 0; }
+bool HUTFile::isFile(const std::string& path) { return typeOf(path) == S_IFREG; }
+bool HUTFile::isDir(const std::string& path) { return typeOf(path) == S_IFDIR; }
 
 std::string HUTFile::getExt(const std::string& path) {
     const std::string extension = fs::path(path).extension().native();

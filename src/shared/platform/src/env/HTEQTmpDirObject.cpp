@@ -1,5 +1,6 @@
 #include "platform/HTEQTmpDirObject.h"
 
+#include <new>
 #include <utility>
 
 #include "msg/ComMsgMgr.h"
@@ -18,11 +19,14 @@ void HTEQTmpDirObject::create(const std::string& name) {
 
 bool HTEQTmpDirObject::exists() const { return !path_.empty() && HUTFile::isDir(path_); }
 
-void HTEQTmpDirObject::deleteTmpDir() {
+/// Called by the destructor: throws nothing, although memory may have run out.
+void HTEQTmpDirObject::deleteTmpDir() try {
     if (path_.empty()) return;
     if (HUTFile::isDir(path_)) {
         HUTFile::rmRecursive(path_);
         if (HUTFile::isDir(path_)) ComMsgMgr::sendMsg("@1-1874@%s", path_);
     }
+    path_.clear();
+} catch (const std::bad_alloc&) {
     path_.clear();
 }
