@@ -138,6 +138,8 @@ public final class BindingTest {
                     new HTEQTilHardware().setArch("no");
                     return "";
                 });
+        check("another", "CommandFailedException: Could not find specified file: 'missing.hdf'on disk.",
+                () -> new HDFToCFAConverter("missing.hdf", ".", "x.lfa"));
         check("a standard exception", "CommandFailedException: the iterator has no further element",
                 () -> new StringVector().createIter().next());
         check("a list", "NullPointerException: HTEQPlatformMgr::StringVector const & reference is null", () -> {

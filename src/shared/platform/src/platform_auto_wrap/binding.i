@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/HDFToCFAConverter.h"
 #include "platform/HPLDevice.h"
 #include "platform/HTEQBootImg.h"
 #include "platform/HTEQDevice.h"
@@ -47,3 +48,4 @@
 %include "software.i"
 %include "registry.i"
 %include "services.i"
+%include "converters.i"
