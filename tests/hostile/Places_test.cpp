@@ -154,9 +154,7 @@ TEST(HostilePlaces, NamesInTheMetadataThatLeadElsewhere) {
 
 TEST(HostilePlaces, TheProjectLeavesNothingBehind) {
     const std::string path = listing(Place::get().fresh(), {{"TILPRJ", "prj/x.tilprj"}}, project());
-    withPlatform(path, [](HPLPlatform& platform) {
-        EXPECT_TRUE(platform.hasTilPartitions());
-    });
+    withPlatform(path, [](HPLPlatform& platform) { EXPECT_TRUE(platform.hasTilPartitions()); });
 }
 
 TEST(HostilePlaces, FilesThatLieInTheTemporaryDirectory) {

@@ -152,7 +152,7 @@ const std::vector<Verb> kVerbs = {
      "Writes Tcl scripts with the platform's properties, evaluates them with those of the tool's installation in an "
      "embedded Tcl, and puts the results into a copy of the archive. Steps are reported as they run; the new members "
      "are printed. If a step fails, OUT is not written. docs/emulation.md describes the flow.",
-     "harrier/hw/harrier.cfa harrier_emu.cfa --name memss --tool morwen --dry-run",
+     "harrier/hw/harrier.cfa emu.cfa --name memss --tool morwen --dry-run",
      runEmulate},
     {"verify",
      {{"ARCHIVE...", "any zip archives", "FILE"}},
