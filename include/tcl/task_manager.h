@@ -37,7 +37,7 @@ public:
 /// applies. Create it on the stack.
 ///
 /// `exit` always ends only the evaluation, changes of the environment end with it, and the working directory is that of
-/// before. Memory is not limited: Tcl ends the process when there is none left.
+/// before. Memory is not limited: Tcl ends the process when it runs out.
 class ZR_API task_limits {
 public:
     struct Values {

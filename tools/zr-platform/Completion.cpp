@@ -16,7 +16,7 @@ namespace {
 namespace requests = teq_platform::requests;
 using Words = std::vector<std::string>;
 
-/// The arguments before the one that is completed.
+/// The arguments that precede the one to be completed.
 struct Given {
     const Verb* verb = nullptr;
     Words positionals;
