@@ -23,6 +23,7 @@ function(zr_add_rooms)
     if(sources)
       add_library(zr_room_${room} OBJECT ${sources})
       target_link_libraries(zr_room_${room} PRIVATE zr_options)
+      zr_precompile(room zr_room_${room})
       target_compile_definitions(zr_room_${room} PRIVATE ZR_VERSION="${PROJECT_VERSION}"
           ZR_VERSION_MAJOR=${PROJECT_VERSION_MAJOR} ZR_VERSION_MINOR=${PROJECT_VERSION_MINOR})
     endif()
