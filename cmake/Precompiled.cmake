@@ -9,11 +9,14 @@ if(ZR_PCH)
   target_precompile_headers(zr_pch_room PRIVATE ${zr_pch_std})
 endif()
 
-# Objects of a library and of a program differ, and so do their headers.
+# Objects of a library and of a program differ, and so do their headers. What is defined here, each test has to define.
 function(zr_add_test_pch)
   if(ZR_PCH)
     add_executable(zr_pch_test ${PROJECT_BINARY_DIR}/precompiled.cpp)
-    target_link_libraries(zr_pch_test PRIVATE zr_options GTest::gtest GTest::gmock)
+    target_link_libraries(zr_pch_test PRIVATE GTest::gtest GTest::gmock)
+    target_include_directories(zr_pch_test SYSTEM PRIVATE ${Boost_INCLUDE_DIRS})
+    target_compile_options(zr_pch_test PRIVATE $<TARGET_PROPERTY:zr_options,INTERFACE_COMPILE_OPTIONS>)
+    target_link_options(zr_pch_test PRIVATE $<TARGET_PROPERTY:zr_options,INTERFACE_LINK_OPTIONS>)
     target_precompile_headers(zr_pch_test PRIVATE ${zr_pch_std} <gmock/gmock.h> <gtest/gtest.h>)
   endif()
 endfunction()
