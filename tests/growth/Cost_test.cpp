@@ -173,6 +173,10 @@ const std::vector<Input>& inputs() {
                                         50'000, "")),
                             true)});
          }},
+        {"a member of blanks",
+         [](const Scratch& scratch) {
+             archive(scratch, "{}", {Entry("bomb", std::string(300'000'000, ' '), true)});
+         }},
         {"one text",
          [](const Scratch& scratch) { archive(scratch, R"({"name": ")" + std::string(32'000'000, 'n') + "\"}"); }},
         {"a text of escapes",
@@ -192,7 +196,7 @@ const std::vector<Input>& inputs() {
          }},
         {"many descriptors",
          [](const Scratch& scratch) {
-             for (int i = 0; i < 1500; ++i)
+             for (int i = 0; i < 1000; ++i)
                  scratch.put(std::to_string(i) + "/x.zdf", descriptor(fileElement("hardwarePlatform", "none")));
              platform(scratch, fileElement("hardwarePlatform", "none"));
          },
@@ -200,7 +204,7 @@ const std::vector<Input>& inputs() {
         {"directories of a repository",
          [](const Scratch& scratch) {
              platform(scratch, "");
-             for (int i = 0; i < 20'000; ++i) std::filesystem::create_directory(scratch / std::to_string(i));
+             for (int i = 0; i < 3000; ++i) std::filesystem::create_directory(scratch / std::to_string(i));
          },
          "x.zdf"},
         file("transform of many entries", "x.json", R"({"operation": "select", "spec": {)", R"("k#": "a.b[#].c")",
@@ -236,7 +240,7 @@ const std::vector<Input>& inputs() {
         {"an index of directories",
          [](const Scratch& scratch) {
              std::vector<Entry> members{Entry("rqa.json", R"({"files": [{"type": "DR_BD", "name": "bd"}]})", true)};
-             for (int i = 0; i < 10'000; ++i) members.emplace_back("bd/" + std::to_string(i) + "/", "");
+             for (int i = 0; i < 5000; ++i) members.emplace_back("bd/" + std::to_string(i) + "/", "");
              scratch.put("x.rqa", builder::archiveOf(members).build());
          },
          "x.rqa"},
@@ -279,6 +283,7 @@ constexpr Command kCommands[] = {
     {".lfa .rqa", "verify @"},
     {".lfa", "set-file @ PRE_OPT_TCL tcl/a.tcl $/a.tcl"},
     {".lfa", "extract @ DCP $/out"},
+    {".lfa", "extract @ bomb $/bomb"},
     {".lfa .cfa", "check-rm @ @"},
     {".cfa", "emulate @ $/o.cfa --name n --tool " ZR_SOURCE_DIR "/examples/morwen"},
     {".hdf", "from-hdf @ $/o.lfa"},
@@ -288,7 +293,8 @@ constexpr Command kCommands[] = {
     {".json", "labels @ --partition-metadata $/p --ext-metadata $/e"},
     {".json", "exceptions pack @ $/o"},
     {".json", "transform $/small.lfa @"},
-    {".json .xml", "emu-convert @ $/o"},
+    {".json", "emu-convert @ $/o.xml"},
+    {".xml", "emu-convert @ $/o.json"},
     {".json", "boards --repo $"},
     {".json", "pack $/folder $/o.lfa"},
 };
