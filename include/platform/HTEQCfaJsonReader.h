@@ -1,5 +1,4 @@
 #pragma once
-#include <boost/property_tree/ptree_fwd.hpp>
 #include <functional>
 #include <memory>
 #include <string>
@@ -10,6 +9,9 @@
 class HPLPlatform;
 namespace archive {
 class PlatformArchive;
+}
+namespace json {
+class Document;
 }
 
 /// Fills one hardware platform from a JSON member of a `.cfa` or `.lfa` archive. A missing key gives an empty or zero
@@ -59,7 +61,7 @@ public:
     bool readHpfmNocConnectivity(const std::string& hpfm);
 
 private:
-    void parseRoot_(const boost::property_tree::ptree& document);
+    void parseRoot_(const json::Document& document);
     void open(const std::string& archive);
     std::string memberFor(const std::string& archive, HwMetadataMode mode, bool ofChild);
     void readMember(const std::string& member, const std::function<std::string()>& textOf);

@@ -46,7 +46,7 @@ public:
 
 private:
     void put_(const std::string& key, const std::string& value);
-    ptree& addNode_(const std::string& key);
+    ptree& addNode_(const std::string& path);
 };
 
 }  // namespace teq_platform

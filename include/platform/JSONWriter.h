@@ -3,51 +3,81 @@
 #include <iosfwd>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "text/ZrApi.h"
 
 namespace json {
-class NodeStore;
-}
+class ValueStream;
+template <class Writer>
+class ChildWriter;
+}  // namespace json
 
 namespace teq_platform {
 
 using ptree = boost::property_tree::ptree;
 
-/// Owns one property tree, in which every value is a text and an array is a node whose children have empty keys.
+/// A document in the making: what a property tree holds in which every value is a text and an array is a node whose
+/// children have empty keys. It becomes such a tree when one is asked for, or when a key is given that is a path or that
+/// exists; until then, it takes less time and memory.
 class ZR_API JSONWriter {
 public:
     JSONWriter();
     JSONWriter(const JSONWriter& other);
-    JSONWriter(JSONWriter&& other) noexcept;
+    JSONWriter(JSONWriter&& other);
     JSONWriter& operator=(const JSONWriter& other);
-    JSONWriter& operator=(JSONWriter&& other) noexcept;
+    JSONWriter& operator=(JSONWriter&& other);
     ~JSONWriter();
 
-    ptree& getTree() { return tree_; }
-    const ptree& getTree() const { return tree_; }
-    static ptree& getOtherTree(JSONWriter& other) { return other.tree_; }
-    static const ptree& getOtherTree(const JSONWriter& other) { return other.tree_; }
+    /// The tree, which is this writer's content from then on.
+    ptree& getTree();
+    /// A tree of the content, valid until the writer changes.
+    const ptree& getTree() const;
+    static ptree& getOtherTree(JSONWriter& other) { return other.getTree(); }
+    static const ptree& getOtherTree(const JSONWriter& other) { return other.getTree(); }
 
     /// True if the tree has no children, whatever value it holds itself.
-    bool empty() const { return tree_.empty(); }
+    bool empty() const;
 
     /// Writes the document: four blanks per level, every value in quotes, a final newline. Throws the property tree's
     /// `json_parser_error` if a node has both a value and children, before anything is written, and if the stream has
     /// failed.
     void write(std::ostream& out) const;
-
-    /// Shares the empty nodes that `parent` copies its children from, which makes many similar objects faster to
-    /// write. Nothing else changes; copies of a writer share nothing.
-    void shareNodesOf(JSONWriter& parent);
+    /// What `write` writes.
+    std::string text() const;
 
 protected:
+    /// Adds the value at the end. False, and nothing is added, if only a tree can take it.
+    bool addValue_(const std::string& key, const std::string& value, bool isNew);
+    /// Adds the content of `child`, which has some, below `key`, which is not a path.
+    void addChild_(const std::string& key, JSONWriter&& child);
     /// A new node without a value at the end of the tree.
-    ptree& append(const std::string& key);
+    ptree& append_(const std::string& key);
 
 private:
-    ptree tree_;
-    std::shared_ptr<json::NodeStore> nodes_;
+    template <class Writer>
+    friend class json::ChildWriter;
+    void open_(JSONWriter& child, const std::string& key, bool isList);
+    void close_(JSONWriter& child, const std::string& key);
+    void drop_(JSONWriter& child) noexcept;
+
+    void prepare_();
+    void copyItems_(const JSONWriter& other);
+    void clear_();
+    bool isOwn_() const { return stream_ == own_.get(); }
+    bool hasKey_(const std::string& key) const;
+    std::string_view items_() const;
+    json::ValueStream& streamOrNew_();
+
+    std::unique_ptr<json::ValueStream> own_;
+    json::ValueStream* stream_ = nullptr;  ///< null: empty, or a tree; another's for a child of it that is open
+    std::size_t start_ = 0;                ///< of the items in the stream
+    std::size_t firstKey_ = 0;             ///< of this writer's in the stream's keys
+    JSONWriter* child_ = nullptr;          ///< the open one, whose items follow
+    std::size_t childAt_ = 0;              ///< where they begin
+    std::size_t childKeys_ = 0;            ///< the same in the stream's keys
+    std::unique_ptr<ptree> tree_;
+    mutable std::unique_ptr<const ptree> view_;  ///< what the const `getTree` made of the items
 };
 
 }  // namespace teq_platform

@@ -33,7 +33,9 @@ inline json::ptree parsed(std::string_view text) {
 /// Reads `text` by the table of the record's class.
 template <class T>
 void readInto(T& record, std::string_view text) {
-    json::readKeys(parsed(text), json::keysOf<T>(), record);
+    json::Document document;
+    document.parse(std::string(text), "test");
+    json::readKeys(document.root(), json::keysOf<T>(), record);
 }
 
 /// The text of the exception that a call throws.

@@ -12,7 +12,11 @@ const char kNoIntent[] =
     R"("explicit": "false"},"externalHost": {"value": "false","explicit": "false"},)"
     R"("serverManaged": {"value": "false","explicit": "false"}},)";
 
-void read(HPLPlatform& platform, std::string_view text) { hardware::readDocument(parsed(text), platform); }
+void read(HPLPlatform& platform, std::string_view text) {
+    json::Document document;
+    document.parse(std::string(text), "test");
+    hardware::readDocument(document.root(), platform);
+}
 
 }  // namespace
 

@@ -24,7 +24,7 @@ char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HT
     if (!platform) return nullptr;
     JSONObjectWriter writer;
     fill(writer, *platform);
-    return copyOf(json::write(writer.getTree()));
+    return copyOf(writer.text());
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ bool hasNamelessChild(const ptree& value) {
 /// A missing key is read as an empty text.
 bool isRefusedWhenMissing(const json::Shape& shape) {
     static const ptree nothing;
-    return shape.refusal && !shape.isOptional && !shape.refusal(nothing).empty();
+    return shape.refusal && !shape.isOptional && !shape.refusal(json::Node()).empty();
 }
 
 /// Numbers the wanted values in document order. The parser's limit bounds the recursion.
@@ -146,7 +146,7 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
             break;
     }
     if (!shape.refusal) return;
-    if (const std::string refusal = shape.refusal(value); !refusal.empty())
+    if (const std::string refusal = shape.refusal(json::Document(value).root()); !refusal.empty())
         add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText));
 }
 

@@ -82,7 +82,7 @@ bool HDFToCFAConverter::writeCfaXml() {
         teq_platform::JSONObjectWriter writer;
         platform_.toJSON(writer);
         // The document ends in a line end of its own.
-        wholefile::replace(stem + ".json", json::write(writer.getTree()) + "\n");
+        wholefile::replace(stem + ".json", writer.text() + "\n");
     } catch (const HEXAll& e) {
         ComMsgMgr::send(e.message());
         return false;

@@ -175,7 +175,7 @@ void HRQAArchive::attachDigest() const { HUTZip::attachDigestEn(file_); }
 std::string HRQAArchive::indexText() const {
     teq_platform::JSONObjectWriter writer;
     toJSON(writer);
-    return json::write(writer.getTree()) + "\n";
+    return writer.text() + "\n";
 }
 
 void HRQAArchive::toJSON(teq_platform::JSONObjectWriter& writer) const {

@@ -29,10 +29,8 @@ void HRQAFiles::parse(const teq_platform::ptree& index) {
 
 void HRQAFiles::toJSON(teq_platform::JSONObjectWriter& writer) const {
     teq_platform::JSONListWriter list;
-    list.shareNodesOf(writer);
     for (const auto& file : files_) {
         teq_platform::JSONObjectWriter item;
-        item.shareNodesOf(list);
         item.addKey("name", toName(file));
         item.addKey("type", toType(file));
         list.addItem(std::move(item));

@@ -35,7 +35,7 @@ void SimpleFixedLFACreator::setPlatformAttributes() {
 void SimpleFixedLFACreator::writeJSON() const {
     teq_platform::JSONObjectWriter writer;
     platform_.toJSON(writer);
-    wholefile::replace(staging_.get() + "/lfa.json", json::write(writer.getTree()) + "\n");
+    wholefile::replace(staging_.get() + "/lfa.json", writer.text() + "\n");
 }
 
 void SimpleFixedLFACreator::createArchive() const {

@@ -73,7 +73,7 @@ std::string memberText(const HPLPlatform& platform, const zip::Archive& archive)
     platform.toJSON(writer);
     checkExtensions(platform, writer.getTree(), archive);
     if (!platform.writesPlatformFile()) writer.getTree().erase("platformFile");
-    return json::write(writer.getTree()) + "\n";
+    return writer.text() + "\n";
 }
 
 }  // namespace

@@ -36,20 +36,19 @@ void writePblocks(JSONObjectWriter& writer, const char* name, const Core& core) 
     writer.addKey(name, std::move(pblocks));
 }
 
-void readPblock(Core& core, const json::ptree& node) {
-    const std::string& name = json::textAt(node, "name");
-    if (const auto slrs = node.find("validSlrs"); slrs != node.not_found()) {
+void readPblock(Core& core, const json::Node& node) {
+    const std::string name(json::textAt(node, "name"));
+    if (const json::Node slrs = node.find("validSlrs")) {
         std::set<std::string> names;
-        for (const auto& [none, item] : slrs->second) names.insert(item.data());
+        for (const json::Node item : slrs) names.insert(item.data());
         core.addSLRInfo(name, names);
     }
-    if (const auto resources = node.find("resources"); resources != node.not_found())
-        for (const auto& [none, item] : resources->second)
-            core.addResourceInfo(name, json::textAt(item, "name"), json::textAt(item, "value"));
+    for (const json::Node item : node.find("resources"))
+        core.addResourceInfo(name, item.find("name").data(), item.find("value").data());
 }
 
-void readPblocks(Core& core, const json::ptree& list) {
-    for (const auto& [none, item] : list) readPblock(core, item);
+void readPblocks(Core& core, const json::Node& list) {
+    for (const json::Node item : list) readPblock(core, item);
 }
 
 json::Shapes pblockShapes() {

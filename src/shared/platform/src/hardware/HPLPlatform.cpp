@@ -108,7 +108,7 @@ bool HPLPlatform::isEquals(const HPLPlatform& other) const {
     const auto document = [](const HPLPlatform& platform) {
         teq_platform::JSONObjectWriter writer;
         platform.toJSON(writer);
-        return json::write(writer.getTree());
+        return writer.text();
     };
     return HSTStringUtils::iequals(document(*this), document(other));
 }

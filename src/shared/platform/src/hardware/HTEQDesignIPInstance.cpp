@@ -22,8 +22,8 @@ void writeConfiguration(JSONObjectWriter& writer, const char* name, const IP& ip
     writer.addKey(name, std::move(object));
 }
 
-void readConfiguration(IP& ip, const json::ptree& node) {
-    for (const auto& [key, value] : node) ip.addConfigParam(key, value.data());
+void readConfiguration(IP& ip, const json::Node& node) {
+    for (const json::Node value : node) ip.addConfigParam(std::string(value.name()), value.data());
 }
 
 constexpr json::Key<IP> kKeys[] = {

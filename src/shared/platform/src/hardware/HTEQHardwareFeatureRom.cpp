@@ -89,8 +89,8 @@ void writeFeatures(JSONObjectWriter& writer, const char* name, const Rom& rom) {
     writer.addKey(name, std::move(object));
 }
 
-void readFeatures(Rom& rom, const json::ptree& node) {
-    rom.setFeatureBitMap(hardware::romNumber(json::textAt(node, "value")));
+void readFeatures(Rom& rom, const json::Node& node) {
+    rom.setFeatureBitMap(hardware::romNumber(node.find("value").data()));
 }
 
 template <unsigned Index>

@@ -11,29 +11,27 @@
 
 namespace {
 
-using json::ptree;
+using json::Document;
+using json::Node;
 
-bool hasColumns(const ptree& node) { return node.find("numColumns") != node.not_found(); }
+bool hasColumns(const Node& node) { return static_cast<bool>(node.find("numColumns")); }
 
-void populatePartition(const ptree& node, bool root, const std::string& instance, HTEQTilPartition& partition) {
+void populatePartition(const Node& node, bool root, const std::string& instance, HTEQTilPartition& partition) {
     json::readKeys(node, json::keysOf<HTEQTilPartition>(), partition);
     partition.isRoot(root);
     partition.tilInst(instance);  // a part has the name of its root
 }
 
-void addSubPartitions(const ptree& node, const std::string& instance, HTEQTilPartition& root) {
-    const auto children = node.find("partitions");
-    if (children == node.not_found()) return;
-    for (const auto& [none, child] : children->second)
+void addSubPartitions(const Node& node, const std::string& instance, HTEQTilPartition& root) {
+    for (const Node child : node.find("partitions"))
         if (hasColumns(child)) populatePartition(child, false, instance, root.addPartition());
 }
 
-HSTVector<HTEQTilPartition> parseTil(const ptree& document) {
+HSTVector<HTEQTilPartition> parseTil(const Document& document) {
     HSTVector<HTEQTilPartition> partitions;
-    const auto til = document.find("TIL");
-    if (til == document.not_found()) return partitions;
-    for (const auto& [instance, node] : til->second) {
+    for (const Node node : document.root().find("TIL")) {
         if (!hasColumns(node)) continue;
+        const std::string instance(node.name());
         HTEQTilPartition& root = partitions.emplace_back();
         populatePartition(node, true, instance, root);
         if (root.isPartition()) addSubPartitions(node, instance, root);
@@ -48,9 +46,9 @@ HSTVector<HTEQTilPartition> parseTil(const ptree& document) {
 }  // namespace
 
 HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::readText(const std::string& text, const std::string& name) {
-    ptree document;
+    Document document;
     try {
-        json::parse(text, name, document);
+        document.parse(text, name);
     } catch (const boost::property_tree::json_parser_error&) {
         refuse(name);
     }
@@ -59,7 +57,7 @@ HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::readText(const std::str
 
 HSTVector<HTEQTilPartition> HTEQTilPartitionsJsonReader::read(const std::string& path) {
     if (!HUTFile::isFile(path)) return {};
-    ptree document;
+    Document document;
     try {
         json::parseFile(path, document);
     } catch (const boost::property_tree::json_parser_error&) {

@@ -90,9 +90,9 @@ enum class Turn : unsigned char {
 /// Reads the document's keys of one turn; unknown keys are ignored. Throws the property tree's exceptions for a device
 /// without a core, and HEXAlgException for what a setter refuses (device string, tile architecture, UUID, a
 /// configuration key twice).
-void readKeys(const json::ptree& document, Turn turn, HPLPlatform& platform);
+void readKeys(const json::Node& document, Turn turn, HPLPlatform& platform);
 /// Reads the turns from `values` to `roms`.
-void readDocument(const json::ptree& document, HPLPlatform& platform);
+void readDocument(const json::Node& document, HPLPlatform& platform);
 
 /// What is read of the document, for those who check one; with an hpfm, without what that takes the place of.
 std::vector<json::Shape> documentShapes(bool hasHpfm = false);

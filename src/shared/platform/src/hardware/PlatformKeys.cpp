@@ -20,7 +20,7 @@ namespace {
 using Base = HTEQHardwarePlatform;
 using Platform = HPLPlatform;
 using json::Form;
-using json::ptree;
+using json::Node;
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
 using B = json::Keys<Base>;
@@ -68,7 +68,7 @@ void writeDesignIDs(JSONObjectWriter& writer, const char* name, const Base& plat
     writer.addKey(name, &platform.getDesignIDs());
 }
 
-void readDesignIDs(Base& platform, const ptree& node) { json::readKeys(node, kIdKeys, platform); }
+void readDesignIDs(Base& platform, const Node& node) { json::readKeys(node, kIdKeys, platform); }
 
 constexpr HTEQTilHardware& (Base::*kTilHardware)() = &Base::getTilHardware;
 constexpr const HTEQTilHardware& (Base::*kReadOnlyTilHardware)() const = &Base::getTilHardware;
@@ -77,8 +77,12 @@ void writeTilPartitions(JSONObjectWriter& writer, const char*, const Base& platf
     if (platform.isExpandable()) platform.writeTilPartitions(writer);
 }
 
-void readTilPartitions(Base& platform, const ptree& list) {
-    for (const auto& [none, item] : list) platform.addTilPartition().fromJSON(item);
+void readTilPartitions(Base& platform, const Node& list) {
+    for (const Node item : list) {
+        HTEQTilPartition& partition = platform.addTilPartition();
+        partition.isRoot(true);
+        json::readKeys(item, json::keysOf<HTEQTilPartition>(), partition);
+    }
 }
 
 void writeResources(JSONObjectWriter& writer, const char* name, const Base& platform) {
@@ -94,12 +98,12 @@ void writeResources(JSONObjectWriter& writer, const char* name, const Base& plat
     writer.addKey(name, std::move(list));
 }
 
-void readResources(Base& platform, const ptree& list) {
+void readResources(Base& platform, const Node& list) {
     constexpr std::pair<const char*, void (Base::*)(int)> kSetters[] = {{"BRAM", &Base::setBRAMCount},
                                                                         {"DSP", &Base::setDSPCount},
                                                                         {"LUT", &Base::setLUTCount},
                                                                         {"FF", &Base::setFFCount}};
-    for (const auto& [none, item] : list) {
+    for (const Node item : list) {
         const int count = static_cast<int>(HSTStringUtils::toNumber(json::textAt(item, "count")));
         for (const auto& [type, set] : kSetters)
             if (HSTStringUtils::iequals(json::textAt(item, "type"), type)) (platform.*set)(count);
@@ -125,8 +129,8 @@ void writeClocks(JSONObjectWriter& writer, const char* name, const Base& platfor
     writer.addKey(name, std::move(list));
 }
 
-void readClocks(Base& platform, const ptree& list) {
-    for (const auto& [none, item] : list) {
+void readClocks(Base& platform, const Node& list) {
+    for (const Node item : list) {
         HTEQSystemClock* clock = platform.addSystemClock();
         json::readKeys(item, json::keysOf<HTEQSystemClock>(), *clock);
         if (HSTStringUtils::iequals(json::textAt(item, "default"), "true")) platform.setDefaultClkId(clock->getId());
@@ -233,12 +237,11 @@ void writeIntent(JSONObjectWriter& writer, const char*, const Platform& platform
     writer.writeObject(platform.getDesignIntent());
 }
 
-void readIntent(Platform& platform, const ptree& object) {
+void readIntent(Platform& platform, const Node& object) {
     for (const auto& [name, key, computed] : kIntents) {
-        const auto at = object.find(name);
-        if (at != object.not_found() && at->second.count("value") &&
-            HSTStringUtils::iequals(json::textAt(at->second, "explicit"), "true"))
-            platform.setExplicitDesignIntent(key, HSTStringUtils::iequals(json::textAt(at->second, "value"), "true"));
+        const Node intent = object.find(name), value = intent.find("value");
+        if (value && HSTStringUtils::iequals(json::textAt(intent, "explicit"), "true"))
+            platform.setExplicitDesignIntent(key, HSTStringUtils::iequals(value.text(), "true"));
         else
             platform.setComputedDesignIntent(key, computed == platform.usesPR());
     }
@@ -284,7 +287,7 @@ constexpr json::Key<Platform> kPlatformKeys[] = {
 
 bool isOf(const json::Row& row, Turn turn) { return row.turn == static_cast<unsigned char>(turn); }
 
-void readTurn(const ptree& document, const json::Rows& rows, Turn turn, void* record) {
+void readTurn(const Node& document, const json::Rows& rows, Turn turn, void* record) {
     for (std::size_t i = 0; i < rows.size(); ++i)
         if (isOf(rows[i], turn)) json::readRow(document, rows[i], record);
 }
@@ -303,12 +306,12 @@ std::span<const json::Key<Platform>> json::keysOf<Platform>() {
 
 namespace hardware {
 
-void readKeys(const ptree& document, Turn turn, Platform& platform) {
+void readKeys(const Node& document, Turn turn, Platform& platform) {
     readTurn(document, std::span<const json::Key<Base>>(kBaseKeys), turn, static_cast<Base*>(&platform));
     readTurn(document, std::span<const json::Key<Platform>>(kPlatformKeys), turn, &platform);
 }
 
-void readDocument(const ptree& document, Platform& platform) {
+void readDocument(const Node& document, Platform& platform) {
     for (const Turn turn : {Turn::values, Turn::intent, Turn::designIPs, Turn::tiles, Turn::devices, Turn::roms})
         readKeys(document, turn, platform);
 }

@@ -12,7 +12,7 @@ std::string textOf(const teq_platform::JSONSerializable& object, const std::stri
         teq_platform::JSONObjectWriter writer;
         writer.writeObject(object);
         if (!without.empty()) writer.getTree().erase(without);
-        return json::write(writer.getTree());
+        return writer.text();
     } catch (const boost::property_tree::json_parser::json_parser_error& e) {
         if (const HEXDiagnostic* read = json::diagnosticOf(e)) throw HEXFileFault(*read);
         throw HEXFileFault({.file = file, .text = e.message()});

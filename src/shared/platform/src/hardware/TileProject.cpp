@@ -38,10 +38,9 @@ std::optional<ProjectFile> fileOfProject(const HTEQHardwarePlatform& platform, c
     }
 }
 
-void takeMetaData(const json::ptree& document, std::map<std::string, std::string>& out) {
-    const auto list = document.find("MetaData");
-    if (list == document.not_found()) return;
-    for (const auto& [none, item] : list->second) out[json::textAt(item, "name")] = json::textAt(item, "value");
+void takeMetaData(const json::Document& document, std::map<std::string, std::string>& out) {
+    for (const json::Node item : document.root().find("MetaData"))
+        out[item.find("name").data()] = item.find("value").text();
 }
 
 }  // namespace
@@ -77,8 +76,8 @@ std::string projectInterfaceId(const HTEQHardwarePlatform& platform) {
     std::map<std::string, std::string> entries;
     if (!file) return {};
     try {
-        json::ptree document;
-        json::parse(file->text, file->name, document);
+        json::Document document;
+        document.parse(file->text, file->name);
         takeMetaData(document, entries);
     } catch (const boost::property_tree::json_parser_error&) {
         return {};
@@ -87,7 +86,7 @@ std::string projectInterfaceId(const HTEQHardwarePlatform& platform) {
 }
 
 void readMetaData(const std::string& file, std::map<std::string, std::string>& out) {
-    json::ptree document;
+    json::Document document;
     json::parseFile(file, document);
     takeMetaData(document, out);
 }

@@ -2,7 +2,7 @@
 
 #include <time.h>
 
-#include "platform/JSONObjectWriter.h"
+#include "json/ChildWriter.h"
 
 namespace teq_platform {
 
@@ -14,18 +14,18 @@ void JSONListWriter::addItem(JSONWriter&& item) {
     if (&item == this)
         addItem(JSONWriter(std::move(item)));
     else if (!item.empty())
-        append("").swap(item.getTree());
+        addChild_("", std::move(item));
 }
 
 void JSONListWriter::addItem(const JSONSerializable* object) {
-    JSONObjectWriter item;
-    item.shareNodesOf(*this);
-    item.writeObject(object);
-    addItem(std::move(item));
+    static const std::string kNoKey;
+    json::ChildWriter<JSONObjectWriter> item(*this, kNoKey);
+    item->writeObject(object);
+    item.add();
 }
 
 void JSONListWriter::addItem(const std::string& value) {
-    if (!value.empty()) append("").data() = value;
+    if (!value.empty() && !addValue_("", value, true)) append_("").data() = value;
 }
 
 void JSONListWriter::addItem(bool) {

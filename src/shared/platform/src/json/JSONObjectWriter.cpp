@@ -1,8 +1,8 @@
 #include "platform/JSONObjectWriter.h"
 
+#include "json/ChildWriter.h"
 #include "json/TreePath.h"
 #include "msg/Budget.h"
-#include "platform/JSONListWriter.h"
 
 namespace teq_platform {
 
@@ -44,8 +44,9 @@ ptree& makeParent(ptree& tree, std::string& path) {
 
 void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
     if (isPlain(key)) {
+        if (addValue_(key, value, false)) return;
         const auto at = getTree().find(key);
-        (at != getTree().not_found() ? at->second : append(key)).data() = value;
+        (at != getTree().not_found() ? at->second : append_(key)).data() = value;
     } else if (ptree* const node = json::findPath(getTree(), key)) {
         node->data() = value;
     } else {
@@ -55,9 +56,8 @@ void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
     }
 }
 
-ptree& JSONObjectWriter::addNode_(const std::string& key) {
-    if (isPlain(key)) return append(key);
-    std::string name = key;
+ptree& JSONObjectWriter::addNode_(const std::string& path) {
+    std::string name = path;
     ptree& parent = makeParent(getTree(), name);
     return newChild(parent, name);
 }
@@ -68,31 +68,39 @@ void JSONObjectWriter::addKey(const std::string& key, const std::string& value) 
 
 void JSONObjectWriter::addKey(const std::string& key, bool value) { put_(key, value ? "true" : "false"); }
 
-void JSONObjectWriter::addKey(const std::string& key, const JSONWriter& child) { addKey(key, child.getTree()); }
+void JSONObjectWriter::addKey(const std::string& key, const JSONWriter& child) { addKey(key, JSONWriter(child)); }
 
 void JSONObjectWriter::addKey(const std::string& key, JSONWriter&& child) {
     if (&child == this)
         addKey(key, JSONWriter(std::move(child)));
-    else if (!child.empty())
+    else if (child.empty())
+        return;
+    else if (isPlain(key))
+        addChild_(key, std::move(child));
+    else
         addNode_(key).swap(child.getTree());
 }
 
 void JSONObjectWriter::addKey(const std::string& key, const JSONSerializable* object) {
-    JSONObjectWriter child;
-    child.shareNodesOf(*this);
-    child.writeObject(object);
-    addKey(key, std::move(child));
+    if (!object) return;
+    if (!isPlain(key)) {
+        JSONObjectWriter child;
+        child.writeObject(object);
+        return addKey(key, std::move(child));
+    }
+    json::ChildWriter<JSONObjectWriter> child(*this, key);
+    child->writeObject(object);
+    child.add();
 }
 
 void JSONObjectWriter::addKey(const std::string& key, const ptree& tree) {
-    if (tree.empty()) return;
-    ptree copy = tree;  // first: it may be a part of this writer's
-    addNode_(key).swap(copy);
+    JSONWriter child;
+    child.getTree() = tree;  // first: it may be a part of this writer's
+    addKey(key, std::move(child));
 }
 
 void JSONObjectWriter::addKey(const std::string& key, const HSTVector<std::string>& values) {
     JSONListWriter list;
-    list.shareNodesOf(*this);
     for (const std::string& value : values) list.addItem(value);
     addKey(key, std::move(list));
 }

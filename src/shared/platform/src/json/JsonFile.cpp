@@ -24,4 +24,6 @@ void parseFile(const std::string& file, ptree& tree, const Limits& limits) {
     parse(textOf(file), file, tree, limits);
 }
 
+void parseFile(const std::string& file, Document& document) { document.parse(textOf(file), file); }
+
 }  // namespace json

@@ -1,5 +1,6 @@
 #include "json/JsonKeys.h"
 
+#include "json/ChildWriter.h"
 #include "msg/Budget.h"
 
 namespace json {
@@ -8,51 +9,42 @@ namespace {
 
 // Writing.
 
-JSONObjectWriter objectIn(teq_platform::JSONWriter& parent) {
-    JSONObjectWriter object;
-    object.shareNodesOf(parent);
-    return object;
-}
+const std::string kNoKey;
 
-JSONListWriter listIn(teq_platform::JSONWriter& parent) {
-    JSONListWriter list;
-    list.shareNodesOf(parent);
-    return list;
-}
+using ObjectIn = ChildWriter<JSONObjectWriter>;
+using ListIn = ChildWriter<JSONListWriter>;
 
 /// Writes the content of a row of its kind.
 struct Writing {
     JSONObjectWriter& writer;
-    const char* name;
+    const std::string& name;
     const void* record;
+    std::string& buffer;
 
-    void operator()(const Scalar& scalar) const {
-        std::string buffer;
-        writer.addKey(name, scalar.get(record, buffer));
-    }
+    void operator()(const Scalar& scalar) const { writer.addKey(name, scalar.get(record, buffer)); }
     void operator()(const Group& group) const {
-        JSONObjectWriter object = objectIn(writer);
-        writeRows(object, group.rows(), record);
-        writer.addKey(name, std::move(object));
+        ObjectIn object(writer, name);
+        writeRows(*object, group.rows(), record);
+        object.add();
     }
     void operator()(const Object& object) const { writer.addKey(name, &object.get(record)); }
     void operator()(const Objects& objects) const {
-        JSONListWriter list = listIn(writer);
-        objects.each(record, [&](const JSONSerializable* item) { list.addItem(item); });
-        writer.addKey(name, std::move(list));
+        ListIn list(writer, name);
+        objects.each(record, [&](const JSONSerializable* item) { list->addItem(item); });
+        list.add();
     }
     void operator()(const Texts& texts) const { writer.addKey(name, texts.get(record)); }
     void operator()(const Pairs& pairs) const {
-        JSONListWriter list = listIn(writer);
+        ListIn list(writer, name);
         for (const auto& [first, second] : pairs.get(record)) {
-            JSONObjectWriter item = objectIn(list);
-            item.addKey("name", first);
-            item.addKey(pairs.valueKey, second);
-            list.addItem(std::move(item));
+            ObjectIn item(*list, kNoKey);
+            item->addKey("name", first);
+            item->addKey(pairs.valueKey, second);
+            item.add();
         }
-        writer.addKey(name, std::move(list));
+        list.add();
     }
-    void operator()(const Custom& custom) const { custom.write(writer, name, record); }
+    void operator()(const Custom& custom) const { custom.write(writer, name.c_str(), record); }
 };
 
 // Reading.
@@ -67,32 +59,51 @@ struct IsRead {
     bool operator()(const Custom& custom) const { return custom.read; }
 };
 
-/// Reads the content of a row of its kind, which is read.
+/// Reads the content of a row of its kind, which is read. `buffer` holds a text for a setter.
 struct Reading {
-    const ptree& node;
+    const Node& node;
     void* record;
+    std::string& buffer;
 
-    void operator()(const Scalar& scalar) const { scalar.set(record, node.data()); }
+    void operator()(const Scalar& scalar) const { scalar.set(record, buffer = node.text()); }
     void operator()(const Group& group) const { readRows(node, group.rows(), record); }
     void operator()(const Object& object) const { readRows(node, object.rows(), object.writable(record)); }
     void operator()(const Objects& objects) const {
         const Rows rows = objects.rows();
-        for (const auto& [none, item] : node) {
+        for (const Node item : node) {
             Budget::spend(Cost::records, objects.size);
             readRows(item, rows, objects.add(record));
         }
     }
     void operator()(const Texts& texts) const {
-        for (const auto& [none, item] : node) texts.add(record, item.data());
+        for (const Node item : node) texts.add(record, buffer = item.text());
     }
     void operator()(const Pairs& pairs) const {
-        for (const auto& [none, item] : node) pairs.add(record, textAt(item, "name"), textAt(item, pairs.valueKey));
+        std::string value;
+        for (const Node item : node) {
+            buffer = textAt(item, "name");
+            pairs.add(record, buffer, value = textAt(item, pairs.valueKey));
+        }
     }
     void operator()(const Custom& custom) const { custom.read(record, node); }
 };
 
+void readInto(const Row& row, const Node& value, void* record, std::string& buffer) {
+    std::visit(Reading{value, record, buffer}, row.content);
+}
+
+void readRow(const Node& node, const Row& row, void* record, std::string& buffer) {
+    if (!row.isRead()) return;
+    const Node value = node.find(row.name);
+    if (value) return readInto(row, value, record, buffer);
+    if (row.required) ptree().get_child(row.name);  // throws
+    if (row.ifPresent) return;
+    if (const auto* scalar = std::get_if<Scalar>(&row.content)) scalar->set(record, buffer = row.missing);
+    if (const auto* custom = std::get_if<Custom>(&row.content)) custom->read(record, Node());
+}
+
 /// Why the reader refuses the value of the key; empty if it does not.
-std::string refusalOf(const Row& row, const ptree& node) {
+std::string refusalOf(const Row& row, const Node& node) {
     try {
         row.tryRead(row, node);
     } catch (const std::exception& e) {
@@ -106,27 +117,27 @@ std::string refusalOf(const Row& row, const ptree& node) {
 bool Row::isRead() const { return std::visit(IsRead(), content); }
 
 void writeRows(JSONObjectWriter& writer, const Rows& rows, const void* record) {
+    std::string name, buffer;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
-        if (!row.isWritten || row.isWritten(record)) std::visit(Writing{writer, row.name, record}, row.content);
+        if (!row.isWritten || row.isWritten(record))
+            std::visit(Writing{writer, name = row.name, record, buffer}, row.content);
     }
 }
 
-void readValue(const ptree& value, const Row& row, void* record) { std::visit(Reading{value, record}, row.content); }
-
-void readRow(const ptree& node, const Row& row, void* record) {
-    if (!row.isRead()) return;
-    const auto at = node.find(row.name);
-    if (at != node.not_found()) return readValue(at->second, row, record);
-    if (row.required) node.get_child(row.name);  // throws
-    if (row.ifPresent) return;
-    static const ptree none;
-    if (const auto* scalar = std::get_if<Scalar>(&row.content)) scalar->set(record, row.missing);
-    if (const auto* custom = std::get_if<Custom>(&row.content)) custom->read(record, none);
+void readValue(const Node& value, const Row& row, void* record) {
+    std::string buffer;
+    readInto(row, value, record, buffer);
 }
 
-void readRows(const ptree& node, const Rows& rows, void* record) {
-    for (std::size_t i = 0; i < rows.size(); ++i) readRow(node, rows[i], record);
+void readRow(const Node& node, const Row& row, void* record) {
+    std::string buffer;
+    readRow(node, row, record, buffer);
+}
+
+void readRows(const Node& node, const Rows& rows, void* record) {
+    std::string buffer;
+    for (std::size_t i = 0; i < rows.size(); ++i) readRow(node, rows[i], record, buffer);
 }
 
 std::vector<Shape> shapesOf(const Rows& rows) {
@@ -140,7 +151,7 @@ std::vector<Shape> shapesOf(const Rows& rows) {
         Shape shape{.name = row.name, .form = row.form, .required = row.required, .inner = row.inner};
         shape.numberOf = row.numberOf;
         if (const auto* const objects = std::get_if<Objects>(&row.content)) shape.size = objects->size;
-        if (row.tryRead) shape.refusal = [&row](const ptree& node) { return refusalOf(row, node); };
+        if (row.tryRead) shape.refusal = [&row](const Node& node) { return refusalOf(row, node); };
         shapes.push_back(std::move(shape));
     }
     return shapes;
@@ -151,5 +162,7 @@ const std::string& textAt(const ptree& node, const char* key) {
     const auto at = node.find(key);
     return at != node.not_found() ? at->second.data() : none;
 }
+
+std::string_view textAt(const Node& node, const char* key) { return node.find(key).text(); }
 
 }  // namespace json

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "json/JsonNode.h"
 #include "json/JsonShape.h"
 #include "platform/JSONWriter.h"
 #include "text/HSTFwdIter.h"
@@ -28,12 +29,11 @@ namespace json {
 using teq_platform::JSONListWriter;
 using teq_platform::JSONObjectWriter;
 using teq_platform::JSONSerializable;
-using ptree = boost::property_tree::ptree;
 
 class Rows;
 
 // The value of a key, by kind: how it is written from a record and read into it. The key is not read if the function
-// for reading is null. Only `Custom` knows the tree.
+// for reading is null. Only `Custom` knows the nodes of a document.
 
 struct Scalar {
     /// The text; an empty one is not written. `buffer` may hold it.
@@ -69,7 +69,7 @@ struct Pairs {
 };
 struct Custom {
     void (*write)(JSONObjectWriter& writer, const char* name, const void* record);
-    void (*read)(void* record, const ptree& node);
+    void (*read)(void* record, const Node& node);
 };
 
 /// The functions take a record of the type that the row was made for.
@@ -83,8 +83,8 @@ struct Row {
     const char* missing = "";  ///< of a scalar
     bool required = false;     ///< reading throws the property tree's ptree_bad_path when the document lacks the key
     unsigned char turn = 0;    ///< for a record whose keys are read in an order of their own
-    void (*tryRead)(const Row& row, const ptree& node) = nullptr;  ///< reads into a fresh record
-    std::string (*numberOf)(const std::string& text) = nullptr;    ///< what a number is read as, in decimal
+    void (*tryRead)(const Row& row, const Node& node) = nullptr;  ///< reads into a fresh record
+    std::string (*numberOf)(const std::string& text) = nullptr;   ///< what a number is read as, in decimal
 
     bool isRead() const;
 };
@@ -111,16 +111,17 @@ private:
 
 void writeRows(JSONObjectWriter& writer, const Rows& rows, const void* record);
 /// Reads the keys of the table; unknown keys of `node` are ignored.
-void readRows(const ptree& node, const Rows& rows, void* record);
+void readRows(const Node& node, const Rows& rows, void* record);
 /// Reads one key of `node`, if it is read at all. Of duplicates the first counts.
-void readRow(const ptree& node, const Row& row, void* record);
+void readRow(const Node& node, const Row& row, void* record);
 /// Reads the value of the key.
-void readValue(const ptree& value, const Row& row, void* record);
+void readValue(const Node& value, const Row& row, void* record);
 /// What the reader looks at of a table's keys. The rows must stay where they are.
 std::vector<Shape> shapesOf(const Rows& rows);
 
 /// The text at `key`, empty if the key is missing.
 const std::string& textAt(const ptree& node, const char* key);
+std::string_view textAt(const Node& node, const char* key);
 
 /// The table of a record's class; each class specialises it beside its `toJSON`.
 template <class T>
@@ -131,8 +132,14 @@ void writeKeys(JSONObjectWriter& writer, std::type_identity_t<std::span<const Ke
     writeRows(writer, keys, &record);
 }
 template <class T>
-void readKeys(const ptree& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
+void readKeys(const Node& node, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
     readRows(node, keys, &record);
+}
+/// The same for callers that have a tree.
+template <class T>
+void readKeys(const ptree& tree, std::type_identity_t<std::span<const Key<T>>> keys, T& record) {
+    const Document document(tree);
+    readRows(document.root(), keys, &record);
 }
 
 /// The shapes of a class's own table, and of one that is named.
@@ -194,7 +201,7 @@ constexpr Key<T> when(Key<T> key) {
 /// The same row for a key whose setter throws for some values; these are found by reading into a fresh record.
 template <class T>
 constexpr Key<T> refusing(Key<T> key) {
-    key.tryRead = [](const Row& row, const ptree& node) {
+    key.tryRead = [](const Row& row, const Node& node) {
         T scratch;
         readValue(node, row, &scratch);
     };
@@ -332,7 +339,7 @@ struct Keys {
                       },
                       nullptr};
         if constexpr (!detail::isNull<Read>)
-            custom.read = [](void* record, const ptree& node) { std::invoke(Read, of(record), node); };
+            custom.read = [](void* record, const Node& node) { std::invoke(Read, of(record), node); };
         return ifPresent(Key<T>{{name, custom, form, inner}});
     }
 
@@ -386,7 +393,6 @@ private:
 template <class Range>
 void addList(JSONObjectWriter& writer, const char* name, const Range& range) {
     JSONListWriter list;
-    list.shareNodesOf(writer);
     for (const auto* item : range) list.addItem(static_cast<const JSONSerializable*>(item));
     writer.addKey(name, std::move(list));
 }

@@ -2,11 +2,12 @@
 #include <boost/exception/get_error_info.hpp>
 #include <boost/exception/info.hpp>
 #include <boost/json/basic_parser_impl.hpp>
+#include <functional>
 #include <optional>
+#include <utility>
 #include <vector>
 
-#include "json/JsonText.h"
-#include "json/NodeStore.h"
+#include "json/JsonNode.h"
 #include "msg/Budget.h"
 
 namespace json {
@@ -15,16 +16,17 @@ namespace {
 
 using boost::property_tree::json_parser::json_parser_error;
 
-/// Builds a tree from the events of Boost.JSON's parser. `problem` is why an event was refused.
-class TreeBuilder {
+}  // namespace
+
+/// Fills a document from the events of Boost.JSON's parser. `problem` is why an event was refused.
+class NodeBuilder {
 public:
     using error_code = boost::json::error_code;
     using view = boost::json::string_view;
     static constexpr std::size_t max_object_size = -1, max_array_size = -1, max_key_size = -1, max_string_size = -1;
 
-    explicit TreeBuilder(const Limits& limits) : limits_(limits) {}
+    NodeBuilder(Document& document, const Limits& limits) : document_(document), limits_(limits) {}
 
-    ptree root;
     const char* problem = nullptr;
 
     bool on_document_begin(error_code&) { return true; }
@@ -33,78 +35,81 @@ public:
     bool on_object_end(std::size_t, error_code&) { return close(); }
     bool on_array_begin(error_code& ec) { return open(ec); }
     bool on_array_end(std::size_t, error_code&) { return close(); }
-    bool on_key_part(view part, std::size_t, error_code&) {
-        key_.append(part.data(), part.size());
-        return true;
-    }
+    bool on_key_part(view part, std::size_t, error_code&) { return keep(part); }
     bool on_key(view part, std::size_t, error_code& ec) {
-        key_.append(part.data(), part.size());
-        if (key_.find('\0') != std::string::npos) return refuse(ec, "a key holds a NUL");
-        const auto dots = static_cast<std::size_t>(std::count(key_.begin(), key_.end(), '.'));
+        key_ = finished(part);
+        const std::string_view key = document_.view(key_);
+        if (key.find('\0') != std::string_view::npos) return refuse(ec, "a key holds a NUL");
+        const auto dots = static_cast<std::size_t>(std::count(key.begin(), key.end(), '.'));
         return dots < limits_.keyLevels || refuse(ec, "a key has too many levels between its dots");
     }
     bool on_string_part(view part, std::size_t, error_code&) { return keep(part); }
-    bool on_string(view part, std::size_t, error_code& ec) {
-        if (text_.empty()) return put({part.data(), part.size()}, ec);
-        keep(part);
-        return putText(ec);
-    }
+    bool on_string(view part, std::size_t, error_code& ec) { return put(finished(part), ec); }
     bool on_number_part(view part, error_code&) { return keep(part); }
-    bool on_int64(std::int64_t, view part, error_code& ec) { return keep(part) && putText(ec); }
-    bool on_uint64(std::uint64_t, view part, error_code& ec) { return keep(part) && putText(ec); }
-    bool on_double(double, view part, error_code& ec) { return keep(part) && putText(ec); }
-    bool on_bool(bool value, error_code& ec) { return put(value ? "true" : "false", ec); }
-    bool on_null(error_code& ec) { return put("null", ec); }
+    bool on_int64(std::int64_t, view part, error_code& ec) { return put(finished(part), ec); }
+    bool on_uint64(std::uint64_t, view part, error_code& ec) { return put(finished(part), ec); }
+    bool on_double(double, view part, error_code& ec) { return put(finished(part), ec); }
+    bool on_bool(bool value, error_code& ec) { return put(document_.add(value ? "true" : "false"), ec); }
+    bool on_null(error_code& ec) { return put(document_.add("null"), ec); }
     bool on_comment_part(view, error_code&) { return true; }
     bool on_comment(view, error_code&) { return true; }
 
 private:
+    using Part = Document::Part;
+
     bool refuse(error_code& ec, const char* why) {
         problem = why;
         ec = make_error_code(boost::json::error::syntax);
         return false;
     }
+    /// A part of a text that does not stand in the document as one: it has escapes.
     bool keep(view part) {
-        text_.append(part.data(), part.size());
+        const Part kept = document_.add({part.data(), part.size()});
+        if (pending_.size == 0) pending_.at = kept.at;
+        pending_.size += kept.size;
         return true;
     }
-    ptree* node(error_code& ec) {
-        if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values"), nullptr;
-        if (const char* const why = Budget::refusal(Cost::values)) return refuse(ec, why), nullptr;
-        if (open_.empty()) return &root;
-        ptree& made = open_.back()->push_back(store_.of(key_))->second;
-        key_.clear();
-        return &made;
+    /// The text whose last part this is.
+    Part finished(view part) {
+        const char* const begin = document_.source_.data();
+        const bool stands =
+            !std::less<>()(part.data(), begin) && std::less<>()(part.data(), begin + document_.source_.size());
+        if (pending_.size == 0 && stands)
+            return {static_cast<std::uint32_t>(part.data() - begin), static_cast<std::uint32_t>(part.size())};
+        keep(part);
+        return std::exchange(pending_, {});
     }
-    bool put(std::string_view value, error_code& ec) {
-        if (value.find('\0') != std::string_view::npos) return refuse(ec, "a text holds a NUL");
-        ptree* const made = node(ec);
-        if (made) made->data().assign(value);
-        return made != nullptr;
+    bool make(Part text, error_code& ec) {
+        if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values");
+        if (const char* const why = Budget::refusal(Cost::values)) return refuse(ec, why);
+        if (nodes_ == 1) document_.entries_.clear();
+        document_.entries_.push_back({std::exchange(key_, {}), text, static_cast<std::uint32_t>(nodes_)});
+        return true;
     }
-    bool putText(error_code& ec) {
-        const bool done = put(text_, ec);
-        text_.clear();
-        return done;
+    bool put(Part text, error_code& ec) {
+        if (document_.view(text).find('\0') != std::string_view::npos) return refuse(ec, "a text holds a NUL");
+        return make(text, ec);
     }
     bool open(error_code& ec) {
-        ptree* const made = node(ec);
-        if (made) open_.push_back(made);
-        return made != nullptr;
+        open_.push_back(static_cast<std::uint32_t>(nodes_));
+        return make({}, ec);
     }
     bool close() {
+        document_.entries_[open_.back()].end = static_cast<std::uint32_t>(nodes_);
         open_.pop_back();
         return true;
     }
 
+    Document& document_;
     const Limits limits_;
-    std::vector<ptree*> open_;
-    std::string key_, text_;
+    std::vector<std::uint32_t> open_;
+    Part key_, pending_;
     std::size_t nodes_ = 0;
-    NodeStore store_;
 };
 
-std::string reason(const TreeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {
+namespace {
+
+std::string reason(const NodeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {
     if (builder.problem) return builder.problem;
     if (ec == boost::json::error::too_deep)
         return "the document nests deeper than " + std::to_string(limits.depth) + " levels";
@@ -131,18 +136,45 @@ using Location = boost::error_info<struct LocationTag, HEXDiagnostic>;
 
 const HEXDiagnostic* diagnosticOf(const std::exception& e) { return boost::get_error_info<Location>(e); }
 
-std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
+Document::Part Document::add(std::string_view text) {
+    const Part part{static_cast<std::uint32_t>(source_.size() + decoded_.size()),
+                    static_cast<std::uint32_t>(text.size())};
+    decoded_ += text;
+    return part;
+}
+
+std::optional<Fault> Document::tryParse(std::string text, const Limits& limits) {
     constexpr std::string_view kMark = "\xEF\xBB\xBF";
-    const std::size_t start = text.starts_with(kMark) ? kMark.size() : 0;
+    constexpr std::size_t kMaxText = 1u << 30;  // decoded texts are shorter, so that places fit into 32 bits
+    source_ = std::move(text);
+    decoded_.clear();
+    if (source_.size() > kMaxText) return Fault{{}, "the document is too large"};
+    entries_.reserve(source_.size() / 16 + 1);
+    const std::size_t start = source_.starts_with(kMark) ? kMark.size() : 0;
     boost::json::parse_options options;
     options.max_depth = limits.depth;
-    boost::json::basic_parser<TreeBuilder> parser(options, limits);
+    boost::json::basic_parser<NodeBuilder> parser(options, *this, limits);
     boost::json::error_code ec;
-    const std::size_t end = start + parser.write_some(false, text.data() + start, text.size() - start, ec);
-    if (ec) return Fault{placeAt(text, end), reason(parser.handler(), ec, limits)};
-    const auto rest = text.find_first_not_of(" \t\r\n", end);
-    if (rest != std::string_view::npos) return Fault{placeAt(text, rest), "there is text after the document"};
-    tree.swap(parser.handler().root);
+    const std::size_t end = start + parser.write_some(false, source_.data() + start, source_.size() - start, ec);
+    const std::size_t rest = ec ? end : source_.find_first_not_of(" \t\r\n", end);
+    if (rest == std::string::npos) return std::nullopt;
+    entries_.assign(1, Entry{{}, {}, 1});
+    return Fault{placeAt(source_, rest),
+                 ec ? reason(parser.handler(), ec, limits) : "there is text after the document"};
+}
+
+void Document::parse(std::string text, const std::string& name, const Limits& limits) {
+    if (const auto fault = tryParse(std::move(text), limits)) fail(name, {.file = name}, *fault);
+}
+
+void Document::parse(std::string text, const std::string& name, const HEXDiagnostic& place) {
+    if (const auto fault = tryParse(std::move(text))) fail(name, place, *fault);
+}
+
+std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
+    Document document;
+    if (const auto fault = document.tryParse(std::string(text), limits)) return fault;
+    copy(document, tree);
     return std::nullopt;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
-#include <boost/property_tree/ptree.hpp>
 #include <functional>
 #include <span>
 #include <string>
+
+#include "json/JsonNode.h"
 
 /// What a reader expects of a document, for checks: the keys that are known and the form of those that are read.
 namespace json {
@@ -26,7 +27,7 @@ struct Shape {
     bool required = false;
     Shapes (*inner)() = nullptr;  ///< keys of the object, or of each object of the list; null if unknown
     /// Why the reader refuses a value; empty if it does not. Null for a key that is never refused.
-    std::function<std::string(const boost::property_tree::ptree& node)> refusal = nullptr;
+    std::function<std::string(const Node& node)> refusal = nullptr;
     bool isOptional = false;  ///< may be missing although an empty text is refused
     /// What a number is read as, in decimal. Null for other keys.
     std::string (*numberOf)(const std::string& text) = nullptr;

@@ -1,10 +1,10 @@
-#include <algorithm>
 #include <array>
 #include <boost/property_tree/json_parser/error.hpp>
 #include <utility>
 #include <vector>
 
 #include "json/JsonText.h"
+#include "json/ValueStream.h"
 #include "msg/Budget.h"
 
 namespace json {
@@ -34,7 +34,7 @@ void appendEscape(std::string& out, unsigned char c) {
     out += kDigits[c & 15];
 }
 
-void appendText(std::string& out, const std::string& text) {
+void appendText(std::string& out, std::string_view text) {
     out += '"';
     auto kept = text.begin();
     for (auto at = text.begin(); at != text.end(); ++at) {
@@ -49,89 +49,113 @@ void appendText(std::string& out, const std::string& text) {
     out += '"';
 }
 
-/// An open object or list.
-struct Level {
-    const ptree* node;
-    ptree::const_iterator next;
-    bool list;
+/// A document in the form of the property tree's own writer.
+class Printer {
+public:
+    /// A key of an open object, or an item of an open list.
+    void value(std::string_view key, std::string_view text) {
+        begin(key);
+        appendText(out_, text);
+    }
+    /// `text` is what the tree has beside the children.
+    void open(std::string_view key, std::string_view text, bool isList) {
+        if (!text.empty())
+            BOOST_PROPERTY_TREE_THROW(
+                json_parser_error("ptree contains data that cannot be represented in JSON format: \"" +
+                                      std::string(key) + "\" has a value and children",
+                                  "", 0));
+        if (!levels_.empty()) begin(key);
+        out_ += isList ? "[\n" : "{\n";
+        levels_.push_back({isList});
+    }
+    void close() {
+        const Level level = levels_.back();
+        levels_.pop_back();
+        if (level.isBegun) out_ += '\n';
+        indent();
+        out_ += level.isList ? ']' : '}';
+        if (levels_.empty()) out_ += '\n';
+        spend();
+    }
+    std::string take() { return std::move(out_); }
+
+private:
+    struct Level {
+        bool isList, isBegun = false;
+    };
+    void indent() { out_.append(4 * levels_.size(), ' '); }
+    void begin(std::string_view key) {
+        Level& level = levels_.back();
+        if (level.isBegun) out_ += ",\n";
+        level.isBegun = true;
+        spend();
+        indent();
+        if (level.isList) return;
+        appendText(out_, key);
+        out_ += ": ";
+    }
+    void spend() { Budget::spend(Cost::text, out_.size() - std::exchange(counted_, out_.size())); }
+
+    std::string out_;
+    std::vector<Level> levels_;
+    std::size_t counted_ = 0;
 };
 
-bool isList(const ptree& node) {
-    return std::all_of(node.begin(), node.end(), [](const ptree::value_type& child) { return child.first.empty(); });
-}
-
-void indent(std::string& out, std::size_t levels) { out.append(4 * levels, ' '); }
-
-void open(std::string& out, std::vector<Level>& levels, const ptree& node, const std::string& key) {
-    if (!node.data().empty())
-        BOOST_PROPERTY_TREE_THROW(json_parser_error(
-            "ptree contains data that cannot be represented in JSON format: \"" + key + "\" has a value and children",
-            "", 0));
-    const bool list = !levels.empty() && isList(node);
-    out += list ? "[\n" : "{\n";
-    levels.push_back({&node, node.begin(), list});
-}
-
-void close(std::string& out, std::vector<Level>& levels) {
-    const bool list = levels.back().list;
-    levels.pop_back();
-    indent(out, levels.size());
-    out += list ? ']' : '}';
-}
-
-/// After a value: a comma if its container continues, and the line end.
-void endLine(std::string& out, const Level& level) {
-    if (level.next != level.node->end()) out += ',';
-    out += '\n';
-}
-
-/// Adds what is left of the open levels.
-void finish(std::string& out, std::vector<Level>& levels) {
-    std::size_t counted = 0;
-    while (!levels.empty()) {
-        Budget::spend(Cost::text, out.size() - std::exchange(counted, out.size()));
-        Level& level = levels.back();
-        if (level.next == level.node->end()) {
-            close(out, levels);
-            if (!levels.empty()) endLine(out, levels.back());
+/// The children of the open node, which is then closed.
+void printChildren(Printer& printer, const ptree& node) {
+    struct Level {
+        ptree::const_iterator next, end;
+    };
+    std::vector<Level> open{{node.begin(), node.end()}};
+    while (!open.empty()) {
+        if (open.back().next == open.back().end) {
+            open.pop_back();
+            printer.close();
             continue;
         }
-        const auto& [key, child] = *level.next++;
-        indent(out, levels.size());
-        if (!level.list) {
-            appendText(out, key);
-            out += ": ";
-        }
-        if (!child.empty()) {
-            open(out, levels, child, key);
+        const auto& [name, child] = *open.back().next++;
+        if (child.empty()) {
+            printer.value(name, child.data());
             continue;
         }
-        appendText(out, child.data());
-        endLine(out, level);
+        printer.open(name, child.data(), isList(child));
+        open.push_back({child.begin(), child.end()});
     }
-    out += '\n';
 }
 
 }  // namespace
 
 std::string write(const ptree& tree) {
-    std::string out;
-    std::vector<Level> levels;
-    open(out, levels, tree, "");
-    finish(out, levels);
-    return out;
+    Printer printer;
+    printer.open("", tree.data(), false);
+    printChildren(printer, tree);
+    return printer.take();
 }
 
 std::string writeMember(const std::string& key, const ptree& node) {
-    static const ptree kNone;
-    std::string out = "{\n";
-    std::vector<Level> levels{{&kNone, kNone.end(), false}};
-    indent(out, 1);
-    appendText(out, key);
-    out += ": ";
-    open(out, levels, node, key);
-    finish(out, levels);
-    return out;
+    Printer printer;
+    printer.open("", "", false);
+    printer.open(key, node.data(), isList(node));
+    printChildren(printer, node);
+    printer.close();
+    return printer.take();
+}
+
+std::string writeItems(std::string_view items) {
+    using Kind = ValueStream::Kind;
+    Printer printer;
+    printer.open("", "", false);
+    while (!items.empty()) {
+        const auto [kind, key, text] = takeItem(items);
+        if (kind == Kind::value)
+            printer.value(key, text);
+        else if (kind == Kind::end)
+            printer.close();
+        else
+            printer.open(key, text, kind == Kind::list);
+    }
+    printer.close();
+    return printer.take();
 }
 
 }  // namespace json

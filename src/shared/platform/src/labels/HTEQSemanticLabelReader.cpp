@@ -117,7 +117,6 @@ void writeTo(std::ostream& out, const ptree& document) {
 template <class Label>
 void writeList(teq_platform::JSONObjectWriter& writer, const char* key, const HSTVector<Label>& labels) {
     teq_platform::JSONListWriter list;
-    list.shareNodesOf(writer);
     for (const Label& label : labels) list.addItem(&label);
     writer.addKey(key, std::move(list));
 }

@@ -10,7 +10,7 @@ namespace {
 
 using json::Shape;
 
-std::string refusalOf(const json::ptree& node) {
+std::string refusalOf(const json::Node& node) {
     try {
         numberOf(node.data());
     } catch (const std::logic_error&) {

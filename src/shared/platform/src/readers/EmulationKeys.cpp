@@ -3,7 +3,7 @@
 namespace {
 
 using json::Form;
-using json::ptree;
+using json::Node;
 
 /// The lists are read-only.
 template <class T>
@@ -21,8 +21,8 @@ constexpr json::Key<HTEQEmulationFile> kFileKeys[] = {
 };
 
 /// A file without type or name is not added.
-void readFiles(HTEQEmulation& emulation, const ptree& list) {
-    for (const auto& [none, item] : list) {
+void readFiles(HTEQEmulation& emulation, const Node& list) {
+    for (const Node item : list) {
         HTEQEmulationFile file;
         json::readKeys(item, kFileKeys, file);
         *emulation.createFile() = std::move(file);
@@ -36,8 +36,8 @@ constexpr json::Key<HTEQEmulation> kEmulationKeys[] = {
                                                                  &json::shapesOfRows<HTEQEmulationFile, kFileKeys>)),
 };
 
-void readEmulations(HTEQEmulations& emulations, const ptree& list) {
-    for (const auto& [none, item] : list) json::readKeys(item, kEmulationKeys, *emulations.createEmulation());
+void readEmulations(HTEQEmulations& emulations, const Node& list) {
+    for (const Node item : list) json::readKeys(item, kEmulationKeys, *emulations.createEmulation());
 }
 
 using A = json::Keys<HTEQEmulations>;
@@ -59,8 +59,8 @@ constexpr json::Key<Rom> kBitMapKeys[] = {
 
 /// Reads the objects of a list in turn into the same ROM.
 template <const auto& Table>
-void readAll(Rom& rom, const ptree& list) {
-    for (const auto& [none, item] : list) json::readKeys(item, Table, rom);
+void readAll(Rom& rom, const Node& list) {
+    for (const Node item : list) json::readKeys(item, Table, rom);
 }
 
 constexpr json::Key<Rom> kFeatureRomKeys[] = {

@@ -25,7 +25,7 @@ namespace {
 
 using archive::PlatformArchive;
 using hardware::Turn;
-using json::ptree;
+using json::Document;
 using Mode = HTEQCfaJsonReader::HwMetadataMode;
 
 /// What the emulation targets in a listed file imply for the platform.
@@ -115,8 +115,8 @@ void HTEQCfaJsonReader::readHwEmuLFA(const std::string& archive, Mode mode) {
 void HTEQCfaJsonReader::readMember(const std::string& member, const std::function<std::string()>& textOf) {
     std::string text;
     const auto parse = [&] {
-        ptree document;
-        json::parse(text, member, {.file = archive_, .member = member}, document);
+        Document document;
+        document.parse(std::move(text), member, {.file = archive_, .member = member});
         parseRoot_(document);
     };
     const auto messageOf = [&](const std::exception& e) {
@@ -137,7 +137,7 @@ void HTEQCfaJsonReader::readMember(const std::string& member, const std::functio
 
 bool HTEQCfaJsonReader::parseFile(const std::string& file) {
     if (!HUTFile::isFile(file)) return false;
-    ptree document;
+    Document document;
     json::parseFile(file, document);
     parseRoot_(document);
     return true;
@@ -145,13 +145,14 @@ bool HTEQCfaJsonReader::parseFile(const std::string& file) {
 
 bool HTEQCfaJsonReader::parseJsonString(const std::string& text) {
     if (text.empty()) return false;
-    ptree document;
-    json::parse(text, "", document);
+    Document document;
+    document.parse(text, "");
     parseRoot_(document);
     return true;
 }
 
-void HTEQCfaJsonReader::parseRoot_(const ptree& document) {
+void HTEQCfaJsonReader::parseRoot_(const Document& whole) {
+    const json::Node document = whole.root();
     hardware::readDocument(document, *platform_);
     readEmulationFiles(archive_, *platform_);
     std::optional<HTEQHpfmReader> hpfm;  // one for both, so that the text is parsed once

@@ -14,17 +14,17 @@ HTEQEmulationExtMetaJsonReader::HTEQEmulationExtMetaJsonReader(HTEQEmulations* e
     : emulations_(emulations) {}
 
 bool HTEQEmulationExtMetaJsonReader::isJsonValid() const {
-    json::ptree root;
-    json::parseFile(file_, root);
+    json::Document document;
+    json::parseFile(file_, document);
     return true;
 }
 
 void HTEQEmulationExtMetaJsonReader::parseJson() {
-    json::ptree root;
-    json::parseFile(file_, root);
-    parseExtMetaRoot_(root);
+    json::Document document;
+    json::parseFile(file_, document);
+    json::readKeys(document.root(), json::keysOf<HTEQEmuFeatureRom>(), *emulations_->createFeatureRom());
 }
 
-void HTEQEmulationExtMetaJsonReader::parseExtMetaRoot_(const json::ptree& root) {
+void HTEQEmulationExtMetaJsonReader::parseExtMetaRoot_(const boost::property_tree::ptree& root) {
     json::readKeys(root, json::keysOf<HTEQEmuFeatureRom>(), *emulations_->createFeatureRom());
 }

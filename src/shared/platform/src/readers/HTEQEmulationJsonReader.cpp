@@ -6,6 +6,14 @@
 #include "readers/EmulationKeys.h"
 #include "util/HUTPathUtils.h"
 
+namespace {
+
+void fill(HTEQEmulations& emulations, const json::Document& document) {
+    json::readKeys(document.root(), json::keysOf<HTEQEmulations>(), emulations);
+}
+
+}  // namespace
+
 HTEQEmulationJsonReader::HTEQEmulationJsonReader(const std::string& file, HTEQEmulations* emulations)
     : file_(file), emulations_(emulations) {
     if (!HUTPathUtils::exists(file)) throw HEXFileNotFoundException(file);
@@ -14,25 +22,25 @@ HTEQEmulationJsonReader::HTEQEmulationJsonReader(const std::string& file, HTEQEm
 HTEQEmulationJsonReader::HTEQEmulationJsonReader(HTEQEmulations* emulations) : emulations_(emulations) {}
 
 bool HTEQEmulationJsonReader::isJsonValid() const {
-    json::ptree root;
-    json::parseFile(file_, root);
-    return root.find("emulations") != root.not_found();
+    json::Document document;
+    json::parseFile(file_, document);
+    return static_cast<bool>(document.root().find("emulations"));
 }
 
 void HTEQEmulationJsonReader::parseJson() {
-    json::ptree root;
-    json::parseFile(file_, root);
-    parseRoot_(root);
+    json::Document document;
+    json::parseFile(file_, document);
+    fill(*emulations_, document);
 }
 
 void HTEQEmulationJsonReader::parseFromCfa(const std::string& archive, const std::string& member,
                                            HTEQEmulations* emulations) {
-    json::ptree root;
-    json::parse(readers::textOfMember(archive, member), archive + "!" + member, {.file = archive, .member = member},
-                root);
-    HTEQEmulationJsonReader(emulations).parseRoot_(root);
+    json::Document document;
+    document.parse(readers::textOfMember(archive, member), archive + "!" + member,
+                   {.file = archive, .member = member});
+    fill(*emulations, document);
 }
 
-void HTEQEmulationJsonReader::parseRoot_(const json::ptree& root) {
+void HTEQEmulationJsonReader::parseRoot_(const boost::property_tree::ptree& root) {
     json::readKeys(root, json::keysOf<HTEQEmulations>(), *emulations_);
 }

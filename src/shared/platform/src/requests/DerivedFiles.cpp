@@ -82,7 +82,7 @@ std::string labels(const Labels& request) {
         writeFile(request.extMetadata, extMetadata(reader, request.partition), request.mayReplace);
     JSONObjectWriter writer;
     reader.toJSON(writer);
-    return json::write(writer.getTree());
+    return writer.text();
 }
 
 void createFixed(const FixedArchive& request) {

@@ -25,7 +25,7 @@ namespace {
 std::string briefDocument(const HTEQPlatform& platform) {
     JSONObjectWriter writer;
     platform.shortToJSON(writer);
-    return json::write(writer.getTree());
+    return writer.text();
 }
 
 std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {

@@ -158,7 +158,7 @@ std::string rqaIndex(const std::string& archive) {
     read.parseRoot(open(archive).index);
     JSONObjectWriter writer;
     read.toJSON(writer);
-    return json::write(writer.getTree());
+    return writer.text();
 }
 
 std::string extractFromRqa(const std::string& archive, const std::string& type, const std::string& directory,

@@ -1,0 +1,29 @@
+#pragma once
+#include "platform/JSONListWriter.h"
+#include "platform/JSONObjectWriter.h"
+
+namespace json {
+
+/// A writer whose content goes directly below a key of another writer: nothing is added if it writes nothing, or
+/// without `add`. The other one must live as long, and `key` too, which is not a path.
+template <class Writer>
+class ChildWriter {
+public:
+    ChildWriter(teq_platform::JSONWriter& parent, const std::string& key) : parent_(parent), key_(key) {
+        parent_.open_(writer_, key_, std::is_same_v<Writer, teq_platform::JSONListWriter>);
+    }
+    ~ChildWriter() { parent_.drop_(writer_); }
+    ChildWriter(const ChildWriter&) = delete;
+    ChildWriter& operator=(const ChildWriter&) = delete;
+
+    Writer& operator*() { return writer_; }
+    Writer* operator->() { return &writer_; }
+    void add() { parent_.close_(writer_, key_); }
+
+private:
+    teq_platform::JSONWriter& parent_;
+    const std::string& key_;
+    Writer writer_;
+};
+
+}  // namespace json

@@ -1,0 +1,61 @@
+#include "json/JsonNode.h"
+
+#include "json/NodeStore.h"
+
+namespace json {
+
+Node Node::find(std::string_view name) const {
+    for (const Node child : *this)
+        if (child.name() == name) return child;
+    return {};
+}
+
+Document::Document(const ptree& tree) {
+    struct Level {
+        std::uint32_t index;
+        ptree::const_iterator next, end;
+    };
+    std::vector<Level> open{{0, tree.begin(), tree.end()}};
+    entries_[0].text = add(tree.data());
+    while (!open.empty()) {
+        Level& level = open.back();
+        if (level.next == level.end) {
+            entries_[level.index].end = static_cast<std::uint32_t>(entries_.size());
+            open.pop_back();
+            continue;
+        }
+        const auto& [name, child] = *level.next++;
+        const auto index = static_cast<std::uint32_t>(entries_.size());
+        entries_.push_back({add(name), add(child.data()), index + 1});
+        if (!child.empty()) open.push_back({index, child.begin(), child.end()});
+    }
+}
+
+void copy(const Document& document, ptree& tree) {
+    struct Level {
+        ptree* into;
+        Node::Iterator next, end;
+    };
+    NodeStore store;
+    ptree whole;
+    const Node root = document.root();
+    std::vector<Level> open{{&whole, root.begin(), root.end()}};
+    whole.data() = root.text();
+    while (!open.empty()) {
+        Level& level = open.back();
+        if (!(level.next != level.end)) {
+            open.pop_back();
+            continue;
+        }
+        const Node child = *level.next;
+        ++level.next;
+        ptree& made = level.into->push_back(store.of(child.name()))->second;
+        if (child.empty())
+            made.data() = child.text();
+        else
+            open.push_back({&made, child.begin(), child.end()});
+    }
+    tree.swap(whole);
+}
+
+}  // namespace json
