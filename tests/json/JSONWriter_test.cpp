@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "json/JsonKeys.h"
+#include "kit/WriterScript.h"
 #include "platform/HTEQJSONUtils.h"
 
 namespace {
@@ -126,6 +127,17 @@ TEST(JSONWriter, KeysArePaths) {
         ASSERT_EQ(written([&](auto& out) { writer.write(out); }),
                   written([&](auto& out) { write_json(out, expected); }))
             << used;
+    }
+}
+
+TEST(JSONWriter, GivesTheSameDocumentWithATree) {
+    std::mt19937 random(20);
+    for (int i = 0; i < 20'000; ++i) {
+        std::vector<std::uint8_t> bytes(random() % 200);
+        for (std::uint8_t& byte : bytes) byte = static_cast<std::uint8_t>(random());
+        const std::string expected = WriterScript(bytes, true).run();
+        ASSERT_EQ(WriterScript(bytes, false).run(), expected) << i;
+        ASSERT_FALSE(expected.empty());
     }
 }
 
