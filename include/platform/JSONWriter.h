@@ -57,8 +57,8 @@ protected:
 private:
     template <class Writer>
     friend class json::ChildWriter;
-    void open_(JSONWriter& child, const std::string& key, bool isList);
-    void close_(JSONWriter& child, const std::string& key);
+    void open_(JSONWriter& child, std::string_view key, bool isList);
+    void close_(JSONWriter& child, std::string_view key);
     void drop_(JSONWriter& child) noexcept;
 
     void prepare_();

@@ -5,11 +5,11 @@
 namespace json {
 
 /// A writer whose content goes directly below a key of another writer: nothing is added if it writes nothing, or
-/// without `add`. The other one must live as long, and `key` too, which is not a path.
+/// without `add`. The other one must live as long, and `key` too, which is not a path; an item of a list has none.
 template <class Writer>
 class ChildWriter {
 public:
-    ChildWriter(teq_platform::JSONWriter& parent, const std::string& key) : parent_(parent), key_(key) {
+    explicit ChildWriter(teq_platform::JSONWriter& parent, std::string_view key = {}) : parent_(parent), key_(key) {
         parent_.open_(writer_, key_, std::is_same_v<Writer, teq_platform::JSONListWriter>);
     }
     ~ChildWriter() { parent_.drop_(writer_); }
@@ -22,7 +22,7 @@ public:
 
 private:
     teq_platform::JSONWriter& parent_;
-    const std::string& key_;
+    const std::string_view key_;
     Writer writer_;
 };
 

@@ -18,8 +18,7 @@ void JSONListWriter::addItem(JSONWriter&& item) {
 }
 
 void JSONListWriter::addItem(const JSONSerializable* object) {
-    static const std::string kNoKey;
-    json::ChildWriter<JSONObjectWriter> item(*this, kNoKey);
+    json::ChildWriter<JSONObjectWriter> item(*this);
     item->writeObject(object);
     item.add();
 }

@@ -169,7 +169,7 @@ void JSONWriter::addChild_(const std::string& key, JSONWriter&& child) {
     child.clear_();
 }
 
-void JSONWriter::open_(JSONWriter& child, const std::string& key, bool isList) {
+void JSONWriter::open_(JSONWriter& child, std::string_view key, bool isList) {
     prepare_();
     if (tree_ || !ValueStream::fits(key)) return;  // the child keeps its content until it is closed
     ValueStream& stream = streamOrNew_();
@@ -181,11 +181,11 @@ void JSONWriter::open_(JSONWriter& child, const std::string& key, bool isList) {
     child_ = &child;
 }
 
-void JSONWriter::close_(JSONWriter& child, const std::string& key) {
+void JSONWriter::close_(JSONWriter& child, std::string_view key) {
     child.prepare_();
     if (child_ != &child || child.stream_ != stream_) {
         drop_(child);
-        if (!child.empty()) addChild_(key, std::move(child));
+        if (!child.empty()) addChild_(std::string(key), std::move(child));
         return;
     }
     if (child.empty()) return drop_(child);

@@ -9,8 +9,6 @@ namespace {
 
 // Writing.
 
-const std::string kNoKey;
-
 using ObjectIn = ChildWriter<JSONObjectWriter>;
 using ListIn = ChildWriter<JSONListWriter>;
 
@@ -37,7 +35,7 @@ struct Writing {
     void operator()(const Pairs& pairs) const {
         ListIn list(writer, name);
         for (const auto& [first, second] : pairs.get(record)) {
-            ObjectIn item(*list, kNoKey);
+            ObjectIn item(*list);
             item->addKey("name", first);
             item->addKey(pairs.valueKey, second);
             item.add();
