@@ -117,26 +117,33 @@ TEST_F(HTEQPlatformMgrTest, PartitionsAreAllNeeded) {
     EXPECT_EQ(errors().size(), 1U);
 }
 
-TEST_F(HTEQPlatformMgrTest, ClearingLeavesOnlyTheHardwareOfPartitions) {
-    for (const char* name : {"a", "b"}) putPlatform(scratch, "r", name, vbnv(name));
-    scratch.put("r/broken.zdf", descriptor(""));
-    putPartitions(scratch);
-    std::set<HTEQHardwarePlatform*> kept;
+/// Bytes in use after 90 further cycles of a scan and a clearing; of partitions, a host deletes the hardware, which nobody owns.
+std::ptrdiff_t growthOf(HTEQPlatformMgr& manager, const std::string& directory) {
     std::size_t held = 0;
     for (int cycle = 0; cycle < 100; ++cycle) {
-        manager.addPlatformsFromDirs({scratch / "r"});
-        ASSERT_EQ(manager.getNumPlatforms(), 3U);
-        for (const HTEQReconfigurablePartition* partition : manager.getPlatform("rp")->getReconfigurablePartitions())
-            kept.insert(partition->getHardwarePlatform());
+        const Capture capture;
+        manager.addPlatformsFromDirs({directory});
+        HSTVector<HTEQPlatform*> found;
+        manager.getPlatforms(found);
+        std::vector<std::unique_ptr<HTEQHardwarePlatform>> kept;
+        for (const HTEQPlatform* platform : found)
+            for (const HTEQReconfigurablePartition* partition : platform->getReconfigurablePartitions())
+                kept.emplace_back(partition->getHardwarePlatform());
         manager.clearAllPlatforms();
         manager.clearParsingErrorMsgs();
-        capture.taken.clear();
-        for (HTEQHardwarePlatform* hardware : kept) delete hardware;  // as a host may that has no other use for them
-        EXPECT_EQ(kept.size(), 2U);
         kept.clear();
         if (cycle == 9) held = ::mallinfo2().uordblks;  // 0 under ASan, where LSan reports leaks
     }
-    EXPECT_LE(::mallinfo2().uordblks, held + 4096);
+    return static_cast<std::ptrdiff_t>(::mallinfo2().uordblks) - static_cast<std::ptrdiff_t>(held);
+}
+
+TEST_F(HTEQPlatformMgrTest, ClearingLeavesOnlyTheHardwareOfPartitions) {
+    for (const char* name : {"a", "b"}) putPlatform(scratch, "r", name, vbnv(name));
+    EXPECT_LE(growthOf(manager, scratch / "r"), 1024);
+    scratch.put("r/broken.zdf", descriptor(""));
+    EXPECT_LE(growthOf(manager, scratch / "r"), 1024) << "of a platform that does not load";
+    putPartitions(scratch);
+    EXPECT_LE(growthOf(manager, scratch / "r"), 1024) << "of a platform with partitions";
 }
 
 TEST_F(HTEQPlatformMgrTest, ANewScanReplacesTheSameUniqueName) {
