@@ -16,7 +16,6 @@
 #include "zip/HUTZip.h"
 
 namespace fs = std::filesystem;
-using jun::tcltasks::task_limits;
 using Utils = HTEQEmulationUtils;
 
 namespace {
@@ -69,6 +68,9 @@ TEST(Emulation, InAnOutputDirectoryLeavesTheArchive) {
     const std::string before = contentOf(work.archive);
     for (int i = 0; i < 200; ++i) ASSERT_TRUE(Utils::generateCfaEmu(work.archive, "memss", "out"));
     expectFile("out/hw_emu_prop/hw_emu_prop.tcl", "property_fixed_memss.tcl");
+    HSTVector<std::string> files;
+    Utils::getAllRelativeInDir("out/overlay", files, "p");
+    EXPECT_EQ(files.front(), "p/emu/dynamic_post_sys_link.tcl");
     EXPECT_EQ(contentOf(work.archive), before);
     ASSERT_TRUE(Utils::generateCfaEmu(work.archive, "", ""));  // without a name, only the script
     EXPECT_THAT(work.names(), testing::Not(testing::Contains("overlay")));
@@ -99,7 +101,8 @@ TEST(Emulation, LeavesTheArchiveWhenAStepFails) {
         ::setenv("TORVANE_MORWEN", name == "unset" ? "" : root.c_str(), 1);
         const std::string before = contentOf(work.archive);
         Capture capture;
-        const task_limits limits({.time = std::chrono::milliseconds(500), .output = [](std::string_view) {}});
+        const jun::tcltasks::task_limits limits(
+            {.time = std::chrono::milliseconds(500), .output = [](std::string_view) {}});
         work.put("overlay/emu/emu.bd", "of an earlier run");
         EXPECT_FALSE(Utils::generateCfaEmu(work.archive, "memss", ""));
         EXPECT_EQ(contentOf(work.archive), before);
