@@ -170,6 +170,14 @@ def same_platform(size):
     return xml_metadata(body, ""), json.dumps(document, indent=4).encode() + b"\n"
 
 
+def properties():
+    """A property file of an emulation, with as many parameters as a large one has."""
+    parameters = {"PARAMETER_%d" % i: str(i) for i in range(20)}
+    return {"DdrBanks": [{"bank": i, **parameters} for i in range(16)], "SystemClocks": parameters, **parameters,
+            "DesignIpInstances": [{"SP_TAG": "IP_%d" % i, "VLNV": "torvane.com:ip:core:1.0", "Configuration": parameters}
+                                  for i in range(20)]}
+
+
 def with_ports(count):
     ports = "".join("            " + tag("Port", Name="M%05d_%s" % (i, name(1)), Type="addressable", Mode="master",
                                          Protocol="AXI4", Base="0x%x" % (i << 20), Range="0x100000", DataWidth="512",
@@ -210,6 +218,7 @@ def make_all():
     put("older400k.xml", xml)
     one_member(os.path.join(OUT, "byxml.lfa"), "lfa.xml", xml)
     one_member(os.path.join(OUT, "byjson.lfa"), "lfa.json", document)
+    put("properties.json", json.dumps(properties()).encode())
     for count in (5_000, 50_000):
         one_member(os.path.join(OUT, "ports%d.lfa" % count), "lfa.xml", with_ports(count))
 

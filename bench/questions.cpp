@@ -1,6 +1,11 @@
 // Questions on a platform against its load. usage: bench_questions (in the directory that gen.py filled)
 #include <benchmark/benchmark.h>
 
+#include <sstream>
+
+#include "platform/HPLPlatform.h"
+#include "platform/HTEQCfaXmlReader.h"
+#include "platform/HTEQEmulationUtils.h"
 #include "platform/PlatformPolicy.h"
 #include "platform/PlatformQueries.h"
 #include "platform/PlatformRequests.h"
@@ -49,6 +54,30 @@ void verdictOfLoaded(benchmark::State& state) {
     for (auto _ : state) benchmark::DoNotOptimize(requests::warranty(platform));
 }
 BENCHMARK(verdictOfLoaded)->Unit(benchmark::kMicrosecond);
+
+/// The platform that the scripts of an emulation are made for.
+void readForScripts(benchmark::State& state) {
+    for (auto _ : state) {
+        HPLPlatform platform;
+        HTEQCfaXmlReader("byxml.lfa", &platform).readCFA();
+        benchmark::DoNotOptimize(platform);
+    }
+}
+BENCHMARK(readForScripts)->Unit(benchmark::kMillisecond);
+
+void bothScripts(benchmark::State& state) {
+    HPLPlatform platform;
+    HTEQCfaXmlReader("byxml.lfa", &platform).readCFA();
+    for (auto _ : state) {
+        std::ostringstream properties, driver;
+        std::string custom;
+        HTEQEmulationUtils::writeEmuPropertiesDict(&platform, "properties.json", "", "", "", "", properties,
+                                                   "byxml.lfa", true, custom);
+        HTEQEmulationUtils::writeEmuUpdateCfa(driver, "properties.tcl", "overlay", "", "pre.tcl", "post.tcl", true);
+        benchmark::DoNotOptimize(properties.str().size() + driver.str().size());
+    }
+}
+BENCHMARK(bothScripts)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 // usage: replace ours ARCHIVE SOURCE                    a file put into the platform's archive
 //        replace one|one-synced|three ARCHIVE SOURCE    file, metadata and comment by libzip alone: closes of it
 //        replace stamp|verify ARCHIVE                   the digest and its check
+//        replace merge ARCHIVE FOLDER                   the files of an emulation put into the platform's archive
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <string_view>
 
 #include "ByLibzip.h"
+#include "platform/HTEQEmulationUtils.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/PlatformLoader.h"
@@ -36,6 +38,8 @@ int main(int argc, char** argv) {
             ->archiveFile("NEW", "new.bit", source);
     else if (what == "stamp")
         HUTZip::attachDigestEn(archive);
+    else if (what == "merge")
+        HTEQEmulationUtils::updateCfa(archive, source);
     else if (what == "verify")
         return HUTZip::verify(archive).isSound() ? 0 : 1;
     else

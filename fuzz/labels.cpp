@@ -2,8 +2,9 @@
 
 #include "Document.h"
 #include "Quiet.h"
-#include "check/MetadataCheck.h"
+#include "check/JsonCheck.h"
 #include "json/JsonText.h"
+#include "labels/LabelKeys.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HTEQSemanticLabelReader.h"
 
@@ -16,8 +17,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (json::tryParse(text, root)) return 0;
     HTEQSemanticLabelReader reader;
     reader.parseRoot(root);
+    const check::Source source{"labels", "", text};
+    check::JsonCheck check(source);
+    check.checkEach(labels::shapesOf);
     check::Findings findings;
-    check::checkLabels({"labels", "", text}, findings);
+    check.report(findings);
     bool isFaulty = false;
     for (const auto& finding : findings.take()) isFaulty |= finding.severity == check::CheckFinding::Severity::error;
     require(isFaulty || messages == 0, "what the check accepts can be read");

@@ -48,9 +48,21 @@ measured() { # TITLE ARCHIVE COMMAND...
 subprocess.run(sys.argv[1:], check=True)
 print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)' "$@" --force)
     echo "$title: bytes written $bytes, archive $(stat -c %s "$archive"), peak memory $memory KB"
+    rm -f "$archive" "$archive.before"
+}
+
+# An archive to put 200 files of 20 KB into.
+overlay() {
+    mkdir -p older overlay/emu/ip
+    mv definition/top.bit older/
+    cp "$data/older400k.xml" older/cfa.xml
+    "$tool" pack older changed.cfa.before --force
+    local i
+    for i in $(seq 200); do head -c 20000 /dev/urandom >"overlay/emu/ip/$i.tcl"; done
 }
 
 derived() { # MB
+    [ -f "$data/older400k.xml" ] || python3 bench/gen.py "$data"
     mkdir -p "$data/derive/definition"
     cd "$data/derive"
     head -c "$(($1 << 20))" /dev/urandom >definition/top.bit
@@ -64,6 +76,8 @@ derived() { # MB
     measured "rqa create" made.rqa "$tool" rqa create made.rqa BIT=top.bit=definition/top.bit
     measured "rqa add" changed.rqa "$tool" rqa add changed.rqa XDC=sysdef.xml=definition/sysdef.xml
     measured from-hdf top.lfa "$tool" from-hdf top.hdf top.lfa
+    overlay
+    measured "updateCfa, 200 files" changed.cfa "$bin/replace" merge changed.cfa overlay
     rm -r "$data/derive"
 }
 
@@ -113,6 +127,7 @@ if command -v strace >/dev/null; then
     echo "openat of the archive: $(grep -c 'openat(.*a400k\.lfa' trace)"
     echo "all calls that name it: $(grep -c 'a400k\.lfa' trace)"
     strace -y -o trace "$bin/document" p100.zdf >/dev/null
+    echo "libraries for scripts and for writing that a start opens: $(strace "$bin/linked" 2>&1 | grep -cE 'lib(tcl|zip|crypto)')"
     echo "openat of archives, 100 partitions: $(grep -c 'openat(.*rp[0-9]*\.lfa' trace)"
 fi
 echo "== parts of the library"

@@ -33,4 +33,7 @@ struct EmulationMember {
 /// other threads must not use relative paths meanwhile.
 ZR_API HSTVector<EmulationMember> emulate(const Emulate& request);
 
+/// The names of the property files of an installation (as in `Emulate`), sorted.
+ZR_API HSTVector<std::string> emulationNames(const std::string& installation, bool isDynamic);
+
 }  // namespace teq_platform::requests

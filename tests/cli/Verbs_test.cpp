@@ -56,6 +56,34 @@ TEST(Json, GivesTheBytesOfTheCFunctions) {
     }
 }
 
+/// What the user must not read is an error that says so, wherever it is in the installation. Root may read everything, so
+/// that the tool then runs as somebody else.
+TEST(Emulate, ReportsAnInstallationThatCannotBeRead) {
+    std::vector<std::string> command;
+    if (::geteuid() == 0) command = {"setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"};
+    command.push_back(ZR_TOOL);
+    const auto with = [&command](std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), command.begin(), command.end());
+        return run(arguments);
+    };
+    if (with({"--version"}).exit != 0) GTEST_SKIP() << "a user other than root cannot run the tool of this build";
+    const Scratch scratch;
+    fs::permissions(scratch.str(), fs::perms::all);
+    fs::copy(ZR_SAMPLES "/morwen", scratch / "tool", fs::copy_options::recursive);
+    const std::string scripts = "tool/data/emulation/hw_em/scripts";
+    for (const std::string& part : {std::string("tool"), scripts, scripts + "/memss", scripts + "/memss/run.tcl",
+                                    scripts + "/platform_config", scripts + "/platform_config/default_prop.json"}) {
+        const auto before = fs::status(scratch / part).permissions();
+        fs::permissions(scratch / part, fs::perms::none);
+        const Result result = with({"emulate", ZR_SAMPLES "/harrier/hw/harrier.cfa", scratch / "out.cfa", "--name",
+                                    "memss", "--tool", scratch / "tool"});
+        fs::permissions(scratch / part, before);
+        EXPECT_EQ(result.exit, 4) << part;
+        EXPECT_THAT(result.err, testing::ContainsRegex("[Pp]ermission denied")) << part;
+        EXPECT_EQ(scratch.names(), std::vector<std::string>{"tool"});
+    }
+}
+
 TEST(Help, EachVerbHasAnExampleThatRuns) {
     const Scratch scratch;
     const std::string page = tool({"--reference", "markdown"}).out;

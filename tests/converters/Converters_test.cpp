@@ -10,23 +10,13 @@
 #include "msg/HEXAll.h"
 #include "platform/HDFToCFAConverter.h"
 #include "platform/HRQAArchive.h"
-#include "platform/HTEQCfaJsonReader.h"
 #include "platform/SimpleFixedLFACreator.h"
 #include "text/HSTStringUtils.h"
 #include "zip/HUTZip.h"
 
 namespace {
 
-/// The text of the exception of `call`.
-template <class Call>
-std::string thrown(Call call) {
-    try {
-        call();
-    } catch (const HEXAll& e) {
-        return e.what();
-    }
-    return "nothing";
-}
+using testing::ThrowsMessage;
 
 std::string indexOf(const HRQAArchive& archive) {
     teq_platform::JSONObjectWriter writer;
@@ -48,16 +38,6 @@ protected:
         EXPECT_THAT(names, testing::UnorderedElementsAreArray(members));
         EXPECT_TRUE(HUTZip::verify(out_).isSound() && HUTZip::verify(out_).digest == HUTZip::DigestState::valid);
     }
-    /// What the JSON metadata say.
-    std::string platform() const {
-        HPLPlatform platform;
-        EXPECT_TRUE(HTEQCfaJsonReader(&platform).parseCFA(out_, teq_platform::HwMetadataMode::Default));
-        return platform.getVBNV() + " " + platform.getPlatformState() +
-               (platform.isUnifiedPlatform() ? " unified" : "") + (platform.isExpandable() ? "" : " fixed") +
-               (platform.usesPR() ? " PR" : "") +
-               (platform.isGeneratedByLink() && platform.isGeneratedBySwEmuLink() ? " linked " : "") +
-               platform.getFile("XDC");
-    }
     const Scratch scratch_;
     const Capture capture_;
     const std::string out_ = scratch_ / "out.lfa";
@@ -74,7 +54,6 @@ TEST_F(Made, FixedArchive) {
     creator.addFile("XDC", "c.xdc", put("c", "C"));
     EXPECT_TRUE(creator.writeLFA());
     expectSound({"a.xdc", "c.xdc", "deep/dropped", "lfa.json"});
-    EXPECT_EQ(platform(), ":::0.0  unified fixed PR linked c.xdc");
 }
 
 TEST_F(Made, HardwareDefinition) {
@@ -84,26 +63,23 @@ TEST_F(Made, HardwareDefinition) {
     const std::string hdf = definition("<Project/>");
     for (const auto& [name, stem] : {std::pair("m.lfa", "lfa"), {"m.LFA", "cfa"}, {"m", "cfa"}, {"", "cfa"}})
         EXPECT_STREQ(HDFToCFAConverter::hwpf_keyword(name), stem) << name;
-    EXPECT_EQ(thrown([&] { HDFToCFAConverter("no", scratch_.str(), "x"); }),
-              "Could not find specified file: 'no'on disk.");
-    EXPECT_EQ(thrown([&] { HDFToCFAConverter(hdf, "no", "x"); }), "Could not find specified dir: 'no'on disk.");
+    EXPECT_THAT([&] { HDFToCFAConverter("no", scratch_.str(), "x"); },
+                ThrowsMessage<HEXAll>("Could not find specified file: 'no'on disk."));
+    EXPECT_THAT([&] { HDFToCFAConverter(hdf, "no", "x"); },
+                ThrowsMessage<HEXAll>("Could not find specified dir: 'no'on disk."));
     EXPECT_FALSE(HDFToCFAConverter(hdf, scratch_.str(), "out.lfa").writeCFA());
     EXPECT_THAT(capture_.lines(), testing::ElementsAre("@74-46@"));
     EXPECT_TRUE(HDFToCFAConverter(definition("<Project top='m'/>"), scratch_.str(), "out.lfa").writeCFA());
     expectSound({"d.hdf", "lfa.json", "lfa.xml"});
-    EXPECT_EQ(platform(), "torvane.com::m:1.0 pre_synth unified fixed");
 }
 
 TEST(HRQAArchive, Index) {
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/converters/rqa.case", [](const auto&, const auto& text) {
         HRQAArchive archive;
         archive.registerFile("OLD", "gone");
-        try {
-            return archive.parseJsonString(text) ? indexOf(archive) : std::string("false");
-        } catch (const boost::property_tree::json_parser_error&) {
-            return std::string("not JSON");
-        }
+        return archive.parseJsonString(text) ? indexOf(archive) : std::string("false");
     });
+    EXPECT_THROW(HRQAArchive().parseJsonString("["), boost::property_tree::json_parser_error);
 }
 
 TEST_F(Made, MetadataArchive) {
@@ -121,12 +97,13 @@ TEST_F(Made, MetadataArchive) {
     EXPECT_EQ(contentOf(read.extract("T", to)), "new");
     EXPECT_EQ(contentOf(read.extract("DR_BD", to) + "/a"), "A");
     EXPECT_EQ(contentOf(to + "/ip/c"), "") << "only what was asked for";
-    for (const char* name : {"../l", "/etc/passwd", "none"}) {
-        for (const char* type : {"X", "IP_REPO_PATH"}) read.registerFile(type, name);
-        EXPECT_NE(thrown([&] { read.extract("X", to); }), "nothing") << name;
-        EXPECT_NE(thrown([&] { read.extract("IP_REPO_PATH", to); }), "nothing") << name;
-    }
-    EXPECT_EQ(thrown([&] { read.extract("T", ""); }), "HRQAArchive::extract() - destDir argument must not be empty");
+    for (const char* name : {"../l", "/etc/passwd", "none"})
+        for (const char* type : {"X", "IP_REPO_PATH"}) {
+            read.registerFile(type, name);
+            EXPECT_THROW(read.extract(type, to), HEXAll) << name;
+        }
+    EXPECT_THAT([&] { read.extract("T", ""); },
+                ThrowsMessage<HEXAll>("HRQAArchive::extract() - destDir argument must not be empty"));
 }
 
 TEST_F(Made, MetadataArchiveThatCannotBeChanged) {
@@ -139,7 +116,7 @@ TEST_F(Made, MetadataArchiveThatCannotBeChanged) {
         {text, out_, "archiveFile() - Could not open file for streaming: " + text}};
     for (const auto& [file, source, fault] : cases) {
         HRQAArchive archive(file);
-        EXPECT_EQ(thrown([&] { archive.archive("T", "n", source); }), "HRQAArchive::" + fault);
+        EXPECT_THAT([&] { archive.archive("T", "n", source); }, ThrowsMessage<HEXAll>("HRQAArchive::" + fault));
         EXPECT_EQ(archive.parse(), file == out_);
         EXPECT_TRUE(archive.getFiles().empty());
     }

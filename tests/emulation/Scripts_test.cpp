@@ -16,60 +16,45 @@ using namespace emulation;
 namespace {
 
 /// Both scripts with the text in every field.
-class Scripts {
-public:
-    Scripts() {
-        HTEQHardwareBusInterface& memory = *platform_.addBusInterface();
-        memory.setSPTag("DDR");
-        segment_ = memory.addAddressSegment();
-    }
-
-    std::string with(const std::string& text, const std::string& tag) {
-        platform_.getBoard().setName(text);
-        platform_.getBoard().setPart(text);
-        segment_->setSpTag(tag);
-        segment_->setAuto(text);
-        segment_->setSlr(text);
-        Properties properties;
-        const PropertyMap pairs{{text, {text}}};
-        properties.banks[0] = properties.clocks = properties.general = pairs;
-        properties.instances[text] = pairs;
-        properties.general["UserIpRepoPath"] = {text};
-        return propertyScript(platform_, properties,
-                              {.platform = text, .uniqueName = text, .boardRepository = text, .isDynamic = true})
-                   .text +
-               driverScript({text, text, text, text, text, true});
-    }
-
-private:
-    HPLPlatform platform_;
-    HTEQHardwareAddressSegment* segment_;
-};
+std::string scriptsWith(const std::string& text, const std::string& tag) {
+    HPLPlatform platform;
+    platform.getBoard().setName(text);
+    platform.getBoard().setPart(text);
+    HTEQHardwareBusInterface& memory = *platform.addBusInterface();
+    memory.setSPTag("DDR");
+    HTEQHardwareAddressSegment& segment = *memory.addAddressSegment();
+    segment.setSpTag(tag);
+    segment.setAuto(text);
+    segment.setSlr(text);
+    Properties properties;
+    properties.banks[0] = properties.clocks = properties.general = properties.instances[text] = {{text, {text}}};
+    properties.general["UserIpRepoPath"] = {text};
+    const PropertyScriptNames names{text, text, text, true};
+    return propertyScript(platform, properties, names).text + driverScript({text, text, text, text, text, true});
+}
 
 }  // namespace
 
 TEST(Scripts, HoldEachTextAsOneWord) {
     const TclScript tcl;
-    Scripts scripts;
     // The text is the key of a general property too, which stands before or after the one whose key is fixed.
-    const auto before = tcl.commands(scripts.with("Aq", "tq")), after = tcl.commands(scripts.with("zq", "tq"));
+    const auto before = tcl.commands(scriptsWith("Aq", "tq")), after = tcl.commands(scriptsWith("zq", "tq"));
     ASSERT_GT(after.size(), 60U);
+    const auto expectedFor = [&](const std::string& text) {
+        const bool isBefore = text < "UserIpRepoPath";
+        auto commands = isBefore ? before : after;
+        for (auto& words : commands)
+            for (std::string& word : words) {
+                const bool isName = word.find("tq_0") != word.npos;  // of a dictionary, made from the tag
+                const char* const mark = word.find("tq") != word.npos ? "tq" : isBefore ? "Aq" : "zq";
+                word = replaced(word, mark, isName ? tcl::namePart(text) : text);
+            }
+        return commands;
+    };
     int failures = 0;
     forEachText([&](const std::string& text) {
-        const auto found = tcl.commands(scripts.with(text, text));
-        const auto& plain = text < "UserIpRepoPath" ? before : after;
-        const char* const mark = text < "UserIpRepoPath" ? "Aq" : "zq";
-        bool isRight = found.size() == plain.size();
-        for (std::size_t i = 0; isRight && i < plain.size(); ++i)
-            for (std::size_t word = 0; isRight && word < plain[i].size(); ++word) {
-                // The name of a dictionary is made from the tag, which is a word of its own elsewhere.
-                const std::string& was = plain[i][word];
-                const bool isName = was.find("tq_0") != std::string::npos;
-                const std::string expected = isName ? replaced(was, "tq", tcl::namePart(text))
-                                                    : replaced(was, was.find("tq") == was.npos ? mark : "tq", text);
-                isRight = found[i].size() == plain[i].size() && found[i][word] == expected;
-            }
-        if (!isRight && ++failures < 5) ADD_FAILURE() << hex(text) << "\n" << scripts.with(text, text);
+        if (tcl.commands(scriptsWith(text, text)) != expectedFor(text) && ++failures < 5)
+            ADD_FAILURE() << hex(text) << "\n" << scriptsWith(text, text);
     });
     EXPECT_EQ(failures, 0);
 }

@@ -27,15 +27,6 @@ public:
         for (const auto& [name, bytes] : members) edit.put(name, bytes);
         edit.commit();
     }
-    /// Lists these property files in its emulation metadata.
-    void putProperties(const std::string& ofPlatform, const std::string& ofUser) const {
-        change(
-            {{"emu/hw_emu.xml", R"(<Root VersionMajor="1" VersionMinor="0"><Emulations><Emulation Name="gcc"><Files>
-                    <File Type="PROP_JSON" Name="emu/prop.json"/><File Type="USER_PROP_JSON" Name="./emu/user.json"/>
-                    </Files></Emulation></Emulations></Root>)"},
-             {"emu/prop.json", ofPlatform},
-             {"emu/user.json", ofUser}});
-    }
 
     const std::string archive = *this / "harrier.cfa";
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "tcl/TclLibrary.h"
-#include "zip/LoadedLibrary.h"
+#include "util/LoadedLibrary.h"
 
 /// Scripts as Tcl's own parser reads them, without evaluating anything.
 class TclScript {

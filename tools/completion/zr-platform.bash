@@ -7,7 +7,9 @@ _zr_platform() {
     unset 'lines[-1]'
     COMPREPLY=("${lines[@]}")
     [ "$cur" = = ] && cur=
+    [ "$kind" = :value ] && kind=:files
     case $kind in
+        :partial) compopt -o nospace 2>/dev/null ;;
         :dirs) mapfile -t -O ${#COMPREPLY[@]} COMPREPLY < <(compgen -d -- "$cur") ;;
         :files*)
             endings=" ${kind#:files} "

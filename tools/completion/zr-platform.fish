@@ -7,17 +7,24 @@ function __zr_platform
     set -l kind (string split ' ' -- $lines[-1])
     set -e lines[-1]
     string join -- \n $lines
+    set -l token (commandline -ct)
+    set -l before ''
+    if test "$kind" = :value
+        set before (string replace -r '[^=]*$' '' -- $token)
+        set token (string replace -r '.*=' '' -- $token)
+        set kind :files
+    end
     switch $kind[1]
         case :dirs
             __fish_complete_directories (commandline -ct)
         case :files
             set -l endings $kind[2..-1]
-            for file in (__fish_complete_path (commandline -ct))
+            for file in (__fish_complete_path $token)
                 set -l name (string split \t -- $file)[1]
                 if not set -q endings[1]; or string match -q '*/' -- $name
-                    echo $name
+                    echo $before$name
                 else if contains -- (string replace -r '.*\.' '' -- $name) $endings
-                    echo $name
+                    echo $before$name
                 end
             end
     end

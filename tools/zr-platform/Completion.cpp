@@ -1,10 +1,15 @@
 #include "Completion.h"
 
 #include <algorithm>
+#include <boost/json/parse.hpp>
+#include <set>
 #include <string_view>
 #include <utility>
 
+#include <platform/DerivedFiles.h>
+#include <platform/HTEQPfmFileTypes.h>
 #include <platform/PlatformCheck.h>
+#include <platform/PlatformEmulation.h>
 #include <platform/PlatformSearch.h>
 #include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
@@ -22,6 +27,8 @@ struct Given {
     Words positionals;
     const Option* awaiting = nullptr;  ///< the option whose value comes next
     requests::Repositories where = {};
+    std::string installation = {};  ///< of --tool
+    bool isDynamic = false;
     bool hasEnded = false;  ///< the options, by "--"
 };
 
@@ -34,12 +41,14 @@ const Option* optionOf(const Verb& verb, std::string_view name) {
 
 void takeValue(const Option& option, const std::string& value, Given& given) {
     if (option.name == std::string_view("repo")) given.where.dirs.push_back(value);
+    if (option.name == std::string_view("tool")) given.installation = value;
 }
 
 void takeOption(const std::string& word, Given& given) {
     const auto equals = word.find('=');
     const Option* const option = optionOf(*given.verb, std::string_view(word).substr(2, equals - 2));
     if (word == "--no-defaults") given.where.withDefaults = false;
+    if (word == "--dynamic") given.isDynamic = true;
     if (!option || !option->choices) return;
     if (equals == std::string::npos)
         given.awaiting = option;
@@ -71,6 +80,36 @@ Words platformNames(const requests::Repositories& where) {
     return names;
 }
 
+/// Those for which an emulation can be built.
+Words propertyNames(const Given& given) {
+    Words names;
+    for (const std::string& name : requests::emulationNames(given.installation, given.isDynamic))
+        names.push_back(name);
+    return names;
+}
+
+Words namesOf(const Given& given) {
+    return given.verb->name == std::string_view("emulate") ? propertyNames(given) : platformNames(given.where);
+}
+
+/// The paths of the endpoints in semantic labels.
+Words partitions(const Given& given) {
+    if (given.positionals.empty()) return {};
+    std::set<std::string> paths{"/"};
+    const boost::json::value labels = boost::json::parse(requests::labels({.file = given.positionals.front()}));
+    for (const auto& kind : labels.as_object())
+        for (const boost::json::value& label : kind.value().as_array())
+            if (const auto* path = label.as_object().if_contains("partition_path"))
+                paths.emplace(path->as_string().c_str());
+    return {paths.begin(), paths.end()};
+}
+
+Words typesInRqa(const Given& given) {
+    Words types;
+    for (const auto& file : requests::rqaContent(given.positionals[1]).files) types.push_back(file.type);
+    return types;
+}
+
 Words memberNames(const Given& given) {
     Words names;
     if (given.positionals.empty()) return names;
@@ -95,11 +134,16 @@ Words none(const Given&) { return {}; }
 
 constexpr Kind kKinds[] = {
     {"PLATFORM", [](const Given& given) { return platformNames(given.where); }, ":files zdf cfa lfa spfm"},
-    {"NAME", [](const Given& given) { return platformNames(given.where); }, ":none"},
+    {"NAME", namesOf, ":none"},
     {"ARCHIVE", none, ":files cfa lfa"},
     {"MEMBER", memberNames, ":none"},
     {"FINDING", [](const Given&) { return findingNames(); }, ":none"},
     {"TARGET", none, ":files cfa lfa"},
+    {"RQA", none, ":files rqa"},
+    {"RQA_TYPE", typesInRqa, ":none"},
+    {"HDF", none, ":files hdf"},
+    {"EMULATION", none, ":files xml json"},
+    {"PARTITION", partitions, ":none"},
     {"JSON", none, ":files json"},
     {"FILE", none, ":files"},
     {"OUT", none, ":files"},
@@ -112,6 +156,14 @@ struct Offer {
     const char* shell = ":none";
 };
 
+/// What an argument of rqa is depends on its action.
+std::string_view kindOfRqaArgument(const Given& given) {
+    const std::string& action = given.positionals.front();
+    if (action == "create" || action == "add") return "NAMED_FILE";
+    if (action != "extract") return "";
+    return given.positionals.size() == 2 ? "RQA_TYPE" : "DIR";
+}
+
 /// For a value of one of these (`a|b`), or of this kind.
 Offer offerOf(std::string values, const Given& given) {
     if (values.find('|') != std::string::npos) return {HSTStringUtils::split(values, '|')};
@@ -121,13 +173,24 @@ Offer offerOf(std::string values, const Given& given) {
     return {};
 }
 
-Offer positionalOf(const Given& given) {
+/// For an argument TYPE=MEMBER=FILE: the type, and the file after the last "=".
+Offer namedFileOf(const std::string& current) {
+    const auto parts = std::ranges::count(current, '=');
+    Offer offer{{}, parts == 0 ? ":partial" : parts == 1 ? ":none" : ":value"};
+    if (parts == 0)
+        for (const auto& [type, name] : HTEQPfmFileTypes::getFileTypeMap()) offer.candidates.push_back(name + "=");
+    return offer;
+}
+
+Offer positionalOf(const Given& given, const std::string& current) {
     const auto& all = given.verb->positionals;
     if (all.empty()) return {};
     const std::size_t at = std::min(given.positionals.size(), all.size() - 1);
-    const bool isRepeated = std::string_view(all[at].name).ends_with("...");
-    if (given.positionals.size() > at && !isRepeated) return {};
-    return offerOf(all[at].values, given);
+    const std::string_view name = all[at].name;
+    if (given.positionals.size() > at && !name.ends_with("...") && !name.ends_with("...]")) return {};
+    std::string_view kind = all[at].values;
+    if (kind == "RQA_ARGUMENT") kind = kindOfRqaArgument(given);
+    return kind == "NAMED_FILE" ? namedFileOf(current) : offerOf(std::string(kind), given);
 }
 
 Offer optionsOf(const Given& given) {
@@ -189,7 +252,7 @@ std::string completionOf(const std::vector<std::string>& typed) {
             if (!wasSplit) before = current.substr(0, equals + 1);
             current.erase(0, equals + 1);
         } else {
-            offer = !given.hasEnded && current.starts_with("-") ? optionsOf(given) : positionalOf(given);
+            offer = !given.hasEnded && current.starts_with("-") ? optionsOf(given) : positionalOf(given, current);
         }
     } catch (const std::exception&) {  // without names, there is nothing to offer
     }

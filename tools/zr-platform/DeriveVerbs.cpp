@@ -19,6 +19,10 @@ teq_platform::requests::Labels labelsOf(const Call& call) {
             .dryRun = call.has("dry-run")};
 }
 
+[[noreturn]] void wrongUse(const std::string& text) {
+    throw teq_platform::RequestError(teq_platform::FailureKind::wrongUse, {.text = text});
+}
+
 /// Calls `write` with the file for an output, which is empty for none, in place of "-".
 void toOutput(std::string& output, bool mayReplace, const std::function<void()>& write) {
     if (output.empty()) return write();
@@ -33,19 +37,23 @@ void toOutput(std::string& output, bool mayReplace, const std::function<void()>&
 
 int runLabels(const Call& call) {
     requests::Labels request = labelsOf(call);
-    if (call.has("partition") && request.extMetadata.empty())
-        throw teq_platform::RequestError(teq_platform::FailureKind::wrongUse,
-                                         {.text = "--partition is for --ext-metadata"});
+    if (call.has("partition") && request.extMetadata.empty()) wrongUse("--partition is for --ext-metadata");
     if (request.partitionMetadata.empty() && request.extMetadata.empty()) {
+        if (call.has("ndjson")) wrongUse("--ndjson describes what is written: name an output");
         Console::take().data(requests::labels(request));
         return 0;
     }
+    if (request.partitionMetadata == "-" && request.extMetadata == "-")
+        wrongUse("both documents have the same destination");
+    const WrittenFiles written(call, {request.partitionMetadata, request.extMetadata});
     toOutput(request.partitionMetadata, request.mayReplace,
              [&] { toOutput(request.extMetadata, request.mayReplace, [&] { requests::labels(request); }); });
+    written.report();
     return 0;
 }
 
 int runCreateFixed(const Call& call) {
+    const WrittenFiles written(call, {call["ARCHIVE"]});
     requests::FixedArchive request{.archive = "", .files = {}, .dryRun = call.has("dry-run")};
     for (const std::string& text : call.all("[FILE...]")) request.files.push_back(requests::namedFile(text));
     writeTo(call["ARCHIVE"], call.has("force"), "lfa", [&](const std::string& path, bool mayReplace) {
@@ -53,14 +61,17 @@ int runCreateFixed(const Call& call) {
         request.mayReplace = mayReplace;
         requests::createFixed(request);
     });
+    written.report();
     return 0;
 }
 
 int runFromHdf(const Call& call) {
+    const WrittenFiles written(call, {call["ARCHIVE"]});
     writeTo(call["ARCHIVE"], call.has("force"), "lfa", [&](const std::string& path, bool mayReplace) {
         requests::fromDefinition(
             {.definition = call["HDF"], .archive = path, .mayReplace = mayReplace, .dryRun = call.has("dry-run")});
     });
+    written.report();
     return 0;
 }
 
@@ -82,11 +93,13 @@ int runCheckRm(const Call& call) {
 }
 
 int runEmuConvert(const Call& call) {
+    const WrittenFiles written(call, {call["OUT"]});
     const std::string extension = call["IN"].ends_with(".xml") ? "json" : "xml";
+    HSTVector<std::string> losses;
     writeTo(call["OUT"], call.has("force"), extension, [&](const std::string& path, bool mayReplace) {
-        for (const std::string& loss : requests::convertEmulation(
-                 {.file = call["IN"], .destination = path, .mayReplace = mayReplace, .dryRun = call.has("dry-run")}))
-            Console::take().note(HEXDiagnostic{.file = call["IN"], .text = loss}.format());
+        losses = requests::convertEmulation(
+            {.file = call["IN"], .destination = path, .mayReplace = mayReplace, .dryRun = call.has("dry-run")});
     });
+    written.report(call["IN"], {losses.begin(), losses.end()});
     return 0;
 }

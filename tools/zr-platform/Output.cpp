@@ -1,12 +1,13 @@
 #include "Output.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 
-#include "Console.h"
+#include <zip/HUTZip.h>
 
 namespace fs = std::filesystem;
 using teq_platform::FailureKind;
@@ -52,4 +53,36 @@ void writeTo(const std::string& destination, bool mayReplace, const std::string&
     std::string block(1 << 18, '\0');
     while (file.read(block.data(), static_cast<std::streamsize>(block.size())), file.gcount() > 0)
         Console::take().data({block.data(), static_cast<std::size_t>(file.gcount())});
+}
+
+WrittenFiles::WrittenFiles(const Call& call, std::vector<std::string> destinations)
+    : call_(call), destinations_(std::move(destinations)) {
+    std::erase(destinations_, "");
+    if (Records::areAsked(call) && std::ranges::find(destinations_, "-") != destinations_.end())
+        throw RequestError(FailureKind::wrongUse,
+                           {.text = "--json and --ndjson describe a file: name one for the output"});
+}
+
+boost::json::object WrittenFiles::recordOf(const std::string& file, const std::vector<std::string>& losses) const {
+    const bool isWritten = !call_.has("dry-run");
+    boost::json::array members;
+    const std::string extension = fs::path(file).extension();
+    if (isWritten && (extension == ".cfa" || extension == ".lfa" || extension == ".rqa"))
+        for (const HUTZip::Member& member : HUTZip::members(file))
+            members.push_back({{"name", member.name}, {"size", member.size}});
+    return {{"file", file},
+            {"written", isWritten},
+            {"members", std::move(members)},
+            {"losses", boost::json::array(losses.begin(), losses.end())}};
+}
+
+void WrittenFiles::report(const std::string& input, const std::vector<std::string>& losses) const {
+    if (!Records::areAsked(call_)) {
+        for (const std::string& loss : losses)
+            Console::take().note(HEXDiagnostic{.file = input, .text = loss}.format());
+        return;
+    }
+    Records records("written-file");
+    for (const std::string& file : destinations_) records.add(recordOf(file, losses));
+    records.print(call_, {});
 }

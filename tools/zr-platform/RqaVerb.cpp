@@ -29,17 +29,21 @@ requests::RqaArchive requestOf(const Call& call) {
 
 void create(const Call& call) {
     requests::RqaArchive request = requestOf(call);
+    const WrittenFiles written(call, {request.archive});
     writeTo(request.archive, request.mayReplace, "rqa", [&](const std::string& path, bool mayReplace) {
         request.archive = path;
         request.mayReplace = mayReplace;
         requests::createRqa(request);
     });
+    written.report();
 }
 
 void add(const Call& call) {
     const requests::RqaArchive request = requestOf(call);
     if (request.files.empty()) wrongUse("expected rqa add ARCHIVE TYPE=MEMBER=FILE...");
+    const WrittenFiles written(call, {request.archive});
     requests::addToRqa(request);
+    written.report();
 }
 
 const char* stateName(requests::ListedFile::State state) {

@@ -2,11 +2,14 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <span>
 #include <string_view>
 
 #include "Console.h"
@@ -17,6 +20,13 @@ using teq_platform::RequestError;
 namespace {
 
 constexpr std::size_t kEnd = 1 << 16;
+/// Kinds of positionals whose value "-" is standard input, and those whose value it may be otherwise.
+constexpr std::array<std::string_view, 6> kInputs{"PLATFORM", "ARCHIVE", "JSON", "FILE", "HDF", "EMULATION"};
+constexpr std::array<std::string_view, 4> kNoInputs{"", "OUT", "NAMED_FILE", "RQA_ARGUMENT"};
+
+bool isOneOf(std::string_view kind, std::span<const std::string_view> kinds) {
+    return std::ranges::find(kinds, kind) != kinds.end();
+}
 
 [[noreturn]] void refuse(const std::string& text) { throw RequestError(FailureKind::wrongUse, {.text = text}); }
 
@@ -62,11 +72,10 @@ std::string StandardInput::keep() {
 void StandardInput::replace(const Verb& verb, Call& call) {
     for (const Positional& positional : verb.positionals) {
         const std::string_view kind = positional.values;
-        if (kind == "OUT" || kind.empty()) continue;
+        if (isOneOf(kind, kNoInputs)) continue;
         for (std::string& value : call.positionals[positional.name]) {
             if (value != "-") continue;
-            if (kind != "PLATFORM" && kind != "ARCHIVE" && kind != "JSON" && kind != "FILE")
-                refuse(std::string(positional.name) + " cannot be standard input");
+            if (!isOneOf(kind, kInputs)) refuse(std::string(positional.name) + " cannot be standard input");
             if (!directory_.empty()) refuse("standard input can be read only once");
             value = keep();
             Console::take().nameInput(value);

@@ -9,7 +9,7 @@
 #include <csignal>
 #include <string>
 
-#include "zip/LoadedLibrary.h"
+#include "util/LoadedLibrary.h"
 
 namespace {
 

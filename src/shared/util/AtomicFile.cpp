@@ -144,17 +144,47 @@ int AtomicFile::rename(bool mayReplace) const {
     return 0;
 }
 
-void AtomicFile::commit(bool mayReplace) {
-    if (!isSynced_ && !file_.close()) fail(errno);
+/// Swaps the new file and the one at the target.
+bool AtomicFile::exchange() const {
+    return ::renameat2(directory_, temporary_.c_str(), directory_, name_.c_str(), RENAME_EXCHANGE) == 0;
+}
+
+void AtomicFile::close() {
+    if (!file_.close()) fail(errno);
+}
+
+void AtomicFile::checkTarget(bool mayReplace) const {
     struct stat there {};
     if (mayReplace && ::fstatat(directory_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 &&
         !S_ISREG(there.st_mode) && !S_ISLNK(there.st_mode))
         fail("what has this name is not a regular file");
+}
+
+void AtomicFile::commit(bool mayReplace) {
+    if (!isSynced_) close();
+    checkTarget(mayReplace);
     if (const int error = rename(mayReplace)) fail(error);
     isMade_ = false;
     if (!isSynced_) return;
     if (::fsync(directory_) != 0) fail(errno);
     removeLeftovers(directory_);
+}
+
+void AtomicFile::commitWith(AtomicFile& other, bool mayReplace) {
+    close();
+    checkTarget(mayReplace);
+    struct stat there {};
+    const bool isNew = ::fstatat(directory_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) != 0;
+    const bool isExchanged = mayReplace && !isNew && exchange();  // the old file then has the temporary name
+    if (const int error = isExchanged ? 0 : rename(mayReplace)) fail(error);
+    isMade_ = isExchanged;
+    try {
+        other.commit(mayReplace);
+    } catch (...) {
+        if (isExchanged) exchange();
+        if (isNew) ::unlinkat(directory_, name_.c_str(), 0);
+        throw;
+    }
 }
 
 }  // namespace util

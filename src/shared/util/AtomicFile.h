@@ -38,10 +38,16 @@ public:
     /// Puts the file at its target. Without `mayReplace`, anything that has the name is an error; with it, anything
     /// except a regular file or a link, which is replaced itself.
     void commit(bool mayReplace = true);
+    /// Commits this file and `other`, which are not synced. If the second fails, the first is taken back; what it has
+    /// replaced returns if the file system can exchange two files.
+    void commitWith(AtomicFile& other, bool mayReplace);
 
 private:
+    void close();
+    void checkTarget(bool mayReplace) const;
     void make(mode_t mode, const std::string& extension);
     int rename(bool mayReplace) const;
+    bool exchange() const;
     [[noreturn]] void fail(int error) const;
     [[noreturn]] void fail(const std::string& reason) const;
 

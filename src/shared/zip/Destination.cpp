@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <memory>
 #include <optional>
 #include <system_error>
 
@@ -54,7 +55,6 @@ public:
         if (exists_ && S_ISDIR(status_.st_mode)) fail(path, EISDIR);
     }
 
-    bool exists() const { return exists_; }
     /// One of the process's own descriptors that it names, itself or by a link.
     std::optional<int> descriptor() const {
         if (const auto number = numberOf(path_)) return number;
@@ -62,12 +62,17 @@ public:
         const ssize_t size = ::readlinkat(parent_.get(), name_.c_str(), text.data(), text.size());
         return size < 0 ? std::nullopt : numberOf({text.data(), static_cast<std::size_t>(size)});
     }
-    bool isFileOrLink() const { return !exists_ || S_ISREG(status_.st_mode) || S_ISLNK(status_.st_mode); }
+    bool isStream() const {
+        const bool isFileOrLink = !exists_ || S_ISREG(status_.st_mode) || S_ISLNK(status_.st_mode);
+        return !isFileOrLink || descriptor();
+    }
 
-    void writeFile(const Fill& fill, bool mayReplace) const {
-        util::AtomicFile file(parent_.get(), name_, path_, 0666);
-        fill([&file](std::string_view bytes) { file.append(bytes); });
-        file.commit(mayReplace);
+    /// The file, which is not committed yet; it must not outlive this object.
+    std::unique_ptr<util::AtomicFile> makeFile(const Fill& fill, bool mayReplace) const {
+        if (exists_ && !mayReplace) fail(path_, EEXIST);
+        auto file = std::make_unique<util::AtomicFile>(parent_.get(), name_, path_, 0666);
+        fill([&file](std::string_view bytes) { file->append(bytes); });
+        return file;
     }
 
     void writeStream(const Fill& fill) const {
@@ -96,9 +101,22 @@ private:
 
 void zip::writeDestination(const std::string& path, const Fill& fill, bool mayReplace) {
     const Target target(path);
-    if (!target.isFileOrLink() || target.descriptor()) return target.writeStream(fill);
-    if (target.exists() && !mayReplace) fail(path, EEXIST);
-    target.writeFile(fill, mayReplace);
+    if (target.isStream()) return target.writeStream(fill);
+    target.makeFile(fill, mayReplace)->commit(mayReplace);
+}
+
+void zip::writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace) {
+    const Target targets[] = {Target(first.path), Target(second.path)};
+    const std::string_view texts[] = {first.bytes, second.bytes};
+    std::unique_ptr<util::AtomicFile> files[2];
+    const auto fill = [&texts](int i) { return [bytes = texts[i]](const auto& take) { take(bytes); }; };
+    for (const int i : {0, 1})
+        if (!targets[i].isStream()) files[i] = targets[i].makeFile(fill(i), mayReplace);
+    for (const int i : {0, 1})
+        if (!files[i]) targets[i].writeStream(fill(i));
+    if (files[0] && files[1]) return files[0]->commitWith(*files[1], mayReplace);
+    for (const auto& file : files)
+        if (file) file->commit(mayReplace);
 }
 
 void zip::copyToDestination(const std::string& from, const std::string& path, bool mayReplace) {
@@ -116,7 +134,4 @@ void zip::copyToDestination(const std::string& from, const std::string& path, bo
         mayReplace);
 }
 
-bool zip::isStream(const std::string& path) {
-    const Target target(path);
-    return !target.isFileOrLink() || target.descriptor();
-}
+bool zip::isStream(const std::string& path) { return Target(path).isStream(); }

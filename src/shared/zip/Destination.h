@@ -12,7 +12,13 @@ namespace zip {
 void writeDestination(const std::string& path,
                       const std::function<void(const std::function<void(std::string_view)>& take)>& fill,
                       bool mayReplace = true);
-/// The same with the bytes of the file `from`.
+struct DestinationText {
+    std::string path;
+    std::string_view bytes;
+};
+/// Writes two files, or neither if one of them cannot be written; what a device or a pipe got cannot be taken back.
+void writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace);
+/// Writes a copy of the file `from`.
 void copyToDestination(const std::string& from, const std::string& path, bool mayReplace = true);
 
 /// Whether bytes would be written directly.

@@ -1,6 +1,6 @@
 #include "zip/Libzip.h"
 
-#include "zip/LoadedLibrary.h"
+#include "util/LoadedLibrary.h"
 
 namespace {
 

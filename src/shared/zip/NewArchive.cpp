@@ -11,30 +11,9 @@
 #include "zip/ZipWriter.h"
 
 namespace zip {
-namespace {
-
-/// Provides the bytes of a hashed file, and opens it only while they are read.
-class LateFile {
-public:
-    LateFile(NewArchive::Open open, const FileStamp& hashed) : open_(std::move(open)), hashed_(hashed) {}
-
-    void operator()(std::uint64_t offset, char* target, std::size_t count) {
-        if (!file_) file_ = std::make_shared<const SourceFile>(open_());
-        if (!(file_->bytes().stamp() == hashed_)) file_->refuse("it was changed while it was read");
-        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was truncated");
-        file_->checkUnchanged();
-        if (offset + count == file_->bytes().size()) file_.reset();
-    }
-
-private:
-    NewArchive::Open open_;
-    FileStamp hashed_;
-    std::shared_ptr<const SourceFile> file_;
-};
-
-}  // namespace
-
-void NewArchive::addFile(std::string member, Open open) { add({std::move(member), std::move(open), {}}, true); }
+void NewArchive::addFile(std::string member, LateFile::Open open) {
+    add({std::move(member), std::move(open), {}}, true);
+}
 
 void NewArchive::addFile(std::string member, const std::string& path) {
     addFile(std::move(member), [path] { return SourceFile(path); });
@@ -90,20 +69,16 @@ std::uint64_t NewArchive::addTo(ZipWriter& writer, const Member& member, DigestR
         row.hash = Sha256().finish();
         return writer.addDirectory(member.name);
     }
-    if (!member.open) {
-        const auto bytes = std::make_shared<const MemoryBytes>(member.text);
-        row.size = bytes->size();
-        row.hash = checksumsOf(*bytes)->hash;
-        return writer.add(member.name, {row.size, [bytes](std::uint64_t offset, char* target, std::size_t count) {
-                                            bytes->read(offset, target, count);
-                                        }});
-    }
-    const SourceFile file = member.open();
-    const auto checksums = checksumsOf(file.bytes());
-    if (!checksums) file.refuse("it cannot be read, or was truncated");
-    row.size = file.bytes().size();
-    row.hash = checksums->hash;
-    return writer.add(member.name, {row.size, LateFile(member.open, file.bytes().stamp())});
+    std::shared_ptr<const ByteSource> bytes;
+    if (member.open)
+        bytes = std::make_shared<const LateFile>(member.open);
+    else
+        bytes = std::make_shared<const MemoryBytes>(member.text);
+    row.size = bytes->size();
+    row.hash = checksumsOf(*bytes)->hash;
+    return writer.add(member.name, {row.size, [bytes](std::uint64_t offset, char* target, std::size_t count) {
+                                        bytes->read(offset, target, count);
+                                    }});
 }
 
 }  // namespace zip

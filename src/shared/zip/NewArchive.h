@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "zip/Digest.h"
-#include "zip/SourceFile.h"
+#include "zip/LateFile.h"
 
 class ZipWriter;
 
@@ -19,16 +19,13 @@ namespace zip {
 /// equal bytes. Its bytes are written once, and no member is held in memory. Throws `HEXUserException`.
 class NewArchive {
 public:
-    /// Opens the file of a member. It is called again to read the file after it has been hashed, so that few files
-    /// are open at once.
-    using Open = std::function<SourceFile()>;
-
     /// `shown` is used in messages.
     explicit NewArchive(std::string shown) : shown_(std::move(shown)) {}
 
     // A name that could not be extracted again is refused.
 
-    void addFile(std::string member, Open open);
+    /// `open` opens the file of the member, see `LateFile`.
+    void addFile(std::string member, LateFile::Open open);
     /// Of the regular file at `path`.
     void addFile(std::string member, const std::string& path);
     void addText(std::string member, std::string bytes);
@@ -44,7 +41,7 @@ public:
 private:
     struct Member {
         std::string name;
-        Open open;  ///< null for a text and a directory
+        LateFile::Open open;  ///< null for a text and a directory
         std::string text;
     };
 

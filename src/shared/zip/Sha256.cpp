@@ -6,7 +6,7 @@
 #include <new>
 
 #include "msg/HEXAll.h"
-#include "zip/LoadedLibrary.h"
+#include "util/LoadedLibrary.h"
 
 namespace zip {
 namespace {

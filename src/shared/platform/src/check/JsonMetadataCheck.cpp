@@ -100,12 +100,6 @@ void checkEmulationJson(const Source& source, Findings& findings) {
     check.report(findings);
 }
 
-void checkLabels(const Source& source, Findings& findings) {
-    JsonCheck check(source);
-    if (check.document()) check.checkEach(labels::shapesOf);
-    check.report(findings);
-}
-
 void checkAnyJson(const Source& source, Findings& findings) { JsonCheck(source).report(findings); }
 
 void checkJsonFile(const Source& source, Findings& findings) {

@@ -18,8 +18,6 @@ inline void checkXmlMetadata(const Source& source, ArchiveMembers* members, Find
 }
 /// A list of emulation targets in JSON.
 void checkEmulationJson(const Source& source, Findings& findings);
-/// Semantic labels.
-void checkLabels(const Source& source, Findings& findings);
 /// Any JSON document.
 void checkAnyJson(const Source& source, Findings& findings);
 /// A JSON file that is not in an archive: metadata, emulation targets, extended metadata or semantic labels,

@@ -14,6 +14,7 @@
 #include "zip/ArchiveEdit.h"
 #include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
+#include "zip/LateFile.h"
 #include "zip/MemberName.h"
 #include "zip/NewArchive.h"
 #include "zip/Request.h"
@@ -42,9 +43,10 @@ std::unique_ptr<ArchiveEdit> openArchive(const std::string& operation, const std
                   [&] { return std::make_unique<ArchiveEdit>(file); });
 }
 
-zip::SourceFile openSource(const std::string& source) {
-    return openOr("HRQAArchive::archiveFile() - Could not open file for reading: " + source,
-                  [&] { return zip::SourceFile(source); });
+std::unique_ptr<const zip::LateFile> openSource(const std::string& source) {
+    return openOr("HRQAArchive::archiveFile() - Could not open file for reading: " + source, [&] {
+        return std::make_unique<const zip::LateFile>([source] { return zip::SourceFile(source); });
+    });
 }
 
 void checkName(const std::string& archive, const std::string& name) {
@@ -129,11 +131,13 @@ void HRQAArchive::archive(const HSTVector<Source>& sources) {
     if (!HUTFile::isFile(file_)) throw HEXAlgException("HRQAArchive::archive() - rqaFile does not exist");
     const HRQAFiles before = files_;
     try {
-        std::vector<zip::SourceFile> opened;
+        std::vector<std::unique_ptr<const zip::LateFile>> opened;
         opened.reserve(sources.size());
         for (const Source& source : sources) opened.push_back(openSource(source.path));
         const auto edit = openArchive("archiveFile", file_);
         for (std::size_t i = 0; i < sources.size(); ++i) {
+            if (opened[i]->stamp() == edit->stamp())
+                throw HEXUserException("'" + sources[i].path + "' cannot be put into itself");
             edit->put(sources[i].name, std::move(opened[i]));
             files_.add(sources[i].type, sources[i].name);
         }

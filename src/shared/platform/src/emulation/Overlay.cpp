@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
-#include <optional>
 #include <system_error>
 #include <utility>
 
@@ -16,6 +15,7 @@
 #include "util/HUTFile.h"
 #include "util/OpenBelow.h"
 #include "zip/ArchiveEdit.h"
+#include "zip/LateFile.h"
 
 namespace emulation {
 namespace {
@@ -62,29 +62,6 @@ private:
     util::Descriptor opened_;
 };
 
-/// A file that is open only while it is read: an overlay may have more than can be open at once.
-class LateFile final : public zip::ByteSource {
-public:
-    LateFile(std::shared_ptr<const Folder> folder, std::string name)
-        : folder_(std::move(folder)), name_(std::move(name)), staged_(folder_->file(name_).bytes().stamp()) {}
-
-    std::uint64_t size() const override { return static_cast<std::uint64_t>(staged_.size); }
-    bool read(std::uint64_t offset, char* target, std::size_t count) const override {
-        if (!file_) file_.emplace(folder_->file(name_));
-        if (!(file_->bytes().stamp() == staged_)) file_->refuse("it was changed while it was read");
-        if (!file_->bytes().read(offset, target, count)) file_->refuse("it cannot be read, or was truncated");
-        file_->checkUnchanged();
-        if (offset + count == size()) file_.reset();
-        return true;
-    }
-
-private:
-    std::shared_ptr<const Folder> folder_;
-    std::string name_;
-    zip::FileStamp staged_;
-    mutable std::optional<zip::SourceFile> file_;
-};
-
 }  // namespace
 
 HSTVector<std::string> filesBelow(const std::string& directory) { return Folder(directory).files(); }
@@ -95,7 +72,7 @@ void mergeOverlay(const std::string& platformFile, const std::string& overlay) {
     const std::string name = prefix.substr(prefix.rfind('/') + 1) + "/";
     zip::ArchiveEdit edit(platformFile);
     for (const std::string& file : folder->files()) {
-        edit.put(file, std::make_unique<LateFile>(folder, file));
+        edit.put(file, std::make_unique<zip::LateFile>([folder, file] { return folder->file(file); }));
         edit.remove(name + file);
     }
     edit.commit(zip::ArchiveEdit::Digest::attach);

@@ -37,6 +37,9 @@ void writeFile(const std::string& destination, std::string_view bytes, bool mayR
 void pack(const Pack& request) {
     if (!HUTFile::isDir(request.folder))
         throw RequestError(FailureKind::noSuchFile, {.file = request.folder, .text = "no such folder"});
+    if (HUTFile::getExt(request.archive) == "rqa")
+        throw RequestError(FailureKind::wrongUse,
+                           {.file = request.archive, .text = "pack makes archives of platforms; use rqa create"});
     checkDestination(request.archive, request.mayReplace);
     PlatformPacker::pack(request.folder, request.archive, request.mayReplace, request.mayLack);
 }

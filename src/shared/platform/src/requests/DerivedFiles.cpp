@@ -5,9 +5,11 @@
 
 #include <set>
 
+#include "check/JsonCheck.h"
 #include "check/MetadataCheck.h"
 #include "hwdb/HardwareDefinition.h"
 #include "json/JsonText.h"
+#include "labels/LabelKeys.h"
 #include "platform/HDFToCFAConverter.h"
 #include "platform/HTEQEmulationJsonReader.h"
 #include "platform/HTEQEmulationJsonWriter.h"
@@ -24,6 +26,7 @@
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
 #include "xml/XmlReader.h"
+#include "zip/Destination.h"
 #include "zip/SourceFile.h"
 
 namespace teq_platform::requests {
@@ -56,17 +59,29 @@ std::string extMetadata(const HTEQSemanticLabelReader& reader, const std::string
     return json::write(document);
 }
 
+void writeMetadata(const Labels& request, const HTEQSemanticLabelReader& reader) {
+    const std::string &partition = request.partitionMetadata, &ext = request.extMetadata;
+    const std::string partitionText = partition.empty() ? "" : partitionMetadata(reader);
+    const std::string extText = ext.empty() ? "" : extMetadata(reader, request.partition);
+    if (!partition.empty() && !ext.empty())
+        zip::writeDestinations({partition, partitionText}, {ext, extText}, request.mayReplace);
+    else if (!partition.empty())
+        writeFile(partition, partitionText, request.mayReplace);
+    else if (!ext.empty())
+        writeFile(ext, extText, request.mayReplace);
+}
+
 }  // namespace
 
 std::string labels(const Labels& request) {
     const check::Source source = sourceOf(request.file);
+    check::JsonCheck check(source);
+    if (check.document()) check.checkEach(::labels::shapesOf);
     check::Findings findings;
-    check::checkLabels(source, findings);
+    check.report(findings);
     expectNone(findings);
-    json::ptree root;
-    json::parse(source.text, source.file, root);
     HTEQSemanticLabelReader reader;
-    reader.parseRoot(root);
+    reader.parseRoot(*check.document());
 
     HSTVector<std::string> inputs{request.file};
     for (const std::string& out : {request.partitionMetadata, request.extMetadata}) {
@@ -76,10 +91,7 @@ std::string labels(const Labels& request) {
             throw RequestError(FailureKind::wrongUse, {.text = "both documents have the same destination"});
         inputs.push_back(out);
     }
-    if (!request.dryRun && !request.partitionMetadata.empty())
-        writeFile(request.partitionMetadata, partitionMetadata(reader), request.mayReplace);
-    if (!request.dryRun && !request.extMetadata.empty())
-        writeFile(request.extMetadata, extMetadata(reader, request.partition), request.mayReplace);
+    if (!request.dryRun) writeMetadata(request, reader);
     JSONObjectWriter writer;
     reader.toJSON(writer);
     return writer.text();

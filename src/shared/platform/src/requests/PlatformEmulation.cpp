@@ -3,17 +3,20 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "emulation/DriverScript.h"
 #include "emulation/Generator.h"
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformRequests.h"
 #include "platform/RequestFailure.h"
 #include "tcl/task_manager.h"
 #include "util/Descriptor.h"
+#include "util/FolderNames.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
 #include "util/PrivateTmpDir.h"
@@ -27,6 +30,12 @@ namespace fs = std::filesystem;
 
 [[noreturn]] void fail(const std::string& path, int error) {
     throw RequestError(FailureKind::environment, {.file = path, .text = std::generic_category().message(error)});
+}
+
+/// Throws for what cannot be read. What is missing is reported by the step that needs it.
+void expectReadable(const std::string& path) {
+    const util::Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen() && errno != ENOENT && errno != ENOTDIR) fail(path, errno);
 }
 
 /// Makes a directory the working directory of the process, until its lifetime ends.
@@ -67,6 +76,11 @@ public:
 
 private:
     HSTVector<EmulationMember> runSteps() {
+        const std::string scripts = emulation::scriptsDirectory(request_.installation, request_.isDynamic);
+        for (const std::string& file : {std::string(), "/platform_config/" + request_.name + ".json",
+                                        std::string("/platform_config/default_prop.json"),
+                                        std::string("/memss/run.tcl"), std::string("/streaming/run.tcl")})
+            expectReadable(scripts + file);
         report("copying '" + request_.archive + "'");
         zip::copyToDestination(request_.archive, copy_);
         const jun::tcltasks::task_limits limits({request_.timeLimit, request_.mayRunPrograms,
@@ -158,6 +172,15 @@ HSTVector<EmulationMember> emulate(const Emulate& request) {
     const zip::Request opened;
     emulation::expectPlatform(request.archive);
     return Build(request).run();
+}
+
+HSTVector<std::string> emulationNames(const std::string& installation, bool isDynamic) {
+    const std::string root = installation.empty() ? emulation::installation() : installation;
+    HSTVector<std::string> names;
+    for (const std::string& file : folderNames(emulation::scriptsDirectory(root, isDynamic) + "/platform_config"))
+        if (HUTFile::getExt(file) == "json") names.push_back(file.substr(0, file.size() - 5));
+    std::ranges::sort(names);
+    return names;
 }
 
 }  // namespace teq_platform::requests

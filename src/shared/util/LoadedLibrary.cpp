@@ -1,4 +1,4 @@
-#include "zip/LoadedLibrary.h"
+#include "util/LoadedLibrary.h"
 
 #include <dlfcn.h>
 
