@@ -1,12 +1,26 @@
 #!/usr/bin/env bash
-# usage: binding.sh LIBRARY JARS LIST SOURCE DESCRIPTOR
-# The list of native functions, the library's symbols and the methods of the Java class are the same; and the binding in
-# a JVM that checks its native code.
+# usage: binding.sh BUILD SOURCE LIBRARY HOOKS
+# The list of native functions, the library's symbols and the methods of the Java class are the same; the binding in a
+# JVM that checks its native code; native memory; the archives. With the variable ZR_LONG only native memory, for long.
 set -euo pipefail
-library=$1 jars=$2 list=$3 source=$4 descriptor=$5
+build=$1 source=$2 library=$3 hooks=$4
+jars=$build/jvm samples=$build/samples list=$source/src/shared/platform/src/platform_auto_wrap/functions.txt
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
+export TMPDIR=$scratch/tmp
+mkdir "$TMPDIR" "$scratch/classes"
 classpath=$jars/zr-platform.jar:$jars/zr-platform-exceptions.jar
+descriptor=$samples/u77/u77_gen3x16_base_1.zdf
+javac -Xlint:all -Werror -cp "$classpath" -d "$scratch/classes" "$source"/tests/jvm/*.java "$source/examples/java/Describe.java"
+
+# endurance PAIRS LOADS. The interpreter, because compiled code would be part of native memory.
+endurance() {
+    java -Xint -XX:+UseSerialGC -cp "$classpath:$scratch/classes" Endurance "$library" "$hooks" "$descriptor" "$@"
+}
+if [ -n "${ZR_LONG:-}" ]; then
+    endurance 1000000 10000
+    exit
+fi
 
 # Each class has as many functions as its line states.
 awk '/^[A-Z]/ { class = $1; stated[class] = $2 }
@@ -24,13 +38,21 @@ javap -cp "$classpath" ui.data.platform.platform | sed -n 's/.* native .* \(\w*\
     diff "$scratch/listed" - || { echo "listed (<) and in the Java class (>) differ" && exit 1; }
 if readelf -d "$library" | grep -i 'needed.*\(jvm\|java\)'; then exit 1; fi
 
-javac -Xlint:all -Werror -cp "$classpath" -d "$scratch" "$source/tests/jvm/BindingTest.java" \
-    "$source/examples/java/Describe.java"
-java -Xcheck:jni -cp "$classpath:$scratch" BindingTest "$library" "$descriptor" >"$scratch/out" 2>&1 || {
-    cat "$scratch/out"
+cp -R "$samples/u77" "$samples/heron" "$scratch"
+java -Xcheck:jni -cp "$classpath:$scratch/classes" BindingTest "$library" "$hooks" "$source/tests/cases/jvm" "$list" \
+    "$samples" "$scratch" >"$scratch/log" 2>&1 || {
+    cat "$scratch/log"
     exit 1
 }
-if grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/out"; then exit 1; fi
+if grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/log"; then exit 1; fi
+endurance 100000 500
 
-java -cp "$classpath:$scratch" -Djava.library.path="$(dirname "$library")" Describe "$(dirname "$descriptor")" \
+# The example, and the archives as modules.
+java -cp "$classpath:$scratch/classes" -Djava.library.path="$(dirname "$library")" Describe "$samples/u77" \
     "$descriptor" 2>/dev/null | diff "$source/tests/jvm/describe.txt" -
+for module in "zr-platform ui.data.platform" "zr-platform-exceptions ui.frmwork"; do
+    jar --describe-module --file "$jars/${module% *}.jar" | grep -q "^${module#* }\(@.*\)\? automatic$"
+    unzip -p "$jars/${module% *}.jar" META-INF/MANIFEST.MF | grep -q '^Implementation-Version: [0-9.]*.$'
+done
+unzip -l "$jars/zr-platform-sources.jar" | grep -q ui/data/platform/TEQPlatform.java
+unzip -l "$jars/zr-platform-javadoc.jar" | grep -q ui/data/platform/TEQPlatform.html

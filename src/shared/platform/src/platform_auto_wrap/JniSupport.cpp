@@ -1,8 +1,14 @@
 #include "platform_auto_wrap/JniSupport.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <exception>
+#include <iterator>
+#include <limits>
+#include <memory>
+#include <stdexcept>
 #include <string_view>
-#include <vector>
 
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
@@ -53,6 +59,29 @@ char32_t takeCharacter(std::string_view& text) {
     }
     text.remove_prefix(length ? length : 1);
     return c;
+}
+
+/// The number of bytes before the first that is not ASCII, found in steps of eight.
+std::size_t asciiPrefix(std::string_view text) {
+    std::size_t size = 0;
+    for (std::uint64_t eight; size + sizeof eight <= text.size(); size += sizeof eight) {
+        std::memcpy(&eight, text.data() + size, sizeof eight);
+        if (eight & 0x8080808080808080) break;
+    }
+    while (size < text.size() && static_cast<unsigned char>(text[size]) < 0x80) ++size;
+    return size;
+}
+
+/// Puts one unit for each character into `out`, which has room for one for each byte; returns their number.
+std::size_t toUnits(std::string_view text, jchar* out) {
+    const jchar* const start = out;
+    while (!text.empty()) {
+        const std::size_t ascii = asciiPrefix(text);
+        out = std::copy_n(text.begin(), ascii, out);
+        text.remove_prefix(ascii);
+        if (!text.empty()) *out++ = static_cast<jchar>(takeCharacter(text));
+    }
+    return static_cast<std::size_t>(out - start);
 }
 
 void throwNew(JNIEnv* env, const char* name, const char* text) {
@@ -112,10 +141,13 @@ bool toText(JNIEnv* env, jstring text, std::string& out, const char* ifNull) noe
 
 jstring toJava(JNIEnv* env, const std::string& text) noexcept {
     try {
-        std::vector<jchar> units;
-        units.reserve(text.size() + 1);  // never null
-        for (std::string_view rest = text; !rest.empty();) units.push_back(static_cast<jchar>(takeCharacter(rest)));
-        return env->NewString(units.data(), static_cast<jsize>(units.size()));
+        if (text.size() > static_cast<std::size_t>(std::numeric_limits<jsize>::max()))
+            throw std::length_error("a text is too long for Java");
+        jchar few[256];
+        const bool isLong = text.size() > std::size(few);
+        const std::unique_ptr<jchar[]> many(isLong ? new jchar[text.size()] : nullptr);
+        jchar* const units = isLong ? many.get() : few;
+        return env->NewString(units, static_cast<jsize>(toUnits(text, units)));
     } catch (...) {
         raise(env);
         return nullptr;
