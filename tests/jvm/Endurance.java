@@ -53,7 +53,7 @@ public final class Endurance {
         }
         Collections.shuffle(proxies, new Random(7));
         while (!proxies.isEmpty()) {
-            proxies.subList(0, Math.min(10, proxies.size())).clear();
+            proxies.subList(0, 50).clear();
             System.gc();
             System.runFinalization();
         }

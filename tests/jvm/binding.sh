@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # usage: binding.sh BUILD SOURCE LIBRARY HOOKS
 # The list of native functions, the library's symbols and the methods of the Java class are the same; the binding in a
-# JVM that checks its native code; native memory; the archives. With the variable ZR_LONG only native memory, for long.
+# JVM that checks its native code; native memory; what is installed. With ZR_LONG only native memory, for long.
 set -euo pipefail
 build=$1 source=$2 library=$3 hooks=$4
 jars=$build/jvm samples=$build/samples list=$source/src/shared/platform/src/platform_auto_wrap/functions.txt
@@ -47,12 +47,19 @@ java -Xcheck:jni -cp "$classpath:$scratch/classes" BindingTest "$library" "$hook
 if grep -A3 -E '^(WARNING in native method|WARNING: JNI|FATAL ERROR)' "$scratch/log"; then exit 1; fi
 endurance 100000 500
 
-# The example, and the archives as modules.
-java -cp "$classpath:$scratch/classes" -Djava.library.path="$(dirname "$library")" Describe "$samples/u77" \
-    "$descriptor" 2>/dev/null | diff "$source/tests/jvm/describe.txt" -
-for module in "zr-platform ui.data.platform" "zr-platform-exceptions ui.frmwork"; do
-    jar --describe-module --file "$jars/${module% *}.jar" | grep -q "^${module#* }\(@.*\)\? automatic$"
-    unzip -p "$jars/${module% *}.jar" META-INF/MANIFEST.MF | grep -q '^Implementation-Version: [0-9.]*.$'
+# What is installed: the example, the archives as modules, sources and documentation.
+cmake --install "$build" --prefix "$scratch/prefix" >/dev/null
+installed=$scratch/prefix/share/java libraries=$(dirname "$(find "$scratch/prefix" -name libzr_platform.so)")
+for path in "-cp $installed/zr-platform.jar:$installed/zr-platform-exceptions.jar:$scratch/classes" \
+    "--module-path $installed/zr-platform.jar:$installed/zr-platform-exceptions.jar --add-modules ui.data.platform -cp $scratch/classes"; do
+    java $path -Djava.library.path="$libraries" Describe "$samples/u77" "$descriptor" 2>/dev/null |
+        diff "$source/tests/jvm/describe.txt" -
 done
-unzip -l "$jars/zr-platform-sources.jar" | grep -q ui/data/platform/TEQPlatform.java
-unzip -l "$jars/zr-platform-javadoc.jar" | grep -q ui/data/platform/TEQPlatform.html
+for archive in zr-platform zr-platform-exceptions; do
+    unzip -p "$installed/$archive.jar" META-INF/MANIFEST.MF | grep '^Implementation-Version: 2026\.' >/dev/null
+done
+unzip -l "$installed/zr-platform-sources.jar" | grep ' ui/data/platform/TEQPlatform.java' >/dev/null
+unzip -l "$installed/zr-platform-javadoc.jar" | grep ' ui/data/platform/TEQPlatform.html' >/dev/null
+
+cmake -S "$source" -B "$scratch/without" -DCMAKE_DISABLE_FIND_PACKAGE_Java=ON -DZR_TESTS=OFF |
+    grep 'The JVM binding is left out: it needs SWIG 4.1 and a JDK 17' >/dev/null

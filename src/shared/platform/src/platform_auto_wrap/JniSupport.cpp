@@ -1,12 +1,9 @@
 #include "platform_auto_wrap/JniSupport.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <exception>
-#include <iterator>
 #include <limits>
-#include <memory>
 #include <stdexcept>
 #include <string_view>
 
@@ -61,27 +58,39 @@ char32_t takeCharacter(std::string_view& text) {
     return c;
 }
 
-/// The number of bytes before the first that is not ASCII, found in steps of eight.
-std::size_t asciiPrefix(std::string_view text) {
+/// The number of ASCII characters other than zero at the start, found in steps of eight.
+std::size_t plainPrefix(std::string_view text) {
     std::size_t size = 0;
     for (std::uint64_t eight; size + sizeof eight <= text.size(); size += sizeof eight) {
         std::memcpy(&eight, text.data() + size, sizeof eight);
-        if (eight & 0x8080808080808080) break;
+        if ((eight | (eight - 0x0101010101010101)) & 0x8080808080808080) break;
     }
-    while (size < text.size() && static_cast<unsigned char>(text[size]) < 0x80) ++size;
+    while (size < text.size() && text[size] > 0) ++size;
     return size;
 }
 
-/// Puts one unit for each character into `out`, which has room for one for each byte; returns their number.
-std::size_t toUnits(std::string_view text, jchar* out) {
-    const jchar* const start = out;
-    while (!text.empty()) {
-        const std::size_t ascii = asciiPrefix(text);
-        out = std::copy_n(text.begin(), ascii, out);
-        text.remove_prefix(ascii);
-        if (!text.empty()) *out++ = static_cast<jchar>(takeCharacter(text));
+/// Whether the text is the same in the JVM's own form of UTF-8, in which each unit of UTF-16 stands for itself and zero
+/// has two bytes.
+bool isModifiedUtf8(std::string_view text) {
+    for (;;) {
+        text.remove_prefix(plainPrefix(text));
+        if (text.empty()) return true;
+        const std::size_t length = HSTStringUtils::utf8Length(text);
+        if (length != 2 && length != 3) return false;
+        text.remove_prefix(length);
     }
-    return static_cast<std::size_t>(out - start);
+}
+
+std::string toModifiedUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        if (const char32_t unit = takeCharacter(text) & 0xFFFF)
+            append(out, unit);
+        else
+            out += "\xC0\x80";
+    }
+    return out;
 }
 
 void throwNew(JNIEnv* env, const char* name, const char* text) {
@@ -141,13 +150,10 @@ bool toText(JNIEnv* env, jstring text, std::string& out, const char* ifNull) noe
 
 jstring toJava(JNIEnv* env, const std::string& text) noexcept {
     try {
-        if (text.size() > static_cast<std::size_t>(std::numeric_limits<jsize>::max()))
-            throw std::length_error("a text is too long for Java");
-        jchar few[256];
-        const bool isLong = text.size() > std::size(few);
-        const std::unique_ptr<jchar[]> many(isLong ? new jchar[text.size()] : nullptr);
-        jchar* const units = isLong ? many.get() : few;
-        return env->NewString(units, static_cast<jsize>(toUnits(text, units)));
+        if (text.size() > std::numeric_limits<jsize>::max() / 3)
+            throw std::length_error("the text is too long for Java");
+        // Several times faster than NewString, which takes units that are then made bytes again.
+        return env->NewStringUTF(isModifiedUtf8(text) ? text.c_str() : toModifiedUtf8(text).c_str());
     } catch (...) {
         raise(env);
         return nullptr;
