@@ -82,7 +82,7 @@ binding() { # ROUNDS
 }
 
 if [ "${1:-}" = java ]; then
-    binding "${2:-41}"
+    binding "${2:-401}"
     exit
 fi
 if [ "${1:-}" = 300 ]; then
@@ -136,4 +136,4 @@ fi
 echo "== parts of the library"
 "$bin/bench_library" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \
     2>/dev/null | grep -E 'median|^Bench'
-binding 41
+binding 401

@@ -71,13 +71,13 @@ public final class Speed {
         getCPtr.setAccessible(true);
         long handle = (Long) getCPtr.invoke(null, hardware);
 
-        compare("integer", 1.3, rounds, 200_000, timed(() -> count(handle)), timed(hardware::getBRAMCount));
-        compare("text", 1.2, rounds, 50_000, timed(() -> name(handle).length()), timed(() -> hardware.getName().length()));
-        compare("document of 100 KB", 1.2, rounds, 200, timed(() -> document(handle).length()),
+        compare("integer", 1.3, rounds, 100_000, timed(() -> count(handle)), timed(hardware::getBRAMCount));
+        compare("text", 1.2, rounds, 5_000, timed(() -> name(handle).length()), timed(() -> hardware.getName().length()));
+        compare("document of 100 KB", 1.2, rounds, 5, timed(() -> document(handle).length()),
                 timed(() -> hardware.getDescription().length()));
-        compare("child object", 30, rounds, 20_000, timed(() -> child(handle)),
+        compare("child object", 30, rounds, 3_000, timed(() -> child(handle)),
                 timed(() -> hardware.getDefaultClock() == null ? 1 : 0));
-        compare("load", 1.1, rounds, 10, times -> loads(file, times), timed(() -> {
+        compare("load", 1.1, rounds, 1, times -> loads(file, times), timed(() -> {
             var each = new TEQPlatformEngineHelper(file, none, none);
             boolean isValid = each.isValid();
             each.delete();

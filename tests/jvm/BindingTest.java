@@ -71,15 +71,16 @@ public final class BindingTest {
             boolean[] found = {false};
             return new NativeObjectService().getObjectsByPath("{\"a\":7}", "a", found) + " " + found[0];
         });
-        Checks.check("a partition that is given away", "7 java.lang.NullPointerException: HTEQReconfigurablePartition & "
-                + "reference is null", () -> {
-            var partition = new HTEQReconfigurablePartition(7);
+        var partition = new HTEQReconfigurablePartition(7);
+        Checks.check("a partition that is given away", 7L, () -> {
             platform.addReconfigurablePartition(partition);
-            try {
-                return partition.getID();
-            } catch (NullPointerException e) {
-                return platform.getReconfigurablePartition(7).getID() + " " + e;
-            }
+            return platform.getReconfigurablePartition(7).getID();
+        });
+        Checks.check("its proxy", "java.lang.NullPointerException: HTEQReconfigurablePartition & reference is null",
+                partition::getID);
+        Checks.check("given away twice", "java.lang.RuntimeException: Cannot release ownership as memory is not owned", () -> {
+            platform.addReconfigurablePartition(partition);
+            return "";
         });
         Checks.check("use after delete", "java.lang.NullPointerException: HTEQProcessorGroup & reference is null", () -> {
             var group = new TEQProcessorGroup();

@@ -1,7 +1,7 @@
 #include "platform_auto_wrap/JniSupport.h"
 
-#include <cstdint>
-#include <cstring>
+#include <emmintrin.h>
+
 #include <exception>
 #include <limits>
 #include <stdexcept>
@@ -58,12 +58,12 @@ char32_t takeCharacter(std::string_view& text) {
     return c;
 }
 
-/// The number of ASCII characters other than zero at the start, found in steps of eight.
+/// The number of ASCII characters other than zero at the start.
 std::size_t plainPrefix(std::string_view text) {
     std::size_t size = 0;
-    for (std::uint64_t eight; size + sizeof eight <= text.size(); size += sizeof eight) {
-        std::memcpy(&eight, text.data() + size, sizeof eight);
-        if ((eight | (eight - 0x0101010101010101)) & 0x8080808080808080) break;
+    for (; size + sizeof(__m128i) <= text.size(); size += sizeof(__m128i)) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + size));
+        if (_mm_movemask_epi8(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, _mm_setzero_si128())))) break;
     }
     while (size < text.size() && text[size] > 0) ++size;
     return size;
