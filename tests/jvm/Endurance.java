@@ -1,6 +1,8 @@
 import java.util.ArrayList;
 import java.util.Collections;
 import java.util.Random;
+import java.util.concurrent.Callable;
+import java.util.concurrent.Executors;
 import ui.data.platform.*;
 
 /** usage: Endurance LIBRARY HOOKS DESCRIPTOR PAIRS LOADS. Native memory after many calls, and threads. */
@@ -61,30 +63,20 @@ public final class Endurance {
 
     private static void threads(String descriptor, int loads) throws Exception {
         String expected = new NativeObjectService().getAsJsonStr(descriptor);
-        var wrong = Collections.synchronizedList(new ArrayList<String>());
-        var threads = new ArrayList<Thread>();
-        for (int i = 0; i < 4; i++) {
-            threads.add(new Thread(() -> {
-                try {
-                    var none = new StringVector();
-                    for (int n = 0; n < loads; n++) {
-                        load(descriptor, none);
-                        if (!new NativeObjectService().getAsJsonStr(descriptor).equals(expected)) {
-                            wrong.add("another document");
-                        }
-                    }
-                } catch (Exception e) {
-                    wrong.add("" + e);
-                }
-            }));
+        Callable<Boolean> thread = () -> {
+            boolean isRight = true;
+            var none = new StringVector();
+            for (int i = 0; i < loads; i++) {
+                load(descriptor, none);
+                isRight &= new NativeObjectService().getAsJsonStr(descriptor).equals(expected);
+            }
+            return isRight;
+        };
+        var pool = Executors.newFixedThreadPool(4);
+        for (var result : pool.invokeAll(Collections.nCopies(4, thread))) {
+            Checks.check("one of four threads", true, result::get);
         }
-        for (Thread thread : threads) {
-            thread.start();
-        }
-        for (Thread thread : threads) {
-            thread.join();
-        }
-        Checks.check("four threads", "[]", wrong::toString);
+        pool.shutdown();
     }
 
     public static void main(String[] arguments) throws Exception {
