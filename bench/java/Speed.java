@@ -2,8 +2,8 @@ import java.util.Arrays;
 import ui.data.platform.*;
 
 /**
- * usage: Speed LIBRARY BY_HAND PLATFORM ROUNDS. The binding's calls against calls of the same functions that are written
- * by hand, in rounds: in each, both are timed, in alternating order. Prints medians, and their ratios.
+ * usage: Speed LIBRARY BY_HAND PLATFORM ROUNDS. Compares calls of the binding with calls of the same functions that are
+ * written by hand, in rounds: in each, both are timed, in alternating order. Prints medians, and their ratios.
  */
 public final class Speed {
     private static native int count(long hardware);
@@ -43,7 +43,8 @@ public final class Speed {
         return values[values.length / 2];
     }
 
-    private static void compare(String what, double goal, int rounds, int times, Batch byHand, Batch binding) throws Exception {
+    private static void compare(String what, double goal, int rounds, int times, Batch byHand, Batch binding)
+            throws Exception {
         double[] first = new double[rounds], second = new double[rounds];
         for (int round = -rounds / 4; round < rounds; round++) {
             boolean handFirst = round % 2 == 0;
@@ -55,7 +56,8 @@ public final class Speed {
             }
         }
         double hand = median(first), ours = median(second);
-        System.out.printf("%-22s %12.1f ns by hand %12.1f ns %8.2f (at most %.1f)%n", what, hand, ours, ours / hand, goal);
+        System.out.printf("%-22s %12.1f ns by hand %12.1f ns %8.2f (at most %.1f)%n", what, hand, ours, ours / hand,
+                goal);
     }
 
     public static void main(String[] arguments) throws Exception {
@@ -72,7 +74,8 @@ public final class Speed {
         long handle = (Long) getCPtr.invoke(null, hardware);
 
         compare("integer", 1.3, rounds, 100_000, timed(() -> count(handle)), timed(hardware::getBRAMCount));
-        compare("text", 1.2, rounds, 5_000, timed(() -> name(handle).length()), timed(() -> hardware.getName().length()));
+        compare("text", 1.2, rounds, 5_000, timed(() -> name(handle).length()),
+                timed(() -> hardware.getName().length()));
         compare("document of 100 KB", 1.2, rounds, 5, timed(() -> document(handle).length()),
                 timed(() -> hardware.getDescription().length()));
         compare("child object", 30, rounds, 3_000, timed(() -> child(handle)),

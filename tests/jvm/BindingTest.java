@@ -13,7 +13,7 @@ public final class BindingTest {
         handle.setAccessible(true);
         String bytes = Hooks.bytesOf((Long) handle.invoke(null, vector));
         String result = vector.createIter().next();
-        return (bytes.length() < 100 ? bytes : bytes.length() / 2) + " " + (result.length() < 100 ? result : result.length());
+        return bytes.length() < 100 ? bytes + " " + result : bytes.length() / 2 + " " + result.length();
     }
 
     private static void strings() {
@@ -21,7 +21,10 @@ public final class BindingTest {
         Checks.check("two bytes, and a zero", "c3a90078 \u00e9\0x", () -> through("\u00e9\0x"));
         Checks.check("three bytes", "e282ac \u20ac", () -> through("\u20ac"));
         Checks.check("four bytes; only the lower 16 bits return", "f09f9880 \uf600", () -> through("\ud83d\ude00"));
-        Checks.check("surrogates without their partner", "efbfbd78efbfbd \ufffdx\ufffd", () -> through("\ude00x\ud83d"));
+        Checks.check("lower 16 bits that are zero, or a surrogate", "f0a08080f09da0bd \0\ud83d",
+                () -> through("\ud840\udc00\ud836\udc3d"));
+        Checks.check("surrogates without their partner", "efbfbd78efbfbd \ufffdx\ufffd",
+                () -> through("\ude00x\ud83d"));
         Checks.check("surrogates in the wrong order", "efbfbdefbfbd \ufffd\ufffd", () -> through("\ude00\ud83d"));
         Checks.check("a megabyte of ASCII", "1048576 1048576", () -> through("x".repeat(1 << 20)));
         Checks.check("a megabyte of units", "3145728 1048576", () -> through("\u20ac".repeat(1 << 20)));
@@ -52,7 +55,7 @@ public final class BindingTest {
         Checks.check("design intents", "1248", () -> Arrays.stream(TEQDesignIntentStorage.Key.values())
                 .map(key -> "" + key.swigValue()).reduce("", String::concat));
         Checks.check("a state", "impl", hardware::getState);
-        Checks.check("null", "java.lang.NullPointerException: Attempt to dereference null HTEQDesignIntentStorage::Key", () -> {
+        Checks.check("null", "...: Attempt to dereference null HTEQDesignIntentStorage::Key", () -> {
             hardware.setExplicitDesignIntent(null, true);
             return "";
         });
@@ -78,11 +81,11 @@ public final class BindingTest {
         });
         Checks.check("its proxy", "java.lang.NullPointerException: HTEQReconfigurablePartition & reference is null",
                 partition::getID);
-        Checks.check("given away twice", "java.lang.RuntimeException: Cannot release ownership as memory is not owned", () -> {
+        Checks.check("given away twice", "java.lang.RuntimeException: Cannot release ownership...", () -> {
             platform.addReconfigurablePartition(partition);
             return "";
         });
-        Checks.check("use after delete", "java.lang.NullPointerException: HTEQProcessorGroup & reference is null", () -> {
+        Checks.check("use after delete", "...NullPointerException: HTEQProcessorGroup & reference is null", () -> {
             var group = new TEQProcessorGroup();
             group.delete();
             group.delete();

@@ -19,7 +19,8 @@ final class Checks {
         } catch (Throwable e) {
             got = "" + (e instanceof InvocationTargetException ? e.getCause() : e);
         }
-        String pattern = Arrays.stream((expected + "").split("\\.\\.\\.", -1)).map(Pattern::quote).collect(Collectors.joining(".*"));
+        String pattern = Arrays.stream((expected + "").split("\\.\\.\\.", -1)).map(Pattern::quote)
+                .collect(Collectors.joining(".*"));
         if (!Pattern.compile(pattern, Pattern.DOTALL).matcher(got).matches()) {
             System.out.println(what + "\n  expected " + expected + "\n  got      " + got);
             failures++;
