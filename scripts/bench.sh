@@ -3,11 +3,13 @@
 # usage: bench.sh [ROUNDS]       documents, start, parts of the library
 #        bench.sh 300 [ROUNDS]   changing and checking an archive of 300 MB, which takes 2 GB of disk
 #        bench.sh derive [MB]    making archives of that size (default: 500), which takes three times as much of disk
+#        bench.sh java [ROUNDS]  calls of the JVM binding (also part of the first)
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bin=$PWD/build/bench/bench
-tool=$PWD/build/bench/tools/zr-platform/zr-platform
-data=$PWD/build/bench-data
+source=$PWD
+bin=$source/build/bench/bench
+tool=$source/build/bench/tools/zr-platform/zr-platform
+data=$source/build/bench-data
 
 large() { # ROUNDS
     [ -f "$data/a300.lfa" ] || python3 bench/gen.py "$data" 300
@@ -81,6 +83,22 @@ derived() { # MB
     rm -r "$data/derive"
 }
 
+binding() { # ROUNDS
+    local build=$source/build/bench samples=$data/samples classes=$data/classes
+    [ -d "$build/jvm" ] || return 0  # built without a JDK
+    local jars=$build/jvm/zr-platform.jar:$build/jvm/zr-platform-exceptions.jar
+    mkdir -p "$samples"
+    "$source/examples/pack.sh" "$tool" "$samples" >/dev/null
+    javac -cp "$jars" -d "$classes" "$source/bench/java/Speed.java"
+    echo "== calls of the JVM binding to calls by hand"
+    java -cp "$jars:$classes" Speed "$build/libzr_platform.so" "$bin/libby_hand.so" \
+        "$samples/u77/u77_gen3x16_base_1.zdf" "$1"
+}
+
+if [ "${1:-}" = java ]; then
+    binding "${2:-401}"
+    exit
+fi
 if [ "${1:-}" = 300 ]; then
     large "${2:-7}"
     exit
@@ -133,3 +151,4 @@ fi
 echo "== parts of the library"
 "$bin/bench_library" --benchmark_repetitions=5 --benchmark_report_aggregates_only --benchmark_enable_random_interleaving \
     2>/dev/null | grep -E 'median|^Bench'
+binding 401

@@ -1,8 +1,11 @@
 #include "platform_auto_wrap/JniSupport.h"
 
+#include <emmintrin.h>
+
 #include <exception>
+#include <limits>
+#include <stdexcept>
 #include <string_view>
-#include <vector>
 
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
@@ -53,6 +56,41 @@ char32_t takeCharacter(std::string_view& text) {
     }
     text.remove_prefix(length ? length : 1);
     return c;
+}
+
+/// The number of ASCII characters other than zero at the start.
+std::size_t plainPrefix(std::string_view text) {
+    std::size_t size = 0;
+    for (; size + sizeof(__m128i) <= text.size(); size += sizeof(__m128i)) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + size));
+        if (_mm_movemask_epi8(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, _mm_setzero_si128())))) break;
+    }
+    while (size < text.size() && text[size] > 0) ++size;
+    return size;
+}
+
+/// Whether the text is the same in the JVM's own form of UTF-8, in which each unit of UTF-16 stands for itself and zero
+/// has two bytes.
+bool isModifiedUtf8(std::string_view text) {
+    for (;;) {
+        text.remove_prefix(plainPrefix(text));
+        if (text.empty()) return true;
+        const std::size_t length = HSTStringUtils::utf8Length(text);
+        if (length != 2 && length != 3) return false;
+        text.remove_prefix(length);
+    }
+}
+
+std::string toModifiedUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    while (!text.empty()) {
+        if (const char32_t unit = takeCharacter(text) & 0xFFFF)
+            append(out, unit);
+        else
+            out += "\xC0\x80";
+    }
+    return out;
 }
 
 void throwNew(JNIEnv* env, const char* name, const char* text) {
@@ -112,10 +150,10 @@ bool toText(JNIEnv* env, jstring text, std::string& out, const char* ifNull) noe
 
 jstring toJava(JNIEnv* env, const std::string& text) noexcept {
     try {
-        std::vector<jchar> units;
-        units.reserve(text.size() + 1);  // never null
-        for (std::string_view rest = text; !rest.empty();) units.push_back(static_cast<jchar>(takeCharacter(rest)));
-        return env->NewString(units.data(), static_cast<jsize>(units.size()));
+        if (text.size() > std::numeric_limits<jsize>::max() / 3)
+            throw std::length_error("the text is too long for Java");
+        // Several times faster than NewString, which takes units that are then made bytes again.
+        return env->NewStringUTF(isModifiedUtf8(text) ? text.c_str() : toModifiedUtf8(text).c_str());
     } catch (...) {
         raise(env);
         return nullptr;

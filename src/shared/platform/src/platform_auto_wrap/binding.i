@@ -4,6 +4,7 @@
 // The JVM binding, generated from the interface files of platform_auto_wrap.
 %}
 %{
+#include <cstdint>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -41,6 +42,7 @@
 
 %include "exceptions.i"
 %include "typemaps.i"
+%include "enumerations.i"
 %include "containers.i"
 %include "json.i"
 %include "hardware.i"

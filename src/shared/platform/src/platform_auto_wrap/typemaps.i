@@ -45,14 +45,9 @@ ZR_REFERENCE("$1_type", SWIGTYPE&, bool& found)
 ZR_REFERENCE("HSTVector< HSTString > &", std::vector<std::string>& TEXTS)
 %typemap(out) SWIGTYPE { *($&1_ltype*)&$result = jvm::copy(jenv, $1); }
 
-// Numbers and enumerations that are passed by their address: NativeCell lends four bytes for the call.
-%define ZR_BY_ADDRESS(BOX, TYPES...)
-%typemap(jstype) TYPES "BOX"
-%typemap(javain) TYPES "NativeCell.of($javainput)"
-%enddef
-ZR_BY_ADDRESS(Integer, HTEQPfmFileTypes::FileType, HTEQDesignIntentStorage::Key,
-              teq_platform::PlatformLoader::HwMetadataMode)
-ZR_BY_ADDRESS(Long, uint32_t)
+// Numbers that are passed by their address: NativeCell lends four bytes for the call.
+%typemap(jstype) uint32_t "Long"
+%typemap(javain) uint32_t "NativeCell.of($javainput)"
 %typemap(jstype) uint32_t getter "long"
 %typemap(out) uint32_t { $result = static_cast<jlong>($1); }
 %typemap(javaout) uint32_t { return $jnicall; }
