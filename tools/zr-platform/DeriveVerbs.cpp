@@ -86,7 +86,7 @@ int runEmuConvert(const Call& call) {
     writeTo(call["OUT"], call.has("force"), extension, [&](const std::string& path, bool mayReplace) {
         for (const std::string& loss : requests::convertEmulation(
                  {.file = call["IN"], .destination = path, .mayReplace = mayReplace, .dryRun = call.has("dry-run")}))
-            Console::take().note(HEXDiagnostic{.file = call["IN"], .text = loss}.format());
+            Console::take().print({.file = call["IN"], .text = loss}, "");
     });
     return 0;
 }
