@@ -20,9 +20,9 @@ for sample in u77 heron osprey harrier lone boards; do
     find "$sample" -type d \( -name '*.lfa' -o -name '*.cfa' -o -name '*.hdf' \) -prune -print | while read -r folder; do
         mkdir -p "$out/$(dirname "$folder")"
         # Packed without --force, which would also accept missing listed files, except the archive that is meant to
-        # be refused.
+        # be refused and what is not a platform.
         rm -f "$out/$folder"
-        case $folder in */dunlin_next.cfa) force=--force ;; *) force= ;; esac
+        case $folder in */dunlin_next.cfa | *.hdf) force=--force ;; *) force= ;; esac
         "$tool" pack "$folder" "$out/$folder" $force
         rm -rf "$out/src/${folder##*/}"
         cp -R "$folder" "$out/src/"

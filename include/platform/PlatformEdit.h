@@ -26,6 +26,8 @@ public:
     /// that documents of other tools may contain: a line for each key, "devices[0].core.key: lost" or "key: old ->
     /// new".
     const HSTVector<std::string>& lost() const { return lost_; }
+    /// The platform as it was loaded.
+    const HPLPlatform& platform() const { return *platform_; }
 
     /// Puts `source` into the archive as `member`, the one file of its type in the metadata, in one rewrite that
     /// updates the digest, whatever is lost. Throws like `HTEQHardwarePlatform::archiveFile`.

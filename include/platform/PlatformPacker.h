@@ -1,6 +1,7 @@
 #pragma once
 #include <string>
 
+#include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
 namespace teq_platform {
@@ -8,10 +9,19 @@ namespace teq_platform {
 /// Makes a platform's archive from a folder of its members (see `HUTZip::compressDir`) after checking it.
 class ZR_API PlatformPacker {
 public:
-    /// Throws `HEXFileFault` and writes nothing if the metadata cannot be read or, unless `mayLack` is true, lists
-    /// files that the folder does not contain; a folder without metadata lists none. Throws `HEXUserException` if
-    /// `archive` exists, unless `overwrite` is true, and for errors of the file system.
-    static void pack(const std::string& folder, const std::string& archive, bool overwrite, bool mayLack);
+    struct Options {
+        bool overwrite = false;
+        bool mayLack = false;  ///< accept a folder without readable metadata, or without files that it lists
+        /// Patterns of files and folders that are left out, with *, ? and [...]. One without "/" is compared with
+        /// names, one with "/" with paths in the folder; a final "/" selects folders only, a first "/" means nothing.
+        HSTVector<std::string> exclude = {};
+    };
+
+    /// The file ".zrignore" in the folder has further patterns to exclude, one on a line; lines that begin with "#" are
+    /// comments. It is not packed itself. Returns warnings: hidden files, backups of editors, and files that the
+    /// metadata does not list. Throws `HEXFileFault` and writes nothing if the folder is not complete (see `mayLack`).
+    /// Throws `HEXUserException` if `archive` exists, unless `overwrite` is true, and for errors of the file system.
+    static HSTVector<std::string> pack(const std::string& folder, const std::string& archive, const Options& options);
 };
 
 }  // namespace teq_platform

@@ -9,6 +9,7 @@
 #include "platform/FileKind.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HwMetadataMode.h"
+#include "platform/PlatformExplanation.h"
 #include "platform/RequestFailure.h"
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
@@ -73,21 +74,27 @@ ZR_API void writeFile(const std::string& destination, std::string_view bytes, bo
 struct Pack {
     std::string folder, archive;
     bool mayReplace = false;  ///< overwrite the archive
-    bool mayLack = false;     ///< files that the metadata lists may be missing
+    /// The archive may have any extension, the folder no metadata, and listed files may be missing.
+    bool mayLack = false;
+    HSTVector<std::string> exclude = {};  ///< patterns of files to leave out, see `PlatformPacker::Options`
 };
-ZR_API void pack(const Pack& request);
+/// Returns warnings: files that probably do not belong into the archive.
+ZR_API HSTVector<std::string> pack(const Pack& request);
 
 struct SetFile {
     std::string archive, type, member, source;
     HwMetadataMode mode = HwMetadataMode::Default;
     bool mayLose = false;  ///< write although keys of the metadata are lost or changed
+    bool mayTake = false;  ///< replace a member although the metadata lists it under another type
     bool stripPaths = false;
     bool dryRun = false;
 };
 struct SetFileResult {
-    HSTVector<std::string> losses;  ///< a printable line for each key that is lost or changed
-    bool isRefused = false;         ///< because of the losses; nothing was written
+    HSTVector<std::string> losses;   ///< a printable line for each key that is lost or changed
+    HSTVector<std::string> changes;  ///< the same for what else changes: the member, and the list of files
+    bool isRefused = false;          ///< because of the losses; nothing was written
 };
+/// Refuses a metadata member, and a type that is neither known nor listed already.
 ZR_API SetFileResult setFile(const SetFile& request);
 
 /// A file that the metadata of a hardware platform lists.
@@ -115,6 +122,8 @@ ZR_API void extract(const Extract& request);
 
 /// What a finding or a message means. An unknown name is `unknownName`, and the text suggests the nearest ones.
 ZR_API std::string explain(const std::string& name);
+/// The same in parts.
+ZR_API Explanation explanation(const std::string& name);
 /// The W3C XML Schema of a format, or, of "emu-json", the JSON Schema. An unknown format is `unknownFormat`, and the text lists the formats.
 ZR_API std::string schema(const std::string& format);
 

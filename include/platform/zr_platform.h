@@ -72,18 +72,20 @@ typedef enum zr_field {
 
 /* Each function states which of them it accepts. */
 typedef enum zr_flag {
-    ZR_OVERWRITE = 1,          /* replace an existing file */
-    ZR_MAY_LACK = 2,           /* files that the metadata lists may be missing, and the metadata may be unreadable */
-    ZR_LOSE_KEYS = 4,          /* write although keys of the metadata are lost or changed */
-    ZR_STRIP_PATHS = 8,        /* omit "platformFile", a path on the author's machine, from the metadata */
-    ZR_DRY_RUN = 16,           /* check everything, write nothing */
-    ZR_NO_DEFAULTS = 32,       /* do not search the default repositories */
-    ZR_LATEST = 64,            /* of each vendor, board and name only the highest version */
-    ZR_DEFAULT_FILTER = 128,   /* keep the keys of tile array, ids and files */
-    ZR_DETAILED = 256,         /* every fact of a report */
-    ZR_USABLE = 512,           /* only platforms that the support policy accepts for this tool */
-    ZR_DYNAMIC = 1024,         /* the platform has a dynamic region */
-    ZR_MAY_RUN_PROGRAMS = 2048 /* scripts may run programs, open sockets and load libraries */
+    ZR_OVERWRITE = 1,           /* replace an existing file */
+    ZR_MAY_LACK = 2,            /* the metadata, and files that it lists, may be missing or unreadable */
+    ZR_LOSE_KEYS = 4,           /* write although keys of the metadata are lost or changed */
+    ZR_STRIP_PATHS = 8,         /* omit "platformFile", a path on the author's machine, from the metadata */
+    ZR_DRY_RUN = 16,            /* check everything, write nothing */
+    ZR_NO_DEFAULTS = 32,        /* do not search the default repositories */
+    ZR_LATEST = 64,             /* of each vendor, board and name only the highest version */
+    ZR_DEFAULT_FILTER = 128,    /* keep the keys of tile array, ids and files */
+    ZR_DETAILED = 256,          /* every fact of a report */
+    ZR_USABLE = 512,            /* only platforms that the support policy accepts for this tool */
+    ZR_DYNAMIC = 1024,          /* the platform has a dynamic region */
+    ZR_MAY_RUN_PROGRAMS = 2048, /* scripts may run programs, open sockets and load libraries */
+    ZR_BY_TYPE = 4096,          /* a name is a file type, even if a member has that name */
+    ZR_REPAIR_HPFM = 8192       /* make all HBM banks of an hpfm default banks if some are */
 } zr_flag;
 
 /* What the support policy is asked; docs/policy.md has its rules. */
@@ -121,6 +123,14 @@ typedef enum zr_answer_kind {
     ZR_ANSWER_LIST = 3    /* an item of a list; the items follow each other */
 } zr_answer_kind;
 
+/* Whether a linker may choose a bank for an argument that names none. */
+typedef enum zr_assignment {
+    ZR_ASSIGNMENT_UNKNOWN = 0,
+    ZR_ASSIGNMENT_ALLOWED = 1,
+    ZR_ASSIGNMENT_DEFAULT = 2, /* yes, and first */
+    ZR_ASSIGNMENT_NONE = 3     /* only by name */
+} zr_assignment;
+
 typedef struct zr_error zr_error;
 typedef struct zr_text zr_text;
 typedef struct zr_platform zr_platform;
@@ -131,6 +141,7 @@ typedef struct zr_platforms zr_platforms;
 typedef struct zr_answers zr_answers;
 typedef struct zr_connectors zr_connectors;
 typedef struct zr_verdict zr_verdict;
+typedef struct zr_hardware zr_hardware;
 
 /* Input; NULL instead means all defaults. */
 typedef struct zr_options {
@@ -240,6 +251,69 @@ typedef struct zr_connector {
     const char* fits; /* names of the DIMM connectors that it can be connected to, each followed by a line end */
 } zr_connector;
 
+/* Output. A memory of the board, as the metadata lists it. */
+typedef struct zr_memory {
+    size_t size;
+    const char* name;
+    const char* type;     /* as "ddr4" */
+    const char* capacity; /* as "16GB" */
+    uint64_t lowest;      /* address of the first byte; both addresses are 0 if they are unknown */
+    uint64_t highest;     /* of the last byte */
+} zr_memory;
+
+/* Output. A bank that a linker can connect a kernel to. */
+typedef struct zr_bank {
+    size_t size;
+    const char* type;      /* as "DDR" or "HBM" */
+    const char* capacity;  /* "" if no file gives one */
+    const char* slr;       /* "" if unknown */
+    const char* interface; /* the bus interface that leads to it */
+    const char* segment;   /* its address segment; "" if there is none */
+    uint32_t number;       /* within the type, from 0 */
+    uint32_t index;        /* of the address segment */
+    uint32_t assignment;   /* a zr_assignment */
+    uint32_t reserved;
+} zr_bank;
+
+/* Output. */
+typedef struct zr_clock {
+    size_t size;
+    const char* name;
+    const char* original_name; /* in the design */
+    const char* frequency;     /* in MHz, as in the file */
+    const char* status;        /* "scalable", "changeable", "fixed", "reserved", or another text */
+    int32_t id;                /* -1 without one */
+    uint32_t is_default;       /* 1 for the default clock */
+} zr_clock;
+
+/* Output. A bus interface that a linker can attach kernels to. */
+typedef struct zr_interface {
+    size_t size;
+    const char* name;
+    const char* mode;
+    const char* type;        /* as "aximm" */
+    const char* memory_port; /* as "MEMSS"; "" if it leads to no memory */
+    const char* tag;         /* the memory type, or the name of a bank */
+    const char* slr;
+    const char* clock;
+    const char* capacity; /* of the memory behind it */
+    uint64_t segments;    /* number of address segments */
+    int32_t data_width;   /* in bits */
+    uint32_t reserved;
+} zr_interface;
+
+/* Output. An address segment of a bus interface. */
+typedef struct zr_segment {
+    size_t size;
+    const char* name;
+    const char* base_name;
+    const char* tag;
+    const char* slr;
+    const char* memory_instance;
+    uint32_t index;
+    uint32_t assignment; /* a zr_assignment */
+} zr_segment;
+
 /* Input; NULL instead means all defaults. */
 typedef struct zr_policy {
     size_t size;
@@ -334,6 +408,29 @@ ZR_C_API zr_code zr_platform_short_document(const zr_platform* platform, zr_text
  * the platform cannot be written in this form. */
 ZR_C_API zr_code zr_platform_xml(const zr_platform* platform, zr_text** xml, zr_error** error) ZR_NOEXCEPT;
 
+/* ---- What a linker asks of the hardware. Items are numbered from 0; the texts are valid as long as the zr_hardware. */
+
+/* Memories, banks, clocks and bus interfaces of the platform's hardware; none if it has no hardware. */
+ZR_C_API zr_code zr_platform_hardware(const zr_platform* platform, zr_hardware** hardware,
+                                      zr_error** error) ZR_NOEXCEPT;
+ZR_C_API void zr_hardware_free(zr_hardware* hardware) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_hardware_memory_count(const zr_hardware* hardware) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_hardware_memory(const zr_hardware* hardware, uint64_t index, zr_memory* memory,
+                                    zr_error** error) ZR_NOEXCEPT;
+/* By type and number. */
+ZR_C_API uint64_t zr_hardware_bank_count(const zr_hardware* hardware) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_hardware_bank(const zr_hardware* hardware, uint64_t index, zr_bank* bank,
+                                  zr_error** error) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_hardware_clock_count(const zr_hardware* hardware) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_hardware_clock(const zr_hardware* hardware, uint64_t index, zr_clock* clock,
+                                   zr_error** error) ZR_NOEXCEPT;
+ZR_C_API uint64_t zr_hardware_interface_count(const zr_hardware* hardware) ZR_NOEXCEPT;
+ZR_C_API zr_code zr_hardware_interface(const zr_hardware* hardware, uint64_t index, zr_interface* item,
+                                       zr_error** error) ZR_NOEXCEPT;
+/* Address segment number `segment` of the interface number `interface`. */
+ZR_C_API zr_code zr_hardware_segment(const zr_hardware* hardware, uint64_t interface, uint64_t segment,
+                                     zr_segment* item, zr_error** error) ZR_NOEXCEPT;
+
 /* ---- Questions */
 
 /* The answer of a path in the platform's document (docs/paths.md): a value as it is, an object as JSON, a list as JSON
@@ -407,6 +504,10 @@ ZR_C_API zr_code zr_archive_extract(const zr_archive* archive, uint64_t index, c
  * link, is ZR_BAD_INPUT; the members before it have then been extracted. Accepts ZR_OVERWRITE. */
 ZR_C_API zr_code zr_archive_extract_all(const zr_archive* archive, const char* folder, uint32_t flags,
                                         zr_error** error) ZR_NOEXCEPT;
+/* Copies one file out of a .cfa or .lfa. `name` is that of a member, a file type that the metadata lists ("HPFM"), or
+ * "OUTER!INNER" for a member of a nested archive. Accepts ZR_OVERWRITE, ZR_BY_TYPE and ZR_REPAIR_HPFM. */
+ZR_C_API zr_code zr_extract(const char* archive, const char* name, const char* file, uint32_t flags,
+                            const zr_options* options, zr_error** error) ZR_NOEXCEPT;
 /* Compares all bytes with CRCs and digest. A difference is a result, not a failure. */
 ZR_C_API zr_code zr_archive_verify(const zr_archive* archive, zr_verification** verification,
                                    zr_error** error) ZR_NOEXCEPT;
@@ -420,13 +521,20 @@ ZR_C_API zr_code zr_verification_difference(const zr_verification* verification,
 
 /* ---- Making and changing archives. Each function replaces the archive atomically. */
 
+/* Makes a folder with a small complete platform to start from, of the kind "card", "embedded" or "software"; NULL is "card".
+ * The last part of its path is the platform's name. `files`, unless NULL, is set to the paths of its files in the folder, a
+ * line for each. */
+ZR_C_API zr_code zr_new_platform(const char* folder, const char* kind, zr_text** files, zr_error** error) ZR_NOEXCEPT;
 /* Makes an archive of everything in `folder`, reproducibly and with a digest. A folder in it whose name ends in
- * .lfa, .cfa, .zip or .tilprj becomes an archive. Accepts ZR_OVERWRITE and ZR_MAY_LACK. */
+ * .lfa, .cfa, .zip or .tilprj becomes an archive. What the folder's file ".zrignore" names is left out. Accepts ZR_OVERWRITE
+ * and ZR_MAY_LACK. */
 ZR_C_API zr_code zr_pack(const char* folder, const char* archive, uint32_t flags, zr_error** error) ZR_NOEXCEPT;
 /* Puts `source` into a .cfa or .lfa as `member`, makes it the one file of its type in the metadata, and updates
  * the digest. The metadata is rewritten from the model, so keys that the library does not store are lost:
  * `losses`, unless NULL, is set on success and with ZR_REFUSED to a line for each key, escaped like a message, or
- * to "". Accepts ZR_LOSE_KEYS, ZR_STRIP_PATHS and ZR_DRY_RUN. */
+ * to "". A metadata member is ZR_REFUSED, and so is a member that the metadata lists under another type, unless
+ * ZR_OVERWRITE allows that. An unknown type is ZR_NOT_FOUND. Also accepts ZR_LOSE_KEYS, ZR_STRIP_PATHS and
+ * ZR_DRY_RUN. */
 ZR_C_API zr_code zr_set_file(const char* archive, const char* type, const char* member, const char* source,
                              uint32_t flags, const zr_options* options, zr_text** losses,
                              zr_error** error) ZR_NOEXCEPT;

@@ -92,6 +92,42 @@ struct Answer {
     zr_answer_kind kind = ZR_ANSWER_TEXT;
 };
 
+struct Memory {
+    std::string name, type, capacity;
+    std::uint64_t lowest = 0, highest = 0;
+};
+
+struct Bank {
+    std::string type, capacity, slr, interface, segment;
+    std::uint32_t number = 0, index = 0;
+    zr_assignment assignment = ZR_ASSIGNMENT_UNKNOWN;
+};
+
+struct Clock {
+    std::string name, originalName, frequency, status;
+    int id = -1;
+    bool isDefault = false;
+};
+
+struct Segment {
+    std::string name, baseName, tag, slr, memoryInstance;
+    std::uint32_t index = 0;
+    zr_assignment assignment = ZR_ASSIGNMENT_UNKNOWN;
+};
+
+struct Interface {
+    std::string name, mode, type, memoryPort, tag, slr, clock, capacity;
+    int dataWidth = 0;
+    std::vector<Segment> segments;
+};
+
+struct Hardware {
+    std::vector<Memory> memories;
+    std::vector<Bank> banks;
+    std::vector<Clock> clocks;
+    std::vector<Interface> interfaces;
+};
+
 struct Connector {
     std::string part, board, file, name, displayName, type, fits;
 };
@@ -125,6 +161,7 @@ struct Free {
     void operator()(zr_findings* findings) const { zr_findings_free(findings); }
     void operator()(zr_platforms* platforms) const { zr_platforms_free(platforms); }
     void operator()(zr_answers* answers) const { zr_answers_free(answers); }
+    void operator()(zr_hardware* hardware) const { zr_hardware_free(hardware); }
     void operator()(zr_connectors* connectors) const { zr_connectors_free(connectors); }
     void operator()(zr_verdict* verdict) const { zr_verdict_free(verdict); }
 };
@@ -225,6 +262,37 @@ public:
         }
         return answers;
     }
+    Hardware hardware() const {
+        const auto made = detail::make<zr_hardware>(zr_platform_hardware, handle_.get());
+        const zr_hardware* const from = made.get();
+        Hardware hardware;
+        for (std::uint64_t i = 0; i < zr_hardware_memory_count(from); ++i) {
+            const auto m = detail::itemOf<zr_memory>(zr_hardware_memory, from, i);
+            hardware.memories.push_back({m.name, m.type, m.capacity, m.lowest, m.highest});
+        }
+        for (std::uint64_t i = 0; i < zr_hardware_bank_count(from); ++i) {
+            const auto b = detail::itemOf<zr_bank>(zr_hardware_bank, from, i);
+            hardware.banks.push_back({b.type, b.capacity, b.slr, b.interface, b.segment, b.number, b.index,
+                                      static_cast<zr_assignment>(b.assignment)});
+        }
+        for (std::uint64_t i = 0; i < zr_hardware_clock_count(from); ++i) {
+            const auto c = detail::itemOf<zr_clock>(zr_hardware_clock, from, i);
+            hardware.clocks.push_back({c.name, c.original_name, c.frequency, c.status, c.id, c.is_default != 0});
+        }
+        for (std::uint64_t i = 0; i < zr_hardware_interface_count(from); ++i) {
+            const auto b = detail::itemOf<zr_interface>(zr_hardware_interface, from, i);
+            Interface bus{b.name, b.mode, b.type, b.memory_port, b.tag, b.slr, b.clock, b.capacity, b.data_width, {}};
+            for (std::uint64_t j = 0; j < b.segments; ++j) {
+                zr_segment s{};
+                s.size = sizeof s;
+                detail::call(zr_hardware_segment, from, i, j, &s);
+                bus.segments.push_back({s.name, s.base_name, s.tag, s.slr, s.memory_instance, s.index,
+                                        static_cast<zr_assignment>(s.assignment)});
+            }
+            hardware.interfaces.push_back(std::move(bus));
+        }
+        return hardware;
+    }
     std::string query(const std::string& path) {
         return detail::textOf(zr_platform_query, handle_.get(), path.c_str());
     }
@@ -253,6 +321,18 @@ public:
 private:
     detail::Owned<zr_platform> handle_;
 };
+
+/// Makes a folder with a small complete platform; returns the paths of its files in the folder, a line for each.
+inline std::string newPlatform(const std::string& folder, const std::string& kind = "card") {
+    return detail::textOf(zr_new_platform, folder.c_str(), kind.c_str());
+}
+
+/// Copies a member, a file of a type or a member of a nested archive ("OUTER!INNER") out of a hardware archive.
+inline void extract(const std::string& archive, const std::string& name, const std::string& file,
+                    std::uint32_t flags = 0, const Options& options = {}) {
+    const zr_options given = detail::optionsOf(options);
+    detail::call(zr_extract, archive.c_str(), name.c_str(), file.c_str(), flags, &given);
+}
 
 /// Any zip archive, opened for reading.
 class Archive {

@@ -291,6 +291,41 @@ static void testSearch(void) {
     FAILS(zr_boards(NULL, &connectors, &error), ZR_WRONG_USE, "path is NULL");
 }
 
+static void testHardware(void) {
+    zr_platform* platform = NULL;
+    zr_hardware* hardware = NULL;
+    zr_memory memory = {.size = sizeof memory};
+    zr_bank bank = {.size = sizeof bank};
+    zr_clock clock = {.size = sizeof clock};
+    zr_interface bus = {.size = sizeof bus};
+    zr_segment segment = {.size = sizeof segment};
+    put("hw/lfa.json",
+        "{\"name\": \"n\", \"memories\": [{\"name\": \"m\", \"size\": \"4GB\", \"highAddress\": 7}], "
+        "\"systemClocks\": "
+        "[{\"name\": \"c\", \"frequency\": \"250\", \"default\": true}], \"busInterfaces\": [{\"name\": \"b\", "
+        "\"memPort\": \"MEMSS\", \"spTag\": \"hbm\", \"addressSegments\": [{\"name\": \"s\", \"auto\": "
+        "\"false\"}]}]}");
+    CHECK(zr_pack(at("hw"), at("hw.lfa"), 0, &error) == ZR_OK);
+    CHECK(zr_platform_load(at("hw.lfa"), NULL, &platform, &error) == ZR_OK);
+    CHECK(zr_platform_hardware(platform, &hardware, &error) == ZR_OK);
+    CHECK(zr_hardware_memory_count(hardware) == 1 && zr_hardware_memory(hardware, 0, &memory, NULL) == ZR_OK);
+    CHECK(strcmp(memory.capacity, "4GB") == 0 && memory.highest == 7);
+    CHECK(zr_hardware_bank_count(hardware) == 1 && zr_hardware_bank(hardware, 0, &bank, NULL) == ZR_OK);
+    CHECK(strcmp(bank.type, "HBM") == 0 && bank.assignment == ZR_ASSIGNMENT_NONE && *bank.capacity == 0);
+    CHECK(zr_hardware_clock_count(hardware) == 1 && zr_hardware_clock(hardware, 0, &clock, NULL) == ZR_OK);
+    CHECK(strcmp(clock.frequency, "250") == 0 && clock.is_default == 1 && clock.id == 0);
+    CHECK(zr_hardware_interface_count(hardware) == 1 && zr_hardware_interface(hardware, 0, &bus, NULL) == ZR_OK);
+    CHECK(bus.segments == 1 && zr_hardware_segment(hardware, 0, 0, &segment, NULL) == ZR_OK);
+    SAME(segment.name, "s");
+    FAILS(zr_hardware_segment(hardware, 0, 1, &segment, &error), ZR_WRONG_USE, "1");
+    zr_hardware_free(hardware), zr_platform_free(platform);
+    GIVES(zr_new_platform(at("fresh"), "software", &text, &error), "README.md\nfresh.spfm\n");
+    FAILS(zr_new_platform(at("fresh"), NULL, NULL, &error), ZR_REFUSED, "already exists");
+    CHECK(zr_extract(at("hw.lfa"), "lfa.json", at("out.json"), 0, NULL, &error) == ZR_OK);
+    FAILS(zr_extract(at("hw.lfa"), "lfa.json", at("out.json"), ZR_BY_TYPE | ZR_OVERWRITE, NULL, &error), ZR_NOT_FOUND,
+          "file type 'lfa.json'");
+}
+
 static void testQuestions(void) {
     zr_platform* platform = NULL;
     zr_verdict* verdict = NULL;
@@ -428,6 +463,7 @@ int main(int argc, char** argv) {
     testSetFile();
     testChecks();
     testSearch();
+    testHardware();
     testQuestions();
     testEmulation(argv[1]);
     testDerived();

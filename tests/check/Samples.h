@@ -13,7 +13,7 @@ inline std::string made(const Scratch& scratch, const std::string& file, const s
     if (!sample.starts_with("== ")) return scratch.put(file, sample);
     constexpr std::string_view kChanged = " (changed after packing)";
     std::map<std::string, std::map<std::string, std::string>> archives;
-    std::string changed, name;
+    std::string changed, renamed, name;
     std::map<std::string, std::string> texts;
     std::istringstream lines(sample);
     for (std::string line; std::getline(lines, line);) {
@@ -26,6 +26,10 @@ inline std::string made(const Scratch& scratch, const std::string& file, const s
             name.resize(name.size() - kChanged.size());
             changed = name.substr(0, name.find('!'));
         }
+        if (const auto as = name.find(" (as "); as != std::string::npos) {
+            renamed = name.substr(as + 5, name.size() - as - 6);
+            name.resize(as);
+        }
     }
     for (const auto& [path, text] : texts) {
         const auto mark = path.find('!');
@@ -35,6 +39,12 @@ inline std::string made(const Scratch& scratch, const std::string& file, const s
             archives[path.substr(0, mark)][path.substr(mark + 1)] = text;
     }
     for (const auto& [archive, members] : archives) packed(scratch, archive, members);
+    if (!renamed.empty()) {  // in place, from "up/..." to "../..."
+        const std::string was = "up" + renamed.substr(2);
+        std::string bytes = contentOf(scratch / file);
+        for (std::size_t at; (at = bytes.find(was)) != std::string::npos;) bytes.replace(at, was.size(), renamed);
+        scratch.put(file, bytes);
+    }
     if (!changed.empty()) {
         std::string bytes = contentOf(scratch / changed);
         const std::size_t data = 30 + static_cast<unsigned char>(bytes[26]) + static_cast<unsigned char>(bytes[28]);

@@ -119,7 +119,7 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
                                  [this](auto to, auto error) { return zr_archive_verify(opened_, to, error); })},
         {"pack", [this](auto error) { return zr_pack(in_.c_str(), packed_.c_str(), ZR_OVERWRITE, error); }},
         {"set-file", text([this](auto to, auto error) {
-             return zr_set_file(archive_.c_str(), "T", "t", source_.c_str(), ZR_LOSE_KEYS, nullptr, to, error);
+             return zr_set_file(archive_.c_str(), "ISS", "t", source_.c_str(), ZR_LOSE_KEYS, nullptr, to, error);
          })},
         {"emulate", text([](auto to, auto error) {
              const zr_emulation how{sizeof how, "memss", ZR_SOURCE_DIR "/examples/morwen", nullptr, 0};
@@ -163,6 +163,18 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"answers",
          giving<zr_answers>(zr_answers_free,
                             [this](auto to, auto error) { return zr_platform_answers(platform_, to, error); })},
+        {"new platform",
+         [this](auto error) {
+             fs::remove_all(scratch_ / "fresh");
+             return zr_new_platform((scratch_ / "fresh").c_str(), "card", nullptr, error);
+         }},
+        {"hardware",
+         giving<zr_hardware>(zr_hardware_free,
+                             [this](auto to, auto error) { return zr_platform_hardware(platform_, to, error); })},
+        {"extract a type",
+         [this](auto error) {
+             return zr_extract(archive_.c_str(), "BIF", out_.c_str(), ZR_OVERWRITE, nullptr, error);
+         }},
         {"boards", giving<zr_connectors>(
                        zr_connectors_free,
                        [](auto to, auto error) { return zr_boards(ZR_SOURCE_DIR "/examples/boards", to, error); })},

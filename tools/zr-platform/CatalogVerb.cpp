@@ -13,7 +13,7 @@ using requests::CatalogEntry;
 
 namespace {
 
-void report(const CatalogEntry& broken) { Console::take().note(broken.reason.report("error")); }
+void report(const CatalogEntry& broken) { Console::take().print(broken.reason, "error"); }
 
 std::string ndjson(const CatalogEntry& entry) {
     if (!entry.report.empty()) return requests::onOneLine(entry.report) + "\n";

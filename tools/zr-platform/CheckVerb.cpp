@@ -123,6 +123,7 @@ int runExceptions(const Call& call) {
         Console::take().data(requests::exceptionsIn(call["FILE"]));
     } else if (action == "pack" && !out.empty()) {
         requests::packExceptions(call["FILE"], out, call.has("force"));
+        Records::printOne(call, "packed-exceptions", {{"list", call["FILE"]}, {"destination", out}});
     } else {
         throw teq_platform::RequestError(teq_platform::FailureKind::wrongUse,
                                          {.text = "expected pack FILE OUT, or print FILE"});

@@ -17,18 +17,9 @@ namespace {
 
 constexpr std::size_t kHelpColumn = 30;  // where CLI11 prints help texts
 
-/// `text` with line breaks at spaces, for printing from the column `indent` to the edge of the terminal.
-std::string wrapped(std::string_view text, std::size_t indent) {
-    const std::size_t width = std::max(Console::take().width(), 2 * indent) - indent;
-    std::string result;
-    while (text.size() > width) {
-        std::size_t end = text.rfind(' ', width);
-        if (end == std::string_view::npos) end = text.find(' ');
-        if (end == std::string_view::npos) break;
-        result.append(text.substr(0, end)) += '\n';
-        text.remove_prefix(end + 1);
-    }
-    return result.append(text);
+/// For printing from the column `indent` to the edge of the terminal.
+std::string filled(std::string_view text, std::size_t indent) {
+    return wrapped(text, std::max(Console::take().width(), 2 * indent) - indent);
 }
 
 std::vector<std::string> choicesOf(const Option& option) {
@@ -45,14 +36,14 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
     };
     if (!option.choices) {
         app.add_flag_callback(
-            name, [keep] { keep(""); }, wrapped(option.help, kHelpColumn));
+            name, [keep] { keep(""); }, filled(option.help, kHelpColumn));
         return;
     }
     const std::vector<std::string> choices = choicesOf(option);
     const bool isRepeated = std::string_view(option.choices).ends_with("...");
     CLI::Option* made = app.add_option_function<std::vector<std::string>>(
         name, [keep](const std::vector<std::string>& values) { std::for_each(values.begin(), values.end(), keep); },
-        wrapped(option.help, kHelpColumn));
+        filled(option.help, kHelpColumn));
     const std::string kind = option.choices;
     made->type_name(isRepeated ? kind.substr(0, kind.find('.')) : kind)->allow_extra_args(false);
     if (!isRepeated) made->expected(1);
@@ -61,7 +52,7 @@ void addOption(CLI::App& app, const Option& option, Call& call) {
 
 void addPositional(CLI::App& app, const Positional& positional, Call& call) {
     const std::string name = positional.name;
-    const std::string help = wrapped(positional.help, kHelpColumn);
+    const std::string help = filled(positional.help, kHelpColumn);
     auto& values = call.positionals[name];
     if (name.ends_with("...]"))
         app.add_option(name.substr(1, name.find('.') - 1), values, help);
@@ -78,13 +69,12 @@ void addPositional(CLI::App& app, const Positional& positional, Call& call) {
 
 /// One subcommand for each row; the chosen row goes to `chosen`.
 void addVerb(CLI::App& app, const Verb& verb, Call& call, const Verb*& chosen) {
-    CLI::App* command = app.add_subcommand(verb.name, wrapped(verb.summary, kHelpColumn));
+    CLI::App* command = app.add_subcommand(verb.name, filled(verb.summary, kHelpColumn));
     command->group("Verbs");
     for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
-    command->footer("\n" + wrapped(verb.details, 0) + "\n\nExample:\n  zr-platform " + verb.name + " " +
-                    verb.example);
+    command->footer("\n" + filled(verb.details, 0) + "\n\nExample:\n  zr-platform " + verb.name + " " + verb.example);
     command->callback([&chosen, &verb] { chosen = &verb; });
 }
 
@@ -141,6 +131,10 @@ int runCommandLine(int argc, char** argv) {
     std::vector<std::string> arguments = argumentsOf(argc, argv);
     if (arguments.size() > 1 && arguments[0] == "--complete" && arguments[1] == "--")
         return write(completionOf({arguments.begin() + 2, arguments.end()})), 0;
+    for (std::size_t i = 0; i < arguments.size() && arguments[i] != "--"; ++i)
+        if (arguments[i] == "--messages=json" ||
+            (arguments[i] == "--messages" && i + 1 < arguments.size() && arguments[i + 1] == "json"))
+            Console::take().useJsonMessages();
     CLI::App app("Inspects, checks and packs FPGA acceleration platforms.", "zr-platform");
     for (const char* label : {"TEXT", "REQUIRED"}) app.get_formatter()->label(label, "");
     app.get_formatter()->column_width(kHelpColumn);
@@ -150,10 +144,10 @@ int runCommandLine(int argc, char** argv) {
     std::string reference;
     app.set_version_flag("-V,--version", "zr-platform " ZR_VERSION);
     app.add_option("--reference", reference, "print a reference generated from the tables")
-        ->type_name("man|markdown|findings|policy")
-        ->check(CLI::IsMember({"man", "markdown", "findings", "policy"}).description(""));
+        ->type_name("FORM")
+        ->check(CLI::IsMember(referenceForms()).description(""));
     for (const Option& option : commonOptions()) addOption(app, option, call);
-    app.footer("\n" + wrapped(kExitCodes, 0));
+    app.footer("\n" + filled(kExitCodes, 0));
     for (const Verb& verb : verbs()) addVerb(app, verb, call, chosen);
     app.require_subcommand(0, 1);
     try {
@@ -166,8 +160,8 @@ int runCommandLine(int argc, char** argv) {
         return write("zr-platform " ZR_VERSION "\n"), 0;
     } catch (const CLI::ParseError& e) {
         const Verb* const verb = verbOf(arguments);
-        Console::take().note("error: " + usageError(e, arguments) + "\ntry: zr-platform " +
-                             (verb ? std::string(verb->name) + " " : "") + "--help");
+        Console::take().print({.text = usageError(e, arguments)}, "error");
+        Console::take().note("try: zr-platform " + (verb ? std::string(verb->name) + " " : "") + "--help");
         return static_cast<int>(Exit::usage);
     }
     if (!reference.empty()) return write(referenceAs(reference)), 0;

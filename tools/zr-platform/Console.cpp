@@ -26,6 +26,23 @@ namespace {
 /// More faults of one platform are not listed.
 constexpr std::size_t kMaxFaults = 10;
 
+const char* nameOf(MsgMask mask) {
+    switch (mask) {
+        case MsgMask::info: return "information";
+        case MsgMask::warning: return "warning";
+        case MsgMask::critical: return "critical";
+        case MsgMask::error: return "error";
+    }
+    return "";
+}
+
+/// A message on standard error as a record.
+boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view severity) {
+    return {{"id", diagnostic.id},           {"severity", severity},    {"file", diagnostic.file},
+            {"member", diagnostic.member},   {"line", diagnostic.line}, {"column", diagnostic.column},
+            {"element", diagnostic.element}, {"text", diagnostic.text}};
+}
+
 /// A record as a line of JSON.
 std::string lineOf(const boost::json::value& record) {
     return HSTStringUtils::printableJson(boost::json::serialize(record)) + "\n";
@@ -74,15 +91,12 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
     if (isFault && faults.size() < kMaxFaults && std::ranges::find(faults, message.text) == faults.end())
         faults.push_back(message.text);
     if (quiet || !(verbose || json || isWarning)) return;
+    const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
     if (json) {
-        boost::json::array args(message.args.begin(), message.args.end());
-        const boost::json::object record{{"id", message.id},
-                                         {"severity", static_cast<unsigned>(message.mask)},
-                                         {"args", std::move(args)},
-                                         {"text", message.text}};
+        boost::json::object record = recordOf(line, nameOf(message.mask));
+        record["args"] = boost::json::array(message.args.begin(), message.args.end());
         writeAll(2, lineOf(record));
     } else {
-        const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
         writeAll(2, line.report(isWarning ? "warning" : "") + "\n");
     }
 }
@@ -104,6 +118,8 @@ void Console::configure(const Call& call) {
     state_->json = call.get("messages") == "json";
 }
 
+void Console::useJsonMessages() { state_->json = true; }
+
 void Console::data(std::string_view bytes) {
     state_->out += bytes;
     if (state_->out.size() > 1 << 16) flush();
@@ -122,13 +138,22 @@ void Console::flush() {
 }
 
 void Console::note(const std::string& line) {
-    if (!state_->quiet) writeAll(2, shown(line) + "\n");
+    if (state_->json)
+        print({.text = line}, "");
+    else if (!state_->quiet)
+        writeAll(2, shown(line) + "\n");
+}
+
+void Console::print(const HEXDiagnostic& diagnostic, std::string_view severity) {
+    if (!state_->json) return note(diagnostic.report(severity));
+    HEXDiagnostic named = diagnostic;
+    named.file = shown(named.file);
+    if (!state_->quiet) writeAll(2, lineOf(recordOf(named, severity.empty() ? "information" : severity)));
 }
 
 void Console::warnOfFaults() {
     if (state_->verbose || state_->json) return;
-    for (const std::string& fault : state_->faults)
-        note(HEXDiagnostic{.text = fault + "; it is ignored"}.report("warning"));
+    for (const std::string& fault : state_->faults) print({.text = fault + "; it is ignored"}, "warning");
 }
 
 void Console::nameInput(const std::string& file) { state_->input = file; }
@@ -142,12 +167,13 @@ std::string Console::shown(std::string text) const {
 
 void Console::report(const Failure& failure) {
     printCaptured();
-    const char* hint = failure.kind == FailureKind::exists ? "; --force overwrites it" : "";
-    note(failure.diagnostic.report("error") + hint);
+    HEXDiagnostic diagnostic = failure.diagnostic;
+    if (failure.kind == FailureKind::exists) diagnostic.text += "; --force overwrites it";
+    print(diagnostic, "error");
 }
 
 void Console::progress(const std::string& text) {
-    if (state_->quiet || !::isatty(2)) return;
+    if (state_->quiet || state_->json || !::isatty(2)) return;
     std::string line = HSTStringUtils::printable(text);
     if (line.size() >= width()) line = HSTStringUtils::utf8Prefix(line, width() - 1);
     writeAll(2, "\r\x1b[K" + line);
@@ -158,6 +184,18 @@ bool Console::isInteractive() const { return ::isatty(1) == 1; }
 std::size_t Console::width() const {
     winsize size{};
     return ioctl(1, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : 80;
+}
+
+std::string wrapped(std::string_view text, std::size_t width, const std::string& indent) {
+    std::string result;
+    for (std::size_t room = width; text.size() > room; room = width - std::min(width, indent.size())) {
+        std::size_t end = text.rfind(' ', room);
+        if (end == std::string_view::npos) end = text.find(' ');
+        if (end == std::string_view::npos) break;
+        result.append(text.substr(0, end)) += "\n" + indent;
+        text.remove_prefix(end + 1);
+    }
+    return result.append(text);
 }
 
 std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows) {
@@ -181,11 +219,21 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     // libsmartcols pads all lines to the width of the longest one.
     for (std::string& line : lines) line.erase(line.find_last_not_of(' ') + 1);
     if (rows.size() > kMaxRows) lines.push_back("and " + std::to_string(rows.size() - kMaxRows) + " more");
-    return HSTStringUtils::join(lines, "\n");
+    std::string result;
+    for (const std::string& line : lines)
+        if (!line.empty()) result += line + "\n";
+    return result;
 }
 
 void Records::addProblem(const HEXDiagnostic& problem) {
     problems_.push_back(boost::json::object{{"file", problem.file}, {"text", problem.text}});
+}
+
+void Records::printOne(const Call& call, const char* noun, boost::json::object record) {
+    if (!areAsked(call)) return;
+    Records records(noun);
+    records.add(std::move(record));
+    records.print(call, {});
 }
 
 void Records::print(const Call& call, const std::vector<std::string>& columns) const {

@@ -20,11 +20,16 @@ public:
     /// The console of the process. The first call takes over the standard streams and the message sink.
     static Console& take();
     void configure(const Call& call);
+    /// Messages become JSON from now on, even if the arguments turn out to be wrong.
+    void useJsonMessages();
 
     /// Writes data unchanged. Throws if it cannot be written.
     void data(std::string_view bytes);
     /// A line on standard error, unless --quiet.
     void note(const std::string& line);
+    /// A diagnostic on standard error, unless --quiet: a line, or a JSON record with --messages=json. `severity`:
+    /// "error", "warning", or "" for information.
+    void print(const HEXDiagnostic& diagnostic, std::string_view severity);
     void report(const teq_platform::Failure& failure);
     /// For a request that has succeeded: the errors that the library sent on the way are of members that it ignored.
     void warnOfFaults();
@@ -58,6 +63,8 @@ public:
     void addProblem(const HEXDiagnostic& problem);
     /// Whether the call asks for records in JSON.
     static bool areAsked(const Call& call) { return call.has("json") || call.has("ndjson"); }
+    /// Prints one record, if the call asks for records.
+    static void printOne(const Call& call, const char* noun, boost::json::object record);
     /// Prints the records as a table of the given columns, as one JSON document, or as one JSON record per line.
     void print(const Call& call, const std::vector<std::string>& columns) const;
 
@@ -66,7 +73,10 @@ private:
     boost::json::array records_, problems_;
 };
 
+/// `text` with line breaks at spaces, in lines of at most `width` characters; `indent` begins each line after the first.
+std::string wrapped(std::string_view text, std::size_t width, const std::string& indent = "");
+
 /// Bytes of a cell that are shown: every row is padded to the longest one.
 inline constexpr std::size_t kMaxCell = 200;
-/// A table of texts; of more than 10,000 rows, the last line says how many are left out. Cells are cut at `kMaxCell`; columns whose name begins with ">" are aligned to the right.
+/// A table of texts; each line ends in a line end; of more than 10,000 rows, the last line says how many are left out. Cells are cut at `kMaxCell`; columns whose name begins with ">" are aligned to the right.
 std::string table(const std::vector<std::string>& columns, const std::vector<std::vector<std::string>>& rows);

@@ -14,5 +14,8 @@ int runExtract(const Call& call) {
                                          .repairHpfm = call.has("repair-hpfm"),
                                          .mayReplace = mayReplace});
     });
+    if (call["DEST"] != "-")
+        Records::printOne(call, "extracted-file",
+                          {{"archive", call["ARCHIVE"]}, {"name", call["MEMBER"]}, {"destination", call["DEST"]}});
     return 0;
 }

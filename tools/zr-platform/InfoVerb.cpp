@@ -60,7 +60,7 @@ int runBoards(const Call& call) {
     }
     for (const HEXDiagnostic& problem : found.problems) {
         records.addProblem(problem);
-        Console::take().note(problem.report("warning"));
+        Console::take().print(problem, "warning");
     }
     if (Records::areAsked(call))
         records.print(call, {});

@@ -68,7 +68,7 @@ public:
             }
         for (const HEXDiagnostic& problem : result.problems) {
             records_.addProblem(problem);
-            console.note(problem.report("warning"));
+            console.print(problem, "warning");
         }
         if (!isText_) records_.print(call_, {});
     }

@@ -5,9 +5,19 @@
 
 int runPack(const Call& call) {
     const bool isForced = call.has("force");
+    boost::json::array warnings;
     writeTo(call["ARCHIVE"], isForced, "lfa", [&](const std::string& path, bool mayReplace) {
-        teq_platform::requests::pack(
-            {.folder = call["DIR"], .archive = path, .mayReplace = mayReplace, .mayLack = isForced});
+        for (const std::string& warning : teq_platform::requests::pack({.folder = call["DIR"],
+                                          .archive = path,
+                                          .mayReplace = mayReplace,
+                                          .mayLack = isForced,
+                                          .exclude = call.values("exclude")})) {
+            warnings.emplace_back(warning);
+            Console::take().print({.file = call["DIR"], .text = warning + "; --exclude leaves files out"}, "warning");
+        }
     });
+    if (call["ARCHIVE"] != "-")
+        Records::printOne(call, "packed-archive",
+                          {{"folder", call["DIR"]}, {"archive", call["ARCHIVE"]}, {"warnings", std::move(warnings)}});
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include <platform/FileTypes.h>
 #include <platform/PlatformCheck.h>
 #include <platform/SupportPolicy.h>
 
@@ -22,9 +23,9 @@ std::string synopsis(const Verb& verb) {
 
 std::string markdown() {
     std::string page = std::string(
-                           "# zr-platform\n\nGenerated from the tool's table of verbs by `./dev docs`.\n\nStandard "
-                           "output holds data only; messages and errors go to standard error.\n") +
-                       kExitCodes + "\n\nOptions of every verb:\n\n";
+        "# zr-platform\n\nGenerated from the tool's table of verbs by `./dev docs`.\n\nStandard "
+        "output holds data only; messages and errors go to standard error.\n[exit-codes.md](exit-codes.md) "
+        "lists the exit codes.\n\nOptions of every verb:\n\n");
     for (const Option& option : commonOptions())
         page += std::string("- `--") + option.name + (option.choices ? std::string("=") + option.choices : "") +
                 "`: " + option.help + "\n";
@@ -115,8 +116,39 @@ std::string policy() {
            "\n## May it open the hardware platform\n" + policyTable(open);
 }
 
+std::string fileTypes() {
+    std::string page =
+        "# File types\n\nGenerated from the library's own table by `./dev docs`.\n\nThe metadata of an archive lists "
+        "files by "
+        "type: `\"files\": [{\"type\": \"HPFM\", \"name\": \"hpfm/u77.hpfm\"}]`. Letter case does not matter. "
+        "The\nlast file of a "
+        "type counts when one is asked for by type, as in `zr-platform extract u77.lfa HPFM out.hpfm`.\n`zr-platform "
+        "set-file` "
+        "accepts these types, and types that the archive lists already. An archive may list others: the library "
+        "keeps them.\n\n"
+        "| type | what the file is | who reads it |\n|---|---|---|\n";
+    for (const auto& row : teq_platform::requests::fileTypes())
+        page += std::string("| `") + row.type + "` | " + row.meaning + " | " + row.reader + " |\n";
+    return page;
+}
+
+constexpr struct {
+    const char* name;
+    std::string (*text)();
+} kForms[] = {
+    {"man", man}, {"markdown", markdown}, {"findings", findings}, {"policy", policy}, {"file-types", fileTypes},
+};
+
 }  // namespace
 
+std::vector<std::string> referenceForms() {
+    std::vector<std::string> names;
+    for (const auto& form : kForms) names.emplace_back(form.name);
+    return names;
+}
+
 std::string referenceAs(const std::string& form) {
-    return form == "man" ? man() : form == "findings" ? findings() : form == "policy" ? policy() : markdown();
+    for (const auto& [name, text] : kForms)
+        if (form == name) return text();
+    return {};
 }

@@ -65,7 +65,7 @@ void list(const Call& call) {
     }
     for (const std::string& problem : content.problems) {
         const HEXDiagnostic diagnostic{.file = archive, .member = "rqa.json", .text = problem};
-        Console::take().note(diagnostic.format());
+        Console::take().print(diagnostic, "");
     }
     if (call.has("ndjson")) return records.print(call, {});
     Text text;

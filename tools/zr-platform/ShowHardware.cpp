@@ -2,17 +2,16 @@
 
 #include <algorithm>
 #include <memory>
+#include <set>
 #include <sstream>
+#include <stdexcept>
 
 #include <msg/HEXAll.h>
 #include <platform/HPLCore.h>
 #include <platform/HPLDevice.h>
-#include <platform/HPLFile.h>
-#include <platform/HPLMemory.h>
 #include <platform/HPLPlatform.h>
-#include <platform/HTEQHardwareBusInterface.h>
-#include <platform/HTEQSystemClock.h>
 #include <platform/HTEQTilPartition.h>
+#include <platform/PlatformParts.h>
 #include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
@@ -21,7 +20,11 @@
 
 namespace {
 
-using teq_platform::requests::ListedFile;
+namespace requests = teq_platform::requests;
+using requests::Assignment;
+using requests::BankPart;
+using requests::ListedFile;
+using requests::Parts;
 using Rows = std::vector<std::vector<std::string>>;
 
 /// The elements of one of the model's iterators.
@@ -39,6 +42,33 @@ std::string hexadecimal(unsigned long long value) {
     return text.str();
 }
 
+/// "300 MHz" for "300.000000"; another text is not changed.
+std::string megahertz(const std::string& frequency) {
+    if (frequency.empty() || frequency.find_first_not_of("0123456789.") != std::string::npos) return frequency;
+    std::string number = frequency;
+    if (number.find('.') != std::string::npos) number.erase(number.find_last_not_of('0') + 1);
+    if (number.ends_with('.')) number.pop_back();
+    return number + " MHz";
+}
+
+const char* nameOf(Assignment assignment) {
+    switch (assignment) {
+        case Assignment::unknown: return "";
+        case Assignment::allowed: return "assignable";
+        case Assignment::byDefault: return "default";
+        case Assignment::notAllowed: return "not assignable";
+    }
+    return "";
+}
+
+std::string targetsOf(const HPLPlatform& platform) {
+    std::vector<std::string> targets;
+    if (platform.supportsHardware()) targets.emplace_back("hardware");
+    if (platform.supportsSWEmulation()) targets.emplace_back("software emulation");
+    if (platform.supportsHWEmulation()) targets.emplace_back("hardware emulation");
+    return HSTStringUtils::join(targets, ", ");
+}
+
 void showIdentity(Text& text, const HPLPlatform& platform) {
     text.line("VBNV", platform.getVBNV());
     text.line("description", platform.getDescription());
@@ -48,30 +78,55 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     text.line("state", platform.getPlatformState());
     text.line("made by",
               std::string(HSTStringUtils::trim(platform.getGeneratedName() + " " + platform.getGeneratedVersion())));
-    text.line("runs on hardware", yesNo(platform.supportsHardware()));
-    text.line("software emulation", yesNo(platform.supportsSWEmulation()));
-    text.line("hardware emulation", yesNo(platform.supportsHWEmulation()));
+    text.line("targets", targetsOf(platform));
     text.line("board", platform.getBoardPart());
     text.line("hardware database", platform.getHwDbName());
     if (platform.usesPR()) text.line("host", platform.getHostArch() + " by " + platform.getHostInterface());
 }
 
+/// A row for each pblock, a column for each resource.
+void showPBlocks(Text& text, const HPLCore& core) {
+    constexpr std::size_t kMaxColumns = 12;
+    const auto& blocks = core.getReadOnlyPBlockToResourceMap();
+    std::set<std::string> names;
+    for (const auto& [pblock, resources] : blocks)
+        for (const auto& [name, count] : resources) names.insert(name);
+    std::vector<std::string> columns{"pblock", "SLRs"};
+    for (const std::string& name : names)
+        if (columns.size() < kMaxColumns) columns.push_back(">" + name);
+    Rows rows;
+    boost::json::array items;
+    for (const auto& [pblock, resources] : blocks) {
+        const std::set<std::string>* const slrs = core.findSLRNames(pblock);
+        const std::string all = slrs ? HSTStringUtils::join({slrs->begin(), slrs->end()}, " ") : "";
+        std::vector<std::string> row(columns.size());
+        row[0] = pblock;
+        row[1] = HSTStringUtils::utf8Prefix(all, kMaxCell + 1);
+        boost::json::object counts;
+        for (const auto& [name, count] : resources) {
+            counts[name] = count;
+            const auto at = std::find(columns.begin() + 2, columns.end(), ">" + name);
+            if (at != columns.end()) row[static_cast<std::size_t>(at - columns.begin())] = count;
+        }
+        rows.push_back(std::move(row));
+        items.push_back(boost::json::object{{"name", pblock}, {"SLRs", all}, {"resources", std::move(counts)}});
+    }
+    text.rows("free in the core", columns, rows, std::move(items));
+    if (names.size() + 2 > kMaxColumns)
+        text.note("and " + std::to_string(names.size() + 2 - kMaxColumns) + " more resources");
+}
+
 void showDevices(Text& text, const HPLPlatform& platform) {
     for (const HPLDevice* device : all(platform.createDeviceIter())) {
+        text.item("device " + device->getName());
         text.line("device " + device->getName(), device->getPartName());
         if (device->getNumSLRs() > 0) text.line("SLRs", std::to_string(device->getNumSLRs()));
         const HPLCore& core = device->getReadOnlyCore();
         text.line("core", core.getName());
-        text.line("compute units", std::to_string(core.getNumComputeUnits()));
-        Rows rows;
-        for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
-            const std::set<std::string>* const slrs = core.findSLRNames(pblock);
-            const std::string all = slrs ? HSTStringUtils::join({slrs->begin(), slrs->end()}, " ") : "";
-            const std::string names(HSTStringUtils::utf8Prefix(all, kMaxCell + 1));  // repeated in each row
-            for (const auto& [name, count] : resources) rows.push_back({pblock, names, name, count});
-        }
-        text.rows("free in the core", {"pblock", "SLRs", "resource", ">count"}, rows);
+        if (core.getNumComputeUnits() > 0) text.line("compute units", std::to_string(core.getNumComputeUnits()));
+        showPBlocks(text, core);
     }
+    text.item("");
     HSTVector<std::string> types, counts;
     platform.getAllResources(types, counts);
     Rows rows;
@@ -79,39 +134,119 @@ void showDevices(Text& text, const HPLPlatform& platform) {
     text.rows("resources", {"type", ">count"}, rows);
 }
 
-void showMemories(Text& text, const HPLPlatform& platform) {
+void showMemories(Text& text, const Parts& parts) {
     Rows rows;
-    for (const HPLMemory* memory : all(platform.createMemoryIter()))
-        rows.push_back({memory->getName(), memory->getType(), memory->getSize(),
-                        hexadecimal(memory->getLowestAddress()), hexadecimal(memory->getHighestAddress())});
-    text.rows("memories", {"name", "type", ">size", ">from", ">to"}, rows);
-
-    rows.clear();
-    for (const HTEQHardwarePlatform::MemoryBank& bank : platform.getMemoryBanks())
-        rows.push_back({bank.type, std::to_string(bank.number), bank.size, bank.slr});
-    text.rows("memory banks available to a linker", {"type", ">bank", ">size", "SLR"}, rows);
-
-    std::ostringstream warning;
-    platform.issueNormalizeMemoryBanksMessage(warning);
-    if (!warning.str().empty())
-        text.note("warning: " + HSTStringUtils::printable(HSTStringUtils::trim(warning.str())));
+    boost::json::array items;
+    for (const auto& memory : parts.memories) {
+        const bool isKnown = memory.highest > 0;
+        rows.push_back({memory.name, memory.type, memory.size, isKnown ? hexadecimal(memory.lowest) : "",
+                        isKnown ? hexadecimal(memory.highest) : ""});
+        items.push_back(boost::json::object{{"name", memory.name},
+                                            {"type", memory.type},
+                                            {"size", memory.size},
+                                            {"lowestAddress", memory.lowest},
+                                            {"highestAddress", memory.highest}});
+    }
+    text.rows("memories", {"name", "type", ">size", ">from", ">to"}, rows, std::move(items));
 }
 
-void showClocks(Text& text, const HPLPlatform& platform) {
-    const HTEQSystemClock* byDefault = platform.getDefaultClock();
-    Rows rows;
-    for (const HTEQSystemClock* clock : all(platform.createSystemClockIter()))
-        rows.push_back({clock->getName(), std::to_string(clock->getId()), clock->getFrequency(), clock->getStatus(),
-                        clock == byDefault ? "default" : ""});
-    text.rows("clocks", {"name", ">id", ">frequency", "status", ""}, rows);
+/// Consecutive numbers as "0-30".
+std::string rangeOf(unsigned first, unsigned last) {
+    return first == last ? std::to_string(first) : std::to_string(first) + "-" + std::to_string(last);
 }
 
-void showInterfaces(Text& text, const HPLPlatform& platform) {
+/// The assignments of the banks [first, last), as "default 0-30, not assignable 31"; without numbers if they are all
+/// the same.
+std::string assignmentsOf(const HSTVector<BankPart>& banks, std::size_t first, std::size_t last) {
+    std::string text;
+    for (std::size_t at = first; at < last;) {
+        std::size_t end = at + 1;
+        while (end < last && banks[end].assignment == banks[at].assignment) ++end;
+        const std::string name = nameOf(banks[at].assignment);
+        if (!name.empty() && text.size() < kMaxCell)
+            text += (text.empty() ? "" : ", ") + name +
+                    (at == first && end == last ? "" : " " + rangeOf(banks[at].number, banks[end - 1].number));
+        at = end;
+    }
+    return text;
+}
+
+/// A row for each run of banks of the same type, SLR and size.
+void showBanks(Text& text, const HSTVector<BankPart>& banks) {
     Rows rows;
-    for (const HTEQHardwareBusInterface* bus : all(platform.createBusInterfaceIter()))
-        rows.push_back({bus->getName(), bus->getBusTypeRef(), bus->getMode(), bus->getMemPort(), bus->getSPTag(),
-                        std::to_string(bus->getNumAddressSegments())});
-    text.rows("interfaces available to a linker", {"name", "type", "mode", "memory port", "tag", ">segments"}, rows);
+    boost::json::array items;
+    for (std::size_t first = 0; first < banks.size();) {
+        const BankPart& bank = banks[first];
+        std::size_t last = first + 1;
+        const auto continues = [&](const BankPart& other) {
+            return other.type == bank.type && other.slr == bank.slr && other.size == bank.size;
+        };
+        while (last < banks.size() && continues(banks[last])) ++last;
+        rows.push_back({bank.type, rangeOf(bank.number, banks[last - 1].number), bank.slr, bank.size,
+                        assignmentsOf(banks, first, last)});
+        first = last;
+    }
+    for (const BankPart& bank : banks)
+        items.push_back(boost::json::object{{"type", bank.type},
+                                            {"number", bank.number},
+                                            {"size", bank.size},
+                                            {"slr", bank.slr},
+                                            {"interface", bank.interface},
+                                            {"segment", bank.segment},
+                                            {"index", bank.index},
+                                            {"assignment", nameOf(bank.assignment)}});
+    text.rows("memory banks available to a linker", {"type", ">bank", "SLR", ">size", "assignment"}, rows,
+              std::move(items));
+}
+
+void showClocks(Text& text, const Parts& parts) {
+    Rows rows;
+    boost::json::array items;
+    for (const auto& clock : parts.clocks) {
+        rows.push_back({clock.name, clock.id < 0 ? "" : std::to_string(clock.id), megahertz(clock.frequency),
+                        clock.status, clock.isDefault ? "default" : ""});
+        items.push_back(boost::json::object{{"name", clock.name},
+                                            {"originalName", clock.originalName},
+                                            {"id", clock.id},
+                                            {"frequency", clock.frequency},
+                                            {"status", clock.status},
+                                            {"default", clock.isDefault}});
+    }
+    text.rows("clocks", {"name", ">id", ">frequency", "status", ""}, rows, std::move(items));
+}
+
+boost::json::array recordsOf(const HSTVector<requests::SegmentPart>& segments) {
+    boost::json::array items;
+    for (const auto& segment : segments)
+        items.push_back(boost::json::object{{"name", segment.name},
+                                            {"baseName", segment.baseName},
+                                            {"index", segment.index},
+                                            {"tag", segment.tag},
+                                            {"slr", segment.slr},
+                                            {"memoryInstance", segment.memoryInstance},
+                                            {"assignment", nameOf(segment.assignment)}});
+    return items;
+}
+
+void showInterfaces(Text& text, const Parts& parts) {
+    Rows rows;
+    boost::json::array items;
+    for (const auto& bus : parts.interfaces) {
+        rows.push_back({bus.name, bus.type, bus.mode, bus.memoryPort, bus.tag,
+                        bus.segments.empty() ? "" : std::to_string(bus.segments.size())});
+        items.push_back(boost::json::object{{"name", bus.name},
+                                            {"type", bus.type},
+                                            {"mode", bus.mode},
+                                            {"memoryPort", bus.memoryPort},
+                                            {"tag", bus.tag},
+                                            {"slr", bus.slr},
+                                            {"size", bus.size},
+                                            {"clock", bus.clock},
+                                            {"dataWidth", bus.dataWidth},
+                                            {"segments", recordsOf(bus.segments)}});
+    }
+    text.rows("interfaces available to a linker", {"name", "type", "mode", "memory port", "tag", ">segments"}, rows,
+              std::move(items));
 }
 
 void addTilRows(Rows& rows, const HTEQTilPartition& partition, const std::string& indent) {
@@ -141,7 +276,7 @@ std::string sizeOf(const ListedFile& file) {
 
 void showFiles(Text& text, const HPLPlatform& platform) {
     Rows rows;
-    for (const ListedFile& file : teq_platform::requests::listedFiles(platform))
+    for (const ListedFile& file : requests::listedFiles(platform))
         rows.push_back({file.type, sizeOf(file), file.member});
     text.rows("files in the archive", {"type", ">bytes", "member"}, rows);
 }
@@ -151,12 +286,40 @@ void showFiles(Text& text, const HPLPlatform& platform) {
 void showHardware(Text& text, const HTEQHardwarePlatform& hardware, const std::string& what) {
     const auto* platform = dynamic_cast<const HPLPlatform*>(&hardware);
     if (!platform) return;
-    text.heading(what == "hardware" ? "Hardware" : HSTStringUtils::toUpper(what.substr(0, 1)) + what.substr(1));
+    const Parts parts = requests::partsOf(*platform);
+    text.heading(HSTStringUtils::toUpper(what.substr(0, 1)) + what.substr(1), what);
     showIdentity(text, *platform);
     showDevices(text, *platform);
-    showMemories(text, *platform);
-    showClocks(text, *platform);
-    showInterfaces(text, *platform);
+    showMemories(text, parts);
+    showBanks(text, parts.banks);
+    showClocks(text, parts);
+    showInterfaces(text, parts);
     showTilPartitions(text, *platform);
     showFiles(text, *platform);
+    std::ostringstream warning;
+    platform->issueNormalizeMemoryBanksMessage(warning);
+    if (!warning.str().empty()) text.warning(std::string(HSTStringUtils::trim(warning.str())));
+}
+
+std::string summaryOf(const HTEQHardwarePlatform& hardware) {
+    std::string text;
+    const auto add = [&](const std::string& part) {
+        if (!part.empty()) text += ", " + part;
+    };
+    const Parts parts = requests::partsOf(hardware);
+    add(hardware.getPartName());
+    if (const auto* const platform = dynamic_cast<const HPLPlatform*>(&hardware);
+        platform && !parts.memories.empty()) {
+        const std::size_t count = parts.memories.size();
+        const std::string memories = std::to_string(count) + (count == 1 ? " memory" : " memories");
+        try {
+            const unsigned size = platform->getTotalMemSizeInGb();
+            add(size > 0 ? std::to_string(size) + " GB in " + memories : memories);
+        } catch (const std::logic_error&) {  // a size that is not a number
+            add(memories);
+        }
+    }
+    for (const auto& clock : parts.clocks)
+        if (clock.isDefault && !clock.frequency.empty()) add("default clock " + megahertz(clock.frequency));
+    return text;
 }

@@ -10,12 +10,13 @@
 namespace {
 
 void showConfiguration(Text& text, const HTEQSystemConfig& config, bool isDefault) {
+    text.item("configuration " + config.getName());
     text.line("configuration",
               config.getName() + " (" + config.getPrettyName() + ")" + (isDefault ? ", default" : ""));
     HSTVector<std::string> runtimes;
     config.getRuntimesByPrettyName(runtimes);
     text.line("runtimes", HSTStringUtils::join(runtimes, ", "));
-    text.line("QEMU", yesNo(config.isQemuSupported()));
+    if (config.isQemuSupported()) text.line("QEMU", "yes");
     HSTVector<HTEQProcessorGroup*> groups;
     config.getProcessorGroups(groups);
     std::vector<std::vector<std::string>> rows;
@@ -35,7 +36,7 @@ void showConfiguration(Text& text, const HTEQSystemConfig& config, bool isDefaul
 }  // namespace
 
 void showSoftware(Text& text, const HTEQSoftwarePlatform& platform) {
-    text.heading("Software");
+    text.heading("Software", "software");
     HSTVector<HTEQSystemConfig*> configs;
     platform.getSystemConfigs(configs);
     const HTEQSystemConfig* byDefault = platform.getDefaultSystemConfig();

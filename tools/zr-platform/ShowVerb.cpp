@@ -2,6 +2,7 @@
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQPlatformXMLReader.h>
 #include <platform/HTEQReconfigurablePartition.h>
+#include <text/HSTStringUtils.h>
 
 #include "Console.h"
 #include "Load.h"
@@ -16,7 +17,8 @@ using teq_platform::fileKindOf;
 namespace {
 
 void showIdentity(Text& text, const HTEQPlatform& platform) {
-    text.heading("Platform " + (platform.getName().empty() ? platform.getPlatformBaseName() : platform.getName()));
+    text.heading("Platform", "platform");
+    text.line("name", platform.getName());
     text.line("vendor", platform.getVendor());
     text.line("library", platform.getLibrary());
     text.line("version", platform.getVersion());
@@ -50,6 +52,14 @@ void showAll(Text& text, const HTEQPlatform& platform) {
     if (platform.getSoftwarePlatform()) showSoftware(text, *platform.getSoftwarePlatform());
 }
 
+std::string summaryOf(const HTEQPlatform& platform) {
+    const std::string name = platform.getName().empty() ? platform.getPlatformBaseName() : platform.getName();
+    const std::string vendor = platform.getVendor().empty() ? "" : " by " + platform.getVendor();
+    const HTEQHardwarePlatform* const hardware = platform.getHardwarePlatform();
+    if (!hardware) return name + ": software only";
+    return name + ": " + platform.getTypePrettyString() + " platform" + vendor + summaryOf(*hardware);
+}
+
 /// Shows a file that a descriptor names, loaded on its own, or why it cannot be read.
 Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call) {
     if (file.empty()) return Exit::done;
@@ -58,7 +68,7 @@ Exit showPart(Text& text, const std::string& what, const std::string& file, cons
         showAll(text, *part);
         return Exit::done;
     }
-    text.heading(what);
+    text.heading(what, HSTStringUtils::toLower(what));
     text.note("cannot be read: " + failure.diagnostic.report("error"));
     Console::take().report(failure);
     return exitOf(failure);
@@ -91,17 +101,24 @@ int runShow(const Call& call) {
     Text text;
     Failure failure;
     Exit exit = Exit::done;
-    if (const auto platform = tryLoad(file, call, failure))
+    std::string summary;
+    if (const auto platform = tryLoad(file, call, failure)) {
+        summary = summaryOf(*platform);
         showAll(text, *platform);
-    else if (fileKindOf(file) == FileKind::descriptor && failure.kind != FailureKind::noSuchFile &&
-             failure.diagnostic.id != "74-9") {
+    } else if (fileKindOf(file) == FileKind::descriptor && failure.kind != FailureKind::noSuchFile &&
+               failure.diagnostic.id != "74-9") {
         exit = showParts(text, file, call);
         if (exit == Exit::done) {  // the parts load, but not together
             Console::take().report(failure);
             exit = exitOf(failure);
         }
-    } else
-        return Console::take().report(failure), static_cast<int>(exitOf(failure));
-    Console::take().data(text.str());
+    } else {
+        Console::take().report(failure);
+        return static_cast<int>(exitOf(failure));
+    }
+    if (!Records::areAsked(call)) return Console::take().data(text.str(summary)), static_cast<int>(exit);
+    Records records("platform-description");
+    records.add(text.record(summary));
+    records.print(call, {});
     return static_cast<int>(exit);
 }

@@ -10,9 +10,12 @@ int runToXml(const Call& call) {
     if (destination != "-") requests::checkDestination(destination, call.has("force"));
     const std::string file = platformFile(call["FILE"], call);
     const std::string xml = requests::document(*loaded(file, call), file, requests::Form::xml);
-    if (destination == "-")
-        Console::take().data(xml);
-    else
+    if (destination != "-")
         requests::writeFile(destination, xml, call.has("force"));
+    else if (!Records::areAsked(call))
+        Console::take().data(xml);
+    boost::json::object record{{"file", file}, {"destination", destination}};
+    if (destination == "-") record["text"] = xml;
+    Records::printOne(call, "xml-metadata", std::move(record));
     return 0;
 }

@@ -21,16 +21,21 @@ constexpr Option kDryRun = {"dry-run", nullptr, "check everything, and write not
 const std::vector<Verb> kVerbs = {
     {"json",
      {kPlatform},
-     {{"short", nullptr, "print only unique name, file and description"}, kMetadata, kRepo, kNoDefaults},
+     {{"short", nullptr, "print only unique name, file and description"},
+      kMetadata,
+      kRepo,
+      kNoDefaults,
+      {"json", nullptr, "the document is JSON with or without this option"}},
      "Print a platform's JSON document",
      "The output is byte for byte that of the C functions hteq_get_platform_json and hteq_get_short_platform_json.",
      "u77/u77_gen3x16_base_1.zdf --short",
      runJson},
     {"show",
      {kPlatform},
-     {kMetadata, kRepo, kNoDefaults},
+     {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
      "Describe a platform for human readers",
-     "Shows identity and type, device and resources, memories and banks, clocks, interfaces available to a linker, "
+     "Begins with a line that says what it is. Shows identity and type, device and resources, memories and banks, "
+     "clocks, interfaces available to a linker, "
      "tile partitions, processor groups and boot images, and the files in the archive. If a file is missing, shows "
      "what can be read and why the rest cannot.",
      "u77/u77_gen3x16_base_1.zdf",
@@ -92,14 +97,33 @@ const std::vector<Verb> kVerbs = {
      "Prints the directories that are searched, each once and separated by colons, in one line.",
      "--no-defaults --repo u77",
      runRepoPath},
+    {"new",
+     {{"DIR", "the folder to make; its last part is the platform's name", "OUT"}},
+     {{"kind", "card|embedded|software",
+       "a data-centre card (default), a board with its own processor, or a software file alone"},
+      {"force", nullptr, "write into a folder that is not empty, and replace files of the same names"},
+      kJson,
+      kNdjson},
+     "Make a small complete platform to start from",
+     "Writes a descriptor, a software file, the folder of an archive and a README, all commented, and prints their "
+     "names. "
+     "Once the archive is packed as the README says, the platform loads and validates without a warning.",
+     "fresh --kind embedded --force",
+     runNew},
     {"pack",
      {{"DIR", "a folder with the members of a platform", "DIR"},
       {"ARCHIVE", "the .cfa or .lfa file to write", "TARGET"}},
-     {{"force", nullptr, "overwrite ARCHIVE, and pack even if listed files are missing"}},
+     {{"exclude", "GLOB...",
+       "leave out files and folders of this name or path, with *, ? and [...]; may be given several times"},
+      {"force", nullptr, "overwrite ARCHIVE, and pack whatever the folder has or lacks, under any extension"},
+      kJson,
+      kNdjson},
      "Create an archive from a folder",
      "The same folder always gives the same bytes, on every machine. A subfolder whose name ends in .lfa, .cfa, .zip "
-     "or .tilprj becomes an archive member of that name. If the folder lacks a file that the metadata lists, the "
-     "file is reported and nothing is written.",
+     "or .tilprj becomes an archive member of that name. A folder without the metadata that ARCHIVE's "
+     "extension needs, or without a file that the metadata lists, is refused. Files that probably do not belong into "
+     "the archive are reported: hidden ones, backups of editors, and those that the metadata does not list. The file "
+     ".zrignore in the folder has patterns as for --exclude, one on a line.",
      "src/u77.lfa packed.lfa --force",
      runPack},
     {"members",
@@ -116,7 +140,9 @@ const std::vector<Verb> kVerbs = {
       {"DEST", "the file to write, or - for standard output", "OUT"}},
      {{"type", nullptr, "treat MEMBER as a file type, even if a member has that name"},
       {"repair-hpfm", nullptr, "if only some HBM banks of an hpfm are default banks, make all of them default"},
-      kForce},
+      kForce,
+      kJson,
+      kNdjson},
      "Copy one file out of an archive",
      "A member of exactly that name takes precedence over a file that the metadata lists under that type.",
      "u77/hw/u77.lfa HPFM - --repair-hpfm",
@@ -126,13 +152,17 @@ const std::vector<Verb> kVerbs = {
       {"TYPE", "the file's type; the new file replaces any that the metadata lists for this type"},
       {"MEMBER", "the member to add or replace", "MEMBER"},
       {"SOURCE", "the file to copy into the archive", "FILE"}},
-     {{"dry-run", nullptr, "report what would change, and write nothing"},
+     {{"dry-run", nullptr, "print what would change, and write nothing"},
       {"strip-paths", nullptr, "omit the key platformFile, a path on the writer's machine, from the metadata"},
-      {"force", nullptr, "write even if keys of the metadata are lost or changed"}},
+      {"force", nullptr, "write even if keys of the metadata are lost or changed, or another type has MEMBER"},
+      kJson,
+      kNdjson},
      "Put a file into an archive and its metadata",
      "Member, metadata and digest are written in one atomic replacement: whatever happens, the archive is either the "
      "old one or the new one. The library rewrites the metadata and does not keep keys that it does not know: each "
-     "key that would be lost or changed is reported, and nothing is written without --force.",
+     "key that would be lost or changed is reported, and nothing is written without --force. A metadata member, and "
+     "a "
+     "type that is not known, are refused.",
      "u77/hw/u77.lfa PRE_OPT_TCL tcl/pre_opt.tcl u77/u77_gen3x16_base_1.zdf --dry-run --force",
      runSetFile},
     {"emulate",
@@ -165,7 +195,7 @@ const std::vector<Verb> kVerbs = {
      true},
     {"schema",
      {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu, emu-json", "zdf|spfm|hpfm|cfa|emu|emu-json"}},
-     {},
+     {kJson, kNdjson},
      "Print the schema of a format",
      "The schema, a W3C XML Schema or, of emu-json, a JSON Schema, is generated from the readers' own tables. Those "
      "of XML document each element and attribute, so that an editor can complete and check documents. "
@@ -190,8 +220,8 @@ const std::vector<Verb> kVerbs = {
      runValidate,
      true},
     {"explain",
-     {{"NAME", "the name that validate prints in brackets, or a message id such as 74-60", "FINDING"}},
-     {},
+     {{"[NAME]", "the name that validate prints in brackets, or a message id such as 74-60", "FINDING"}},
+     {{"list", nullptr, "list all names"}, kJson, kNdjson},
      "Explain a finding or a message",
      "Prints its meaning, the remedy, and a bad and a good sample. docs/validate.md lists all findings.",
      "missing-attribute",
@@ -199,7 +229,7 @@ const std::vector<Verb> kVerbs = {
     {"to-xml",
      {{"FILE", "a hardware archive (.cfa, .lfa), a descriptor (.zdf) with one, or a platform's name", "PLATFORM"},
       {"[OUT]", "the file to write (default: standard output)", "OUT"}},
-     {kMetadata, kRepo, kNoDefaults, kForce},
+     {kMetadata, kRepo, kNoDefaults, kForce, kJson, kNdjson},
      "Write the hardware metadata in XML",
      "XML is the form of older archives and holds less than the JSON document: no clocks and bus interfaces of the "
      "hpfm, no ids or tile arrays, one host interface, one feature ROM. For a partitioned platform, the default "
@@ -291,7 +321,7 @@ const std::vector<Verb> kVerbs = {
      {{"ACTION", "pack or print", "pack|print"},
       {"FILE", "the list: JSON to pack, or packed", "FILE"},
       {"[OUT]", "the packed list to write", "OUT"}},
-     {kForce},
+     {kForce, {"json", nullptr, "print what was packed as a JSON document; a list is JSON itself"}, kNdjson},
      "Pack or print a list of support exceptions",
      "The policy reads the list in its packed form only. docs/policy.md describes it.",
      "print share/platforms/achromatic",
@@ -372,7 +402,7 @@ constexpr Option kCommon[] = {
     {"verbose", nullptr, "print the library's output and messages"},
     {"quiet", nullptr, "print nothing except the result"},
     {"messages", "text|json",
-     "format of the library's messages: lines, or one JSON object per message, with id and arguments"},
+     "format of standard error: lines, or only JSON objects, with id, severity, file, member, line, column and text"},
 };
 
 }  // namespace

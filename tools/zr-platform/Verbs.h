@@ -60,6 +60,7 @@ std::span<const Option> commonOptions();
 
 int runJson(const Call& call);
 int runShow(const Call& call);
+int runNew(const Call& call);
 int runPack(const Call& call);
 int runMembers(const Call& call);
 int runExtract(const Call& call);

@@ -162,8 +162,9 @@ private:
     ParserHandle parser_{nullptr, XML_ParserFree};
     Scopes scopes_;
     std::vector<Frame> frames_;
-    std::vector<const Attribute*> faulty_;  ///< of the current tag: present, but with an invalid value
-    std::size_t skipping_ = 0;              ///< open elements that are skipped, below the last frame
+    std::vector<const Attribute*> faulty_;     ///< of the current tag: present, but with an invalid value
+    std::vector<const Attribute*> elsewhere_;  ///< of the current tag: in another namespace than the format's
+    std::size_t skipping_ = 0;                 ///< open elements that are skipped, below the last frame
     std::size_t nodes_ = 0;
     bool stopped_ = false;
     std::exception_ptr thrown_;  ///< by a handler; rethrown after the parser, which is C
@@ -308,9 +309,12 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
     if (!ours_(name) || name.local != format_.root) {
         const std::string space =
             *format_.uri ? fmt::format("in the namespace \"{}\"", format_.uri) : "in no namespace";
+        const std::string found = ours_(name)        ? std::string()
+                                  : name.uri.empty() ? std::string(" in no namespace")
+                                                     : fmt::format(" in the namespace \"{}\"", name.uri);
         fail_(fault::kWrongRoot, name.local,
-              fmt::format("the document element is <{}>; expected <{}> {}", HSTStringUtils::excerpt(name.qualified),
-                          format_.root, space));
+              fmt::format("the document element is <{}>{}; expected <{}> {}", HSTStringUtils::excerpt(name.qualified),
+                          found, format_.root, space));
         return false;
     }
     push_(format_.root, *format_.element, record_, scopes);
@@ -408,6 +412,7 @@ void Reader::readAttributes_(const char** attributes) {
     const Frame& frame = frames_.back();
     std::size_t next = 0;
     faulty_.clear();
+    elsewhere_.clear();
     for (; *attributes && !stopped_; attributes += 2) {
         if (Scopes::isDeclaration(attributes[0])) continue;
         Name name;
@@ -419,7 +424,8 @@ void Reader::readAttributes_(const char** attributes) {
     }
     for (const Attribute& row : frame.element->attributes) {
         if (stopped_) return;
-        if (row.required && !row.type->isSet(row.member(frame.record)) && !isFaulty_(row))
+        if (row.required && !row.type->isSet(row.member(frame.record)) && !isFaulty_(row) &&
+            std::ranges::find(elsewhere_, &row) == elsewhere_.end())
             fail_(fault::kMissingAttribute, frame.name,
                   fmt::format("<{}> needs the attribute {}", frame.name, row.name));
     }
@@ -446,18 +452,28 @@ void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_vi
               complaint(row, frame.name, value, wrong));
         return;
     }
-    fail_(fault::kUnknownAttribute, frame.name, unknownAttribute_(frame, name));
+    // Attributes of an element that are all in a wrong namespace are one error.
+    const auto row = std::ranges::find_if(rows, [&](const Attribute& r) { return name.local == r.name; });
+    if (row == rows.end() || elsewhere_.empty())
+        fail_(fault::kUnknownAttribute, frame.name, unknownAttribute_(frame, name));
+    if (row != rows.end()) elsewhere_.push_back(&*row);
 }
 
 std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) const {
     std::vector<std::string> names;
     for (const Attribute& row : frame.element->attributes) {
-        if (name.local == row.name)
-            return *format_.uri ? fmt::format("the attribute {} of <{}> must be in the namespace \"{}\"",
-                                              HSTStringUtils::excerpt(name.qualified), frame.name, format_.uri)
-                                : fmt::format("the attribute {} of <{}> must be in no namespace",
-                                              HSTStringUtils::excerpt(name.qualified), frame.name);
-        names.emplace_back(row.name);
+        if (name.local != row.name) {
+            names.emplace_back(row.name);
+            continue;
+        }
+        const std::string shown = HSTStringUtils::excerpt(name.qualified);
+        if (!*format_.uri)
+            return fmt::format("the attribute {} of <{}> must be in no namespace; write {}", shown, frame.name,
+                               row.name);
+        const std::string_view prefix = scopes_.formatPrefix();
+        const std::string found = name.uri.empty() ? std::string() : fmt::format(", not \"{}\"", name.uri);
+        return fmt::format("the attribute {} of <{}> must be in the namespace \"{}\"{}; write {}:{}", shown,
+                           frame.name, format_.uri, found, prefix.empty() ? format_.prefix : prefix, row.name);
     }
     return fmt::format("<{}> has no attribute {}; it has {}", frame.name, HSTStringUtils::excerpt(name.qualified),
                        names.empty() ? "none" : listed(names));

@@ -12,6 +12,7 @@ namespace {
 constexpr std::string_view kXmlUri = "http://www.w3.org/XML/1998/namespace";
 constexpr std::string_view kSchemaInstanceUri = "http://www.w3.org/2001/XMLSchema-instance";
 constexpr std::string_view kDeclaration = "xmlns";
+constexpr std::size_t kMaxUri = 60;  // characters that are kept
 
 }  // namespace
 
@@ -27,7 +28,8 @@ std::string Scopes::declare(std::string_view attribute, std::string_view uri) {
                         : uri == kSchemaInstanceUri ? Space::schemaInstance
                         : isXml                     ? Space::xml
                                                     : Space::other;
-    bindings_.push_back({std::string(prefix), space});
+    bindings_.push_back(
+        {std::string(prefix), space, space == Space::other ? HSTStringUtils::excerpt(uri, kMaxUri) : std::string()});
     return {};
 }
 
@@ -53,8 +55,17 @@ std::string Scopes::resolve_(std::string_view qualified, bool attribute, Name& n
     }
     const Binding* binding = find_(prefix);
     if (!bare && !binding) return "the prefix of " + HSTStringUtils::excerpt(qualified) + " is not declared";
-    if (binding) name.space = binding->space;
+    if (binding) {
+        name.space = binding->space;
+        name.uri = binding->uri;
+    }
     return {};
+}
+
+std::string_view Scopes::formatPrefix() const {
+    const auto at = std::find_if(bindings_.rbegin(), bindings_.rend(),
+                                 [](const Binding& b) { return b.space == Space::format && !b.prefix.empty(); });
+    return at != bindings_.rend() ? std::string_view(at->prefix) : std::string_view();
 }
 
 const Scopes::Binding* Scopes::find_(std::string_view prefix) const {

@@ -14,6 +14,7 @@ struct Name {
     std::string_view qualified;  ///< as in the document
     std::string_view local;
     Space space = Space::none;
+    std::string_view uri = {};  ///< of a namespace that is not the format's; valid until its declaration is removed
 };
 
 /// The namespace declarations in force. The parser's namespace support is not used: it copies a namespace's URI for
@@ -37,6 +38,9 @@ public:
     /// Removes all declarations after the first `size`.
     void shrink(std::size_t size) { bindings_.resize(size); }
 
+    /// A prefix of the format's namespace; empty if it has none.
+    std::string_view formatPrefix() const;
+
     /// Returns an empty text or what is wrong with the name. An attribute without a prefix is in no namespace.
     std::string resolveElement(std::string_view qualified, Name& name) const;
     std::string resolveAttribute(std::string_view qualified, Name& name) const;
@@ -45,6 +49,7 @@ private:
     struct Binding {
         std::string prefix;
         Space space;
+        std::string uri;  ///< its beginning, for messages
     };
     std::string resolve_(std::string_view qualified, bool attribute, Name& name) const;
     const Binding* find_(std::string_view prefix) const;

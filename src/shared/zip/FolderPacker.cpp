@@ -30,8 +30,17 @@ constexpr int kMaxDepth = 2;
 /// following links: what lies elsewhere does not get in, even if somebody swaps a folder for a link meanwhile.
 class Packer {
 public:
-    Packer(util::Descriptor folder, std::string shown, int depth)
-        : folder_(std::move(folder)), shown_(std::move(shown)), depth_(depth), members_(shown_) {
+    using IsExcluded = std::function<bool(const std::string&)>;
+
+    /// `inside`: the path of a nested archive in the outermost folder, with a final "/".
+    Packer(util::Descriptor folder, std::string shown, int depth, const IsExcluded& isExcluded,
+           std::string inside = "")
+        : folder_(std::move(folder)),
+          shown_(std::move(shown)),
+          depth_(depth),
+          isExcluded_(isExcluded),
+          inside_(std::move(inside)),
+          members_(shown_) {
         if (!folder_.isOpen()) refuse(shown_, std::generic_category().message(errno));
     }
 
@@ -59,7 +68,9 @@ private:
             const util::Descriptor opened = openFolder(inside);
             const std::vector<std::string> names = folderNames(opened.get(), shown_ + "/" + inside);
             if (names.empty() && !inside.empty()) members_.addDirectory(inside);
-            for (const std::string& name : names) add(opened.get(), name, inside + name, folders);
+            for (const std::string& name : names)
+                if (!isExcluded_ || !isExcluded_(inside_ + inside + name))
+                    add(opened.get(), name, inside + name, folders);
         }
     }
 
@@ -96,13 +107,15 @@ private:
         if (depth_ == kMaxDepth) refuse(path, "archives can be nested at most two deep");
         if (!scratch_) scratch_.emplace();
         std::string file = scratch_->path() + "/" + std::to_string(nested_++);
-        Packer(openFolder(member + "/"), path, depth_ + 1).packTo(file);
+        Packer(openFolder(member + "/"), path, depth_ + 1, isExcluded_, inside_ + member + "/").packTo(file);
         return file;
     }
 
     const util::Descriptor folder_;
     const std::string shown_;
     const int depth_;
+    const IsExcluded& isExcluded_;
+    const std::string inside_;
     std::optional<util::ScratchDirectory> scratch_;  ///< of the archives in this one
     int nested_ = 0;
     zip::NewArchive members_;
@@ -121,10 +134,11 @@ bool becomesArchive(std::string_view folder) {
 
 void packFolder(const std::string& folder, const std::string& archive, bool mayReplace,
                 const std::function<void(const std::string&)>& accept,
-                const std::vector<std::pair<std::string, std::string>>& added) {
+                const std::vector<std::pair<std::string, std::string>>& added,
+                const std::function<bool(const std::string&)>& isExcluded) {
     if (!HUTFile::isDir(folder)) throw HEXUserException("'" + folder + "' is not a folder");
     Packer packer(util::Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
-                  withoutEndSeparator(folder), 0);
+                  withoutEndSeparator(folder), 0, isExcluded);
     packer.add(added);
     if (!zip::isStream(archive)) return packer.packTo(archive, mayReplace, accept);
     const util::ScratchDirectory scratch;

@@ -13,10 +13,12 @@
 /// changed meanwhile. The archive appears complete or not at all, and without `mayReplace` replaces nothing; to a
 /// device or a pipe, its bytes are written. `accept`, if any, is called with the path of the finished archive before it takes
 /// its name; it can prevent that by throwing. `added`: further files, which become members without being in the folder,
-/// as pairs of member and path.
+/// as pairs of member and path. `isExcluded`, if any, says which files and folders are left out, by their paths in
+/// `folder`.
 void packFolder(const std::string& folder, const std::string& archive, bool mayReplace = true,
                 const std::function<void(const std::string&)>& accept = {},
-                const std::vector<std::pair<std::string, std::string>>& added = {});
+                const std::vector<std::pair<std::string, std::string>>& added = {},
+                const std::function<bool(const std::string& member)>& isExcluded = {});
 
 /// Whether a folder of this name inside a packed folder becomes an archive.
 bool becomesArchive(std::string_view folder);

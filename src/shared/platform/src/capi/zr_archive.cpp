@@ -16,6 +16,7 @@
 #include "zip/OutputBudget.h"
 
 using namespace capi;
+namespace requests = teq_platform::requests;
 using teq_platform::FailureKind;
 using teq_platform::RequestError;
 
@@ -128,6 +129,22 @@ zr_code zr_archive_extract_all(const zr_archive* archive, const char* folder, st
         zip::OutputBudget budget(archive->budget);
         for (const zip::Member& member : opened.members())
             target.extract(opened, member, (flags & ZR_OVERWRITE) != 0, budget);
+    });
+}
+
+zr_code zr_extract(const char* archive, const char* name, const char* file, std::uint32_t flags,
+                   const zr_options* options, zr_error** error) noexcept {
+    return guarded(error, archive, [&] {
+        checkFlags(flags, ZR_OVERWRITE | ZR_BY_TYPE | ZR_REPAIR_HPFM);
+        const Options taken = readOptions(options);
+        const requests::Scope scope(taken.budget);
+        requests::extract({.archive = needText(archive, "archive"),
+                           .name = needText(name, "name"),
+                           .destination = needText(file, "file"),
+                           .mode = taken.mode,
+                           .isType = (flags & ZR_BY_TYPE) != 0,
+                           .repairHpfm = (flags & ZR_REPAIR_HPFM) != 0,
+                           .mayReplace = (flags & ZR_OVERWRITE) != 0});
     });
 }
 

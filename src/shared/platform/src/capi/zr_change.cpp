@@ -4,6 +4,7 @@
 #include "capi/Guard.h"
 #include "capi/Handles.h"
 #include "capi/Structs.h"
+#include "platform/NewPlatform.h"
 #include "platform/PlatformEmulation.h"
 #include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
@@ -11,6 +12,17 @@
 
 using namespace capi;
 namespace requests = teq_platform::requests;
+
+zr_code zr_new_platform(const char* folder, const char* kind, zr_text** files, zr_error** error) noexcept {
+    if (files) *files = nullptr;
+    return guarded(error, folder, [&] {
+        std::string lines;
+        for (const std::string& file :
+             requests::newPlatform({.folder = needText(folder, "folder"), .kind = kind ? kind : "card"}))
+            lines += file + "\n";
+        if (files) give(files, std::move(lines));
+    });
+}
 
 zr_code zr_pack(const char* folder, const char* archive, std::uint32_t flags, zr_error** error) noexcept {
     return guarded(error, archive, [&] {
@@ -33,9 +45,10 @@ zr_code zr_set_file(const char* archive, const char* type, const char* member, c
                                   .member = needText(member, "member"),
                                   .source = needText(source, "source"),
                                   .mayLose = (flags & ZR_LOSE_KEYS) != 0,
+                                  .mayTake = (flags & ZR_OVERWRITE) != 0,
                                   .stripPaths = (flags & ZR_STRIP_PATHS) != 0,
                                   .dryRun = (flags & ZR_DRY_RUN) != 0};
-        checkFlags(flags, ZR_LOSE_KEYS | ZR_STRIP_PATHS | ZR_DRY_RUN);
+        checkFlags(flags, ZR_OVERWRITE | ZR_LOSE_KEYS | ZR_STRIP_PATHS | ZR_DRY_RUN);
         const Options taken = readOptions(options);
         request.mode = taken.mode;
         const requests::Scope scope(taken.budget);

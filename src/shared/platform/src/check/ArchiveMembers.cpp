@@ -37,7 +37,7 @@ void ArchiveMembers::checkContent_(const std::string& type, const std::string& m
     if (!(isHpfm || isXml || isJson || isExtension) || !archive_.contains(member)) return;
     const std::optional<Source> source = read(member, findings_);
     if (!source) return;
-    if (isHpfm) validHpfm_ |= checkHpfm(*source, findings_);
+    if (isHpfm) validHpfm_ |= checkHpfm(*source, known_, findings_);
     if (isXml) checkSyntax(*source, *records::findFormat("emu"), findings_);
     if (isJson) checkEmulationJson(*source, findings_);
     if (isExtension && !source->text.empty()) checkAnyJson(*source, findings_);

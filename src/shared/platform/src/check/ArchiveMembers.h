@@ -23,6 +23,8 @@ public:
     /// is checked too, once. `directory`: the folder of the metadata's files, "hw_emu" for an emulation child.
     std::optional<Fault> checkListed(const std::string& type, const std::string& name, const std::string& directory);
 
+    void setKnown(KnownNames known) { known_ = std::move(known); }
+
     /// Whether a listed hpfm replaces the interfaces in the JSON metadata.
     bool hasValidHpfm() const { return validHpfm_; }
 
@@ -37,6 +39,7 @@ private:
 
     const archive::PlatformArchive& archive_;
     std::set<std::string> checked_;
+    KnownNames known_;
     bool validHpfm_ = false;
     Findings findings_;
 };

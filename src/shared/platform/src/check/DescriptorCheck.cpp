@@ -15,16 +15,18 @@ using TEQPlatform::AnonHardwarePlatform;
 using TEQPlatform::HwEmuOnly;
 using TEQPlatform::Partitioned;
 
+/// Of a document that is not valid, only the files are checked that it names completely.
 class DescriptorCheck {
 public:
     DescriptorCheck(const Source& source, const ReadXml& document)
-        : source_(source), document_(TEQPlatform::kDocument, source, document) {}
+        : source_(source), document_(TEQPlatform::kDocument, source, document), isValid_(document.isValid()) {}
 
-    std::vector<NamedFile> run(Findings& findings) {
-        checkHardware_(document_.record.hardwarePlatforms);
-        name_("softwarePlatform", document_.record.softwarePlatforms.softwarePlatform, NamedFile::Kind::software);
-        document_.report(findings);
-        return std::move(files_);
+    Named run(Findings& findings) {
+        const TEQPlatform::Platform& platform = document_.record;
+        checkHardware_(platform.hardwarePlatforms);
+        name_("softwarePlatform", platform.softwarePlatforms.softwarePlatform, NamedFile::Kind::software);
+        if (isValid_) document_.report(findings);
+        return {{platform.vendor.get(), platform.version.get().text}, std::move(files_)};
     }
 
 private:
@@ -83,6 +85,7 @@ private:
 
     template <class Element>
     void name_(const char* element, const Element& record, NamedFile::Kind kind) {
+        if (!record.path.isSet() || !record.name.isSet()) return;
         const bool isArchive = kind != NamedFile::Kind::software;
         std::string path =
             isArchive ? readers::archiveOf(record, source_.file) : readers::pathOf(record, source_.file);
@@ -101,13 +104,14 @@ private:
     const Source& source_;
     ValidXml<TEQPlatform::Platform> document_;
     std::vector<NamedFile> files_;
+    const bool isValid_;
     bool inPartition_ = false;
 };
 
 }  // namespace
 
-std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings) {
-    if (!reportSyntax(source, document, findings)) return {};
+Named checkDescriptor(const Source& source, const ReadXml& document, Findings& findings) {
+    reportSyntax(source, document, findings);
     return DescriptorCheck(source, document).run(findings);
 }
 

@@ -14,7 +14,14 @@ struct NamedFile {
     bool isOfPartition = false;  ///< whose archives must have JSON metadata
 };
 
-/// Checks a descriptor. Returns the existing files that it names, each once; missing ones are findings.
-std::vector<NamedFile> checkDescriptor(const Source& source, const ReadXml& document, Findings& findings);
+/// What a descriptor says.
+struct Named {
+    Identity identity;
+    std::vector<NamedFile> files;
+};
+
+/// Checks a descriptor. Returns the existing files that it names, each once, also if it is not valid; missing files of a
+/// valid one are findings.
+Named checkDescriptor(const Source& source, const ReadXml& document, Findings& findings);
 
 }  // namespace check

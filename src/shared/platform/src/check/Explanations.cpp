@@ -27,7 +27,7 @@ constexpr CheckExplanation kExplanations[] = {
      "members differ.",
      "sample.lfa", R"(not an archive)",
      R"(== sample.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {xml::fault::kNotWellFormed, error,
      "The text is not well-formed XML: a tag is not closed, an attribute is repeated, & or < is not escaped, or the "
@@ -316,10 +316,11 @@ constexpr CheckExplanation kExplanations[] = {
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {kWrongExtension, error,
-     "A descriptor names a hardware file without the extension of an archive, by which its metadata is found.",
+     "A hardware archive does not have the extension of one, by which it is recognised and its metadata is found. "
+     "Extensions are case-sensitive.",
      "Rename the file to .cfa or .lfa.", "sample.zdf",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -335,7 +336,7 @@ constexpr CheckExplanation kExplanations[] = {
   </teq:systemConfigurations>
 </teq:platform>
 == hw.zip!lfa.json
-{}
+{"name": "n"}
 )",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -351,7 +352,7 @@ constexpr CheckExplanation kExplanations[] = {
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {kNewerSchema, error,
      "The XML metadata has a newer schema version than this library supports. Platforms in the state pre_synth are "
@@ -380,19 +381,30 @@ constexpr CheckExplanation kExplanations[] = {
      "after the archive's extension.",
      "Add lfa.json to an .lfa file, or cfa.json to a .cfa file.", "sample.lfa",
      R"(== sample.lfa!cfa.json
-{}
+{"name": "n"}
 )",
      R"(== sample.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {kDamagedMember, error,
      "A member's bytes are not those that were packed, or the member is larger than the limit.",
      "Pack the archive again; \"zr-platform verify\" checks all members.", "sample.lfa",
      R"(== sample.lfa!lfa.json (changed after packing)
-{}
+{"name": "n"}
 )",
      R"(== sample.lfa!lfa.json
-{}
+{"name": "n"}
+)"},
+    {kUnsafeMember, error,
+     "A member has a name that leads out of the folder it is extracted to, or that no file can have: it is "
+     "absolute, has \"..\", a back slash or a control character. It is never extracted.",
+     "Pack the archive again with another name for the member.", "sample.lfa", R"(== sample.lfa!lfa.json
+{"name": "n"}
+== sample.lfa!up/evil (as ../evil)
+x
+)",
+     R"(== sample.lfa!lfa.json
+{"name": "n"}
 )"},
     {kMissingEmulationMember, error,
      "The metadata lists emulation targets (EMU_XML, EMU_JSON) that are missing from the archive. Readers open them, "
@@ -448,7 +460,7 @@ checkpoint
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -464,7 +476,7 @@ checkpoint
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {kIdOutOfRange, warning,
      "The id of a partition, or of the default partition, is not between 0 and 4294967295. It is read as the nearer "
@@ -484,7 +496,7 @@ checkpoint
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )",
      R"(== sample.zdf
 <teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
@@ -500,7 +512,7 @@ checkpoint
   </teq:systemConfigurations>
 </teq:platform>
 == hw.lfa!lfa.json
-{}
+{"name": "n"}
 )"},
     {kUncountedMemory, warning,
      "The size of a memory is not counted in the platform's total, because it is not a number followed by GB.",
@@ -540,6 +552,128 @@ checkpoint
     </kp:busInterface>
   </kp:component>
 </kp:repository>
+)"},
+    {kEmptyDocument, warning, "The metadata has no keys, so that the platform has no name, no device and no files.",
+     "Write at least the name; docs/making-platforms.md has a minimal document.", "lfa.json", R"({}
+)",
+     R"({"name": "n"}
+)"},
+    {kUnknownMemoryType, warning, "The type of a memory is not one of the known types. Letter case does not matter.",
+     "Write the memory's type, for example ddr4. It decides which parameters of the memory are kept.", "lfa.json",
+     R"({"memories": [{"name": "bank0", "type": "ddr44", "size": "16GB"}]}
+)",
+     R"({"memories": [{"name": "bank0", "type": "ddr4", "size": "16GB"}]}
+)"},
+    {kReversedRange, warning, "The lowest address of a memory is above its highest one.",
+     "Exchange the two, or correct one of them. The highest address is that of the last byte.", "lfa.json",
+     R"({"memories": [{"name": "bank0", "size": "1GB", "lowAddress": 1073741824, "highAddress": 0}]}
+)",
+     R"({"memories": [{"name": "bank0", "size": "1GB", "lowAddress": 0, "highAddress": 1073741823}]}
+)"},
+    {kOverlappingMemory, warning, "The address ranges of two memories overlap. A range includes its highest address.",
+     "Correct the addresses.", "lfa.json",
+     R"({"memories": [{"name": "a", "size": "1GB", "lowAddress": 0, "highAddress": 1073741824},
+              {"name": "b", "size": "1GB", "lowAddress": 1073741824, "highAddress": 2147483647}]}
+)",
+     R"({"memories": [{"name": "a", "size": "1GB", "lowAddress": 0, "highAddress": 1073741823},
+              {"name": "b", "size": "1GB", "lowAddress": 1073741824, "highAddress": 2147483647}]}
+)"},
+    {kRepeatedName, warning,
+     "Two memories, devices, configurations or processor groups have the same name, so that a query by name "
+     "finds only one of them.",
+     "Give each its own name.", "lfa.json",
+     R"({"memories": [{"name": "bank0", "size": "1GB"}, {"name": "bank0", "size": "1GB"}]}
+)",
+     R"({"memories": [{"name": "bank0", "size": "1GB"}, {"name": "bank1", "size": "1GB"}]}
+)"},
+    {kBadFrequency, warning,
+     "The frequency of a clock is not a decimal number. It is kept as it stands, and programs that expect MHz "
+     "fail to read it.",
+     "Write the frequency in MHz, without a unit and without an exponent.", "lfa.json",
+     R"({"systemClocks": [{"name": "a", "frequency": "300 MHz"}]}
+)",
+     R"({"systemClocks": [{"name": "a", "frequency": "300"}]}
+)"},
+    {kUnknownClockStatus, warning,
+     "The status of a clock is not one of scalable, changeable, fixed and reserved: the clock counts as none "
+     "of them.",
+     "Write one of these; letter case does not matter.", "lfa.json",
+     R"({"systemClocks": [{"name": "a", "status": "scaleable"}]}
+)",
+     R"({"systemClocks": [{"name": "a", "status": "scalable"}]}
+)"},
+    {kNoDefaultClock, warning,
+     "The platform has clocks, but none has the id of the default clock, which is 0 unless a clock is marked "
+     "as default: queries for the default clock find nothing.",
+     "Mark a clock as default, or give one the id 0; in an hpfm, set defaultClock to the id of a clock.", "lfa.json",
+     R"({"systemClocks": [{"name": "a", "id": 1}]}
+)",
+     R"({"systemClocks": [{"name": "a", "id": 1, "default": true}]}
+)"},
+    {kRepeatedDefaultClock, warning, "Two clocks are marked as the default clock: the last one is used.",
+     "Mark one clock.", "lfa.json",
+     R"({"systemClocks": [{"name": "a", "id": 0, "default": true}, {"name": "b", "id": 1, "default": true}]}
+)",
+     R"({"systemClocks": [{"name": "a", "id": 0, "default": true}, {"name": "b", "id": 1}]}
+)"},
+    {kUnknownHost, warning,
+     "The host architecture is not one of x86_64, armv7l, ppc64le and aarch64: it is read as unknown.",
+     "Write one of these; letter case does not matter.", "lfa.json", R"({"usesPR": true, "hostArchitecture": "amd64"}
+)",
+     R"({"usesPR": true, "hostArchitecture": "x86_64"}
+)"},
+    {kUnknownReference, warning,
+     "A name refers to something that the platform does not have: a clock, an SLR, a configuration, a "
+     "processor group or a boot image.",
+     "Correct the name; the finding names the nearest ones.", "sample.spfm",
+     R"(<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations teq:defaultConfiguration="linux">
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+)",
+     R"(<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations teq:defaultConfiguration="c">
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+)"},
+    {kDifferentIdentity, warning,
+     "Vendor or version of an archive or a software file differ from the descriptor that names it. The file "
+     "may belong to another platform. A version of 2000 or later is a release of a tool, and is not compared.",
+     "Name the right file, or make the values the same.", "sample.zdf", R"(== sample.zdf
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:hardwarePlatforms><teq:hardwarePlatform teq:path="." teq:name="hw.lfa"/></teq:hardwarePlatforms>
+  <teq:softwarePlatforms><teq:softwarePlatform teq:path="." teq:name="sample.spfm"/></teq:softwarePlatforms>
+</teq:platform>
+== sample.spfm
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations>
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+== hw.lfa!lfa.json
+{"name": "n", "vendor": "w", "versionMajor": 1}
+)",
+     R"(== sample.zdf
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:hardwarePlatforms><teq:hardwarePlatform teq:path="." teq:name="hw.lfa"/></teq:hardwarePlatforms>
+  <teq:softwarePlatforms><teq:softwarePlatform teq:path="." teq:name="sample.spfm"/></teq:softwarePlatforms>
+</teq:platform>
+== sample.spfm
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="v" teq:library="l" teq:name="n" teq:version="1.0">
+  <teq:description>d</teq:description>
+  <teq:systemConfigurations>
+    <teq:configuration teq:name="c" teq:displayName="C"><teq:description/></teq:configuration>
+  </teq:systemConfigurations>
+</teq:platform>
+== hw.lfa!lfa.json
+{"name": "n", "vendor": "v", "versionMajor": 1}
 )"},
     {kNotANumber, warning,
      "A text is used where a number is expected: only its leading digits are read; without digits it is 0.",

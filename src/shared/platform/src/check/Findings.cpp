@@ -36,6 +36,13 @@ void Findings::append(Findings&& others) {
     more_ += others.more_ - 1;
 }
 
+void Findings::addMore(std::size_t count, CheckFinding first) {
+    if (count == 0) return;
+    first.severity = teq_platform::PlatformCheck::explain(first.name)->severity;
+    if (more_ == 0 || first.severity > first_.severity) first_ = std::move(first);
+    more_ += count;
+}
+
 std::vector<CheckFinding> Findings::take() {
     if (more_ > 0) {
         first_.line = first_.column = 0;

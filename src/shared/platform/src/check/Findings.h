@@ -1,4 +1,5 @@
 #pragma once
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -28,6 +29,19 @@ inline constexpr char kNotAFlag[] = "not-a-flag";
 inline constexpr char kNumberOutOfRange[] = "number-out-of-range";
 inline constexpr char kUnknownKey[] = "unknown-key";
 inline constexpr char kDuplicateKey[] = "duplicate-key";
+inline constexpr char kEmptyDocument[] = "empty-document";
+inline constexpr char kUnknownMemoryType[] = "unknown-memory-type";
+inline constexpr char kReversedRange[] = "reversed-range";
+inline constexpr char kOverlappingMemory[] = "overlapping-memory";
+inline constexpr char kRepeatedName[] = "repeated-name";
+inline constexpr char kBadFrequency[] = "bad-frequency";
+inline constexpr char kUnknownClockStatus[] = "unknown-clock-status";
+inline constexpr char kNoDefaultClock[] = "no-default-clock";
+inline constexpr char kRepeatedDefaultClock[] = "repeated-default-clock";
+inline constexpr char kUnknownHost[] = "unknown-host";
+inline constexpr char kUnknownReference[] = "unknown-reference";
+inline constexpr char kDifferentIdentity[] = "different-identity";
+inline constexpr char kUnsafeMember[] = "unsafe-member";
 inline constexpr char kMissingFile[] = "missing-file";
 inline constexpr char kWrongExtension[] = "wrong-extension";
 inline constexpr char kNewerSchema[] = "newer-schema";
@@ -48,6 +62,16 @@ struct Source {
     std::string text;
 };
 
+/// The names in the metadata of an archive to which its hpfm may refer. Without any of a kind, these are unknown.
+struct KnownNames {
+    std::set<std::string> slrs, clocks;
+};
+
+/// What a descriptor says of its platform, for comparison with the files that it names.
+struct Identity {
+    std::string vendor, version;
+};
+
 /// The findings of a check so far. The name of a finding determines its severity. Of more than `kMaxFindings`, the last
 /// one says how many there are; it has the name of the worst of these.
 class Findings {
@@ -57,6 +81,8 @@ public:
     /// Adds a finding; sets its severity.
     void add(CheckFinding finding);
     void append(Findings&& others);
+    /// Counts findings of a document that has more than `kMaxFindingsPerDocument`; `first` is the first of them.
+    void addMore(std::size_t count, CheckFinding first);
 
     std::vector<CheckFinding> take();
 

@@ -3,10 +3,10 @@
 
 namespace check {
 
-/// Checks an hpfm; true if a reader accepts it.
-bool checkHpfm(const Source& source, const ReadXml& document, Findings& findings);
-inline bool checkHpfm(const Source& source, Findings& findings) {
-    return checkHpfm(source, readXml(source, "hpfm"), findings);
+/// Checks an hpfm; true if a reader accepts it. `known`: of the archive.
+bool checkHpfm(const Source& source, const ReadXml& document, const KnownNames& known, Findings& findings);
+inline bool checkHpfm(const Source& source, const KnownNames& known, Findings& findings) {
+    return checkHpfm(source, readXml(source, "hpfm"), known, findings);
 }
 
 }  // namespace check

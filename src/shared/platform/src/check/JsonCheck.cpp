@@ -49,8 +49,16 @@ bool hasNamelessChild(const ptree& value) {
 
 /// A missing key is read as an empty text.
 bool isRefusedWhenMissing(const json::Shape& shape) {
-    static const ptree nothing;
     return shape.refusal && !shape.isOptional && !shape.refusal(json::Node()).empty();
+}
+
+/// The form of a value that is refused otherwise.
+std::string expectedOf(const json::Shape& shape) {
+    constexpr std::pair<std::string_view, const char*> kForms[] = {
+        {"fpgaPart",
+         "; expected 4 to 7 fields separated by colons: architecture, device, package, speed grade, ..."}};
+    const auto* const form = std::ranges::find(kForms, shape.name, &std::pair<std::string_view, const char*>::first);
+    return form != std::end(kForms) ? form->second : "";
 }
 
 /// Numbers the wanted values in document order. The parser's limit bounds the recursion.
@@ -106,6 +114,8 @@ void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::strin
 void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {
     if (found_.size() < kMaxFindingsPerDocument)
         found_.push_back({name, &value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
+    else if (more_++ == 0)
+        firstMore_ = name;
 }
 
 void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
@@ -122,9 +132,12 @@ void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path&
 
 void JsonCheck::checkKnown_(const ptree& object, json::Shapes shapes, const Path& path) {
     for (const auto& [key, value] : object) {
-        if (found_.size() == kMaxFindingsPerDocument) return;
         if (std::ranges::any_of(shapes, [&key](const json::Shape& shape) { return key == shape.name; })) continue;
         std::vector<std::string> known;
+        if (found_.size() == kMaxFindingsPerDocument) {
+            add(kUnknownKey, value, path, {});  // which is only counted
+            continue;
+        }
         for (const json::Shape& shape : shapes) known.emplace_back(shape.name);
         add(kUnknownKey, value, {&path, key.c_str()},
             "the key is not read" + text::nearest(std::string(HSTStringUtils::utf8Prefix(key, 64)), known));
@@ -132,6 +145,7 @@ void JsonCheck::checkKnown_(const ptree& object, json::Shapes shapes, const Path
 }
 
 void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const Path& path) {
+    const std::size_t before = found_.size() + more_;
     switch (shape.form) {
         case Form::unknown: break;
         case Form::text:
@@ -145,9 +159,11 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
             if (isList_(value, path)) checkItems_(value, shape, path);
             break;
     }
-    if (!shape.refusal) return;
-    if (const std::string refusal = shape.refusal(json::Document(value).root()); !refusal.empty())
-        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText));
+    if (!shape.refusal || found_.size() + more_ != before) return;  // one finding for a value
+    if (const std::string refusal = shape.refusal(json::Document(value).root()); !refusal.empty()) {
+        refused_.insert(&value);
+        add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText) + expectedOf(shape));
+    }
 }
 
 /// The parser's limit bounds the recursion.
@@ -155,7 +171,7 @@ void JsonCheck::checkDuplicates_(const ptree& value, const Path& path) {
     std::size_t index = 0;
     for (const auto& [key, child] : value) {
         const Path at{&path, key.empty() ? nullptr : key.c_str(), index++};
-        if (!key.empty() && &value.find(key)->second != &child)
+        if (!key.empty() && &value.find(key)->second != &child && !refused_.contains(&value))
             add(kDuplicateKey, child, at, "the key stands twice; only the first value is read");
         if (!child.empty()) checkDuplicates_(child, at);
     }
@@ -201,6 +217,8 @@ bool JsonCheck::isObject_(const ptree& value, const Path& path) {
     return !wrong;
 }
 
+bool JsonCheck::isList(const ptree& value) { return value.empty() ? isNothing(value) : !hasNamedChild(value); }
+
 bool JsonCheck::isList_(const ptree& value, const Path& path) {
     const char* const wrong = !value.empty()     ? hasNamedChild(value) ? "an object" : nullptr
                               : isNothing(value) ? nullptr
@@ -235,6 +253,11 @@ void JsonCheck::report(Findings& findings) {
         findings.add(std::move(finding));
     }
     found_.clear();
+    CheckFinding more;
+    more.file = source_.file;
+    more.member = source_.member;
+    if (more_ > 0) more.name = firstMore_;
+    findings.addMore(std::exchange(more_, 0), std::move(more));
 }
 
 }  // namespace check

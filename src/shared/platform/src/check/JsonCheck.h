@@ -1,4 +1,6 @@
 #pragma once
+#include <set>
+
 #include "check/Findings.h"
 #include "json/JsonShape.h"
 #include "json/JsonText.h"
@@ -30,6 +32,8 @@ public:
     void checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view key, const json::ptree& object));
     /// Adds a finding. `value` is in the document, at `path`.
     void add(const char* name, const json::ptree& value, const Path& path, std::string text);
+    /// Whether `value` is a list, or nothing.
+    static bool isList(const json::ptree& value);
 
     /// Adds the findings to `findings`, in document order.
     void report(Findings& findings);
@@ -54,6 +58,9 @@ private:
     json::ptree tree_;
     bool parsed_ = false;
     std::vector<Found> found_;
+    std::size_t more_ = 0;             ///< than `found_` has
+    const char* firstMore_ = nullptr;  ///< the name of the first of these
+    std::set<const json::ptree*> refused_;
     Findings own_;
 };
 

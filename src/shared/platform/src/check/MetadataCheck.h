@@ -7,15 +7,23 @@ namespace check {
 
 class ArchiveMembers;
 
-/// The JSON metadata of a hardware archive. `members`: of the archive that contains it, null for a stand-alone file.
-/// `directory`: the folder of its files in the archive.
-void checkJsonMetadata(const Source& source, ArchiveMembers* members, const std::string& directory,
-                       Findings& findings);
+/// What metadata belongs to.
+struct MetadataContext {
+    ArchiveMembers* members = nullptr;     ///< of the archive that contains it; null for a stand-alone file
+    std::string directory = {};            ///< the folder of its files in the archive
+    const Identity* descriptor = nullptr;  ///< of the descriptor that names the archive; null without one
+};
+
+/// The JSON metadata of a hardware archive.
+void checkJsonMetadata(const Source& source, const MetadataContext& context, Findings& findings);
 /// The XML metadata of an older hardware archive.
-void checkXmlMetadata(const Source& source, const ReadXml& document, ArchiveMembers* members, Findings& findings);
-inline void checkXmlMetadata(const Source& source, ArchiveMembers* members, Findings& findings) {
-    checkXmlMetadata(source, readXml(source, "cfa"), members, findings);
+void checkXmlMetadata(const Source& source, const ReadXml& document, const MetadataContext& context,
+                      Findings& findings);
+inline void checkXmlMetadata(const Source& source, const MetadataContext& context, Findings& findings) {
+    checkXmlMetadata(source, readXml(source, "cfa"), context, findings);
 }
+/// A software file.
+void checkSoftware(const Source& source, const ReadXml& document, const Identity* descriptor, Findings& findings);
 /// A list of emulation targets in JSON.
 void checkEmulationJson(const Source& source, Findings& findings);
 /// Any JSON document.

@@ -1,12 +1,27 @@
 #include "check/MetadataRules.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "hardware/MemorySize.h"
+#include "platform/HPLPlatform.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
 
 namespace check {
 
+namespace {
+
+/// Types of memory in use. The library keeps any text: another one is a warning.
+const std::vector<std::string> kMemoryTypes{"ddr",    "ddr2",   "ddr3",    "ddr3l",  "ddr4",    "ddr5",    "lpddr2",
+                                            "lpddr3", "lpddr4", "lpddr4x", "lpddr5", "lpddr5x", "gddr5",   "gddr6",
+                                            "hbm",    "hbm2",   "hbm2e",   "hbm3",   "rldram2", "rldram3", "qdr2",
+                                            "qdr4",   "sram",   "ocm",     "psram",  "bram",    "uram",    "plram"};
+const std::vector<std::string> kStatuses{"scalable", "changeable", "fixed", "reserved"};
+
+std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::excerpt(text) + "\""; }
+
+/// Why a memory of this size is not counted in the platform's total; empty if it is.
 std::string sizeFault(const std::string& size) {
     if (size.empty()) return "the memory has no size";
     try {
@@ -14,8 +29,105 @@ std::string sizeFault(const std::string& size) {
     } catch (const std::logic_error&) {
         // Text before the number, or a number that is too large.
     }
-    return "the size \"" + HSTStringUtils::excerpt(size) +
-           "\" is read as 0: expected a number followed by GB, for example 16GB";
+    return "the size " + quoted(size) + " is read as 0: expected a number followed by GB, for example 16GB";
+}
+
+/// Reports a value that is not one of `known`, ignoring case.
+std::string unknownFault(const std::string& value, const std::vector<std::string>& known) {
+    if (value.empty() || std::ranges::any_of(known, [&](const auto& k) { return HSTStringUtils::iequals(k, value); }))
+        return {};
+    return quoted(value) + " is unknown; expected one of " + HSTStringUtils::join(known, ", ");
+}
+
+/// Each memory that begins before the end of an earlier one, in the order of their addresses.
+void checkOverlaps(const std::vector<Memory>& memories, const ReportAt& report) {
+    std::vector<std::size_t> order;
+    for (std::size_t i = 0; i < memories.size(); ++i)
+        if (memories[i].highest > 0 && memories[i].lowest <= memories[i].highest) order.push_back(i);
+    std::ranges::stable_sort(order, {}, [&](std::size_t i) { return memories[i].lowest; });
+    for (std::size_t i = 1, last = 0; i < order.size(); ++i) {
+        const Memory &before = memories[order[last]], &memory = memories[order[i]];
+        if (memory.lowest <= before.highest)
+            report(order[i], kOverlappingMemory,
+                   "the address range begins within that of the memory " + quoted(before.name));
+        if (memory.highest > before.highest) last = i;
+    }
+}
+
+}  // namespace
+
+void checkMemories(const std::vector<Memory>& memories, const ReportAt& report) {
+    std::vector<std::string> names;
+    names.reserve(memories.size());
+    for (std::size_t i = 0; i < memories.size(); ++i) {
+        const Memory& memory = memories[i];
+        names.push_back(memory.name);
+        if (std::string fault = sizeFault(memory.size); !fault.empty()) report(i, kUncountedMemory, std::move(fault));
+        if (const std::string fault = unknownFault(memory.type, kMemoryTypes); !fault.empty())
+            report(i, kUnknownMemoryType, "the type " + fault);
+        if (memory.lowest > memory.highest)
+            report(i, kReversedRange,
+                   "the lowest address, " + std::to_string(memory.lowest) + ", is above the highest, " +
+                       std::to_string(memory.highest));
+    }
+    checkNames(names, "memory", report);
+    checkOverlaps(memories, report);
+}
+
+void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const ReportAt& report,
+                 const Report& reportList) {
+    std::set<long long> ids;
+    bool hasDefault = clocks.empty(), isChosen = false;
+    for (std::size_t i = 0; i < clocks.size(); ++i) {
+        const Clock& clock = clocks[i];
+        hasDefault |= clock.id == defaultId;
+        if (clock.isDefault && std::exchange(isChosen, true))
+            report(i, kRepeatedDefaultClock, "an earlier clock is the default clock too; the last one is used");
+        if (clock.id >= 0 && !ids.insert(clock.id).second)
+            report(
+                i, kRepeatedClockId,
+                "an earlier clock also has the id " + std::to_string(clock.id) + "; queries by id give the last one");
+        if (std::string fault = frequencyFault(clock.frequency); !fault.empty())
+            report(i, kBadFrequency, std::move(fault));
+        if (const std::string fault = unknownFault(clock.status, kStatuses); !fault.empty())
+            report(i, kUnknownClockStatus, "the status " + fault);
+    }
+    if (!hasDefault)
+        reportList(kNoDefaultClock, "no clock has the id of the default clock, " + std::to_string(defaultId));
+}
+
+void checkNames(const std::vector<std::string>& names, const char* what, const ReportAt& report) {
+    std::set<std::string_view> seen;
+    for (std::size_t i = 0; i < names.size(); ++i)
+        if (!names[i].empty() && !seen.insert(names[i]).second)
+            report(i, kRepeatedName, std::string("an earlier ") + what + " also has the name " + quoted(names[i]));
+}
+
+std::string frequencyFault(const std::string& frequency) {
+    const auto digits = [](std::string_view text) {
+        return text.find_first_not_of("0123456789") == std::string_view::npos;
+    };
+    const std::string_view text = HSTStringUtils::trim(frequency);
+    const auto point = std::min(text.find('.'), text.size());
+    const std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+    if (text.empty() || (text != "." && digits(text.substr(0, point)) && digits(fraction))) return {};
+    return "the frequency " + quoted(frequency) + " is not a number; expected MHz without a unit, for example 300";
+}
+
+std::string hostFault(const std::string& architecture) {
+    if (HSTStringUtils::iequals(architecture, HPLPlatform::getHostArchAsStr(HostArchType::unknown))) return {};
+    const std::string fault = unknownFault(architecture, HPLPlatform::getHostArchTypesAsStr());
+    return fault.empty() ? fault : "the host architecture " + fault;
+}
+
+std::string referenceFault(const char* what, const std::string& name, const std::set<std::string>& known) {
+    if (name.empty() || known.empty() || known.contains(name)) return {};
+    constexpr std::size_t kMaxSuggestions = 100;  // of which the nearest are named
+    std::vector<std::string> some;
+    for (auto at = known.begin(); at != known.end() && some.size() < kMaxSuggestions; ++at) some.push_back(*at);
+    return std::string("there is no ") + what + " " + quoted(name) +
+           HSTStringUtils::excerpt(text::nearest(std::string(HSTStringUtils::utf8Prefix(name, 64)), some),
+                                   kMaxReasonText);
 }
 
 std::string pathFault(const std::string& name, const std::map<std::string, std::string>& parameters) {
@@ -26,6 +138,32 @@ std::string pathFault(const std::string& name, const std::map<std::string, std::
                HSTStringUtils::excerpt(above->first) + "\", which has a value; no document can hold both";
     }
     return {};
+}
+
+void checkIdentity(const Identity* descriptor, const std::string& vendor, const std::string& version,
+                   const std::function<void(bool isVendor, std::string text)>& report) {
+    if (!descriptor) return;
+    constexpr long long kFirstRelease = 2000;  // versions of tools are years
+    const auto numbersOf = [](const std::string& text) {
+        const auto point = std::min(text.find('.'), text.size());
+        return std::pair(HSTStringUtils::toNumber(text),
+                         HSTStringUtils::toNumber(text.substr(std::min(point + 1, text.size()))));
+    };
+    const auto differ = [&](bool isVendor, const std::string& one, const std::string& other) {
+        report(isVendor, std::string("the ") + (isVendor ? "vendor" : "version") + " is " + quoted(one) +
+                             ", in the descriptor " + quoted(other));
+    };
+    if (!vendor.empty() && !descriptor->vendor.empty() && vendor != descriptor->vendor)
+        differ(true, vendor, descriptor->vendor);
+    const auto ours = numbersOf(version);
+    if (!descriptor->version.empty() && ours != std::pair(0LL, 0LL) && ours.first < kFirstRelease &&
+        ours != numbersOf(descriptor->version))
+        differ(false, version, descriptor->version);
+}
+
+void addSlrs(long long count, std::set<std::string>& names) {
+    constexpr long long kMost = 256;
+    for (long long i = 0; i < std::min(count, kMost); ++i) names.insert("SLR" + std::to_string(i));
 }
 
 }  // namespace check

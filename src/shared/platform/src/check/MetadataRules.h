@@ -1,31 +1,63 @@
 #pragma once
+#include <functional>
 #include <map>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "check/ArchiveMembers.h"
 #include "check/Findings.h"
 
-/// Checks that apply to both forms of the metadata.
+/// Checks that apply to all forms of the metadata: values of a list are plain records, and `report` adds a finding at
+/// the item of that index. Every check of a list is linear, except for a sort or a look-up in a set.
 namespace check {
 
-/// Why a memory of this size is not counted in the platform's total; empty if it is.
-std::string sizeFault(const std::string& size);
+using Report = std::function<void(const char* finding, std::string text)>;
+using ReportAt = std::function<void(std::size_t index, const char* finding, std::string text)>;
+
+struct Memory {
+    std::string name, type, size;
+    long long lowest = 0, highest = 0;  ///< both 0: unknown
+};
+void checkMemories(const std::vector<Memory>& memories, const ReportAt& report);
+
+struct Clock {
+    long long id = -1;  ///< negative: none
+    bool isDefault = false;
+    std::string frequency, status;
+};
+/// `defaultId`: of the clock that queries take by default. `reportList` adds a finding at the whole list.
+void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const ReportAt& report,
+                 const Report& reportList);
+
+/// `what`: "memory", "device".
+void checkNames(const std::vector<std::string>& names, const char* what, const ReportAt& report);
+
+/// What is wrong with a value; empty if nothing is, or if there is no value.
+std::string frequencyFault(const std::string& frequency);
+std::string hostFault(const std::string& architecture);
+/// `known`: the names of each `what` that can be referred to. Without any, nothing is known, and nothing is wrong.
+std::string referenceFault(const char* what, const std::string& name, const std::set<std::string>& known);
 
 /// A document stores an IP's parameters by name, and dots in a name become levels. Why it cannot hold this parameter
 /// together with the others; empty if it can.
 std::string pathFault(const std::string& name, const std::map<std::string, std::string>& parameters);
 
-/// Checks memories, parameters and listed files. `Metadata` walks a document of one form and calls, for each
-/// - memory, `use(size, report)`;
+/// Compares a part of a platform with its descriptor. Empty values are unknown, and so is a version of 2000 or later,
+/// which is the release of the tool that made the part.
+void checkIdentity(const Identity* descriptor, const std::string& vendor, const std::string& version,
+                   const std::function<void(bool isVendor, std::string text)>& report);
+
+/// The names of a device's SLRs: "SLR0" and so on for a number of SLRs.
+void addSlrs(long long count, std::set<std::string>& names);
+
+/// Checks parameters and listed files. `Metadata` walks a document of one form and calls, for each
 /// - parameter of an IP, `use(name, all of the IP's parameters, report)`;
 /// - file, `use(type, name, report)`,
 /// where `report(name of the finding, text)` adds a finding at the item. `members` and `directory`: see
-/// `checkJsonMetadata`.
+/// `MetadataContext`.
 template <class Metadata>
-void checkMetadata(Metadata metadata, ArchiveMembers* members, const std::string& directory) {
-    metadata.eachMemory([](const std::string& size, auto report) {
-        if (const std::string fault = sizeFault(size); !fault.empty()) report(kUncountedMemory, fault);
-    });
+void checkMetadata(Metadata& metadata, ArchiveMembers* members, const std::string& directory) {
     metadata.eachParameter([](const std::string& name, const auto& parameters, auto report) {
         if (const std::string fault = pathFault(name, parameters); !fault.empty()) report(kClashingParameter, fault);
     });

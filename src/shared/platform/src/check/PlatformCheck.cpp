@@ -9,6 +9,7 @@
 #include "check/HpfmCheck.h"
 #include "check/MetadataCheck.h"
 #include "check/XmlCheck.h"
+#include "loading/WrongExtension.h"
 #include "msg/HEXAll.h"
 #include "platform/FileKind.h"
 #include "platform/HTEQEmulations.h"
@@ -16,6 +17,8 @@
 #include "util/WholeFile.h"
 #include "xml/XmlReader.h"
 #include "zip/ArchiveError.h"
+#include "zip/ArchiveSignature.h"
+#include "zip/MemberName.h"
 #include "zip/Request.h"
 
 namespace teq_platform {
@@ -23,27 +26,35 @@ namespace teq_platform {
 namespace {
 
 using archive::PlatformArchive;
-using check::checkSyntax;
 using check::Findings;
+using check::Identity;
 using check::Source;
 
 void checkMetadata(const Source& source, const PlatformArchive::Metadata& metadata, const PlatformArchive& archive,
-                   Findings& findings) {
+                   const Identity* descriptor, Findings& findings) {
     check::ArchiveMembers members(archive);
+    const check::MetadataContext context{&members, metadata.isOfChild() ? HTEQEmulations::getEmuDirName() : "",
+                                         descriptor};
     if (metadata.isXml())
-        check::checkXmlMetadata(source, &members, findings);
+        check::checkXmlMetadata(source, context, findings);
     else
-        check::checkJsonMetadata(source, &members, metadata.isOfChild() ? HTEQEmulations::getEmuDirName() : "",
-                                 findings);
+        check::checkJsonMetadata(source, context, findings);
     findings.append(members.takeFindings());
 }
 
-void checkMembers(const PlatformArchive& archive, bool needsJson, Findings& findings) {
+void checkMemberNames(const PlatformArchive& archive, Findings& findings) {
+    for (const archive::MemberInfo& member : archive.source().files())
+        if (const auto fault = zip::memberNameFault(member.name, true); !fault.empty())
+            findings.add(check::kUnsafeMember, archive.name(), member.name, "the name " + std::string(fault));
+}
+
+void checkMembers(const PlatformArchive& archive, bool needsJson, const Identity* descriptor, Findings& findings) {
+    checkMemberNames(archive, findings);
     bool found = false;
     for (const PlatformArchive::Metadata& metadata : archive.allMetadata()) {
         found |= !metadata.isOfChild();
         if (const auto source = check::ArchiveMembers(archive).read(metadata.member, findings))
-            checkMetadata(*source, metadata, archive, findings);
+            checkMetadata(*source, metadata, archive, descriptor, findings);
     }
     const auto read = archive.metadata(HwMetadataMode::Default);
     if (found && !(needsJson && read && read->isXml())) return;
@@ -51,9 +62,9 @@ void checkMembers(const PlatformArchive& archive, bool needsJson, Findings& find
     findings.add(check::kNoMetadata, missing.file, missing.member, missing.text);
 }
 
-void checkArchive(const std::string& file, bool needsJson, Findings& findings) {
+void checkArchive(const std::string& file, bool needsJson, const Identity* descriptor, Findings& findings) {
     try {
-        checkMembers(PlatformArchive(file), needsJson, findings);
+        checkMembers(PlatformArchive(file), needsJson, descriptor, findings);
     } catch (const zip::ArchiveError& e) {
         findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
     }
@@ -80,16 +91,21 @@ bool isJson(const Source& source) {
     return first != std::string_view::npos && (text[first] == '{' || text[first] == '[');
 }
 
-void checkSoftware(const std::string& file, Findings& findings) {
-    if (const auto source = textOf(file, findings)) checkSyntax(*source, *records::findFormat("spfm"), findings);
+void checkSoftware(const std::string& file, const Identity& descriptor, Findings& findings) {
+    if (const auto source = textOf(file, findings))
+        check::checkSoftware(*source, check::readXml(*source, "spfm"), &descriptor, findings);
 }
 
 void checkPlatform(const Source& source, const check::ReadXml& document, Findings& findings) {
-    for (const check::NamedFile& named : check::checkDescriptor(source, document, findings)) {
-        if (named.kind == check::NamedFile::Kind::software)
-            checkSoftware(named.path, findings);
+    const auto [identity, files] = check::checkDescriptor(source, document, findings);
+    const Identity vendorOnly{identity.vendor, ""};  // an emulation has its own version
+    for (const check::NamedFile& named : files) {
+        using enum check::NamedFile::Kind;
+        if (named.kind == software)
+            checkSoftware(named.path, identity, findings);
         else
-            checkArchive(named.path, named.isOfPartition, findings);
+            checkArchive(named.path, named.isOfPartition, named.kind == emulation ? &vendorOnly : &identity,
+                         findings);
     }
 }
 
@@ -99,9 +115,11 @@ void checkXmlFile(const Source& source, Findings& findings) {
     if (name == "zdf")
         checkPlatform(source, document, findings);
     else if (name == "hpfm")
-        check::checkHpfm(source, document, findings);
+        check::checkHpfm(source, document, {}, findings);
     else if (name == "cfa")
-        check::checkXmlMetadata(source, document, nullptr, findings);
+        check::checkXmlMetadata(source, document, {}, findings);
+    else if (name == "spfm")
+        check::checkSoftware(source, document, nullptr, findings);
     else
         check::reportSyntax(source, document, findings);
 }
@@ -112,7 +130,9 @@ HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
     const zip::Request request;
     Findings findings;
     if (fileKindOf(file) == FileKind::hardware) {
-        checkArchive(file, false, findings);
+        checkArchive(file, false, nullptr, findings);
+    } else if (zip::looksLikeArchive(file)) {
+        findings.add(check::kWrongExtension, file, "", loading::kRenameArchive);
     } else if (const auto source = textOf(file, findings)) {
         if (isJson(*source))
             check::checkJsonFile(*source, findings);

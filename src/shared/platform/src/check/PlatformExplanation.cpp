@@ -20,16 +20,6 @@ std::string indented(std::string_view text) {
     return result;
 }
 
-std::string samplesOf(const CheckExplanation& row) {
-    return std::string("\nbad, ") + row.file + ":\n\n" + indented(row.bad) + "\ngood:\n\n" + indented(row.good);
-}
-
-std::string described(const CheckExplanation& row) {
-    const bool isError = row.severity == CheckFinding::Severity::error;
-    return std::string(row.name) + " (" + (isError ? "error" : "warning") + ")\n\n" + row.meaning +
-           "\n\nWhat to do: " + row.advice + "\n" + samplesOf(row);
-}
-
 const char* severityOf(MsgMask mask) {
     switch (mask) {
         case MsgMask::info: return "information";
@@ -40,31 +30,69 @@ const char* severityOf(MsgMask mask) {
     return "";
 }
 
-/// Empty for an unknown id.
-std::string describedMessage(std::string_view id) {
-    std::string text;
-    for (const MsgRow& row : kMsgCatalogue)
-        if (shortMessageId(row.id) == id)
-            text += std::string(row.id) + " (" + severityOf(row.mask) + "): " + std::string(row.text) + "\n";
+Explanation explanationOf(const CheckExplanation& row) {
+    const bool isError = row.severity == CheckFinding::Severity::error;
+    return {.name = row.name,
+            .severity = isError ? "error" : "warning",
+            .meaning = row.meaning,
+            .advice = row.advice,
+            .file = row.file,
+            .bad = row.bad,
+            .good = row.good};
+}
+
+/// The explanation of a message of that id. Several messages may have it: their texts are joined.
+std::optional<Explanation> messageOf(std::string_view id) {
+    std::optional<Explanation> found;
+    for (const MsgRow& row : kMsgCatalogue) {
+        if (shortMessageId(row.id) != id) continue;
+        if (!found) found = Explanation{.name = std::string(id), .severity = severityOf(row.mask)};
+        found->text += (found->text.empty() ? "" : "\n") + std::string(row.text);
+    }
     const auto notes = check::messageNotes();
     const auto note = std::ranges::find(notes, id, &check::MessageNote::id);
-    if (text.empty() || note == notes.end()) return text;
-    text += std::string("\n") + note->meaning + "\n\nWhat to do: " + note->advice + "\n";
-    const CheckExplanation* row = note->check ? PlatformCheck::explain(note->check) : nullptr;
-    return row ? text + "\nSamples, from [" + row->name + "]\n" + samplesOf(*row) : text;
+    if (!found || note == notes.end()) return found;
+    found->meaning = note->meaning;
+    found->advice = note->advice;
+    if (const CheckExplanation* const row = note->check ? PlatformCheck::explain(note->check) : nullptr) {
+        found->file = row->file;
+        found->bad = row->bad;
+        found->good = row->good;
+    }
+    return found;
 }
 
 }  // namespace
 
+std::optional<Explanation> PlatformExplanation::find(const std::string& name) {
+    if (const CheckExplanation* const row = PlatformCheck::explain(name)) return explanationOf(*row);
+    return messageOf(shortMessageId(name));
+}
+
+HSTVector<Explanation> PlatformExplanation::all() {
+    HSTVector<Explanation> all;
+    for (const std::string& name : names()) all.push_back(*find(name));
+    return all;
+}
+
 std::string PlatformExplanation::text(const std::string& name) {
-    const CheckExplanation* row = PlatformCheck::explain(name);
-    return row ? described(*row) : describedMessage(shortMessageId(name));
+    const auto row = find(name);
+    if (!row) return {};
+    std::string text =
+        row->name + " (" + row->severity + ")\n\n" + row->meaning + "\n\nWhat to do: " + row->advice + "\n";
+    if (!row->text.empty()) text += "\nIts text, with {0}, {1} in place of values:\n\n" + indented(row->text);
+    if (!row->bad.empty())
+        text += "\nbad, " + row->file + ":\n\n" + indented(row->bad) + "\ngood:\n\n" + indented(row->good);
+    return text;
 }
 
 HSTVector<std::string> PlatformExplanation::names() {
     HSTVector<std::string> names;
     for (const CheckExplanation& row : PlatformCheck::explanations()) names.emplace_back(row.name);
-    for (const MsgRow& row : kMsgCatalogue) names.emplace_back(shortMessageId(row.id));
+    for (const MsgRow& row : kMsgCatalogue) {
+        std::string id(shortMessageId(row.id));
+        if (std::ranges::find(names, id) == names.end()) names.push_back(std::move(id));
+    }
     return names;
 }
 

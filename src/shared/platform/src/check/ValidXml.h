@@ -19,7 +19,10 @@ public:
 
     /// Adds a finding. `at` is the record of an `element` of the document.
     void add(const char* name, const char* element, const void* at, std::string text) {
-        if (found_.size() == kMaxFindingsPerDocument) return;
+        if (found_.size() == kMaxFindingsPerDocument) {
+            if (more_++ == 0) firstMore_ = name;
+            return;
+        }
         found_.push_back({0, name, {element, at}, std::move(text)});
     }
 
@@ -38,6 +41,9 @@ public:
             findings.add(findingAt(source_, places[i], found_[i].name, std::string(found_[i].target.name),
                                    std::move(found_[i].text)));
         found_.clear();
+        if (more_ == 0) return;
+        findings.addMore(std::exchange(more_, 0),
+                         findingAt(source_, xml::Place{.file = source_.file}, firstMore_, "", ""));
     }
 
 private:
@@ -50,6 +56,8 @@ private:
     const xml::Document<R>& format_;
     const Source& source_;
     std::vector<Found> found_;
+    std::size_t more_ = 0;             ///< than `found_` has
+    const char* firstMore_ = nullptr;  ///< the name of the first of these
 };
 
 }  // namespace check

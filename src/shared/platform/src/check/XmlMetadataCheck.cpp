@@ -47,10 +47,41 @@ class XmlMetadata {
 public:
     explicit XmlMetadata(Document& document) : document_(document), cfa_(document.record.cfa) {}
 
-    template <class Use>
-    void eachMemory(Use use) {
-        if (!cfa_.board.memories) return;
-        for (const auto& memory : cfa_.board.memories->memories) use(memory.Size.get(), reportAt_("Memory", memory));
+    /// Checks the values of lists and the host.
+    void checkLists() {
+        if (cfa_.board.memories) {
+            const auto& items = cfa_.board.memories->memories;
+            std::vector<Memory> memories;
+            for (const auto& item : items)
+                memories.push_back({item.Name.get(), item.Type.get(), item.Size.get(), item.LowestAddress.get(),
+                                    item.HighestAddress.get()});
+            checkMemories(memories, reportIn_("Memory", items));
+        }
+        std::vector<std::string> names;
+        for (const auto& device : cfa_.devices.devices) {
+            names.push_back(device.Name.get());
+            if (!device.systemClocks) continue;
+            for (const auto& clock : device.systemClocks->clocks)
+                if (std::string fault = frequencyFault(clock.Frequency.get()); !fault.empty())
+                    document_.add(kBadFrequency, "SystemClock", &clock, std::move(fault));
+        }
+        checkNames(names, "device", reportIn_("Device", cfa_.devices.devices));
+        if (!cfa_.host) return;
+        if (std::string fault = hostFault(cfa_.host->Architecture.get()); !fault.empty())
+            document_.add(kUnknownHost, "Host", &*cfa_.host, std::move(fault));
+    }
+    /// The SLRs of the devices' pblocks.
+    std::set<std::string> slrs() const {
+        std::set<std::string> names;
+        for (const auto& device : cfa_.devices.devices) {
+            const auto& core = device.core.innerCore;
+            if (!core || !core->availableResources) continue;
+            for (const auto& pblock : core->availableResources->pblocks)
+                for (const std::string& name : HSTStringUtils::split(pblock.ValidSLRs.get(), ','))
+                    names.emplace(HSTStringUtils::trim(name));
+        }
+        names.erase("");
+        return names;
     }
     /// Visits each parameter that the model accepts; the others are reported.
     template <class Use>
@@ -80,6 +111,12 @@ private:
         return taken;
     }
 
+    template <class Item>
+    ReportAt reportIn_(const char* element, const std::vector<Item>& items) {
+        return [this, element, &items](std::size_t i, const char* name, std::string text) {
+            document_.add(name, element, &items[i], std::move(text));
+        };
+    }
     template <class Record>
     auto reportAt_(const char* element, const Record& record) {
         return [this, element, &record](const char* name, std::string text) {
@@ -93,12 +130,19 @@ private:
 
 }  // namespace
 
-void checkXmlMetadata(const Source& source, const ReadXml& read, ArchiveMembers* members, Findings& findings) {
+void checkXmlMetadata(const Source& source, const ReadXml& read, const MetadataContext& context, Findings& findings) {
     if (!reportSyntax(source, read, findings)) return;
     Document document(BasePlatform::kDocument, source, read);
     checkVersion(document);
     checkValues(document);
-    checkMetadata(XmlMetadata(document), members, "");
+    const BasePlatform::CFA& cfa = document.record.cfa;
+    checkIdentity(context.descriptor, cfa.Vendor.get(),
+                  fmt::format("{}.{}", cfa.VersionMajor.get(), cfa.VersionMinor.get()),
+                  [&](bool, std::string text) { document.add(kDifferentIdentity, "CFA", &cfa, std::move(text)); });
+    XmlMetadata metadata(document);
+    metadata.checkLists();
+    if (context.members) context.members->setKnown({metadata.slrs(), {}});
+    checkMetadata(metadata, context.members, "");
     document.report(findings);
 }
 

@@ -1,5 +1,6 @@
 #include "json/JsonChanges.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -51,15 +52,16 @@ private:
 
 class Comparison {
 public:
-    void compare(const ptree& before, const ptree* after) {
-        if (isNothing(before)) return;
+    /// `shape`: of the value, null if it is unknown; `inner`: the keys of the object, or of each object of the list.
+    void compare(const ptree& before, const ptree* after, const Shape* shape, Shapes inner) {
+        if (isNothing(before) || (shape && !shape->isRead && after)) return;
         if (isList(before))
-            compareItems(before, after);
+            compareItems(before, after, inner);
         else if (!before.empty())
-            compareKeys(before, after);
-        else if (!after)
+            compareKeys(before, after, inner);
+        else if (!after && !(shape && isMissing(*shape, before.data())))
             add("lost");
-        else if (before.data() != after->data())
+        else if (after && before.data() != after->data())
             add(shown(before.data()) + " -> " + shown(after->data()));
     }
     std::vector<std::string> take() {
@@ -68,21 +70,32 @@ public:
     }
 
 private:
-    void compareItems(const ptree& before, const ptree* after) {
+    /// Whether a missing key is read as this value.
+    static bool isMissing(const Shape& shape, const std::string& value) {
+        return (shape.form == Form::flag && HSTStringUtils::iequals(value, "false")) ||
+               (shape.form == Form::number && value == "0");
+    }
+    void compareItems(const ptree& before, const ptree* after, Shapes inner) {
         const NamedItems items(after);
         std::size_t place = 0;
         for (const auto& [none, item] : before) {
             steps_.push_back({nullptr, place});
-            compare(item, items.partnerOf(item, place++));
+            compare(item, items.partnerOf(item, place++), nullptr, inner);
             steps_.pop_back();
         }
     }
-    void compareKeys(const ptree& before, const ptree* after) {
+    void compareKeys(const ptree& before, const ptree* after, Shapes shapes) {
         std::set<std::string_view> known;
+        // A design intent that is not explicit is computed.
+        const ptree* const isExplicit = childOf(&before, "explicit");
+        const bool isComputed = !shapes.empty() && isExplicit && !HSTStringUtils::iequals(isExplicit->data(), "true");
         for (const auto& [key, child] : before) {
+            if (isComputed && key == "value" && known.insert(key).second) continue;
             steps_.push_back({&key, 0});
+            const auto shape = std::ranges::find_if(shapes, [&](const Shape& s) { return key == s.name; });
+            const Shape* const found = shape != shapes.end() ? &*shape : nullptr;
             if (known.insert(key).second)
-                compare(child, childOf(after, key));
+                compare(child, childOf(after, key), found, found && found->inner ? found->inner() : Shapes());
             else
                 add("lost, because the key stands twice");
             steps_.pop_back();
@@ -118,13 +131,13 @@ private:
 }  // namespace
 
 std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after,
-                                       const std::string& ignored) {
+                                       const std::string& ignored, Shapes shapes) {
     ptree old, now;
     parse(before, "the metadata before", old);
     parse(after, "the metadata after", now, kOwn);
     old.erase(ignored);
     Comparison comparison;
-    comparison.compare(old, &now);
+    comparison.compare(old, &now, nullptr, shapes);
     return comparison.take();
 }
 

@@ -2,13 +2,17 @@
 #include <string>
 #include <vector>
 
+#include "json/JsonShape.h"
+
 namespace json {
 
 /// What is lost between two JSON documents: "key: lost" or "key: old -> new" for each value of `before` that `after`
 /// does not have as the same text, with the path of the key ("devices[0].core.ports"); the last row may be "and N
 /// more". Of a key that stands twice, the second value is lost. Keys that only `after` has, and a different order of
-/// items with names, are ignored, and so is the top-level key `ignored`. Throws `json_parser_error`.
+/// items with names, are ignored, and so is the top-level key `ignored`. With the keys that a reader knows, `shapes`, what a
+/// reader does not miss is no loss: a value that is only written is computed anew, and false and 0 are read for a key that
+/// is missing. Throws `json_parser_error`.
 std::vector<std::string> lostOrChanged(const std::string& before, const std::string& after,
-                                       const std::string& ignored = "");
+                                       const std::string& ignored = "", Shapes shapes = {});
 
 }  // namespace json

@@ -1,6 +1,7 @@
 #include "platform/PlatformEdit.h"
 
 #include "archive/PlatformArchive.h"
+#include "hardware/HardwareKeys.h"
 #include "hardware/PlatformText.h"
 #include "json/JsonChanges.h"
 #include "msg/HEXFileFault.h"
@@ -23,7 +24,8 @@ HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& 
     if (metadata->member != member)
         return {"the member " + metadata->member + " is not changed, and takes precedence over " + member};
     const char* const left = platform.writesPlatformFile() ? "" : "platformFile";
-    return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left), left);
+    return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left), left,
+                               hardware::documentShapes(false));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "hardware/PlatformText.h"
 #include "loading/ArchiveRoad.h"
+#include "loading/WrongExtension.h"
 #include "msg/Budget.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
@@ -13,6 +14,7 @@
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
 #include "util/HUTFile.h"
+#include "zip/ArchiveSignature.h"
 #include "zip/Request.h"
 
 namespace teq_platform {
@@ -61,6 +63,8 @@ std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMo
 
 /// Throws the cause of a failed load.
 [[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
+    if (fileKindOf(file) != FileKind::hardware && zip::looksLikeArchive(file))
+        throw HEXFileFault({.file = file, .id = "74-9", .text = loading::kRenameArchive});
     if (e.cause()) std::rethrow_exception(e.cause());
     throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
 }

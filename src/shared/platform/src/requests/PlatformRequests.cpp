@@ -102,11 +102,16 @@ Fields fields(const HTEQPlatform& platform) {
 }
 
 std::string explain(const std::string& name) {
-    std::string text = PlatformExplanation::text(name);
-    if (text.empty())
+    explanation(name);
+    return PlatformExplanation::text(name);
+}
+
+Explanation explanation(const std::string& name) {
+    auto found = PlatformExplanation::find(name);
+    if (!found)
         throw RequestError(FailureKind::unknownName, {.text = "there is no finding or message '" + name + "'" +
                                                               nearest(name, PlatformExplanation::names())});
-    return text;
+    return *std::move(found);
 }
 
 std::string schema(const std::string& format) {
