@@ -202,20 +202,20 @@ static void testArchive(void) {
 static void testSetFile(void) {
     const char *archive = at("x.lfa"), *source = put("pre.tcl", "puts hello");
     zr_archive* opened = NULL;
-    CHECK(zr_set_file(archive, "T", "m", source, 0, NULL, &text, &error) == ZR_REFUSED);
+    CHECK(zr_set_file(archive, "ISS", "m", source, 0, NULL, &text, &error) == ZR_REFUSED);
     SAME(zr_text_data(text), "makersOwn: lost\n");
     zr_text_free(text), text = NULL;
     FAILS(zr_error_code(error), ZR_REFUSED, "lost or changed");
-    CHECK(zr_set_file(archive, "T", "m", source, ZR_DRY_RUN | ZR_LOSE_KEYS, NULL, NULL, NULL) == ZR_OK);
+    CHECK(zr_set_file(archive, "ISS", "m", source, ZR_DRY_RUN | ZR_LOSE_KEYS, NULL, NULL, NULL) == ZR_OK);
     CHECK(zr_archive_open(archive, NULL, &opened, NULL) == ZR_OK && zr_archive_count(opened) == 2);
-    CHECK(zr_set_file(archive, "T", "m", source, ZR_LOSE_KEYS | ZR_STRIP_PATHS, NULL, NULL, &error) == ZR_OK);
+    CHECK(zr_set_file(archive, "ISS", "m", source, ZR_LOSE_KEYS | ZR_STRIP_PATHS, NULL, NULL, &error) == ZR_OK);
     CHECK(zr_archive_count(opened) == 2); /* it is the file that was opened */
     zr_archive_free(opened);
-    CHECK(zr_set_file(archive, "T", "m", source, ZR_STRIP_PATHS, NULL, &text, NULL) == ZR_OK);
+    CHECK(zr_set_file(archive, "ISS", "m", source, ZR_STRIP_PATHS, NULL, &text, NULL) == ZR_OK);
     SAME(zr_text_data(text), "");
     zr_text_free(text), text = NULL;
-    FAILS(zr_set_file(archive, "T", "../out", source, ZR_LOSE_KEYS, NULL, &text, &error), ZR_ENVIRONMENT, "");
-    FAILS(zr_set_file(at("p.zdf"), "T", "m", source, 0, NULL, NULL, &error), ZR_BAD_INPUT, "hardware archive");
+    FAILS(zr_set_file(archive, "ISS", "../out", source, ZR_LOSE_KEYS, NULL, &text, &error), ZR_ENVIRONMENT, "");
+    FAILS(zr_set_file(at("p.zdf"), "ISS", "m", source, 0, NULL, NULL, &error), ZR_BAD_INPUT, "hardware archive");
     FAILS(zr_set_file(archive, NULL, "m", source, 0, NULL, NULL, &error), ZR_WRONG_USE, "type is NULL");
     CHECK(zr_stamp_digest(archive, &error) == ZR_OK && !error);
     FAILS(zr_stamp_digest(at("gone.lfa"), &error), ZR_NOT_FOUND, "no such file");
@@ -232,7 +232,7 @@ static void testChecks(void) {
     FAILS(zr_findings_get(findings, 1, &finding, &error), ZR_WRONG_USE, "1");
     zr_findings_free(findings);
     FAILS(zr_validate(NULL, NULL, &findings, &error), ZR_WRONG_USE, "file is NULL");
-    GIVES(zr_explain("74-60", &text, &error), "@74-60@%s (critical)");
+    GIVES(zr_explain("74-60", &text, &error), "74-60 (critical)");
     FAILS(zr_explain("no-such-name", &text, &error), ZR_NOT_FOUND, "'no-such-name'");
     CHECK(!findings);
     GIVES(zr_schema("zdf", &text, &error), "urn:torvane:teq:platform:1.0");

@@ -100,9 +100,9 @@ TEST_F(Wrapper, ReadsChangesAndChecksArchives) {
     EXPECT_EQ(contentOf(scratch / "y.lfa"), contentOf(archive));
 
     std::string losses;
-    EXPECT_EQ(errorOf([&] { zr::setFile(archive, "T", "t", scratch / "out", 0, {}, &losses); }).code(), ZR_REFUSED);
+    EXPECT_EQ(errorOf([&] { zr::setFile(archive, "ISS", "t", scratch / "out", 0, {}, &losses); }).code(), ZR_REFUSED);
     EXPECT_EQ(losses, "own: lost\n");
-    zr::setFile(archive, "T", "t", scratch / "out", ZR_LOSE_KEYS);
+    zr::setFile(archive, "ISS", "t", scratch / "out", ZR_LOSE_KEYS);
     zr::stampDigest(archive);
     const zr::Verification good = zr::Archive(archive).verify();
     EXPECT_TRUE(good.isSound());
@@ -142,7 +142,7 @@ TEST_F(Wrapper, SaysEverythingInOneLine) {
 
     const std::string strange = packed(scratch, "y.lfa", {{"lfa.json", R"({"a\nb": "c"})"}, {"file", ""}});
     zr_text* losses = nullptr;
-    EXPECT_EQ(zr_set_file(strange.c_str(), "T", "file", strange.c_str(), 0, nullptr, &losses, nullptr), ZR_REFUSED);
+    EXPECT_EQ(zr_set_file(strange.c_str(), "ISS", "file", strange.c_str(), 0, nullptr, &losses, nullptr), ZR_REFUSED);
     EXPECT_STREQ(zr_text_data(losses), "a\\x0ab: lost\n");
     zr_text_free(losses);
 }

@@ -163,11 +163,6 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"answers",
          giving<zr_answers>(zr_answers_free,
                             [this](auto to, auto error) { return zr_platform_answers(platform_, to, error); })},
-        {"new platform",
-         [this](auto error) {
-             fs::remove_all(scratch_ / "fresh");
-             return zr_new_platform((scratch_ / "fresh").c_str(), "card", nullptr, error);
-         }},
         {"hardware",
          giving<zr_hardware>(zr_hardware_free,
                              [this](auto to, auto error) { return zr_platform_hardware(platform_, to, error); })},

@@ -283,7 +283,6 @@ constexpr Command kCommands[] = {
     {".lfa .rqa", "verify @"},
     {".lfa", "set-file @ PRE_OPT_TCL tcl/a.tcl $/a.tcl"},
     {".lfa", "extract @ DCP $/out"},
-    {".lfa", "extract @ bomb $/bomb"},
     {".lfa .cfa", "check-rm @ @"},
     {".cfa", "emulate @ $/o.cfa --name n --tool " ZR_SOURCE_DIR "/examples/morwen"},
     {".hdf", "from-hdf @ $/o.lfa"},

@@ -24,7 +24,7 @@ boost::json::value valueOf(const Answer& answer) {
 
 int runInfo(const Call& call) {
     const auto platform = loaded(platformFile(call["FILE"], call), call);
-    Text text;
+    Text text(false);
     boost::json::object record;
     text.heading("Platform " + platform->getPlatformBaseName());
     for (const Answer& answer : requests::answers(*platform)) {

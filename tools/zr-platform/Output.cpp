@@ -78,8 +78,7 @@ boost::json::object WrittenFiles::recordOf(const std::string& file, const std::v
 
 void WrittenFiles::report(const std::string& input, const std::vector<std::string>& losses) const {
     if (!Records::areAsked(call_)) {
-        for (const std::string& loss : losses)
-            Console::take().note(HEXDiagnostic{.file = input, .text = loss}.format());
+        for (const std::string& loss : losses) Console::take().print({.file = input, .text = loss}, "");
         return;
     }
     Records records("written-file");

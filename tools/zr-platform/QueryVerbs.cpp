@@ -85,7 +85,7 @@ int runDoc(const Call& call) {
     useAppRoot(call);
     const std::string key = call.get("[KEY]", "");
     Records records("documentation");
-    Text text;
+    Text text(false);
     for (const requests::KeyDocumentation& one : requests::keyDocumentation(key)) {
         records.add({{"key", one.key},
                      {"meaning", one.meaning},

@@ -68,7 +68,7 @@ void list(const Call& call) {
         Console::take().print(diagnostic, "");
     }
     if (call.has("ndjson")) return records.print(call, {});
-    Text text;
+    Text text(false);
     text.heading(archive);
     text.line("instance path", content.instPath);
     text.line("block design instance", content.drBdInstName);

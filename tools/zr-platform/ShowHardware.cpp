@@ -109,7 +109,8 @@ void showPBlocks(Text& text, const HPLCore& core) {
             if (at != columns.end()) row[static_cast<std::size_t>(at - columns.begin())] = count;
         }
         rows.push_back(std::move(row));
-        items.push_back(boost::json::object{{"name", pblock}, {"SLRs", all}, {"resources", std::move(counts)}});
+        if (text.takes(items))
+            items.push_back(boost::json::object{{"name", pblock}, {"SLRs", all}, {"resources", std::move(counts)}});
     }
     text.rows("free in the core", columns, rows, std::move(items));
     if (names.size() + 2 > kMaxColumns)
@@ -141,11 +142,12 @@ void showMemories(Text& text, const Parts& parts) {
         const bool isKnown = memory.highest > 0;
         rows.push_back({memory.name, memory.type, memory.size, isKnown ? hexadecimal(memory.lowest) : "",
                         isKnown ? hexadecimal(memory.highest) : ""});
-        items.push_back(boost::json::object{{"name", memory.name},
-                                            {"type", memory.type},
-                                            {"size", memory.size},
-                                            {"lowestAddress", memory.lowest},
-                                            {"highestAddress", memory.highest}});
+        if (text.takes(items))
+            items.push_back(boost::json::object{{"name", memory.name},
+                                                {"type", memory.type},
+                                                {"size", memory.size},
+                                                {"lowestAddress", memory.lowest},
+                                                {"highestAddress", memory.highest}});
     }
     text.rows("memories", {"name", "type", ">size", ">from", ">to"}, rows, std::move(items));
 }
@@ -187,14 +189,15 @@ void showBanks(Text& text, const HSTVector<BankPart>& banks) {
         first = last;
     }
     for (const BankPart& bank : banks)
-        items.push_back(boost::json::object{{"type", bank.type},
-                                            {"number", bank.number},
-                                            {"size", bank.size},
-                                            {"slr", bank.slr},
-                                            {"interface", bank.interface},
-                                            {"segment", bank.segment},
-                                            {"index", bank.index},
-                                            {"assignment", nameOf(bank.assignment)}});
+        if (text.takes(items))
+            items.push_back(boost::json::object{{"type", bank.type},
+                                                {"number", bank.number},
+                                                {"size", bank.size},
+                                                {"slr", bank.slr},
+                                                {"interface", bank.interface},
+                                                {"segment", bank.segment},
+                                                {"index", bank.index},
+                                                {"assignment", nameOf(bank.assignment)}});
     text.rows("memory banks available to a linker", {"type", ">bank", "SLR", ">size", "assignment"}, rows,
               std::move(items));
 }
@@ -205,12 +208,13 @@ void showClocks(Text& text, const Parts& parts) {
     for (const auto& clock : parts.clocks) {
         rows.push_back({clock.name, clock.id < 0 ? "" : std::to_string(clock.id), megahertz(clock.frequency),
                         clock.status, clock.isDefault ? "default" : ""});
-        items.push_back(boost::json::object{{"name", clock.name},
-                                            {"originalName", clock.originalName},
-                                            {"id", clock.id},
-                                            {"frequency", clock.frequency},
-                                            {"status", clock.status},
-                                            {"default", clock.isDefault}});
+        if (text.takes(items))
+            items.push_back(boost::json::object{{"name", clock.name},
+                                                {"originalName", clock.originalName},
+                                                {"id", clock.id},
+                                                {"frequency", clock.frequency},
+                                                {"status", clock.status},
+                                                {"default", clock.isDefault}});
     }
     text.rows("clocks", {"name", ">id", ">frequency", "status", ""}, rows, std::move(items));
 }
@@ -234,16 +238,17 @@ void showInterfaces(Text& text, const Parts& parts) {
     for (const auto& bus : parts.interfaces) {
         rows.push_back({bus.name, bus.type, bus.mode, bus.memoryPort, bus.tag,
                         bus.segments.empty() ? "" : std::to_string(bus.segments.size())});
-        items.push_back(boost::json::object{{"name", bus.name},
-                                            {"type", bus.type},
-                                            {"mode", bus.mode},
-                                            {"memoryPort", bus.memoryPort},
-                                            {"tag", bus.tag},
-                                            {"slr", bus.slr},
-                                            {"size", bus.size},
-                                            {"clock", bus.clock},
-                                            {"dataWidth", bus.dataWidth},
-                                            {"segments", recordsOf(bus.segments)}});
+        if (text.takes(items))
+            items.push_back(boost::json::object{{"name", bus.name},
+                                                {"type", bus.type},
+                                                {"mode", bus.mode},
+                                                {"memoryPort", bus.memoryPort},
+                                                {"tag", bus.tag},
+                                                {"slr", bus.slr},
+                                                {"size", bus.size},
+                                                {"clock", bus.clock},
+                                                {"dataWidth", bus.dataWidth},
+                                                {"segments", recordsOf(bus.segments)}});
     }
     text.rows("interfaces available to a linker", {"name", "type", "mode", "memory port", "tag", ">segments"}, rows,
               std::move(items));

@@ -98,7 +98,7 @@ Exit showParts(Text& text, const std::string& file, const Call& call) {
 
 int runShow(const Call& call) {
     const std::string file = platformFile(call["FILE"], call);
-    Text text;
+    Text text(Records::areAsked(call));
     Failure failure;
     Exit exit = Exit::done;
     std::string summary;

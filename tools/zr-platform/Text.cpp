@@ -51,18 +51,19 @@ void Text::line(const std::string& name, const std::string& value) {
     const std::size_t gap = name.size() < kNameWidth ? kNameWidth - name.size() : 1;
     text_ += "  " + HSTStringUtils::printable(name) + std::string(gap, ' ') +
              HSTStringUtils::excerpt(value, kMaxValue) + "\n";
-    section()[name] = value;
+    if (isRecord_) section()[name] = value;
 }
 
 void Text::note(const std::string& text) {
     text_ += "  " + text + "\n";
-    section()["note"] = text;
+    if (isRecord_) section()["note"] = text;
 }
 
 void Text::rows(const std::string& title, const std::vector<std::string>& columns,
                 const std::vector<std::vector<std::string>>& rows) {
     boost::json::array items;
     for (const auto& row : rows) {
+        if (!takes(items)) break;
         boost::json::object item;
         for (std::size_t i = 0; i < row.size(); ++i)
             if (!columns[i].empty()) item[plain(columns[i])] = row[i];
@@ -73,6 +74,7 @@ void Text::rows(const std::string& title, const std::vector<std::string>& column
 
 void Text::rows(const std::string& title, const std::vector<std::string>& columns,
                 const std::vector<std::vector<std::string>>& rows, boost::json::array items) {
+    if (items.size() == kMaxItems && rows.size() > kMaxItems) section()[title + ", more"] = rows.size() - kMaxItems;
     if (!items.empty()) section()[title] = std::move(items);
     if (rows.empty()) return;
     std::vector<std::string> names;

@@ -9,6 +9,9 @@
 /// heading, with a key for each line and each table below it.
 class Text {
 public:
+    /// A text for people; a record is made besides if it is asked for.
+    explicit Text(bool isRecord) : isRecord_(isRecord) {}
+
     /// `key`: in the record; by default the title.
     void heading(const std::string& title, const std::string& key = "");
     /// What follows is of one item under the heading; "" ends that. The text does not change.
@@ -22,6 +25,8 @@ public:
     /// A table whose rows are `items` in the record.
     void rows(const std::string& title, const std::vector<std::string>& columns,
               const std::vector<std::vector<std::string>>& rows, boost::json::array items);
+    /// Whether the record takes another item of a table: one holds at most 10,000, and says how many more there are.
+    bool takes(const boost::json::array& items) const { return isRecord_ && items.size() < kMaxItems; }
     /// A paragraph at the end of the text.
     void warning(const std::string& text);
 
@@ -30,8 +35,10 @@ public:
     boost::json::object record(const std::string& summary) const;
 
 private:
+    static constexpr std::size_t kMaxItems = 10'000;
     boost::json::object& section();
 
+    const bool isRecord_;
     std::string text_, key_, item_;
     std::vector<std::string> warnings_;
     boost::json::object record_;

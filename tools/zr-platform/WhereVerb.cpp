@@ -41,7 +41,7 @@ boost::json::object recordOf(const std::string& name, const requests::Location& 
 }
 
 std::string textOf(const std::string& name, const requests::Location& location) {
-    Text text;
+    Text text(false);
     text.heading(name);
     text.line("file", location.file);
     for (const std::string& directory : location.searched) text.line("searched", directory);

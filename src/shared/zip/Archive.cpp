@@ -126,9 +126,6 @@ std::string Archive::unpackWhole(const Member& member) const {
 
 void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const {
     checkIsFile(member);
-    if (member.size > mostUnpacked())
-        refuse(member, fmt::format("it unpacks to {} bytes; at most {} are, by the archive's size", member.size,
-                                   mostUnpacked()));
     unpack(member, sink, budget);
 }
 
