@@ -202,7 +202,8 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
     const std::unique_ptr<libscols_table, void (*)(libscols_table*)> table(scols_new_table(), scols_unref_table);
     for (const std::string& column : columns) {
         const bool right = column.starts_with(">");
-        scols_table_new_column(table.get(), column.substr(right ? 1 : 0).c_str(), 0, right ? SCOLS_FL_RIGHT : 0);
+        const std::string name = HSTStringUtils::excerpt(column.substr(right ? 1 : 0), kMaxCell);  // may be a file's
+        scols_table_new_column(table.get(), name.c_str(), 0, right ? SCOLS_FL_RIGHT : 0);
     }
     constexpr std::size_t kMaxRows = 10'000;
     for (const auto& row : std::span(rows).first(std::min(rows.size(), kMaxRows))) {
