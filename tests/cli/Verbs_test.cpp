@@ -86,12 +86,13 @@ TEST(Emulate, ReportsAnInstallationThatCannotBeRead) {
 
 TEST(Help, EachVerbHasAnExampleThatRuns) {
     const Scratch scratch;
+    fs::copy(ZR_SAMPLES, scratch / "samples", fs::copy_options::recursive);
     const std::string page = tool({"--reference", "markdown"}).out;
     const std::regex form("Example: `zr-platform (.*)`");
     std::size_t count = 0;
     for (std::sregex_iterator it(page.begin(), page.end(), form), end; it != end; ++it, ++count) {
         const std::string command = std::string(ZR_TOOL) + " " + (*it)[1].str();
-        const Result result = run({"sh", "-c", command}, ZR_SAMPLES);
+        const Result result = run({"sh", "-c", command}, scratch / "samples");
         EXPECT_EQ(result.exit, 0) << command << "\n" << result.err;
         const std::string verb = (*it)[1].str().substr(0, (*it)[1].str().find(' '));
         EXPECT_THAT(tool({verb, "--help"}).out, HasSubstr("zr-platform " + (*it)[1].str()));

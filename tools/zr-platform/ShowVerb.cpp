@@ -56,7 +56,7 @@ std::string summaryOf(const HTEQPlatform& platform) {
     const std::string name = platform.getName().empty() ? platform.getPlatformBaseName() : platform.getName();
     const std::string vendor = platform.getVendor().empty() ? "" : " by " + platform.getVendor();
     const HTEQHardwarePlatform* const hardware = platform.getHardwarePlatform();
-    if (!hardware) return name + ": software only";
+    if (!hardware) return name.empty() ? "software only" : name + ": software only";
     return name + ": " + platform.getTypePrettyString() + " platform" + vendor + summaryOf(*hardware);
 }
 

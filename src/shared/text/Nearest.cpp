@@ -34,7 +34,9 @@ std::string nearest(const std::string& name, const std::vector<std::string>& kno
     for (const std::string& one : known) {
         const std::string lower = HSTStringUtils::toLower(one.substr(0, kMaxLength));
         const std::size_t away = lower.find(asked) != std::string::npos ? 0 : distance(asked, lower);
-        if (away <= std::max<std::size_t>(2, asked.size() / 2)) found.emplace_back(away, one);
+        // At least one letter is the same.
+        if (away <= std::max<std::size_t>(2, asked.size() / 2) && (away == 0 || away < asked.size()))
+            found.emplace_back(away, one);
     }
     std::sort(found.begin(), found.end());
     found.erase(std::unique(found.begin(), found.end()), found.end());
