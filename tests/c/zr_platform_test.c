@@ -299,6 +299,7 @@ static void testHardware(void) {
     zr_clock clock = {.size = sizeof clock};
     zr_interface bus = {.size = sizeof bus};
     zr_segment segment = {.size = sizeof segment};
+    CHECK(mkdir(at("hw"), 0700) == 0);
     put("hw/lfa.json",
         "{\"name\": \"n\", \"memories\": [{\"name\": \"m\", \"size\": \"4GB\", \"highAddress\": 7}], "
         "\"systemClocks\": "

@@ -124,7 +124,7 @@ TEST_F(HpfmReader, FilesAndTheirFaultsWhichAddUp) {
     EXPECT_EQ(capture.printed(), "");
     EXPECT_FALSE(parsed(bad));
     const std::string second = "Error parsing hardware platform file: " + bad +
-                               "\nLine number:1. the document element is <a>; expected <repository> in the namespace "
+                               "\nLine number:1. the document element is <a> in no namespace; expected <repository> in the namespace "
                                "\"urn:torvane:kp:hpfm:1.0\" (column 1)\n";
     EXPECT_EQ(reader.getErrorMsg(), first + second);
     EXPECT_EQ(capture.printed(), second);
