@@ -123,9 +123,10 @@ TEST_F(HpfmReader, FilesAndTheirFaultsWhichAddUp) {
     EXPECT_EQ(reader.getErrorMsg(), first);
     EXPECT_EQ(capture.printed(), "");
     EXPECT_FALSE(parsed(bad));
-    const std::string second = "Error parsing hardware platform file: " + bad +
-                               "\nLine number:1. the document element is <a> in no namespace; expected <repository> in the namespace "
-                               "\"urn:torvane:kp:hpfm:1.0\" (column 1)\n";
+    const std::string second =
+        "Error parsing hardware platform file: " + bad +
+        "\nLine number:1. the document element is <a> in no namespace; expected <repository> in the namespace "
+        "\"urn:torvane:kp:hpfm:1.0\" (column 1)\n";
     EXPECT_EQ(reader.getErrorMsg(), first + second);
     EXPECT_EQ(capture.printed(), second);
     ASSERT_EQ(capture.taken.size(), 1U);
