@@ -117,6 +117,8 @@ TEST_F(HTEQPlatformMgrTest, PartitionsAreAllNeeded) {
 /// Of partitions, nobody owns the hardware: here the host deletes it.
 TEST_F(HTEQPlatformMgrTest, ClearingLeavesOnlyTheHardwareOfPartitions) {
     for (const char* name : {"a", "b"}) putPlatform(scratch, "r", name, vbnv(name));
+    for (const char* name : {"lone", "twice"})
+        packed(scratch, "r/" + std::string(name) + ".lfa", {{"lfa.json", vbnv("x")}});
     scratch.put("r/broken.zdf", descriptor(""));
     putPartitions(scratch);
     std::size_t held = 0;

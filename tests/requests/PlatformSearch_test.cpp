@@ -2,12 +2,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <malloc.h>
 
 #include "kit/Capture.h"
 #include "kit/Replace.h"
 #include "kit/Repository.h"
-#include "msg/Silence.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQPlatform.h"
 #include "platform/HTEQPlatformMgr.h"
@@ -134,27 +132,4 @@ TEST(PlatformSearch, AThousandPlatforms) {
     fs::remove_all(scratch / "r");  // nothing is read again
     EXPECT_EQ(manager.getPlatform(scratch / "r/../r/4/123/p123.zdf"), found);
     EXPECT_EQ(manager.getPlatform("p50"), nullptr);
-}
-
-TEST(PlatformSearch, TheRegistryFreesWhatItLoads) {
-    const Scratch scratch;
-    Messages messages;
-    const msg::Silence silence;
-    for (const char* name : {"a", "b"}) putPlatform(scratch, "r", name, R"({"devices": []})");
-    packed(scratch, "r/lone.lfa", {{"lfa.json", R"({"name": "lone"})"}});
-    packed(scratch, "r/twice.lfa", {{"lfa.json", R"({"name": "lone"})"}});
-    scratch.put("r/broken.zdf", "");
-    scratch.put("r/missing.zdf", with(contentOf(scratch / "r/a.zdf"), "a.lfa", "c.lfa"));
-    HTEQPlatformMgr manager;
-    std::size_t after10 = 0;
-    for (int i = 1; i <= 100; ++i) {
-        manager.addPlatformsFromDirs({scratch / "r"});
-        EXPECT_EQ(manager.getNumPlatforms(), 2U);
-        ASSERT_NE(manager.getPlatform(scratch / "r/./a.zdf"), nullptr);
-        manager.clearAllPlatforms();
-        manager.clearParsingErrorMsgs();
-        messages.taken.clear();
-        if (i == 10) after10 = ::mallinfo2().uordblks;  // 0 under sanitizers, whose leak check sees what is left
-    }
-    EXPECT_LE(::mallinfo2().uordblks, after10 + 4096);
 }
