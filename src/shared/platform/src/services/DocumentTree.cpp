@@ -14,6 +14,12 @@ boost::property_tree::ptree documentTree(const HTEQPlatform& platform) {
     return tree;
 }
 
+std::string documentText(const HTEQPlatform& platform) {
+    teq_platform::JSONObjectWriter writer;
+    writer.writeObject(platform);
+    return writer.text();
+}
+
 boost::property_tree::ptree parsed(const std::string& document) {
     boost::property_tree::ptree tree;
     json::parse(document, "document", tree, json::kOwn);

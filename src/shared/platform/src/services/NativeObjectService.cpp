@@ -28,7 +28,7 @@ std::string NativeObjectService::getAsJsonStr(const std::string& file) const {
 
 std::string NativeObjectService::getAsJsonStr(Loader* loader) const {
     const auto platform = loader ? loader->load() : nullptr;
-    return platform ? json::write(services::documentTree(*platform)) : std::string();
+    return platform ? services::documentText(*platform) : std::string();
 }
 
 ptree NativeObjectService::getAsPropertyTree(const std::string& file) const {
