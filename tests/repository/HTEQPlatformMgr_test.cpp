@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
-#include <set>
-
 #include "kit/Capture.h"
 #include "kit/Cases.h"
 #include "kit/Replace.h"

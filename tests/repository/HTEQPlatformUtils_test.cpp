@@ -182,15 +182,12 @@ TEST_F(HTEQPlatformUtilsTest, SoftwareByUniqueName) {
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("kit", "c"), software.getSystemConfig());
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("kit", "C"), nullptr);  // its pretty name
     HTEQSystemConfig* const last = software.addSystemConfig();
-    last->setName("c");
-    last->addRuntime("x");
+    last->setName("c"), last->addRuntime("x");
     EXPECT_EQ(U::getNumRuntimes("kit", "no such configuration"), 2U);
     EXPECT_EQ(S::getSystemConfigurationByUniqueName("KIT", "c"), last);
     HTEQProcessorGroup* const group = last->addProcessorGroup();
-    group->setName("g");
-    group->setOSName("linux");
-    group->setIncludePaths("i1:i2");
-    group->setLibraryPaths("l");
+    group->setName("g"), group->setOSName("linux");
+    group->setIncludePaths("i1:i2"), group->setLibraryPaths("l");
     EXPECT_EQ(S::getIncludePaths("kit", "c", "g", "linux"), "i1:i2");
     EXPECT_EQ(S::getLibraryPaths("kit", "c", "g", "linux"), "l");
     EXPECT_EQ(S::getIncludePaths("kit", "c", "g", "Linux") + S::getIncludePaths("kit", "c", "x", "linux") +
@@ -202,8 +199,7 @@ TEST_F(HTEQPlatformUtilsTest, SoftwareByUniqueName) {
     pretty->setPrettyName("C");
     pretty->setSupportsQemu(true);
     EXPECT_EQ(S::getSystemConfigByPrettyName(&software, "C"), pretty);
-    EXPECT_TRUE(S::isQemuSupported(&software, "C"));
-    EXPECT_FALSE(S::isQemuSupported(&software, "c"));
+    EXPECT_TRUE(S::isQemuSupported(&software, "C") && !S::isQemuSupported(&software, "c"));
     EXPECT_EQ(S::getSystemConfigByPrettyName(nullptr, "C"), nullptr);
 }
 

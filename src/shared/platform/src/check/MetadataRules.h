@@ -33,7 +33,7 @@ void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const Re
 /// `what`: "memory", "device".
 void checkNames(const std::vector<std::string>& names, const char* what, const ReportAt& report);
 
-/// What is wrong with a value; empty if nothing is, or if there is no value.
+/// The fault of a value; empty if it has none, or if the value is missing.
 std::string frequencyFault(const std::string& frequency);
 std::string hostFault(const std::string& architecture);
 /// `known`: the names of each `what` that can be referred to. Without any, nothing is known, and nothing is wrong.
