@@ -39,11 +39,6 @@ std::string documentOf(const std::string& file) {
     return text.str();
 }
 
-std::size_t openFiles() {
-    const fs::directory_iterator files("/proc/self/fd"), end;
-    return static_cast<std::size_t>(std::distance(files, end));
-}
-
 /// A copy of the first sample, loaded and changed again and again.
 class FailingCalls : public testing::Test {
 protected:

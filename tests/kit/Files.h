@@ -26,3 +26,9 @@ inline std::string repeated(std::string_view piece, std::size_t times) {
     for (std::size_t i = 0; i < times; ++i) text += piece;
     return text;
 }
+
+/// How many descriptors this process has open.
+inline std::size_t openFiles() {
+    const std::filesystem::directory_iterator files("/proc/self/fd"), end;
+    return static_cast<std::size_t>(std::distance(files, end));
+}

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "kit/Platforms.h"
+#include "kit/Replace.h"
 #include "text/HSTVector.h"
 #include "util/HUTEnv.h"
 
@@ -18,10 +19,8 @@ private:
 };
 
 /// The text without the path of the test's directory.
-inline std::string without(const Scratch& scratch, std::string text) {
-    for (std::size_t at; (at = text.find(scratch.str() + "/")) != std::string::npos;)
-        text.erase(at, scratch.str().size() + 1);
-    return text;
+inline std::string without(const Scratch& scratch, const std::string& text) {
+    return replaced(text, scratch.str() + "/", "");
 }
 
 /// Writes the platform `directory/NAME.zdf` with `hw/NAME.lfa` and `sw/NAME.spfm` beside it; gives the descriptor's

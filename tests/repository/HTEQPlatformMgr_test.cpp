@@ -6,7 +6,6 @@
 
 #include "kit/Capture.h"
 #include "kit/Cases.h"
-#include "kit/Replace.h"
 #include "kit/Repository.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHardwarePlatformMgr.h"

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 
 #include "kit/Capture.h"
 #include "kit/Cases.h"
@@ -24,35 +25,13 @@ using testing::ElementsAre;
 using U = HTEQPlatformUtils;
 using Strings = U::Strings;
 
-/// Metadata for a part, with design intents that are not those of the board's kind.
-std::string metadata(const std::string& board, const std::string& version, const std::string& part,
-                     const char* intents, const std::string& more = "") {
-    std::string text = R"({"vendor": "hv", "boardId": ")" + board + R"(", "name": "n", "versionMajor": ")" +
-                       HSTStringUtils::split(version, '.')[0] + R"(", "versionMinor": ")" +
-                       HSTStringUtils::split(version, '.')[1] + R"(", )" + more + R"("designIntent": {)";
-    const char* const names[] = {"dataCenter", "embedded", "externalHost", "serverManaged"};
-    for (int i = 0; i < 4; ++i)
-        text += (i > 0 ? ", \"" : "\"") + std::string(names[i]) + R"(": {"explicit": "true", "value": ")" +
-                (intents[i] == '1' ? "true\"}" : "false\"}");
-    return text + R"(}, "devices": [{"name": "fpga0", "fpgaPart": ")" + part +
-           R"(:d:p:-2:e", "core": {"name": "c"}}]})";
-}
-
-Strings namesOf(const U::Platforms& platforms) {
-    Strings names;
-    for (const HTEQPlatform* platform : platforms) names.push_back(platform->getPlatformBaseName());
-    return names;
-}
-
 class HTEQPlatformUtilsTest : public testing::Test {
 protected:
     HTEQPlatformUtilsTest() {
         manager.clearAllPlatforms();
-        putPlatform(scratch, "root/platforms/card", "card_1", metadata("b1", "1.9", "A", "1001"));
-        putPlatform(scratch, "root/platforms/card", "card_2",
-                    metadata("b1", "1.10", "A", "1000", R"("unifiedPlatform": "true", )"));
-        putPlatform(scratch, "user/kit", "kit",
-                    metadata("b2", "3.0", "B", "0100", R"("expandablePlatform": "false", )"));
+        for (const std::string name : {"card_1", "card_2", "kit"})  // the metadata of each is a file
+            putPlatform(scratch, name == "kit" ? "user/kit" : "root/platforms/card", name,
+                        contentOf(ZR_SOURCE_DIR "/tests/cases/repository/" + name + ".json"));
         manager.addPlatformsFromDirs({scratch / "root/platforms", scratch / "user"});
     }
     ~HTEQPlatformUtilsTest() override { manager.clearAllPlatforms(); }
@@ -70,9 +49,9 @@ Query listing(const std::function<void(const Strings&, U::Platforms&)>& query) {
     return [query](const Strings& a) {
         U::Platforms out;
         query(a, out);
-        Strings names = namesOf(out);
-        std::sort(names.begin(), names.end());
-        return joined(names);
+        std::set<std::string> names;
+        for (const HTEQPlatform* platform : out) names.insert(platform->getPlatformBaseName());
+        return joined({names.begin(), names.end()});
     };
 }
 Query texts(const std::function<void(const Strings&, Strings&)>& query) {
@@ -193,14 +172,11 @@ TEST_F(HTEQPlatformUtilsTest, SoftwareByUniqueName) {
     EXPECT_EQ(S::getIncludePaths("kit", "c", "g", "Linux") + S::getIncludePaths("kit", "c", "x", "linux") +
                   S::getIncludePaths("kit", "x", "g", "linux") + S::getIncludePaths("x", "c", "g", "linux"),
               "");
-    HTEQSystemConfig* const pretty = software.addSystemConfig();
-    pretty->setName("C");
+    last->setName("C");
     EXPECT_EQ(S::getSystemConfigByPrettyName(&software, "C"), software.getSystemConfig());  // no plain names
-    pretty->setPrettyName("C");
-    pretty->setSupportsQemu(true);
-    EXPECT_EQ(S::getSystemConfigByPrettyName(&software, "C"), pretty);
+    last->setPrettyName("C"), last->setSupportsQemu(true);
+    EXPECT_EQ(S::getSystemConfigByPrettyName(&software, "C"), last);
     EXPECT_TRUE(S::isQemuSupported(&software, "C") && !S::isQemuSupported(&software, "c"));
-    EXPECT_EQ(S::getSystemConfigByPrettyName(nullptr, "C"), nullptr);
 }
 
 }  // namespace

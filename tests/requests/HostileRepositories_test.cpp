@@ -69,10 +69,6 @@ const Row kRows[] = {
      1},
 };
 
-std::size_t openFiles() {
-    return static_cast<std::size_t>(std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
-}
-
 class HostileRepositories : public testing::Test {
 protected:
     HostileRepositories() { putPlatform(scratch, "r", "good"); }

@@ -3,8 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <regex>
+
 #include "kit/Capture.h"
-#include "kit/Replace.h"
 #include "kit/Repository.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/HTEQPlatform.h"
@@ -26,56 +27,30 @@ Names filesOf(const HSTVector<FoundPlatform>& list, const Scratch& scratch) {
     return files;
 }
 
-/// A line of the tree in docs/finding.md.
-struct TreeLine {
-    std::string path, target, rule;
-    bool isEmpty = false;
-};
-
-std::vector<TreeLine> treeOfThePage() {
-    const std::string page = contentOf(ZR_SOURCE_DIR "/docs/finding.md");
-    const std::size_t begin = page.find("```tree\n") + 8;
-    std::istringstream text(page.substr(begin, page.find("```", begin) - begin));
-    std::vector<TreeLine> lines;
-    for (std::string line; std::getline(text, line);) {
-        std::istringstream words(line);
-        TreeLine& made = lines.emplace_back();
-        words >> made.path;
-        for (std::string word; words >> word;)
-            if (word == "->")
-                words >> made.target;
-            else if (word == "=")
-                made.isEmpty = true;
-            else
-                made.rule = word;
-    }
-    return lines;
-}
-
 }  // namespace
 
 TEST(PlatformSearch, TheTreeOfThePage) {
     const Scratch scratch;
     const Messages messages;
-    const std::vector<TreeLine> tree = treeOfThePage();
-    ASSERT_GE(tree.size(), 10U);
-    Names found;
-    for (const TreeLine& line : tree) {
-        if (!line.target.empty())
-            fs::create_symlink(line.target, scratch / line.path);
-        else if (!fs::exists(scratch / line.path))
-            scratch.put(line.path, line.isEmpty ? ""
-                                                : descriptor("<teq:hardwarePlatforms>" +
-                                                             fileElement("hardwarePlatform", "x.lfa") +
-                                                             "</teq:hardwarePlatforms>"));
-        if (line.rule == "found" && line.path.find("/up/") == std::string::npos) found.push_back(line.path);
-    }
+    const std::string page = contentOf(ZR_SOURCE_DIR "/docs/finding.md");
+    const std::regex form("\n(\\S+)(?: -> (\\S+)| (=))? *(\\S*)(?=\n)");  // path, target of a link, empty, rule
+    const auto end = page.begin() + static_cast<std::ptrdiff_t>(page.find("```", page.find("```tree") + 1));
+    const std::vector<std::smatch> tree(
+        std::sregex_iterator(page.begin() + static_cast<std::ptrdiff_t>(page.find("```tree") + 7), end, form), {});
+    ASSERT_EQ(tree.size(), 12U);
+    const std::string content =
+        descriptor("<teq:hardwarePlatforms>" + fileElement("hardwarePlatform", "x.lfa") + "</teq:hardwarePlatforms>");
     const Repositories where{.dirs = {scratch / "vendor", scratch / "team"}, .withDefaults = false};
-    for (const TreeLine& line : tree) {
-        if (!line.rule.empty()) {
-            EXPECT_EQ(whyNot(scratch / line.path, where).rule, line.rule) << line.path;
-        }
+    Names found;
+    for (const std::smatch& line : tree) {
+        if (line[2].matched)
+            fs::create_symlink(line[2].str(), scratch / line[1]);
+        else if (!fs::exists(scratch / line[1]))
+            scratch.put(line[1], line[3].matched ? "" : content);
+        if (line[4] == "found" && line[1].str().find("/up/") == std::string::npos) found.push_back(line[1]);
     }
+    for (const std::smatch& line : tree)
+        EXPECT_TRUE(line.length(4) == 0 || whyNot(scratch / line[1], where).rule == line[4]) << line[0];
     EXPECT_EQ(whyNot(scratch / "team/none.zdf", where).rule, "missing");
     EXPECT_EQ(whyNot(scratch / "team/up/none.zdf", where).rule, "loop");
     const FindResult result = find({.where = where});
