@@ -47,6 +47,9 @@ struct Failure {
 /// The failure for the exception being handled, of any type; call it in a `catch`. `file` is the file of the request,
 /// for exceptions that name none. Throws std::bad_alloc if memory runs out.
 ZR_API Failure currentFailure(const std::string& file = "");
+/// Likewise, for one file of many: unless the cause is an error of the system that concerns every file, the request goes
+/// on with the next one, and `checkSystem` does not throw for this one.
+ZR_API Failure failureOfOne(const std::string& file);
 /// Throws if the system refused something to this thread since the outermost `requests::Scope` began, such as another
 /// open file: what was found since then may lack it.
 ZR_API void checkSystem();

@@ -11,12 +11,16 @@ namespace {
 
 constexpr std::array kOfSystem{EMFILE, ENFILE, EACCES, EPERM, EIO, ENOMEM, ENOSPC, EDQUOT, EROFS, ESTALE, ENOBUFS};
 
+constexpr std::array kOfOneFile{EACCES, EPERM, EIO, ESTALE};
+
+bool isIn(const auto& numbers, int number) { return std::ranges::find(numbers, number) != numbers.end(); }
+
 thread_local std::optional<SystemFault> first;
 
 }  // namespace
 
 void noteSystemFault(const std::string& path, int number, const char* action) noexcept {
-    if (first || std::ranges::find(kOfSystem, number) == kOfSystem.end()) return;
+    if (first || !isIn(kOfSystem, number)) return;
     try {
         first = SystemFault{path, number,
                             std::string("cannot be ") + action + ": " + std::generic_category().message(number)};
@@ -26,5 +30,9 @@ void noteSystemFault(const std::string& path, int number, const char* action) no
 
 const SystemFault* systemFault() { return first ? &*first : nullptr; }
 void forgetSystemFaults() { first.reset(); }
+
+void forgetFaultOfOneFile() {
+    if (first && isIn(kOfOneFile, first->number)) first.reset();
+}
 
 }  // namespace util

@@ -17,5 +17,8 @@ void noteSystemFault(const std::string& path, int number, const char* action = "
 /// Null if there was none since the last call of `forgetSystemFaults`.
 const SystemFault* systemFault();
 void forgetSystemFaults();
+/// Forgets an error that concerns one file only (no permission, a failing disk): the next file may be read. Others, such
+/// as too many open files, remain.
+void forgetFaultOfOneFile();
 
 }  // namespace util

@@ -41,7 +41,7 @@ void forEachReport(const CatalogRequest& request,
             report = reportOf(file, request.isDetailed);
             if (!report) continue;
         } catch (const HEXAll&) {
-            reason = currentFailure(file).diagnostic;
+            reason = failureOfOne(file).diagnostic;
         }
         use(file, report ? &*report : nullptr, reason);
     }

@@ -1,6 +1,7 @@
 #include "platform/PlatformSearch.h"
 
 #include <fnmatch.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -101,7 +102,7 @@ bool readInto(FoundPlatform& found, std::shared_ptr<HTEQPlatform>* loaded) {
         throw;
     } catch (const std::exception&) {
         found.state = State::broken;
-        found.reason = currentFailure(found.file).diagnostic;
+        found.reason = failureOfOne(found.file).diagnostic;
         return false;
     }
 }
@@ -256,7 +257,8 @@ WhyNot verdictOn(const std::string& file, const std::string& name, const Reposit
     const Location location = locate(name, where);
     for (const FoundPlatform& other : location.others)
         if (other.file == file && other.state == State::broken)
-            return {.rule = "not-valid", .text = other.reason.report("")};
+            return {.rule = ::access(file.c_str(), R_OK) == 0 ? "not-valid" : "permission",
+                    .text = other.reason.report("")};
     if (location.file != file)
         return {.rule = "duplicate", .text = "the name '" + name + "' resolves to '" + location.file + "'"};
     return {.rule = "found", .text = "the name '" + name + "' resolves to it", .isFound = true};

@@ -93,4 +93,10 @@ Failure currentFailure(const std::string& file) {
     }
 }
 
+Failure failureOfOne(const std::string& file) {
+    const Failure failure = currentFailure(file);
+    util::forgetFaultOfOneFile();
+    return failure;
+}
+
 }  // namespace teq_platform
