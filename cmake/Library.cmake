@@ -11,7 +11,9 @@ if(ZR_JVM)
   add_dependencies(zr_platform zr_jvm_jars)
 endif()
 target_link_libraries(zr_platform PRIVATE $<BUILD_INTERFACE:zr_options>)
-target_link_options(zr_platform PRIVATE -Wl,--version-script=${zr_exports} -Wl,--as-needed -Wl,-z,defs)
+# References of the library to its own symbols need no search at its start, except to the data that hosts may set.
+target_link_options(zr_platform PRIVATE -Wl,--version-script=${zr_exports} -Wl,--as-needed -Wl,-z,defs
+    -Wl,--dynamic-list=${PROJECT_SOURCE_DIR}/cmake/shared-data.list)
 if(ZR_SANITIZE)
   set_target_properties(zr_platform PROPERTIES LINK_OPTIONS "-Wl,--version-script=${zr_exports}")
 endif()

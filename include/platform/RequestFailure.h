@@ -49,7 +49,7 @@ struct Failure {
 ZR_API Failure currentFailure(const std::string& file = "");
 /// Likewise, for one file of many: unless the cause is an error of the system that concerns every file, the request goes
 /// on with the next one, and `checkSystem` does not throw for this one.
-ZR_API Failure failureOfOne(const std::string& file);
+Failure failureOfOne(const std::string& file);
 /// Throws if the system refused something to this thread since the outermost `requests::Scope` began, such as another
 /// open file: what was found since then may lack it.
 ZR_API void checkSystem();

@@ -1,8 +1,9 @@
 #include "archive/PackedText.h"
 
-#include <zlib.h>
+#include <libdeflate.h>
 
 #include <algorithm>
+#include <memory>
 #include <new>
 
 #include "msg/HEXFileFault.h"
@@ -18,15 +19,22 @@ constexpr std::string_view kMark = "ZRXPACK1";
     throw HEXFileFault({.file = file, .text = text});
 }
 
+template <auto release>
+struct Release {
+    void operator()(auto* owned) const { release(owned); }
+};
+using Compressor = std::unique_ptr<libdeflate_compressor, Release<libdeflate_free_compressor>>;
+using Decompressor = std::unique_ptr<libdeflate_decompressor, Release<libdeflate_free_decompressor>>;
+
 }  // namespace
 
 std::string packedText(std::string_view text) {
-    uLongf size = ::compressBound(text.size());
-    std::string bytes(kMark.size() + size, '\0');
+    const Compressor compressor(libdeflate_alloc_compressor(12));
+    if (!compressor) throw std::bad_alloc();
+    std::string bytes(kMark.size() + libdeflate_zlib_compress_bound(compressor.get(), text.size()), '\0');
     bytes.replace(0, kMark.size(), kMark);
-    const auto* const from = reinterpret_cast<const Bytef*>(text.data());
-    auto* const to = reinterpret_cast<Bytef*>(bytes.data() + kMark.size());
-    if (::compress2(to, &size, from, text.size(), Z_BEST_COMPRESSION) != Z_OK) throw std::bad_alloc();
+    const std::size_t size = libdeflate_zlib_compress(compressor.get(), text.data(), text.size(),
+                                                      bytes.data() + kMark.size(), bytes.size() - kMark.size());
     bytes.resize(kMark.size() + size);
     return bytes;
 }
@@ -34,20 +42,18 @@ std::string packedText(std::string_view text) {
 std::string unpackedText(std::string_view bytes, const std::string& file) {
     if (!bytes.starts_with(kMark)) fail(file, "not a packed text: it does not begin with \"ZRXPACK1\"");
     bytes.remove_prefix(kMark.size());
+    const Decompressor decompressor(libdeflate_alloc_decompressor());
+    if (!decompressor) throw std::bad_alloc();
     std::string text;
-    uLongf size = 0;
-    uLong taken = 0;
-    int result = Z_BUF_ERROR;
-    for (std::size_t room = 16 << 10; result == Z_BUF_ERROR && size == text.size(); room *= 4) {
+    std::size_t taken = 0, size = 0;
+    auto result = LIBDEFLATE_INSUFFICIENT_SPACE;
+    for (std::size_t room = 16 << 10; result == LIBDEFLATE_INSUFFICIENT_SPACE; room *= 4) {
         if (text.size() == kMaxPackedText) fail(file, "the packed text is larger than 1 MiB");
         text.resize(std::min(room, kMaxPackedText));
-        size = text.size();
-        taken = bytes.size();
-        result = ::uncompress2(reinterpret_cast<Bytef*>(text.data()), &size,
-                               reinterpret_cast<const Bytef*>(bytes.data()), &taken);
+        result = libdeflate_zlib_decompress_ex(decompressor.get(), bytes.data(), bytes.size(), text.data(),
+                                               text.size(), &taken, &size);
     }
-    if (result == Z_MEM_ERROR) throw std::bad_alloc();
-    if (result != Z_OK || taken != bytes.size()) fail(file, "the packed text is damaged");
+    if (result != LIBDEFLATE_SUCCESS || taken != bytes.size()) fail(file, "the packed text is damaged");
     text.resize(size);
     if (const auto budget = zip::Request::budget(); budget && !budget->spend(size))
         fail(file, "decompressing it would exceed the budget of the call");
