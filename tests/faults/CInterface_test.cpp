@@ -13,6 +13,7 @@
 #include "kit/Faults.h"
 #include "kit/Run.h"
 #include "kit/Scratch.h"
+#include "util/HUTEnv.h"
 
 namespace fs = std::filesystem;
 
@@ -229,6 +230,8 @@ void CallsWithoutMemory::failEach(const std::string& name, const Call& call, boo
         ASSERT_TRUE(code == good || code == ZR_NO_MEMORY || code == ZR_ENVIRONMENT) << when << ": " << code;
         const bool isOfLibzip = faults::refused().starts_with("libzip.");  // which loses one block in `zip_close`
         ASSERT_TRUE(kept == 0 || (kept == 1 && isOfLibzip)) << when << ": " << kept << " blocks";
+        // Without memory a temporary directory remains until the process ends, and the next one needs another name.
+        for (const auto& left : fs::directory_iterator(HUTEnv::getJUNTmpDir())) fs::remove_all(left);
         seen_.insert(code);
         ++points_;
     }

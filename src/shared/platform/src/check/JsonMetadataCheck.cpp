@@ -144,6 +144,13 @@ private:
 };
 
 class JsonMetadata {
+    // Before its uses, as clang demands of a deduced type.
+    auto reportAt_(const ptree& value, const Path& path) {
+        return [this, &value, &path](const char* name, std::string text) {
+            check_.add(name, value, path, std::move(text));
+        };
+    }
+
 public:
     JsonMetadata(JsonCheck& check, const ptree& document) : check_(check), document_(document) {}
 
@@ -166,12 +173,6 @@ public:
     }
 
 private:
-    auto reportAt_(const ptree& value, const Path& path) {
-        return [this, &value, &path](const char* name, std::string text) {
-            check_.add(name, value, path, std::move(text));
-        };
-    }
-
     JsonCheck& check_;
     const ptree& document_;
 };
