@@ -51,7 +51,7 @@ void JSONWriter::copyItems_(const JSONWriter& other) {
     own->addItems(other.items_());
     const auto& keys = other.stream_->keys;
     for (std::size_t i = other.firstKey_; i < (other.child_ ? other.childKeys_ : keys.size()); ++i)
-        own->keys.push_back(keys[i] - other.start_);
+        own->keys.push_back({keys[i].at - other.start_, keys[i].mark});
     own_ = std::move(own);
     stream_ = own_.get();
     start_ = firstKey_ = 0;
@@ -135,8 +135,9 @@ bool JSONWriter::hasKey_(const std::string& key) const {
     if (!stream_) return false;
     const auto& keys = stream_->keys;
     if (keys.size() - firstKey_ > kMaxKeys) return true;
+    const std::uint32_t mark = ValueStream::markOf(key);
     for (std::size_t i = firstKey_; i < keys.size(); ++i)
-        if (stream_->keyAt(keys[i]) == key) return true;
+        if (keys[i].mark == mark && stream_->keyAt(keys[i].at) == key) return true;
     return false;
 }
 
@@ -147,7 +148,7 @@ bool JSONWriter::addValue_(const std::string& key, const std::string& value, boo
     ValueStream& stream = streamOrNew_();
     const std::size_t at = stream.size();
     stream.add(ValueStream::Kind::value, key, value);
-    if (!key.empty()) stream.keys.push_back(at);
+    if (!key.empty()) stream.keys.push_back({at, ValueStream::markOf(key)});
     return true;
 }
 
@@ -165,7 +166,7 @@ void JSONWriter::addChild_(const std::string& key, JSONWriter&& child) {
         stream.addTree(key, *child.tree_);
     else
         stream.addItemsBelow(key, child.items_());
-    if (!key.empty()) stream.keys.push_back(at);
+    if (!key.empty()) stream.keys.push_back({at, ValueStream::markOf(key)});
     child.clear_();
 }
 
@@ -193,7 +194,7 @@ void JSONWriter::close_(JSONWriter& child, std::string_view key) {
     view_.reset();
     stream_->addEnd();
     stream_->keys.resize(childKeys_);
-    if (!key.empty()) stream_->keys.push_back(childAt_);
+    if (!key.empty()) stream_->keys.push_back({childAt_, ValueStream::markOf(key)});
     child.stream_ = nullptr;
     child_ = nullptr;
 }

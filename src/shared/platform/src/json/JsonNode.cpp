@@ -5,8 +5,10 @@
 namespace json {
 
 Node Node::find(std::string_view name) const {
-    for (const Node child : *this)
-        if (child.name() == name) return child;
+    if (!document_) return {};
+    const auto& entries = document_->entries_;
+    for (std::uint32_t at = index_ + 1; at < entries[index_].end; at = entries[at].end)
+        if (entries[at].name.size == name.size() && document_->view(entries[at].name) == name) return {document_, at};
     return {};
 }
 

@@ -36,22 +36,24 @@ void appendEscape(std::string& out, unsigned char c) {
 
 void appendText(std::string& out, std::string_view text) {
     out += '"';
-    auto kept = text.begin();
-    for (auto at = text.begin(); at != text.end(); ++at) {
-        const auto c = static_cast<unsigned char>(*at);
+    std::size_t kept = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto c = static_cast<unsigned char>(text[at]);
         if (kPlain[c]) [[likely]]
             continue;
-        out.append(kept, at);
+        out += text.substr(kept, at - kept);
         appendEscape(out, c);
         kept = at + 1;
     }
-    out.append(kept, text.end());
+    out += text.substr(kept);
     out += '"';
 }
 
 /// A document in the form of the property tree's own writer.
 class Printer {
 public:
+    /// `expected`: about the size of the document.
+    explicit Printer(std::size_t expected = 0) { out_.reserve(expected); }
     /// A key of an open object, or an item of an open list.
     void value(std::string_view key, std::string_view text) {
         begin(key);
@@ -65,16 +67,18 @@ public:
                                       std::string(key) + "\" has a value and children",
                                   "", 0));
         if (!levels_.empty()) begin(key);
-        out_ += isList ? "[\n" : "{\n";
+        out_ += isList ? '[' : '{';
         levels_.push_back({isList});
+        lead_.append(4, ' ');
     }
     void close() {
-        const Level level = levels_.back();
+        const bool isList = levels_.back().isList;
         levels_.pop_back();
-        if (level.isBegun) out_ += '\n';
-        indent();
-        out_ += level.isList ? ']' : '}';
-        if (levels_.empty()) out_ += '\n';
+        lead_.resize(lead_.size() - 4);
+        out_ += std::string_view(lead_).substr(1);
+        out_ += isList ? ']' : '}';
+        if (!levels_.empty()) return;
+        out_ += '\n';
         spend();
     }
     std::string take() { return std::move(out_); }
@@ -83,20 +87,21 @@ private:
     struct Level {
         bool isList, isBegun = false;
     };
-    void indent() { out_.append(4 * levels_.size(), ' '); }
     void begin(std::string_view key) {
+        if (out_.size() - counted_ > kCounted) spend();
         Level& level = levels_.back();
-        if (level.isBegun) out_ += ",\n";
+        out_ += std::string_view(lead_).substr(level.isBegun ? 0 : 1);
         level.isBegun = true;
-        spend();
-        indent();
         if (level.isList) return;
         appendText(out_, key);
         out_ += ": ";
     }
     void spend() { Budget::spend(Cost::text, out_.size() - std::exchange(counted_, out_.size())); }
 
+    static constexpr std::size_t kCounted = 4096;  ///< bytes that the budget is asked for at once
+
     std::string out_;
+    std::string lead_ = ",\n";  ///< what precedes an item, at the present depth
     std::vector<Level> levels_;
     std::size_t counted_ = 0;
 };
@@ -143,7 +148,7 @@ std::string writeMember(const std::string& key, const ptree& node) {
 
 std::string writeItems(std::string_view items) {
     using Kind = ValueStream::Kind;
-    Printer printer;
+    Printer printer(2 * items.size());
     printer.open("", "", false);
     while (!items.empty()) {
         const auto [kind, key, text] = takeItem(items);

@@ -71,6 +71,13 @@ void ValueStream::addItemsBelow(std::string_view key, std::string_view items) {
     }
 }
 
+std::uint32_t ValueStream::markOf(std::string_view key) {
+    const auto byte = [&](std::size_t at) -> std::uint32_t { return static_cast<unsigned char>(key[at]); };
+    if (key.empty()) return 0;
+    return static_cast<std::uint32_t>(key.size()) << 24 | byte(0) << 16 | byte(key.size() / 2) << 8 |
+           byte(key.size() - 1);
+}
+
 std::string_view ValueStream::keyAt(std::size_t item) const {
     std::string_view rest = items(item, size());
     return takeItem(rest).key;

@@ -36,8 +36,14 @@ public:
     std::string_view keyAt(std::size_t item) const;
     std::string_view items(std::size_t from, std::size_t to) const { return {bytes_.data() + from, to - from}; }
 
-    /// Where the items begin of each writer that is open, those of the innermost one last.
-    std::vector<std::size_t> keys;
+    /// An item with a key, and a number that most other keys do not have.
+    struct Key {
+        std::size_t at;
+        std::uint32_t mark;
+    };
+    static std::uint32_t markOf(std::string_view key);
+    /// The items of each writer that is open, those of the innermost one last.
+    std::vector<Key> keys;
 
 private:
     std::string bytes_;
