@@ -1,3 +1,4 @@
+#include <platform/DerivedFiles.h>
 #include <platform/PlatformRequests.h>
 
 #include "Console.h"
@@ -6,6 +7,10 @@
 namespace requests = teq_platform::requests;
 
 int runJson(const Call& call) {
+    if (call["FILE"].ends_with(".rqa")) {
+        Console::take().data(requests::rqaIndex(call["FILE"]));
+        return 0;
+    }
     const auto form = call.has("short") ? requests::Form::brief : requests::Form::full;
     const std::string file = platformFile(call["FILE"], call);
     Console::take().data(requests::document(*loaded(file, call), file, form));

@@ -1,7 +1,7 @@
 #include "check/JsonCheck.h"
 
 #include <algorithm>
-#include <unordered_map>
+#include <map>
 
 #include "json/JsonPlaces.h"
 #include "msg/Budget.h"
@@ -14,12 +14,12 @@ namespace check {
 namespace {
 
 using json::Form;
-using json::ptree;
+using json::Node;
 
 std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::excerpt(text) + "\""; }
 
 /// A JSON null is read as the text "null", and an empty list or object as an empty text.
-bool isNothing(const ptree& value) { return value.empty() && (value.data().empty() || value.data() == "null"); }
+bool isNothing(Node value) { return value.empty() && (value.text().empty() || value.text() == "null"); }
 
 /// Optional white space and sign, then digits only.
 bool isNumber(std::string_view text) {
@@ -39,17 +39,17 @@ std::string plainNumber(std::string_view text) {
     return (negative ? "-" : "") + std::string(text.substr(digits));
 }
 
-bool hasNamedChild(const ptree& value) {
-    return std::ranges::any_of(value, [](const auto& child) { return !child.first.empty(); });
+bool hasNamedChild(Node value) {
+    return std::any_of(value.begin(), value.end(), [](Node child) { return !child.name().empty(); });
 }
 
-bool hasNamelessChild(const ptree& value) {
-    return std::ranges::any_of(value, [](const auto& child) { return child.first.empty(); });
+bool hasNamelessChild(Node value) {
+    return std::any_of(value.begin(), value.end(), [](Node child) { return child.name().empty(); });
 }
 
 /// A missing key is read as an empty text.
 bool isRefusedWhenMissing(const json::Shape& shape) {
-    return shape.refusal && !shape.isOptional && !shape.refusal(json::Node()).empty();
+    return shape.refusal && !shape.isOptional && !shape.refusal(Node()).empty();
 }
 
 /// The form of a value that is refused otherwise.
@@ -61,11 +61,12 @@ std::string expectedOf(const json::Shape& shape) {
     return form != std::end(kForms) ? form->second : "";
 }
 
-/// Numbers the wanted values in document order. The parser's limit bounds the recursion.
-void number(const ptree& value, std::unordered_map<const ptree*, std::size_t>& wanted, std::size_t& next) {
-    if (const auto at = wanted.find(&value); at != wanted.end()) at->second = next;
-    ++next;
-    for (const auto& [key, child] : value) number(child, wanted, next);
+bool hasDuplicates(Node object) {
+    std::vector<std::string_view> keys;
+    for (const Node child : object)
+        if (!child.name().empty()) keys.push_back(child.name());
+    std::ranges::sort(keys);
+    return std::ranges::adjacent_find(keys) != keys.end();
 }
 
 }  // namespace
@@ -73,13 +74,13 @@ void number(const ptree& value, std::unordered_map<const ptree*, std::size_t>& w
 std::string Path::text() const {
     if (!parent) return {};
     const std::string before = parent->text();
-    if (!key) return before + "[" + std::to_string(index) + "]";
+    if (!key.data()) return before + "[" + std::to_string(index) + "]";
     const std::string name(HSTStringUtils::utf8Prefix(key, kMaxReasonText));
     return before.size() > kMaxPathText ? before : before.empty() ? name : before + "." + name;
 }
 
 JsonCheck::JsonCheck(const Source& source) : source_(source) {
-    const auto fault = json::tryParse(source.text, tree_);
+    const auto fault = document_.tryParse(source.text);
     parsed_ = !fault;
     if (parsed_) return;
     CheckFinding finding;
@@ -93,45 +94,46 @@ JsonCheck::JsonCheck(const Source& source) : source_(source) {
 }
 
 void JsonCheck::checkShapes(json::Shapes shapes) {
-    if (isObject_(tree_, {})) checkKeys_(tree_, shapes, {});
-    checkDuplicates_(tree_, {});
+    if (isObject_(document(), {})) checkKeys_(document(), shapes, {});
+    checkDuplicates();
 }
 
-void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view, const ptree&)) {
-    if (!isObject_(tree_, {})) return;
-    std::unordered_map<std::string, std::size_t> counts;
+void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view, Node)) {
+    if (!isObject_(document(), {})) return;
+    std::map<std::string_view, std::size_t> counts;
     const Path root;
-    for (const auto& [key, object] : tree_) {
+    for (const Node object : document()) {
+        const std::string_view key = object.name();
         const auto* const shapes = shapesOf(key, object);
         if (!shapes) continue;
-        const Path all{&root, key.c_str()}, at{&all, nullptr, counts[key]++};
+        const Path all{&root, key}, at{&all, {}, counts[key]++};
         if (!isObject_(object, at)) continue;
         checkKeys_(object, *shapes, at);
         checkDuplicates_(object, at);
     }
 }
 
-void JsonCheck::add(const char* name, const ptree& value, const Path& path, std::string text) {
+void JsonCheck::add(const char* name, Node value, const Path& path, std::string text) {
     if (found_.size() < kMaxFindingsPerDocument)
-        found_.push_back({name, &value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
+        found_.push_back({name, value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
     else if (more_++ == 0)
         firstMore_ = name;
 }
 
-void JsonCheck::checkKeys_(const ptree& object, json::Shapes shapes, const Path& path) {
+void JsonCheck::checkKeys_(Node object, json::Shapes shapes, const Path& path) {
     for (const json::Shape& shape : shapes) {
         if (!shape.isRead) continue;
-        const auto at = object.find(shape.name);  // the reader uses the first of duplicates
-        if (at != object.not_found())
-            checkValue_(at->second, shape, {&path, shape.name});
+        if (const Node value = object.find(shape.name))  // the reader uses the first of duplicates
+            checkValue_(value, shape, {&path, shape.name});
         else if (shape.required || isRefusedWhenMissing(shape))
             add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is missing");
     }
     checkKnown_(object, shapes, path);
 }
 
-void JsonCheck::checkKnown_(const ptree& object, json::Shapes shapes, const Path& path) {
-    for (const auto& [key, value] : object) {
+void JsonCheck::checkKnown_(Node object, json::Shapes shapes, const Path& path) {
+    for (const Node value : object) {
+        const std::string_view key = value.name();
         if (std::ranges::any_of(shapes, [&key](const json::Shape& shape) { return key == shape.name; })) continue;
         std::vector<std::string> known;
         if (found_.size() == kMaxFindingsPerDocument) {
@@ -139,12 +141,12 @@ void JsonCheck::checkKnown_(const ptree& object, json::Shapes shapes, const Path
             continue;
         }
         for (const json::Shape& shape : shapes) known.emplace_back(shape.name);
-        add(kUnknownKey, value, {&path, key.c_str()},
+        add(kUnknownKey, value, {&path, key},
             "the key is not read" + text::nearest(std::string(HSTStringUtils::utf8Prefix(key, 64)), known));
     }
 }
 
-void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const Path& path) {
+void JsonCheck::checkValue_(Node value, const json::Shape& shape, const Path& path) {
     const std::size_t before = found_.size() + more_;
     switch (shape.form) {
         case Form::unknown: break;
@@ -160,26 +162,29 @@ void JsonCheck::checkValue_(const ptree& value, const json::Shape& shape, const 
             break;
     }
     if (!shape.refusal || found_.size() + more_ != before) return;  // one finding for a value
-    if (const std::string refusal = shape.refusal(json::Document(value).root()); !refusal.empty()) {
-        refused_.insert(&value);
+    if (const std::string refusal = shape.refusal(value); !refusal.empty()) {
+        refused_.insert(value.index());
         add(kRefusedValue, value, path, HSTStringUtils::excerpt(refusal, kMaxReasonText) + expectedOf(shape));
     }
 }
 
 /// The parser's limit bounds the recursion.
-void JsonCheck::checkDuplicates_(const ptree& value, const Path& path) {
+void JsonCheck::checkDuplicates_(Node value, const Path& path) {
+    const bool isUnique = refused_.contains(value.index()) || !hasDuplicates(value);
+    std::set<std::string_view> seen;
     std::size_t index = 0;
-    for (const auto& [key, child] : value) {
-        const Path at{&path, key.empty() ? nullptr : key.c_str(), index++};
-        if (!key.empty() && &value.find(key)->second != &child && !refused_.contains(&value))
+    for (const Node child : value) {
+        const std::string_view key = child.name();
+        const Path at{&path, key.empty() ? std::string_view() : key, index++};
+        if (!isUnique && !key.empty() && !seen.insert(key).second)
             add(kDuplicateKey, child, at, "the key stands twice; only the first value is read");
         if (!child.empty()) checkDuplicates_(child, at);
     }
 }
 
-void JsonCheck::checkScalar_(const ptree& value, const json::Shape& shape, const Path& path) {
+void JsonCheck::checkScalar_(Node value, const json::Shape& shape, const Path& path) {
     const Form form = shape.form;
-    const std::string& text = value.data();
+    const std::string text = value.data();
     if (!value.empty())
         add(kWrongShape, value, path,
             std::string(hasNamedChild(value) ? "an object" : "a list") + " where a single value is expected");
@@ -195,11 +200,11 @@ void JsonCheck::checkScalar_(const ptree& value, const json::Shape& shape, const
         add(kNotAFlag, value, path, quoted(text) + " is neither true nor false; it is read as false");
 }
 
-void JsonCheck::checkItems_(const ptree& list, const json::Shape& shape, const Path& path) {
+void JsonCheck::checkItems_(Node list, const json::Shape& shape, const Path& path) {
     const json::Shapes inner = shape.inner ? shape.inner() : json::Shapes();
     std::size_t index = 0;
-    for (const auto& [key, item] : list) {
-        const Path at{&path, nullptr, index++};
+    for (const Node item : list) {
+        const Path at{&path, {}, index++};
         if (shape.form == Form::texts)
             checkScalar_(item, {.name = nullptr, .form = Form::text}, at);
         else if (const char* const why = Budget::refusal(Cost::records, shape.size))
@@ -209,7 +214,7 @@ void JsonCheck::checkItems_(const ptree& list, const json::Shape& shape, const P
     }
 }
 
-bool JsonCheck::isObject_(const ptree& value, const Path& path) {
+bool JsonCheck::isObject_(Node value, const Path& path) {
     const char* const wrong = !value.empty()     ? hasNamelessChild(value) ? "a list" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
@@ -217,9 +222,9 @@ bool JsonCheck::isObject_(const ptree& value, const Path& path) {
     return !wrong;
 }
 
-bool JsonCheck::isList(const ptree& value) { return value.empty() ? isNothing(value) : !hasNamedChild(value); }
+bool JsonCheck::isList(Node value) { return value.empty() ? isNothing(value) : !hasNamedChild(value); }
 
-bool JsonCheck::isList_(const ptree& value, const Path& path) {
+bool JsonCheck::isList_(Node value, const Path& path) {
     const char* const wrong = !value.empty()     ? hasNamedChild(value) ? "an object" : nullptr
                               : isNothing(value) ? nullptr
                                                  : "a single value";
@@ -230,14 +235,10 @@ bool JsonCheck::isList_(const ptree& value, const Path& path) {
 void JsonCheck::report(Findings& findings) {
     findings.append(std::move(own_));
     if (found_.empty()) return;
-    std::unordered_map<const ptree*, std::size_t> numbers;
-    for (const Found& found : found_) numbers.emplace(found.value, 0);
-    std::size_t next = 0;
-    number(tree_, numbers, next);
-    std::ranges::stable_sort(found_, {}, [&](const Found& found) { return numbers.at(found.value); });
+    std::ranges::stable_sort(found_, {}, [](const Found& found) { return found.value.index(); });
     std::vector<std::size_t> wanted;
     wanted.reserve(found_.size());
-    for (const Found& found : found_) wanted.push_back(numbers.at(found.value));
+    for (const Found& found : found_) wanted.push_back(found.value.index());
     const std::vector<json::TextPlace> places = json::placesOf(source_.text, wanted);
     for (std::size_t i = 0; i < found_.size(); ++i) {
         CheckFinding finding;

@@ -3,37 +3,40 @@
 
 #include "check/Findings.h"
 #include "json/JsonShape.h"
-#include "json/JsonText.h"
 
 namespace check {
 
 /// The path of a value, such as "devices[0].core". Kept on the stack; the text is made only for a finding.
 struct Path {
     const Path* parent = nullptr;
-    const char* key = nullptr;  ///< null for an item of a list
+    std::string_view key = {};  ///< without data for an item of a list
     std::size_t index = 0;
 
     std::string text() const;
 };
 
-/// Checks a JSON document. Findings refer to values of the tree; `report` computes their locations.
+/// Checks a JSON document. Findings refer to values of the document; `report` computes their locations.
 class JsonCheck {
 public:
     /// Parses the text, which must outlive the check.
     explicit JsonCheck(const Source& source);
 
-    /// Null if the text is not JSON.
-    const json::ptree* document() const { return parsed_ ? &tree_ : nullptr; }
+    /// A missing value if the text is not JSON.
+    json::Node document() const { return parsed_ ? document_.root() : json::Node(); }
+
+    const json::Document& parsed() const { return document_; }
 
     /// Checks the document against the keys that its reader uses.
     void checkShapes(json::Shapes shapes);
+    /// Checks only that no object has a key twice; `checkShapes` does this as well.
+    void checkDuplicates() { checkDuplicates_(document(), {}); }
     /// Checks a document whose keys may occur any number of times, each with an object of its own. `shapesOf` gives the
     /// keys that are read of such an object; null for a key that is ignored.
-    void checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view key, const json::ptree& object));
+    void checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view key, json::Node object));
     /// Adds a finding. `value` is in the document, at `path`.
-    void add(const char* name, const json::ptree& value, const Path& path, std::string text);
+    void add(const char* name, json::Node value, const Path& path, std::string text);
     /// Whether `value` is a list, or nothing.
-    static bool isList(const json::ptree& value);
+    static bool isList(json::Node value);
 
     /// Adds the findings to `findings`, in document order.
     void report(Findings& findings);
@@ -41,26 +44,26 @@ public:
 private:
     struct Found {
         const char* name;
-        const json::ptree* value;
+        json::Node value;
         std::string path, text;
     };
 
-    void checkKeys_(const json::ptree& object, json::Shapes shapes, const Path& path);
-    void checkKnown_(const json::ptree& object, json::Shapes shapes, const Path& path);
-    void checkValue_(const json::ptree& value, const json::Shape& shape, const Path& path);
-    void checkScalar_(const json::ptree& value, const json::Shape& shape, const Path& path);
-    void checkDuplicates_(const json::ptree& value, const Path& path);
-    void checkItems_(const json::ptree& list, const json::Shape& shape, const Path& path);
-    bool isObject_(const json::ptree& value, const Path& path);
-    bool isList_(const json::ptree& value, const Path& path);
+    void checkKeys_(json::Node object, json::Shapes shapes, const Path& path);
+    void checkKnown_(json::Node object, json::Shapes shapes, const Path& path);
+    void checkValue_(json::Node value, const json::Shape& shape, const Path& path);
+    void checkScalar_(json::Node value, const json::Shape& shape, const Path& path);
+    void checkDuplicates_(json::Node value, const Path& path);
+    void checkItems_(json::Node list, const json::Shape& shape, const Path& path);
+    bool isObject_(json::Node value, const Path& path);
+    bool isList_(json::Node value, const Path& path);
 
     const Source& source_;
-    json::ptree tree_;
+    json::Document document_;
     bool parsed_ = false;
     std::vector<Found> found_;
     std::size_t more_ = 0;             ///< than `found_` has
     const char* firstMore_ = nullptr;  ///< the name of the first of these
-    std::set<const json::ptree*> refused_;
+    std::set<std::uint32_t> refused_;  ///< the indexes of values
     Findings own_;
 };
 

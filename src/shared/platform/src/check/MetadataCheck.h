@@ -28,8 +28,10 @@ void checkSoftware(const Source& source, const ReadXml& document, const Identity
 void checkEmulationJson(const Source& source, Findings& findings);
 /// Any JSON document.
 void checkAnyJson(const Source& source, Findings& findings);
-/// A JSON file that is not in an archive: metadata, emulation targets, extended metadata or semantic labels,
-/// by name and content.
+/// The index of a metadata archive, and whether the files that it lists are there.
+void checkIndex(const Source& source, ArchiveMembers& members, Findings& findings);
+/// A JSON file that is not in an archive: metadata, emulation targets, extended metadata, semantic labels or an index, by
+/// name and content. Of any other document, only the syntax is checked.
 void checkJsonFile(const Source& source, Findings& findings);
 
 }  // namespace check

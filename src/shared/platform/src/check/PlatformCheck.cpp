@@ -12,6 +12,7 @@
 #include "loading/WrongExtension.h"
 #include "msg/HEXAll.h"
 #include "platform/FileKind.h"
+#include "platform/HRQAArchive.h"
 #include "platform/HTEQEmulations.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
@@ -29,6 +30,8 @@ using archive::PlatformArchive;
 using check::Findings;
 using check::Identity;
 using check::Source;
+
+bool isMetadataArchive(const std::string& file) { return HUTFile::getExt(file) == "rqa"; }
 
 void checkMetadata(const Source& source, const PlatformArchive::Metadata& metadata, const PlatformArchive& archive,
                    const Identity* descriptor, Findings& findings) {
@@ -62,9 +65,23 @@ void checkMembers(const PlatformArchive& archive, bool needsJson, const Identity
     findings.add(check::kNoMetadata, missing.file, missing.member, missing.text);
 }
 
+void checkMetadataArchive(const PlatformArchive& archive, Findings& findings) {
+    checkMemberNames(archive, findings);
+    check::ArchiveMembers members(archive);
+    const std::string& index = HRQAArchive::getJsonFileName();
+    if (!archive.contains(index))
+        findings.add(check::kNoMetadata, archive.name(), "", "the archive has no index " + index);
+    else if (const auto source = members.read(index, findings))
+        check::checkIndex(*source, members, findings);
+}
+
 void checkArchive(const std::string& file, bool needsJson, const Identity* descriptor, Findings& findings) {
     try {
-        checkMembers(PlatformArchive(file), needsJson, descriptor, findings);
+        const PlatformArchive archive(file);
+        if (isMetadataArchive(file))
+            checkMetadataArchive(archive, findings);
+        else
+            checkMembers(archive, needsJson, descriptor, findings);
     } catch (const zip::ArchiveError& e) {
         findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
     }
@@ -129,10 +146,10 @@ void checkXmlFile(const Source& source, Findings& findings) {
 HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
     const zip::Request request;
     Findings findings;
-    if (fileKindOf(file) == FileKind::hardware) {
+    if (fileKindOf(file) == FileKind::hardware || isMetadataArchive(file)) {
         checkArchive(file, false, nullptr, findings);
     } else if (zip::looksLikeArchive(file)) {
-        findings.add(check::kWrongExtension, file, "", loading::kRenameArchive);
+        findings.add(check::kWrongExtension, file, "", loading::wrongExtensionOf(file));
     } else if (const auto source = textOf(file, findings)) {
         if (isJson(*source))
             check::checkJsonFile(*source, findings);

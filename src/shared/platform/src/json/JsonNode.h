@@ -1,5 +1,7 @@
 #pragma once
+#include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +28,8 @@ public:
     std::string_view text() const;
     /// The same as a string.
     std::string data() const { return std::string(text()); }
+    /// Its number in the order of the document, which is 0 itself.
+    std::uint32_t index() const { return index_; }
     /// Whether there are no children.
     bool empty() const;
     Iterator begin() const;
@@ -43,10 +47,16 @@ private:
 
 class Node::Iterator {
 public:
+    using iterator_category = std::input_iterator_tag;
+    using value_type = Node;
+    using reference = Node;
+    using pointer = void;
+    using difference_type = std::ptrdiff_t;
+
     explicit Iterator(Node at) : at_(at) {}
     Node operator*() const { return at_; }
     Iterator& operator++();
-    bool operator!=(const Iterator& other) const { return at_.index_ != other.at_.index_; }
+    bool operator==(const Iterator& other) const { return at_.index_ == other.at_.index_; }
 
 private:
     Node at_;

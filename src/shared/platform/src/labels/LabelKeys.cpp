@@ -36,7 +36,7 @@ std::vector<Shape> shapesIn(std::initializer_list<json::Rows> tables) {
 
 }  // namespace
 
-const std::vector<Shape>* shapesOf(std::string_view key, const json::ptree& label) {
+const std::vector<Shape>* shapesOf(std::string_view key, json::Node label) {
     static const std::vector<Shape> uuid = shapesIn({json::keysOf<HTEQSemanticUuid>()}),
                                     bar = shapesIn({json::keysOf<HTEQSemanticPcieBar>()}),
                                     dmaBar = shapesIn({json::keysOf<HTEQSemanticPcieBar>(), dmaKeys()}),

@@ -108,6 +108,6 @@ void fill(Read read, Report report) {
 }
 
 /// What the class of the labels under `key` expects of this one, for checks; null for an unknown key.
-const std::vector<json::Shape>* shapesOf(std::string_view key, const json::ptree& label);
+const std::vector<json::Shape>* shapesOf(std::string_view key, json::Node label);
 
 }  // namespace labels

@@ -64,7 +64,7 @@ std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMo
 /// Throws the cause of a failed load.
 [[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
     if (fileKindOf(file) != FileKind::hardware && zip::looksLikeArchive(file))
-        throw HEXFileFault({.file = file, .id = "74-9", .text = loading::kRenameArchive});
+        throw HEXFileFault({.file = file, .id = "74-9", .text = loading::wrongExtensionOf(file)});
     if (e.cause()) std::rethrow_exception(e.cause());
     throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
 }

@@ -81,7 +81,9 @@ std::string labels(const Labels& request) {
     check.report(findings);
     expectNone(findings);
     HTEQSemanticLabelReader reader;
-    reader.parseRoot(*check.document());
+    json::ptree tree;
+    json::copy(check.parsed(), tree);
+    reader.parseRoot(tree);
 
     HSTVector<std::string> inputs{request.file};
     for (const std::string& out : {request.partitionMetadata, request.extMetadata}) {
