@@ -175,7 +175,7 @@ def check_tests():
 
 
 def tidy(source):
-    result = subprocess.run(["clang-tidy-16", "--quiet", "-p", "build/release", source], cwd=ROOT, capture_output=True,
+    result = subprocess.run(["clang-tidy-16", "--quiet", "-p", "build/tidy", source], cwd=ROOT, capture_output=True,
                             text=True)
     return [line for line in result.stdout.splitlines() if line.strip()] if result.returncode else []
 

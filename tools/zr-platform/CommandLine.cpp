@@ -90,7 +90,7 @@ const Verb* verbOf(const std::vector<std::string>& arguments) {
 std::string unknownOption(const std::vector<std::string>& arguments, const std::vector<std::string>& known) {
     for (const std::string& argument : arguments) {
         if (argument == "--") break;
-        const std::string name = argument.substr(0, argument.find('='));
+        std::string name = argument.substr(0, argument.find('='));
         if (name.size() > 1 && name.starts_with("-") && std::find(known.begin(), known.end(), name) == known.end())
             return name;
     }

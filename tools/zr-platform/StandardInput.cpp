@@ -64,7 +64,7 @@ std::string StandardInput::keep() {
     }
     file.close();
     if (!file) fail("standard input cannot be kept in '" + path + "'");
-    const std::string named = path + "." + extensionOf(begin, end);
+    std::string named = path + "." + extensionOf(begin, end);
     std::filesystem::rename(path, named);
     return named;
 }

@@ -97,7 +97,7 @@ zr_code zr_find(const zr_search* search, zr_platforms** platforms, zr_error** er
         for (auto* list : {&result.platforms, &result.shadowed, &result.broken})
             for (FoundPlatform& found : *list) {
                 std::string reason = found.state == FoundPlatform::State::broken ? found.reason.report("") : "";
-                if (!found.hardware) found.hardware.emplace();
+                if (!found.hardware) found.hardware = FoundPlatform::Hardware{};
                 made->items.push_back({std::move(found), std::move(reason)});
             }
         *platforms = made.release();

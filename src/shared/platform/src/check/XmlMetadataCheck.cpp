@@ -44,6 +44,14 @@ void checkValues(Document& document) {
 }
 
 class XmlMetadata {
+    // Before its uses, as clang demands of a deduced type.
+    template <class Record>
+    auto reportAt_(const char* element, const Record& record) {
+        return [this, element, &record](const char* name, std::string text) {
+            document_.add(name, element, &record, std::move(text));
+        };
+    }
+
 public:
     explicit XmlMetadata(Document& document) : document_(document), cfa_(document.record.cfa) {}
 
@@ -115,12 +123,6 @@ private:
     ReportAt reportIn_(const char* element, const std::vector<Item>& items) {
         return [this, element, &items](std::size_t i, const char* name, std::string text) {
             document_.add(name, element, &items[i], std::move(text));
-        };
-    }
-    template <class Record>
-    auto reportAt_(const char* element, const Record& record) {
-        return [this, element, &record](const char* name, std::string text) {
-            document_.add(name, element, &record, std::move(text));
         };
     }
 
