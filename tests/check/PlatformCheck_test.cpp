@@ -106,7 +106,7 @@ TEST(PlatformCheck, ChecksTheMembersThatReadersOpen) {
 TEST(PlatformCheck, IgnoresKeysThatTheHpfmReplaces) {
     const std::string metadata = R"({"files": [{"type": "HPFM", "name": "a.hpfm"}], "busInterfaces": "none"})";
     EXPECT_EQ(foundIn({{"lfa.json", metadata}, {"a.hpfm", documents::kHpfm}}),
-              Lines({"a.hpfm:14:5: busInterface [unknown-reference]"}));
+              Lines({"a.hpfm:8:7: systemClocks [different-clock]", "a.hpfm:14:5: busInterface [unknown-reference]"}));
     EXPECT_EQ(foundIn({{"lfa.json", metadata}, {"a.hpfm", "<a/>"}}),
               Lines({"lfa.json:1:66: busInterfaces [wrong-shape]", "a.hpfm:1:1: a [wrong-root]"}));
 }

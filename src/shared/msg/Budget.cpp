@@ -2,8 +2,10 @@
 
 #include <array>
 #include <iterator>
+#include <utility>
 
 #include "msg/HEXFileFault.h"
+#include "msg/OwnBudget.h"
 
 namespace {
 
@@ -35,6 +37,13 @@ Budget::Budget() : isOutermost_(!current) {
 
 Budget::~Budget() {
     if (isOutermost_) current = nullptr;
+}
+
+OwnBudget::OwnBudget() : outer_(std::exchange(current, nullptr)), own_(std::make_unique<Budget>()) {}
+
+OwnBudget::~OwnBudget() {
+    own_.reset();
+    current = outer_;
 }
 
 const char* Budget::refusal(Cost cost, std::uint64_t amount) {

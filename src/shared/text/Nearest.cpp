@@ -25,6 +25,18 @@ std::size_t distance(const std::string& a, const std::string& b) {
     return row.back();
 }
 
+char lower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; }
+
+/// Whether the texts are the same, ignoring case, after removing `most` letters or fewer, changing them, or exchanging neighbours.
+bool isWithin(std::string_view a, std::string_view b, std::size_t most) {
+    while (!a.empty() && !b.empty() && lower(a.front()) == lower(b.front())) a.remove_prefix(1), b.remove_prefix(1);
+    if (a.empty() || b.empty()) return a.size() + b.size() <= most;
+    if (most == 0) return false;
+    const bool isExchange = a.size() > 1 && b.size() > 1 && lower(a[0]) == lower(b[1]) && lower(a[1]) == lower(b[0]);
+    return isWithin(a.substr(1), b.substr(1), most - 1) || isWithin(a.substr(1), b, most - 1) ||
+           isWithin(a, b.substr(1), most - 1) || (isExchange && isWithin(a.substr(2), b.substr(2), most - 1));
+}
+
 }  // namespace
 
 std::string nearest(const std::string& name, const std::vector<std::string>& known) {
@@ -44,6 +56,13 @@ std::string nearest(const std::string& name, const std::vector<std::string>& kno
     for (std::size_t i = 0; i < std::min(kMaxNames, found.size()); ++i)
         text += (text.empty() ? "; nearest: " : ", ") + found[i].second;
     return text;
+}
+
+bool isSlip(std::string_view a, std::string_view b) {
+    constexpr std::size_t kMost = 2;
+    const std::size_t longer = std::max(a.size(), b.size());
+    if (longer - std::min(a.size(), b.size()) > kMost) return false;
+    return isWithin(a, b, std::min(kMost, longer / 3));
 }
 
 }  // namespace text

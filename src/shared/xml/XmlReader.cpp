@@ -10,6 +10,7 @@
 #include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
 #include "util/WholeFile.h"
 #include "xml/XmlScopes.h"
 
@@ -31,6 +32,8 @@ struct Frame {
     std::size_t row = 0;          ///< of the last child
     std::size_t count = 0;        ///< children of that row
     bool strayTextReported = false;
+    std::size_t firstViolation = 0;         ///< the first one of this element's content
+    std::vector<std::size_t> skipped = {};  ///< rows of required children that were missed when a later one came
 
     std::size_t countOf(std::size_t index) const { return index == row ? count : 0; }
     bool undecided() const { return !element->alternatives.empty() && !rowsRecord; }
@@ -74,13 +77,15 @@ std::string expectedIn(const Frame& frame) {
     return listed(names);
 }
 
-/// Whether a sequence of these rows can begin with the element.
-bool canBegin(std::span<const Child> rows, std::string_view name) {
-    for (const Child& row : rows) {
-        if (name == row.name) return true;
-        if (row.neededToRead()) return false;
+/// The row of the child that is next in `rows` and of whose name `isIt`, or the number of rows.
+template <class IsIt>
+std::size_t nextRow(std::span<const Child> rows, const Frame& frame, IsIt isIt) {
+    for (std::size_t i = frame.row; i < rows.size(); ++i) {
+        const bool isThere = frame.countOf(i) > 0;
+        if (isIt(rows[i].name) && (!isThere || rows[i].repeats())) return i;
+        if (!isThere && rows[i].neededToRead()) break;
     }
-    return false;
+    return rows.size();
 }
 
 bool isBlank(std::string_view text) {
@@ -135,7 +140,11 @@ private:
     bool open_(std::string_view qualified, std::size_t scopes);
     bool openRoot_(const Name& name, std::size_t scopes);
     const Child* place_(Frame& frame, const Name& name);
-    void decide_(Frame& frame, const Name& name);
+    const Child* placeSkipped_(Frame& frame, const Name& name);
+    template <class IsIt>
+    void decide_(Frame& frame, IsIt isIt);
+    void takeAsMeant_(Frame& frame, std::string_view local);
+    void forgetContent_(const Frame& frame);
     bool isKnownIn_(const Frame& frame, const Name& name) const;
     std::string misplaced_(const Frame& frame, const Name& name) const;
     void push_(const char* name, const Element& element, void* record, std::size_t scopes);
@@ -149,7 +158,7 @@ private:
     void stopWith_(const char* name, std::string_view element, std::string text);
     void stop_();
     Violation violation_(const char* name, std::string_view element, std::string text) const;
-    std::string malformed_() const;
+    std::string malformed_(std::string_view text) const;
     const char* openName_() const { return frames_.empty() ? "" : frames_.back().name; }
 
     const Format& format_;
@@ -164,6 +173,7 @@ private:
     std::vector<Frame> frames_;
     std::vector<const Attribute*> faulty_;     ///< of the current tag: present, but with an invalid value
     std::vector<const Attribute*> elsewhere_;  ///< of the current tag: in another namespace than the format's
+    std::vector<const Attribute*> meant_;      ///< of the current tag: misspelled
     std::size_t skipping_ = 0;                 ///< open elements that are skipped, below the last frame
     std::size_t nodes_ = 0;
     bool stopped_ = false;
@@ -230,7 +240,9 @@ void Reader::run(std::string_view text) {
     else if (XML_Parse(parser_.get(), text.data(), static_cast<int>(text.size()), 1) == XML_STATUS_ERROR &&
              !stopped_) {
         if (XML_GetErrorCode(parser_.get()) == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
-        stopWith_(fault::kNotWellFormed, openName_(), malformed_());
+        if (XML_GetErrorCode(parser_.get()) == XML_ERROR_TAG_MISMATCH && !frames_.empty() && skipping_ == 0)
+            forgetContent_(frames_.back());
+        stopWith_(fault::kNotWellFormed, openName_(), malformed_(text));
     }
     if (thrown_) std::rethrow_exception(thrown_);
     if (!first_.empty()) throw Exception(std::move(first_.front()));
@@ -295,6 +307,7 @@ bool Reader::open_(std::string_view qualified, std::size_t scopes) {
     Name name;
     if (std::string wrong = scopes_.resolveElement(qualified, name); !wrong.empty()) {
         fail_(fault::kNamespace, openName_(), std::move(wrong));
+        if (!frames_.empty()) takeAsMeant_(frames_.back(), qualified.substr(qualified.find(':') + 1));
         return false;
     }
     if (frames_.empty()) return openRoot_(name, scopes);
@@ -323,21 +336,23 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
 
 void Reader::push_(const char* name, const Element& element, void* record, std::size_t scopes) {
     Frame& frame = frames_.emplace_back(Frame{name, &element, record, scopes, {}});
+    frame.firstViolation = violations_ ? violations_->size() : 0;
     if (!element.alternatives.empty()) return;
     frame.rows = element.children;
     frame.rowsRecord = record;
 }
 
 /// The row for the next child, or null after an error. If a required child before it is missing, that is reported
-/// once and the child is accepted.
+/// once and the child is accepted, and so is the missing one if it follows.
 const Child* Reader::place_(Frame& frame, const Name& name) {
-    if (frame.undecided()) decide_(frame, name);
-    bool missing = false;
+    if (frame.undecided() && ours_(name)) decide_(frame, [&](const char* row) { return name.local == row; });
+    std::vector<std::size_t> missing;
     for (std::size_t i = frame.row; ours_(name) && i < frame.rows.size(); ++i) {
         const Child& row = frame.rows[i];
         const std::size_t have = frame.countOf(i);
         if (isCalled(name.local, row.name) && (have == 0 || row.repeats())) {
-            if (missing) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
+            if (!missing.empty()) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
+            frame.skipped.insert(frame.skipped.end(), missing.begin(), missing.end());
             if (have == row.most)
                 stopWith_(fault::kLimit, name.local,
                           fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
@@ -346,11 +361,46 @@ const Child* Reader::place_(Frame& frame, const Name& name) {
             frame.count = have + 1;
             return &row;
         }
-        missing |= have == 0 && row.neededToRead();
+        if (have == 0 && row.neededToRead()) missing.push_back(i);
     }
-    fail_(isKnownIn_(frame, name) ? fault::kMisplacedElement : fault::kUnknownElement, name.local,
-          misplaced_(frame, name));
+    if (const Child* const late = placeSkipped_(frame, name)) return late;
+    const bool isKnown = isKnownIn_(frame, name);
+    fail_(isKnown ? fault::kMisplacedElement : fault::kUnknownElement, name.local, misplaced_(frame, name));
+    if (!isKnown) takeAsMeant_(frame, name.local);
     return nullptr;
+}
+
+/// The row for a child that was reported as missing, since it stands after a later one; else null.
+const Child* Reader::placeSkipped_(Frame& frame, const Name& name) {
+    const auto at = std::ranges::find_if(
+        frame.skipped, [&](std::size_t i) { return ours_(name) && isCalled(name.local, frame.rows[i].name); });
+    if (at == frame.skipped.end()) return nullptr;
+    const Child& row = frame.rows[*at];
+    frame.skipped.erase(at);
+    return &row;
+}
+
+/// An element that cannot be read counts as the child that its name resembles, so that this one is not missing too.
+void Reader::takeAsMeant_(Frame& frame, std::string_view local) {
+    const auto isIt = [&](const char* row) { return text::isSlip(local, row); };
+    if (frame.undecided()) decide_(frame, isIt);
+    const std::size_t i = nextRow(frame.rows, frame, isIt);
+    if (i == frame.rows.size()) return;
+    frame.count = frame.countOf(i) + 1;
+    frame.row = i;
+}
+
+/// An element that is not closed has elements of the outer ones: only the missing end is reported.
+void Reader::forgetContent_(const Frame& frame) {
+    if (!violations_) return;
+    const auto isPlacement = [](const Violation& violation) {
+        return violation.name == std::string_view(fault::kUnknownElement) ||
+               violation.name == std::string_view(fault::kMisplacedElement) ||
+               violation.name == std::string_view(fault::kMissingElement);
+    };
+    violations_->erase(std::remove_if(violations_->begin() + static_cast<std::ptrdiff_t>(frame.firstViolation),
+                                      violations_->end(), isPlacement),
+                       violations_->end());
 }
 
 /// Whether the element is allowed anywhere in the open one.
@@ -368,9 +418,10 @@ std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
                        frame.name, expectedIn(frame));
 }
 
-void Reader::decide_(Frame& frame, const Name& name) {
+template <class IsIt>
+void Reader::decide_(Frame& frame, IsIt isIt) {
     for (const Alternative& alternative : frame.element->alternatives) {
-        if (!ours_(name) || !canBegin(alternative.children, name.local)) continue;
+        if (nextRow(alternative.children, frame, isIt) == alternative.children.size()) continue;
         frame.rows = alternative.children;
         frame.rowsRecord = alternative.choose(frame.record);
         return;
@@ -413,6 +464,7 @@ void Reader::readAttributes_(const char** attributes) {
     std::size_t next = 0;
     faulty_.clear();
     elsewhere_.clear();
+    meant_.clear();
     for (; *attributes && !stopped_; attributes += 2) {
         if (Scopes::isDeclaration(attributes[0])) continue;
         Name name;
@@ -425,7 +477,8 @@ void Reader::readAttributes_(const char** attributes) {
     for (const Attribute& row : frame.element->attributes) {
         if (stopped_) return;
         if (row.required && !row.type->isSet(row.member(frame.record)) && !isFaulty_(row) &&
-            std::ranges::find(elsewhere_, &row) == elsewhere_.end())
+            std::ranges::find(elsewhere_, &row) == elsewhere_.end() &&
+            std::ranges::find(meant_, &row) == meant_.end())
             fail_(fault::kMissingAttribute, frame.name,
                   fmt::format("<{}> needs the attribute {}", frame.name, row.name));
     }
@@ -456,7 +509,13 @@ void Reader::readAttribute_(const Frame& frame, const Name& name, std::string_vi
     const auto row = std::ranges::find_if(rows, [&](const Attribute& r) { return name.local == r.name; });
     if (row == rows.end() || elsewhere_.empty())
         fail_(fault::kUnknownAttribute, frame.name, unknownAttribute_(frame, name));
-    if (row != rows.end()) elsewhere_.push_back(&*row);
+    if (row != rows.end()) {
+        elsewhere_.push_back(&*row);
+        return;
+    }
+    const auto meant =
+        std::ranges::find_if(rows, [&](const Attribute& r) { return text::isSlip(name.local, r.name); });
+    if (meant != rows.end()) meant_.push_back(&*meant);
 }
 
 std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) const {
@@ -475,7 +534,10 @@ std::string Reader::unknownAttribute_(const Frame& frame, const Name& name) cons
         return fmt::format("the attribute {} of <{}> must be in the namespace \"{}\"{}; write {}:{}", shown,
                            frame.name, format_.uri, found, prefix.empty() ? format_.prefix : prefix, row.name);
     }
-    return fmt::format("<{}> has no attribute {}; it has {}", frame.name, HSTStringUtils::excerpt(name.qualified),
+    const std::string shown = HSTStringUtils::excerpt(name.qualified);
+    const std::string nearest = text::nearest(std::string(HSTStringUtils::utf8Prefix(name.local, 64)), names);
+    if (!nearest.empty()) return fmt::format("<{}> has no attribute {}{}", frame.name, shown, nearest);
+    return fmt::format("<{}> has no attribute {}; it has {}", frame.name, shown,
                        names.empty() ? "none" : listed(names));
 }
 
@@ -510,10 +572,16 @@ Violation Reader::violation_(const char* name, std::string_view element, std::st
             name};
 }
 
-std::string Reader::malformed_() const {
-    std::string text = fmt::format("not well-formed XML: {}", XML_ErrorString(XML_GetErrorCode(parser_.get())));
-    if (!frames_.empty() && skipping_ == 0) text += fmt::format("; the open element is <{}>", frames_.back().name);
-    return text;
+std::string Reader::malformed_(std::string_view text) const {
+    const auto code = XML_GetErrorCode(parser_.get());
+    const auto at = static_cast<std::size_t>(std::max<long long>(XML_GetCurrentByteIndex(parser_.get()), 0));
+    const bool isAscii = at >= text.size() || static_cast<unsigned char>(text[at]) < 0x80;
+    const char* const why = code != XML_ERROR_INVALID_TOKEN ? XML_ErrorString(code)
+                            : isAscii                       ? "a tag, a reference or a character is not valid here"
+                                                            : "the encoding is not UTF-8";
+    std::string found = fmt::format("not well-formed XML: {}", why);
+    if (!frames_.empty() && skipping_ == 0) found += fmt::format("; the open element is <{}>", frames_.back().name);
+    return found;
 }
 
 }  // namespace

@@ -97,7 +97,8 @@ void Archive::checkIsFile(const Member& member) const {
 }
 
 void Archive::checkCrc(const Member& member, std::uint32_t crc) const {
-    if (crc != member.crc) refuse(member, fmt::format("its CRC is {:08x}, not {:08x}", crc, member.crc), Fault::crc);
+    if (crc != member.crc)
+        refuse(member, fmt::format("its CRC is {:08x}, but its entry says {:08x}", crc, member.crc), Fault::crc);
 }
 
 std::string Archive::read(const Member& member, std::uint64_t bound) const {

@@ -33,14 +33,29 @@ std::optional<ArchiveMembers::Fault> ArchiveMembers::checkListed(const std::stri
 
 void ArchiveMembers::checkContent_(const std::string& type, const std::string& member) {
     const bool isHpfm = isType(type, "HPFM"), isXml = isType(type, "EMU_XML"), isJson = isType(type, "EMU_JSON");
-    const bool isExtension = isType(type, "META_JSON") || isType(type, "EXT_META_JSON");
+    const bool isExtension = isType(type, "META_JSON") || isType(type, "EXT_META_JSON") ||
+                             isType(type, "SEMANTIC_LABEL");  // of which only the syntax is checked
+    if (isType(type, "TILPRJ")) return checkProject_(member);
     if (!(isHpfm || isXml || isJson || isExtension) || !archive_.contains(member)) return;
     const std::optional<Source> source = read(member, findings_);
     if (!source) return;
     if (isHpfm) validHpfm_ |= checkHpfm(*source, known_, findings_);
     if (isXml) checkSyntax(*source, *records::findFormat("emu"), findings_);
-    if (isJson) checkEmulationJson(*source, findings_);
+    if (isJson) checkEmulationJson(*source, this, findings_);
     if (isExtension && !source->text.empty()) checkAnyJson(*source, findings_);
+}
+
+/// The project of the tile array is an archive of its own, of which two members are read.
+void ArchiveMembers::checkProject_(const std::string& member) {
+    try {
+        const auto project = archive_.source().openNested(member);
+        if (!project) return;
+        for (const char* file : {"tilarchive/arch/til_partition.json", "tilarchive/morwen/tilprj_meta_data.json"})
+            if (auto text = project->read(file))
+                checkAnyJson({archive_.name(), member + "!" + file, std::move(*text)}, findings_);
+    } catch (const zip::ArchiveError& e) {
+        findings_.add(kDamagedMember, archive_.name(), member, e.text());
+    }
 }
 
 std::optional<Source> ArchiveMembers::read(const std::string& member, Findings& findings) const {

@@ -25,6 +25,9 @@ public:
 
     void setKnown(KnownNames known) { known_ = std::move(known); }
 
+    /// Whether the archive has a member of this name, or a folder.
+    bool lists(const std::string& name) const { return archive_.lists(name); }
+
     /// Whether a listed hpfm replaces the interfaces in the JSON metadata.
     bool hasValidHpfm() const { return validHpfm_; }
 
@@ -36,6 +39,7 @@ public:
 
 private:
     void checkContent_(const std::string& type, const std::string& member);
+    void checkProject_(const std::string& member);
 
     const archive::PlatformArchive& archive_;
     std::set<std::string> checked_;

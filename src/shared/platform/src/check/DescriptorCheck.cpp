@@ -2,10 +2,16 @@
 
 #include <fmt/core.h>
 
+#include <filesystem>
+#include <set>
+
 #include "check/ValidXml.h"
+#include "loading/WrongExtension.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "readers/DescriptorRules.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
+#include "util/ShownPath.h"
 
 namespace check {
 
@@ -14,6 +20,21 @@ namespace {
 using TEQPlatform::AnonHardwarePlatform;
 using TEQPlatform::HwEmuOnly;
 using TEQPlatform::Partitioned;
+
+/// The files of the same folder with a similar name.
+std::string nearestFile(const std::string& path) {
+    namespace fs = std::filesystem;
+    constexpr std::size_t kMost = 1000;
+    std::vector<std::string> names;
+    std::error_code error;
+    const fs::path missing(path);
+    const fs::path folder = missing.has_parent_path() ? missing.parent_path() : ".";
+    for (fs::directory_iterator at(folder, error), end; !error && at != end && names.size() < kMost;
+         at.increment(error))
+        if (text::isSlip(at->path().filename().native(), missing.filename().native()))
+            names.push_back(at->path().filename());
+    return text::nearest(missing.filename(), names);
+}
 
 /// Of a document that is not valid, only the files are checked that it names completely.
 class DescriptorCheck {
@@ -37,7 +58,7 @@ private:
             name_("hwEmuPlatform", emulation->hwEmuPlatform, NamedFile::Kind::hardware);
         } else {
             const auto& partitions = std::get<Partitioned>(platforms.content).reconfigurablePartitions;
-            checkDefault_(platforms, partitions);
+            if (areDistinct_(partitions)) checkDefault_(platforms, partitions);
             inPartition_ = true;
             for (const auto& partition : partitions) checkPartition_(partition);
             inPartition_ = false;
@@ -60,6 +81,16 @@ private:
             nameBoth_(*both);
         else
             name_("hwEmuPlatform", std::get<Emulation>(partition.content).hwEmuPlatform, NamedFile::Kind::emulation);
+    }
+
+    /// Reports partitions that have the id of an earlier one.
+    bool areDistinct_(const std::vector<TEQPlatform::ReconfigurablePartition>& partitions) {
+        std::set<unsigned> ids;
+        for (const auto& partition : partitions)
+            if (const unsigned id = readers::partitionId(partition.id); !ids.insert(id).second)
+                document_.add(kRepeatedName, "reconfigurablePartition", &partition,
+                              fmt::format("an earlier partition also has the id {}", id));
+        return ids.size() == partitions.size();
     }
 
     void checkDefault_(const TEQPlatform::HardwarePlatforms& platforms,
@@ -87,15 +118,16 @@ private:
     void name_(const char* element, const Element& record, NamedFile::Kind kind) {
         if (!record.path.isSet() || !record.name.isSet()) return;
         const bool isArchive = kind != NamedFile::Kind::software;
-        std::string path =
-            isArchive ? readers::archiveOf(record, source_.file) : readers::pathOf(record, source_.file);
+        std::string path = util::shownPath(readers::pathOf(record, source_.file), source_.file);
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
-                          fmt::format("there is no file \"{}\"", HSTStringUtils::excerpt(path, kMaxPathText)));
+                          fmt::format("there is no file \"{}\"{}", HSTStringUtils::excerpt(path, kMaxPathText),
+                                      nearestFile(path)));
         } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
             document_.add(kWrongExtension, element, &record,
-                          fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa)",
-                                      HSTStringUtils::excerpt(record.name.get())));
+                          fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa{})",
+                                      HSTStringUtils::excerpt(record.name.get()),
+                                      loading::isUpperCaseArchive(path) ? ", in lower case" : ""));
         } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
             files_.push_back({kind, std::move(path), inPartition_});
         }

@@ -258,7 +258,9 @@ constexpr CheckExplanation kExplanations[] = {
      R"({"vendor": "v"}
 )"},
     {kWrongShape, error,
-     "A list is used where an object or a single value is expected, or the other way round. The reader ignores it.",
+     "A list is used where an object or a single value is expected, or the other way round. The platform loads, and "
+     "what is "
+     "read of the value is not what was meant: nothing, or the values of an object as the items of a list.",
      "Use what the finding says is expected.", "lfa.json",
      R"({"board": "u77"}
 )",
@@ -579,9 +581,9 @@ checkpoint
               {"name": "b", "size": "1GB", "lowAddress": 1073741824, "highAddress": 2147483647}]}
 )"},
     {kRepeatedName, warning,
-     "Two memories, devices, configurations or processor groups have the same name, so that a query by name "
-     "finds only one of them.",
-     "Give each its own name.", "lfa.json",
+     "Two memories, devices, clocks, bus interfaces, configurations or processor groups have the same name, or two "
+     "partitions the same id, so that a query finds only one of them.",
+     "Give each its own name or id.", "lfa.json",
      R"({"memories": [{"name": "bank0", "size": "1GB"}, {"name": "bank0", "size": "1GB"}]}
 )",
      R"({"memories": [{"name": "bank0", "size": "1GB"}, {"name": "bank1", "size": "1GB"}]}
@@ -621,6 +623,62 @@ checkpoint
      "Write one of these; letter case does not matter.", "lfa.json", R"({"usesPR": true, "hostArchitecture": "amd64"}
 )",
      R"({"usesPR": true, "hostArchitecture": "x86_64"}
+)"},
+    {kUnknownValue, warning,
+     "A value is not one of those that readers know, or a part of it is empty, so that it is read as something else: "
+     "the host interface, the state, the part, the mode or memory port of an interface, the assignment of a bank, "
+     "the "
+     "type of a resource, or null in place of a name.",
+     "Write one of the values of docs/values.md.", "lfa.json", R"({"name": "n", "hostInterface": "pci"}
+)",
+     R"({"name": "n", "hostInterface": "pcie"}
+)"},
+    {kUnknownFileType, warning,
+     "A listed file has no type, or one that is probably misspelled, so that nothing finds the file by its type: the "
+     "banks and interfaces of an hpfm vanish. Types of your own are not reported unless they resemble a known one.",
+     "Write the type; docs/file-types.md lists the known ones.", "sample.lfa", R"(== sample.lfa!lfa.json
+{"files": [{"type": "HPMF", "name": "a.hpfm"}]}
+== sample.lfa!a.hpfm
+not looked at
+)",
+     R"(== sample.lfa!lfa.json
+{"files": [{"type": "NOTES", "name": "a.txt"}]}
+== sample.lfa!a.txt
+any text
+)"},
+    {kDifferentClock, warning,
+     "A clock of an hpfm has another frequency than the clock of that id in the metadata, or the metadata has no "
+     "clocks. The clocks of a platform are those of the metadata; those of its hpfm are not read.",
+     "Write the clocks into systemClocks of the metadata, with the same frequencies.", "sample.lfa",
+     R"(== sample.lfa!lfa.json
+{"systemClocks": [{"name": "a", "id": 0, "frequency": "250"}], "files": [{"type": "HPFM", "name": "a.hpfm"}]}
+== sample.lfa!a.hpfm
+<kp:repository xmlns:kp="urn:torvane:kp:hpfm:1.0" kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v">
+  <kp:component kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v" kp:type="board" kp:BRAM="0" kp:DSP="0" kp:FF="0" kp:LUT="0">
+    <kp:platformInfo>
+      <kp:deviceInfo kp:architecture="a" kp:device="d" kp:package="p" kp:speedGrade="-2"/>
+      <kp:description/>
+      <kp:systemClocks kp:defaultClock="0">
+        <kp:clock kp:name="a" kp:instanceRef="i" kp:componentRef="c" kp:frequency="300" kp:period="4" kp:status="fixed" kp:id="0"/>
+      </kp:systemClocks>
+    </kp:platformInfo>
+  </kp:component>
+</kp:repository>
+)",
+     R"(== sample.lfa!lfa.json
+{"systemClocks": [{"name": "a", "id": 0, "frequency": "250"}], "files": [{"type": "HPFM", "name": "a.hpfm"}]}
+== sample.lfa!a.hpfm
+<kp:repository xmlns:kp="urn:torvane:kp:hpfm:1.0" kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v">
+  <kp:component kp:name="n" kp:library="l" kp:version="1.0" kp:vendor="v" kp:type="board" kp:BRAM="0" kp:DSP="0" kp:FF="0" kp:LUT="0">
+    <kp:platformInfo>
+      <kp:deviceInfo kp:architecture="a" kp:device="d" kp:package="p" kp:speedGrade="-2"/>
+      <kp:description/>
+      <kp:systemClocks kp:defaultClock="0">
+        <kp:clock kp:name="a" kp:instanceRef="i" kp:componentRef="c" kp:frequency="250.0" kp:period="4" kp:status="fixed" kp:id="0"/>
+      </kp:systemClocks>
+    </kp:platformInfo>
+  </kp:component>
+</kp:repository>
 )"},
     {kUnknownReference, warning,
      "A name refers to something that the platform does not have: a clock, an SLR, a configuration, a "

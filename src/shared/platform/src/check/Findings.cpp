@@ -31,9 +31,13 @@ void Findings::keep(CheckFinding finding) {
 
 void Findings::append(Findings&& others) {
     for (CheckFinding& finding : others.list_) keep(std::move(finding));
-    if (others.more_ == 0) return;
-    keep(std::move(others.first_));
-    more_ += others.more_ - 1;
+    if (others.more_ > 0) addMore(others.more_, std::move(others.first_));
+}
+
+void Findings::rename(const std::string& file, const std::string& to) {
+    for (CheckFinding& finding : list_)
+        if (finding.file == file) finding.file = to;
+    if (first_.file == file) first_.file = to;
 }
 
 void Findings::addMore(std::size_t count, CheckFinding first) {

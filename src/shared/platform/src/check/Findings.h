@@ -1,4 +1,6 @@
 #pragma once
+#include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -39,6 +41,9 @@ inline constexpr char kUnknownClockStatus[] = "unknown-clock-status";
 inline constexpr char kNoDefaultClock[] = "no-default-clock";
 inline constexpr char kRepeatedDefaultClock[] = "repeated-default-clock";
 inline constexpr char kUnknownHost[] = "unknown-host";
+inline constexpr char kUnknownValue[] = "unknown-value";
+inline constexpr char kUnknownFileType[] = "unknown-file-type";
+inline constexpr char kDifferentClock[] = "different-clock";
 inline constexpr char kUnknownReference[] = "unknown-reference";
 inline constexpr char kDifferentIdentity[] = "different-identity";
 inline constexpr char kUnsafeMember[] = "unsafe-member";
@@ -62,9 +67,12 @@ struct Source {
     std::string text;
 };
 
-/// The names in the metadata of an archive to which its hpfm may refer. Without any of a kind, these are unknown.
+/// What the metadata of an archive has that its hpfm may refer to or repeat. Without any names of a kind, these are
+/// unknown.
 struct KnownNames {
-    std::set<std::string> slrs, clocks;
+    std::set<std::string> slrs, clocks, devices = {};
+    /// Of the clocks by id; no value if the platform's clocks are not those of the metadata.
+    std::optional<std::map<long long, std::string>> frequencies = {};
 };
 
 /// What a descriptor says of its platform, for comparison with the files that it names.
@@ -81,6 +89,8 @@ public:
     /// Adds a finding; sets its severity.
     void add(CheckFinding finding);
     void append(Findings&& others);
+    /// Changes the file of the findings that are in `file`.
+    void rename(const std::string& file, const std::string& to);
     /// Counts findings of a document that has more than `kMaxFindingsPerDocument`; `first` is the first of them.
     void addMore(std::size_t count, CheckFinding first);
 

@@ -15,13 +15,28 @@ using WELHardwarePlatform::BusInterface;
 void checkClockList(Document& document, const WELHardwarePlatform::SystemClocks& list) {
     std::vector<Clock> clocks;
     for (const auto& clock : list.clocks)
-        clocks.push_back({clock.id.isSet() ? clock.id.get() : -1, false, "", clock.status.get()});
+        clocks.push_back({.id = clock.id.isSet() ? clock.id.get() : -1, .status = clock.status.get()});
     checkClocks(
         clocks, list.defaultClock.get(),
         [&](std::size_t i, const char* name, std::string text) {
             document.add(name, "clock", &list.clocks[i], std::move(text));
         },
         [&](const char* name, std::string text) { document.add(name, "systemClocks", &list, std::move(text)); });
+}
+
+/// The platform's clocks are those of the metadata, where it is JSON.
+void checkWithMetadata(Document& document, const WELHardwarePlatform::SystemClocks& list, const KnownNames& known) {
+    if (!known.frequencies) return;
+    if (known.frequencies->empty() && !list.clocks.empty())
+        document.add(kDifferentClock, "systemClocks", &list,
+                     "the metadata has no systemClocks; those of the hpfm are not read");
+    std::set<long long> ids;
+    for (const auto& clock : list.clocks) {
+        if (clock.id.isSet() && !ids.insert(clock.id.get()).second) continue;
+        const std::string fault =
+            clock.id.isSet() ? clockFault(clock.id.get(), clock.frequency.get().text, known) : "";
+        if (!fault.empty()) document.add(kDifferentClock, "clock", &clock, fault);
+    }
 }
 
 /// The names by which an interface can refer to a clock.
@@ -34,8 +49,26 @@ std::set<std::string> namesOf(const WELHardwarePlatform::SystemClocks& list) {
     return names;
 }
 
+/// Checks the address segments; false if one has an unknown assignment.
+bool checkSegments(Document& document, const BusInterface& interface) {
+    bool areKnown = true;
+    std::set<long long> indexes;
+    for (const auto& segment : interface.addressSegments) {
+        if (segment.index.isSet() && !indexes.insert(segment.index.get()).second)
+            document.add(kRepeatedName, "addressSegment", &segment,
+                         "an earlier address segment also has the index " + std::to_string(segment.index.get()));
+        const std::string fault = assignmentFault(segment.auto_.get());
+        if (fault.empty()) continue;
+        document.add(kUnknownValue, "addressSegment", &segment, fault);
+        areKnown = false;
+    }
+    return areKnown;
+}
+
 void checkInterface(Document& document, const BusInterface& interface, const std::set<std::string>& clocks,
                     const std::set<std::string>& slrs) {
+    for (const std::string& fault : {modeFault(interface.mode.get()), memoryPortFault(interface.memport.get())})
+        if (!fault.empty()) document.add(kUnknownValue, "busInterface", &interface, fault);
     const auto expectKnown = [&](const char* what, const std::string& name, const std::set<std::string>& known,
                                  const char* element, const void* at) {
         if (std::string fault = referenceFault(what, name, known); !fault.empty())
@@ -45,10 +78,18 @@ void checkInterface(Document& document, const BusInterface& interface, const std
     expectKnown("SLR", interface.slr.get(), slrs, "busInterface", &interface);
     for (const auto& segment : interface.addressSegments)
         expectKnown("SLR", segment.slr.get(), slrs, "addressSegment", &segment);
-    if (interface.componentRef.get() == HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM &&
+    if (checkSegments(document, interface) && interface.componentRef.get() == HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM &&
         HTEQHpfmUtl::areSomeButNotAllAddressSegmentsPreferred(interface))
         document.add(kPartlyDefaultHbm, "busInterface", &interface,
                      "only some of the banks that a linker may assign are \"preferred\"");
+}
+
+void checkInterfaceNames(Document& document, const std::vector<BusInterface>& interfaces) {
+    std::vector<std::string> names;
+    for (const BusInterface& interface : interfaces) names.push_back(interface.name.get());
+    checkNames(names, "bus interface", [&](std::size_t i, const char* name, std::string text) {
+        document.add(name, "busInterface", &interfaces[i], std::move(text));
+    });
 }
 
 }  // namespace
@@ -59,6 +100,11 @@ bool checkHpfm(const Source& source, const ReadXml& read, const KnownNames& know
     const WELHardwarePlatform::Component& component = document.record.component;
     const auto& list = component.platformInfo.systemClocks;
     checkClockList(document, list);
+    checkWithMetadata(document, list, known);
+    checkInterfaceNames(document, component.busInterfaces);
+    const std::string& device = component.platformInfo.deviceInfo.device.get();
+    if (std::string fault = referenceFault("device", device, known.devices); !fault.empty())
+        document.add(kUnknownReference, "deviceInfo", &component.platformInfo.deviceInfo, std::move(fault));
     std::set<std::string> clocks = namesOf(list);
     clocks.insert(known.clocks.begin(), known.clocks.end());
     for (const BusInterface& interface : component.busInterfaces)

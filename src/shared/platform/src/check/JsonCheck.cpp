@@ -21,15 +21,6 @@ std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::exce
 /// A JSON null is read as the text "null", and an empty list or object as an empty text.
 bool isNothing(Node value) { return value.empty() && (value.text().empty() || value.text() == "null"); }
 
-/// Optional white space and sign, then digits only.
-bool isNumber(std::string_view text) {
-    const auto first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return false;
-    text.remove_prefix(first);
-    if (text.front() == '-' || text.front() == '+') text.remove_prefix(1);
-    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 /// The digits of a number without leading zeros, with a minus sign unless it is 0.
 std::string plainNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
@@ -70,6 +61,20 @@ bool hasDuplicates(Node object) {
 }
 
 }  // namespace
+
+/// Optional white space and sign, then digits only.
+bool JsonCheck::isNumber(std::string_view text) {
+    const auto first = text.find_first_not_of(" \t\r\n");
+    if (first == std::string_view::npos) return false;
+    text.remove_prefix(first);
+    if (text.front() == '-' || text.front() == '+') text.remove_prefix(1);
+    return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool JsonCheck::isMisspelled(Node object, std::string_view key) {
+    return !object.find(key) &&
+           std::any_of(object.begin(), object.end(), [&](Node child) { return text::isSlip(child.name(), key); });
+}
 
 std::string Path::text() const {
     if (!parent) return {};
@@ -126,15 +131,30 @@ void JsonCheck::checkKeys_(Node object, json::Shapes shapes, const Path& path) {
         if (const Node value = object.find(shape.name))  // the reader uses the first of duplicates
             checkValue_(value, shape, {&path, shape.name});
         else if (shape.required || isRefusedWhenMissing(shape))
-            add(kMissingKey, object, path, std::string("the key \"") + shape.name + "\" is missing");
+            checkMissing_(object, shape, path);
     }
     checkKnown_(object, shapes, path);
+}
+
+/// A required key that is misspelled is one finding, at the key that is there.
+void JsonCheck::checkMissing_(Node object, const json::Shape& shape, const Path& path) {
+    const std::string text = std::string("the key \"") + shape.name + "\" is missing";
+    for (const Node there : object) {
+        if (!text::isSlip(there.name(), shape.name)) continue;
+        meant_.insert(there.index());
+        return add(kMissingKey, there, {&path, there.name()}, text + "; this one is not read");
+    }
+    add(kMissingKey, object, path, text);
 }
 
 void JsonCheck::checkKnown_(Node object, json::Shapes shapes, const Path& path) {
     for (const Node value : object) {
         const std::string_view key = value.name();
-        if (std::ranges::any_of(shapes, [&key](const json::Shape& shape) { return key == shape.name; })) continue;
+        // Most names differ in the first letter.
+        const auto isIt = [&key](const json::Shape& shape) {
+            return !key.empty() && *shape.name == key.front() && key == shape.name;
+        };
+        if (std::ranges::any_of(shapes, isIt) || meant_.contains(value.index())) continue;
         std::vector<std::string> known;
         if (found_.size() == kMaxFindingsPerDocument) {
             add(kUnknownKey, value, path, {});  // which is only counted

@@ -37,6 +37,10 @@ public:
     void add(const char* name, json::Node value, const Path& path, std::string text);
     /// Whether `value` is a list, or nothing.
     static bool isList(json::Node value);
+    /// Whether a text is read as a number without loss of characters.
+    static bool isNumber(std::string_view text);
+    /// Whether the object lacks the key, but has one that is probably meant to be this one.
+    static bool isMisspelled(json::Node object, std::string_view key);
 
     /// Adds the findings to `findings`, in document order.
     void report(Findings& findings);
@@ -49,6 +53,7 @@ private:
     };
 
     void checkKeys_(json::Node object, json::Shapes shapes, const Path& path);
+    void checkMissing_(json::Node object, const json::Shape& shape, const Path& path);
     void checkKnown_(json::Node object, json::Shapes shapes, const Path& path);
     void checkValue_(json::Node value, const json::Shape& shape, const Path& path);
     void checkScalar_(json::Node value, const json::Shape& shape, const Path& path);
@@ -64,6 +69,7 @@ private:
     std::size_t more_ = 0;             ///< than `found_` has
     const char* firstMore_ = nullptr;  ///< the name of the first of these
     std::set<std::uint32_t> refused_;  ///< the indexes of values
+    std::set<std::uint32_t> meant_;    ///< the same of misspelled keys that have a finding already
     Findings own_;
 };
 

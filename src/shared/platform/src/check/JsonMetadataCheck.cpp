@@ -9,6 +9,7 @@
 #include "labels/LabelKeys.h"
 #include "readers/EmulationKeys.h"
 #include "text/HSTStringUtils.h"
+#include "text/Nearest.h"
 #include "xml/XmlException.h"
 
 namespace check {
@@ -53,13 +54,30 @@ void addAt(JsonCheck& check, const char* name, Node object, const Path& path, co
         check.add(name, object, path, std::move(text));
 }
 
-long long numberAt(Node object, const char* key) { return HSTStringUtils::toNumber(stringAt(object, key)); }
+/// No value if the key is missing or its value is not a number, which is another finding.
+std::optional<long long> numberAt(Node object, const char* key) {
+    const std::string text = stringAt(object, key);
+    return JsonCheck::isNumber(text) ? std::optional(HSTStringUtils::toNumber(text)) : std::nullopt;
+}
+
+/// Adds a finding at a key if its value has a fault.
+void expectValue(JsonCheck& check, const char* name, Node object, const Path& path, const char* key,
+                 std::string (*faultOf)(const std::string& value)) {
+    const Node value = object.find(key);
+    if (value.text().empty()) return;
+    if (std::string fault = faultOf(value.data()); !fault.empty())
+        check.add(name, value, {&path, key}, std::move(fault));
+}
 
 void checkMemoryList(JsonCheck& check, Node document) {
     std::vector<Memory> memories;
     forEachItem(document, "memories", [&](Node memory, const Path&) {
-        memories.push_back({stringAt(memory, "name"), stringAt(memory, "type"), stringAt(memory, "size"),
-                            numberAt(memory, "lowAddress"), numberAt(memory, "highAddress")});
+        const auto lowest = numberAt(memory, "lowAddress"), highest = numberAt(memory, "highAddress");
+        const bool hasRange = lowest && highest;
+        // A misspelled key is one finding, whatever the size.
+        const std::string size = JsonCheck::isMisspelled(memory, "size") ? "1GB" : stringAt(memory, "size");
+        memories.push_back({stringAt(memory, "name"), stringAt(memory, "type"), size, hasRange ? *lowest : 0,
+                            hasRange ? *highest : 0});
     });
     if (!memories.empty()) checkMemories(memories, reportIn(check, document, "memories"));
 }
@@ -69,9 +87,12 @@ void checkClockList(JsonCheck& check, Node document) {
     long long defaultId = 0;
     forEachItem(document, "systemClocks", [&](Node clock, const Path&) {
         const bool isDefault = HSTStringUtils::iequals(stringAt(clock, "default"), "true");
-        const long long id = numberAt(clock, "id");  // a clock without an id is written as -1
-        if (isDefault) defaultId = id;
-        clocks.push_back({id, isDefault, stringAt(clock, "frequency"), stringAt(clock, "status")});
+        const std::string id = stringAt(clock, "id");  // a clock without an id is written as -1
+        const bool isKnown = (id.empty() || JsonCheck::isNumber(id)) && !JsonCheck::isMisspelled(clock, "id") &&
+                             !JsonCheck::isMisspelled(clock, "default");
+        clocks.push_back({isKnown ? HSTStringUtils::toNumber(id) : -1, isDefault, stringAt(clock, "name"),
+                          stringAt(clock, "frequency"), stringAt(clock, "status"), isKnown});
+        if (isDefault) defaultId = clocks.back().id;
     });
     if (clocks.empty()) return;
     checkClocks(clocks, defaultId, reportIn(check, document, "systemClocks"),
@@ -80,21 +101,41 @@ void checkClockList(JsonCheck& check, Node document) {
                 });
 }
 
+/// A null is read as a text.
+std::string nullFault(const std::string& text) {
+    return text == "null" ? "null is not a text; it is read as \"null\"" : "";
+}
+
+/// An SLR that a device with a number of SLRs does not have.
+std::string slrFault(const std::string& name, long long numSlrs) {
+    if (numSlrs <= 0 || !name.starts_with("SLR") || !JsonCheck::isNumber(name.substr(3)) ||
+        HSTStringUtils::toNumber(name.substr(3)) < numSlrs)
+        return {};
+    return "there is no SLR \"" + HSTStringUtils::excerpt(name) + "\"; the device has " + std::to_string(numSlrs);
+}
+
 /// Checks names and clocks of the devices; returns the SLRs.
 std::set<std::string> checkDevices(JsonCheck& check, Node document) {
     std::vector<std::string> names;
     std::set<std::string> slrs;
     forEachItem(document, "devices", [&](Node device, const Path& path) {
         names.push_back(stringAt(device, "name"));
-        addSlrs(numberAt(device, "numSLRs"), slrs);
+        const long long numSlrs = numberAt(device, "numSLRs").value_or(0);
+        addSlrs(numSlrs, slrs);
+        expectValue(check, kUnknownValue, device, path, "fpgaPart", partFault);
         forEachItemIn(device, path, "scalableSystemClocks", [&](Node clock, const Path& at) {
             if (std::string fault = frequencyFault(stringAt(clock, "frequency")); !fault.empty())
                 check.add(kBadFrequency, clock, at, std::move(fault));
         });
-        forEachItemIn(
-            device.find("core").find("availableResources"), path, "pBlocks", [&](Node pblock, const Path& at) {
-                forEachItemIn(pblock, at, "validSlrs", [&](Node slr, const Path&) { slrs.insert(slr.data()); });
-            });
+        const Path core{&path, "core"}, available{&core, "availableResources"};
+        forEachItemIn(device.find("core").find("availableResources"), available, "pBlocks",
+                      [&](Node pblock, const Path& at) {
+                          forEachItemIn(pblock, at, "validSlrs", [&](Node slr, const Path& place) {
+                              slrs.insert(slr.data());
+                              if (std::string fault = slrFault(slr.data(), numSlrs); !fault.empty())
+                                  check.add(kUnknownReference, slr, place, std::move(fault));
+                          });
+                      });
     });
     checkNames(names, "device", reportIn(check, document, "devices"));
     slrs.erase("");
@@ -110,6 +151,32 @@ std::set<std::string> clockNames(Node document) {
     return names;
 }
 
+/// The devices of the parts.
+std::set<std::string> devicesOf(Node document) {
+    std::set<std::string> devices;
+    forEachItem(document, "devices", [&](Node device, const Path&) {
+        const auto fields = HSTStringUtils::split(stringAt(device, "fpgaPart"), ':');
+        if (fields.size() > 3 && !fields[1].empty()) devices.insert(fields[1]);
+    });
+    return devices;
+}
+
+/// The frequencies of the clocks by id; no value if the ids are faulty, which is another finding.
+std::optional<std::map<long long, std::string>> frequenciesOf(Node document) {
+    std::map<long long, std::string> frequencies;
+    std::size_t count = 0;
+    bool hasDefault = false;
+    forEachItem(document, "systemClocks", [&](Node clock, const Path&) {
+        const long long id = numberAt(clock, "id").value_or(0);
+        hasDefault |= id == 0 || HSTStringUtils::iequals(stringAt(clock, "default"), "true");
+        frequencies[id] = stringAt(clock, "frequency");
+        ++count;
+    });
+    const bool isFaulty = frequencies.size() != count || (count > 0 && !hasDefault);
+    if (JsonCheck::isMisspelled(document, "systemClocks") || isFaulty) return std::nullopt;
+    return frequencies;
+}
+
 class References {
 public:
     References(JsonCheck& check, Node document, const KnownNames& known)
@@ -121,16 +188,25 @@ public:
 
 private:
     void checkInterfaces_(Node object, const Path& parent) {
+        std::set<std::string_view> names;
         forEachItemIn(object, parent, "busInterfaces", [&](Node interface, const Path& path) {
+            const std::string_view name = interface.find("name").text();
+            if (!name.empty() && !names.insert(name).second)
+                check_.add(kRepeatedName, interface, path,
+                           "an earlier bus interface also has the name \"" + HSTStringUtils::excerpt(name) + "\"");
+            expectValue(check_, kUnknownValue, interface, path, "mode", modeFault);
+            expectValue(check_, kUnknownValue, interface, path, "memPort", memoryPortFault);
             expectKnown_("clock", interface, path, "clockRef", known_.clocks);
             expectKnown_("SLR", interface, path, "slr", known_.slrs);
             forEachItemIn(interface, path, "addressSegments", [&](Node segment, const Path& at) {
                 expectKnown_("SLR", segment, at, "slr", known_.slrs);
+                expectValue(check_, kUnknownValue, segment, at, "auto", assignmentFault);
             });
         });
     }
     void expectKnown_(const char* what, Node object, const Path& path, const char* key,
                       const std::set<std::string>& known) {
+        if (known.empty()) return;
         if (std::string fault = referenceFault(what, stringAt(object, key), known); !fault.empty())
             addAt(check_, kUnknownReference, object, path, key, std::move(fault));
     }
@@ -164,6 +240,8 @@ public:
     template <class Use>
     void eachFile(Use use) {
         forEachItem(document_, "files", [&](Node file, const Path& path) {
+            // A misspelled key is one finding; the file then has neither name nor type.
+            if (JsonCheck::isMisspelled(file, "name") || JsonCheck::isMisspelled(file, "type")) return;
             use(stringAt(file, "type"), stringAt(file, "name"), reportAt_(file, path));
         });
     }
@@ -173,13 +251,30 @@ private:
     const Node document_;
 };
 
+/// The files of emulation targets are members, or stand beside the list.
+void checkEmulations(JsonCheck& check, const Source& source, const ArchiveMembers* members) {
+    check.checkShapes(json::shapesOfRecord<HTEQEmulations>());
+    const std::string folder = source.member.substr(0, source.member.rfind('/') + 1);
+    forEachItem(check.document(), "emulations", [&](Node target, const Path& path) {
+        forEachItemIn(target, path, "files", [&](Node file, const Path& at) {
+            const std::string name = stringAt(file, "name"), type = stringAt(file, "type");
+            if (const std::string fault = emulationTypeFault(type); !type.empty() && !fault.empty())
+                addAt(check, kUnknownFileType, file, at, "type", fault);
+            if (members && !name.empty() && !members->lists(name) && !members->lists(folder + name))
+                addAt(check, kMissingMember, file, at, "name",
+                      "the archive has no member \"" + HSTStringUtils::excerpt(name, kMaxPathText) + "\"");
+        });
+    });
+}
+
 /// The listed files are checked first: they decide which keys of the document are read.
 void checkMetadataIn(JsonCheck& check, const MetadataContext& context) {
     const Node document = check.document();
     if (document.empty() && JsonCheck::isList(document))
         return check.add(kEmptyDocument, document, {}, "the document has no keys; expected at least \"name\"");
     ArchiveMembers* const members = context.members;
-    const KnownNames known{checkDevices(check, document), clockNames(document)};
+    const KnownNames known{checkDevices(check, document), clockNames(document), devicesOf(document),
+                           frequenciesOf(document)};
     if (members) members->setKnown(known);
     JsonMetadata metadata(check, document);
     checkMetadata(metadata, members, context.directory);
@@ -188,8 +283,14 @@ void checkMetadataIn(JsonCheck& check, const MetadataContext& context) {
     checkMemoryList(check, document);
     checkClockList(check, document);
     if (!hasHpfm) References(check, document, known).checkAll();
-    if (std::string fault = hostFault(stringAt(document, "hostArchitecture")); !fault.empty())
-        addAt(check, kUnknownHost, document, {}, "hostArchitecture", std::move(fault));
+    expectValue(check, kUnknownHost, document, {}, "hostArchitecture", hostFault);
+    expectValue(check, kUnknownValue, document, {}, "hostInterface", hostInterfaceFault);
+    expectValue(check, kUnknownValue, document, {}, "platformState", stateFault);
+    forEachItem(document, "resources", [&](Node resource, const Path& path) {
+        expectValue(check, kUnknownValue, resource, path, "type", resourceFault);
+    });
+    for (const char* key : {"vendor", "boardId", "name"})
+        expectValue(check, kUnknownValue, document, {}, key, nullFault);
     checkIdentity(context.descriptor, stringAt(document, "vendor"),
                   stringAt(document, "versionMajor") + "." + stringAt(document, "versionMinor"),
                   [&](bool isVendor, std::string text) {
@@ -218,6 +319,16 @@ bool isOfOthers(Node document) {
     return std::ranges::any_of(kKeys, [&](const char* key) { return bool(document.find(key)); });
 }
 
+/// Whether an object has keys, none of which is one of hardware metadata or resembles one.
+bool isUnknown(Node document) {
+    const json::Shapes shapes = hardware::documentShapes(false);
+    return !document.empty() && std::none_of(document.begin(), document.end(), [&](Node child) {
+        return child.name().empty() || std::ranges::any_of(shapes, [&](const json::Shape& shape) {
+                   return text::isSlip(child.name(), shape.name);
+               });
+    });
+}
+
 }  // namespace
 
 void checkJsonMetadata(const Source& source, const MetadataContext& context, Findings& findings) {
@@ -226,9 +337,9 @@ void checkJsonMetadata(const Source& source, const MetadataContext& context, Fin
     check.report(findings);
 }
 
-void checkEmulationJson(const Source& source, Findings& findings) {
+void checkEmulationJson(const Source& source, const ArchiveMembers* members, Findings& findings) {
     JsonCheck check(source);
-    if (check.document()) check.checkShapes(json::shapesOfRecord<HTEQEmulations>());
+    if (check.document()) checkEmulations(check, source, members);
     check.report(findings);
 }
 
@@ -257,7 +368,7 @@ void checkJsonFile(const Source& source, Findings& findings) {
             return labels::shapesOf(child.name(), child) != nullptr;
         });
         if (name == "hw_emu.json" || document.find("emulations"))
-            check.checkShapes(json::shapesOfRecord<HTEQEmulations>());
+            checkEmulations(check, source, nullptr);
         else if (name == "rqa.json")
             check.checkShapes(indexShapes());
         else if (document.find("featureRoms") && !(++document.begin() != document.end()))
@@ -266,6 +377,8 @@ void checkJsonFile(const Source& source, Findings& findings) {
             check.checkEach(labels::shapesOf);
         else if (isOfOthers(document))
             check.checkDuplicates();
+        else if (isUnknown(document))
+            check.add(kUnknownKey, document, {}, "the file is read as hardware metadata, of which it has no key");
         else
             checkMetadataIn(check, {});
     }

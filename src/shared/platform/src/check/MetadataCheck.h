@@ -24,8 +24,8 @@ inline void checkXmlMetadata(const Source& source, const MetadataContext& contex
 }
 /// A software file.
 void checkSoftware(const Source& source, const ReadXml& document, const Identity* descriptor, Findings& findings);
-/// A list of emulation targets in JSON.
-void checkEmulationJson(const Source& source, Findings& findings);
+/// A list of emulation targets in JSON. `members`: of the archive that contains it; null for a stand-alone file.
+void checkEmulationJson(const Source& source, const ArchiveMembers* members, Findings& findings);
 /// Any JSON document.
 void checkAnyJson(const Source& source, Findings& findings);
 /// The index of a metadata archive, and whether the files that it lists are there.

@@ -1,10 +1,13 @@
 #include "check/MetadataRules.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 #include <stdexcept>
 
 #include "hardware/MemorySize.h"
 #include "platform/HPLPlatform.h"
+#include "platform/HTEQPfmFileTypes.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 
@@ -25,7 +28,9 @@ std::string quoted(const std::string& text) { return "\"" + HSTStringUtils::exce
 std::string sizeFault(const std::string& size) {
     if (size.empty()) return "the memory has no size";
     try {
-        if (hardware::gigabytesOf(size) != 0) return {};
+        const int counted = hardware::gigabytesOf(size);
+        if (counted > 0) return {};
+        if (counted < 0) return "the size " + quoted(size) + " is negative";
     } catch (const std::logic_error&) {
         // Text before the number, or a number that is too large.
     }
@@ -37,6 +42,30 @@ std::string unknownFault(const std::string& value, const std::vector<std::string
     if (value.empty() || std::ranges::any_of(known, [&](const auto& k) { return HSTStringUtils::iequals(k, value); }))
         return {};
     return quoted(value) + " is unknown; expected one of " + HSTStringUtils::join(known, ", ");
+}
+
+/// Reports a value that is probably one of `known`, misspelled.
+std::string slipFault(const std::string& value, const std::vector<std::string>& known) {
+    if (std::ranges::any_of(known, [&](const auto& k) { return HSTStringUtils::iequals(k, value); })) return {};
+    const auto meant = std::ranges::find_if(known, [&](const auto& k) { return text::isSlip(k, value); });
+    return meant == known.end() ? "" : quoted(value) + " is unknown; nearest: " + *meant;
+}
+
+/// The types of a platform's files that can be mistaken for another: of three letters, many are in use.
+const std::vector<std::string>& fileTypes() {
+    static const std::vector<std::string>* const types = [] {
+        auto* const list = new std::vector<std::string>;
+        for (const auto& [type, text] : HTEQPfmFileTypes::getFileTypeMap()) list->push_back(text);
+        return list;
+    }();
+    return *types;
+}
+
+std::string typeFault(const std::string& type, const std::vector<std::string>& known) {
+    constexpr std::size_t kShort = 3;
+    if (type.empty()) return "the file has no type, so that nothing finds it";
+    const std::string fault = type.size() > kShort ? slipFault(type, known) : "";
+    return fault.empty() ? fault : "the file type " + fault;
 }
 
 /// Each memory that begins before the end of an earlier one, in the order of their addresses.
@@ -77,10 +106,12 @@ void checkMemories(const std::vector<Memory>& memories, const ReportAt& report) 
 void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const ReportAt& report,
                  const Report& reportList) {
     std::set<long long> ids;
+    std::vector<std::string> names;
     bool hasDefault = clocks.empty(), isChosen = false;
     for (std::size_t i = 0; i < clocks.size(); ++i) {
         const Clock& clock = clocks[i];
-        hasDefault |= clock.id == defaultId;
+        names.push_back(clock.name);
+        hasDefault |= clock.id == defaultId || !clock.isKnown;
         if (clock.isDefault && std::exchange(isChosen, true))
             report(i, kRepeatedDefaultClock, "an earlier clock is the default clock too; the last one is used");
         if (clock.id >= 0 && !ids.insert(clock.id).second)
@@ -92,6 +123,7 @@ void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const Re
         if (const std::string fault = unknownFault(clock.status, kStatuses); !fault.empty())
             report(i, kUnknownClockStatus, "the status " + fault);
     }
+    checkNames(names, "clock", report);
     if (!hasDefault)
         reportList(kNoDefaultClock, "no clock has the id of the default clock, " + std::to_string(defaultId));
 }
@@ -111,13 +143,81 @@ std::string frequencyFault(const std::string& frequency) {
     const auto point = std::min(text.find('.'), text.size());
     const std::string_view fraction = text.substr(std::min(point + 1, text.size()));
     if (text.empty() || (text != "." && digits(text.substr(0, point)) && digits(fraction))) return {};
-    return "the frequency " + quoted(frequency) + " is not a number; expected MHz without a unit, for example 300";
+    return "the frequency " + quoted(frequency) +
+           " is not a decimal number; expected MHz without sign, exponent and unit, for example 300";
 }
 
 std::string hostFault(const std::string& architecture) {
     if (HSTStringUtils::iequals(architecture, HPLPlatform::getHostArchAsStr(HostArchType::unknown))) return {};
     const std::string fault = unknownFault(architecture, HPLPlatform::getHostArchTypesAsStr());
     return fault.empty() ? fault : "the host architecture " + fault;
+}
+
+std::string hostInterfaceFault(const std::string& interface) {
+    static const std::vector<std::string> known{"pcie", "axi"};
+    const std::string fault = slipFault(interface, known);
+    return fault.empty() ? fault : "the host interface " + fault;
+}
+
+/// Letter case matters.
+std::string stateFault(const std::string& state) {
+    static const std::vector<std::string> known{"synth", "impl", "pre_synth"};
+    if (state.empty() || std::ranges::find(known, state) != known.end()) return {};
+    return "the state " + quoted(state) + " is unknown; expected one of " + HSTStringUtils::join(known, ", ");
+}
+
+std::string assignmentFault(const std::string& text) {
+    static const std::vector<std::string> known{"preferred", "true", "false"};
+    const std::string fault = unknownFault(text, known);
+    return fault.empty() ? fault : "auto=" + fault;
+}
+
+std::string partFault(const std::string& part) {
+    constexpr const char* kFields[] = {"architecture", "device", "package", "speed grade"};
+    const auto fields = HSTStringUtils::split(part, ':');
+    for (std::size_t i = 0; i < std::min(fields.size(), std::size(kFields)); ++i)
+        if (fields.size() >= std::size(kFields) && HSTStringUtils::trim(fields[i]).empty())
+            return std::string("the ") + kFields[i] + " of the part is empty";
+    return {};
+}
+
+std::string modeFault(const std::string& mode) {
+    static const std::vector<std::string> known{"master", "slave"};
+    const std::string fault = slipFault(mode, known);
+    return fault.empty() ? fault : "the mode " + fault;
+}
+
+std::string memoryPortFault(const std::string& port) {
+    static const std::vector<std::string> known{"MEMSS"};
+    const std::string fault = slipFault(port, known);
+    return fault.empty() ? fault : "the memory port " + fault;
+}
+
+std::string resourceFault(const std::string& type) {
+    static const std::vector<std::string> known{"LUT", "REG", "FF", "BRAM", "DSP", "URAM"};
+    const std::string fault = type.size() > 3 ? slipFault(type, known) : "";
+    return fault.empty() ? fault : "the resource type " + fault;
+}
+
+std::string fileTypeFault(const std::string& type) { return typeFault(type, fileTypes()); }
+
+std::string emulationTypeFault(const std::string& type) {
+    static const std::vector<std::string> known{"EMU_HPFM", "EMU_DR_BD", "TOP_BD", "PROP_JSON", "USER_PROP_JSON"};
+    return typeFault(type, known);
+}
+
+std::string clockFault(long long id, const std::string& frequency, const KnownNames& known) {
+    if (!known.frequencies) return {};
+    const auto same = known.frequencies->find(id);
+    if (same == known.frequencies->end() || !frequencyFault(same->second).empty()) return {};
+    double here = 0, there = 0;
+    const auto numberOf = [](std::string_view text, double& number) {
+        return std::from_chars(text.data(), text.data() + text.size(), number).ec == std::errc();
+    };
+    if (!numberOf(HSTStringUtils::trim(frequency), here) || !numberOf(HSTStringUtils::trim(same->second), there) ||
+        std::abs(here - there) < 0.001)
+        return {};
+    return "the frequency is " + quoted(frequency) + ", in the metadata, which is used, " + quoted(same->second);
 }
 
 std::string referenceFault(const char* what, const std::string& name, const std::set<std::string>& known) {
@@ -160,6 +260,8 @@ void checkIdentity(const Identity* descriptor, const std::string& vendor, const 
         ours != numbersOf(descriptor->version))
         differ(false, version, descriptor->version);
 }
+
+bool isHpfm(const std::string& type) { return HSTStringUtils::iequals(type, "HPFM"); }
 
 void addSlrs(long long count, std::set<std::string>& names) {
     constexpr long long kMost = 256;

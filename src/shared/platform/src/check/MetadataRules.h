@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "check/ArchiveMembers.h"
@@ -24,7 +25,8 @@ void checkMemories(const std::vector<Memory>& memories, const ReportAt& report);
 struct Clock {
     long long id = -1;  ///< negative: none
     bool isDefault = false;
-    std::string frequency, status;
+    std::string name = {}, frequency = {}, status = {};
+    bool isKnown = true;  ///< else its id, or whether it is the default clock, cannot be read
 };
 /// `defaultId`: of the clock that queries take by default. `reportList` adds a finding at the whole list.
 void checkClocks(const std::vector<Clock>& clocks, long long defaultId, const ReportAt& report,
@@ -36,6 +38,19 @@ void checkNames(const std::vector<std::string>& names, const char* what, const R
 /// The fault of a value; empty if it has none, or if the value is missing.
 std::string frequencyFault(const std::string& frequency);
 std::string hostFault(const std::string& architecture);
+std::string stateFault(const std::string& state);
+std::string assignmentFault(const std::string& text);  ///< `auto` of an address segment
+std::string partFault(const std::string& part);
+/// Of values that other tools may extend: only what is probably a misspelling is a fault.
+std::string hostInterfaceFault(const std::string& interface);
+std::string modeFault(const std::string& mode);
+std::string memoryPortFault(const std::string& port);
+std::string resourceFault(const std::string& type);
+/// The same for the type of a file of a platform, or of an emulation target. A missing type is a fault too.
+std::string fileTypeFault(const std::string& type);
+std::string emulationTypeFault(const std::string& type);
+/// Compares a clock of an hpfm with that of the metadata.
+std::string clockFault(long long id, const std::string& frequency, const KnownNames& known);
 /// `known`: the names of each `what` that can be referred to. Without any, nothing is known, and nothing is wrong.
 std::string referenceFault(const char* what, const std::string& name, const std::set<std::string>& known);
 
@@ -51,6 +66,8 @@ void checkIdentity(const Identity* descriptor, const std::string& vendor, const 
 /// The names of a device's SLRs: "SLR0" and so on for a number of SLRs.
 void addSlrs(long long count, std::set<std::string>& names);
 
+bool isHpfm(const std::string& type);
+
 /// Checks parameters and listed files. `Metadata` walks a document of one form and calls, for each
 /// - parameter of an IP, `use(name, all of the IP's parameters, report)`;
 /// - file, `use(type, name, report)`,
@@ -62,8 +79,13 @@ void checkMetadata(Metadata& metadata, ArchiveMembers* members, const std::strin
         if (const std::string fault = pathFault(name, parameters); !fault.empty()) report(kClashingParameter, fault);
     });
     if (!members) return;
+    bool hasHpfm = false;
     metadata.eachFile([&](const std::string& type, const std::string& name, auto report) {
+        if (name.empty()) return report(kMissingMember, "the file has no name");
         if (const auto fault = members->checkListed(type, name, directory)) report(fault->name, fault->text);
+        if (const std::string fault = fileTypeFault(type); !fault.empty()) report(kUnknownFileType, fault);
+        if (isHpfm(type) && std::exchange(hasHpfm, true))
+            report(kRepeatedName, "an earlier file also has the type HPFM, and is the one that is read");
     });
 }
 

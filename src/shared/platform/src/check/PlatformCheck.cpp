@@ -11,6 +11,7 @@
 #include "check/XmlCheck.h"
 #include "loading/WrongExtension.h"
 #include "msg/HEXAll.h"
+#include "msg/OwnBudget.h"
 #include "platform/FileKind.h"
 #include "platform/HRQAArchive.h"
 #include "platform/HTEQEmulations.h"
@@ -76,15 +77,20 @@ void checkMetadataArchive(const PlatformArchive& archive, Findings& findings) {
 }
 
 void checkArchive(const std::string& file, bool needsJson, const Identity* descriptor, Findings& findings) {
+    Findings inArchive;
+    std::string name = file;  // within a request, the archive may have been opened by another path
     try {
         const PlatformArchive archive(file);
+        name = archive.name();
         if (isMetadataArchive(file))
-            checkMetadataArchive(archive, findings);
+            checkMetadataArchive(archive, inArchive);
         else
-            checkMembers(archive, needsJson, descriptor, findings);
+            checkMembers(archive, needsJson, descriptor, inArchive);
     } catch (const zip::ArchiveError& e) {
-        findings.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
+        inArchive.add(PlatformCheck::kUnreadable, file, e.member(), e.text());
     }
+    inArchive.rename(name, file);
+    findings.append(std::move(inArchive));
 }
 
 /// The content of the file, or nullopt after adding a finding.
@@ -144,6 +150,7 @@ void checkXmlFile(const Source& source, Findings& findings) {
 }  // namespace
 
 HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
+    const OwnBudget budget;  // what is checked may have been loaded before
     const zip::Request request;
     Findings findings;
     if (fileKindOf(file) == FileKind::hardware || isMetadataArchive(file)) {

@@ -109,11 +109,29 @@ private:
 
 namespace {
 
-std::string reason(const NodeBuilder& builder, const boost::json::error_code& ec, const Limits& limits) {
+/// The usual causes of a syntax error at this byte; empty if it is another one.
+std::string causeAt(std::string_view text, std::size_t at) {
+    if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") ||
+        text.substr(0, 2).find('\0') != std::string_view::npos)
+        return "the encoding is not UTF-8";
+    if (at >= text.size()) return {};
+    const char found = text[at];
+    if (static_cast<unsigned char>(found) >= 0x80) return "the encoding is not UTF-8, or a text lacks its quotes";
+    if (found == '/') return "comments are not allowed";
+    if (found == '\'') return "texts and keys stand in double quotes";
+    const auto before = text.substr(0, at).find_last_not_of(" \t\r\n");
+    const bool isAfterComma = before != std::string_view::npos && text[before] == ',';
+    if (isAfterComma && (found == '}' || found == ']'))
+        return std::string("there is a comma before the closing ") + found;
+    return {};
+}
+
+std::string reason(const NodeBuilder& builder, const boost::json::error_code& ec, const Limits& limits,
+                   const std::string& cause) {
     if (builder.problem) return builder.problem;
     if (ec == boost::json::error::too_deep)
         return "the document nests deeper than " + std::to_string(limits.depth) + " levels";
-    return "not valid JSON: " + ec.message();
+    return "not valid JSON: " + (cause.empty() ? ec.message() : cause);
 }
 
 /// Rides along with the property tree's exception, which callers expect and which has no room for it.
@@ -159,8 +177,8 @@ std::optional<Fault> Document::tryParse(std::string text, const Limits& limits) 
     const std::size_t rest = ec ? end : source_.find_first_not_of(" \t\r\n", end);
     if (rest == std::string::npos) return std::nullopt;
     entries_.assign(1, Entry{{}, {}, 1});
-    return Fault{placeAt(source_, rest),
-                 ec ? reason(parser.handler(), ec, limits) : "there is text after the document"};
+    return Fault{placeAt(source_, rest), ec ? reason(parser.handler(), ec, limits, causeAt(source_, rest))
+                                            : "there is text after the document"};
 }
 
 void Document::parse(std::string text, const std::string& name, const Limits& limits) {

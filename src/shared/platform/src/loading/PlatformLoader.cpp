@@ -65,8 +65,15 @@ std::unique_ptr<HPLPlatform> emulationFrom(const std::string& file, HwMetadataMo
 [[noreturn]] void throwCause(const PlatformParseException& e, const std::string& file) {
     if (fileKindOf(file) != FileKind::hardware && zip::looksLikeArchive(file))
         throw HEXFileFault({.file = file, .id = "74-9", .text = loading::wrongExtensionOf(file)});
-    if (e.cause()) std::rethrow_exception(e.cause());
-    throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
+    if (!e.cause()) throw HEXFileFault({.file = file, .id = std::string(kNotLoaded), .text = e.what()});
+    try {
+        std::rethrow_exception(e.cause());
+    } catch (const HEXFileFault& fault) {
+        HEXDiagnostic diagnostic = fault.diagnostic();
+        if (!diagnostic.id.empty()) throw;
+        diagnostic.id = kNotLoaded;
+        throw HEXFileFault(diagnostic);
+    }
 }
 
 }  // namespace

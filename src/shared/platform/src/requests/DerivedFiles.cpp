@@ -165,7 +165,7 @@ HSTVector<std::string> readXml(const std::string& file, HTEQEmulations& emulatio
 HSTVector<std::string> readJson(const std::string& file, HTEQEmulations& emulations) {
     const check::Source source = sourceOf(file);
     check::Findings findings;
-    check::checkEmulationJson(source, findings);
+    check::checkEmulationJson(source, nullptr, findings);
     expectNone(findings);
     json::ptree root;
     json::parse(source.text, file, root);
