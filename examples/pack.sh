@@ -22,7 +22,7 @@ for sample in u77 heron osprey harrier lone boards; do
         # Packed without --force, which would also accept missing listed files, except the archive that is meant to
         # be refused and what is not a platform.
         rm -f "$out/$folder"
-        case $folder in */dunlin_next.cfa | *.hdf) force=--force ;; *) force= ;; esac
+        case $folder in */dunlin_next.cfa | *.hdf) force='--force --quiet' ;; *) force= ;; esac
         "$tool" pack "$folder" "$out/$folder" $force
         rm -rf "$out/src/${folder##*/}"
         cp -R "$folder" "$out/src/"

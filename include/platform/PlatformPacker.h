@@ -11,7 +11,8 @@ class ZR_API PlatformPacker {
 public:
     struct Options {
         bool overwrite = false;
-        bool mayLack = false;  ///< accept a folder without readable metadata, or without files that it lists
+        /// Accept a folder without readable metadata, or without files that it lists: with a warning.
+        bool mayLack = false;
         /// Patterns of files and folders that are left out, with *, ? and [...]. One without "/" is compared with
         /// names, one with "/" with paths in the folder; a final "/" selects folders only, a first "/" means nothing.
         HSTVector<std::string> exclude = {};

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <memory>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "archive/PlatformArchive.h"
 #include "loading/ArchiveRoad.h"
 #include "loading/PackPatterns.h"
 #include "msg/HEXFileFault.h"
+#include "platform/FileKind.h"
 #include "platform/HPLBoard.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLPlatform.h"
@@ -26,12 +28,23 @@ using archive::PlatformArchive;
 /// The names of the platform's files: those of its list first, then those of its board.
 struct Listed {
     Names files, others;
+    bool isWhole = false;  ///< XML metadata names files in more places than its list
 };
 
-Listed listedIn(const std::string& archive) {
+/// The diagnostics name the archive, which is not kept: here they name the folder.
+Listed listedIn(const PlatformArchive& archive, const std::string& folder) {
     HPLPlatform platform;
-    loading::fillFromArchive(platform, archive, HwMetadataMode::Default, loading::Route::askFirst);
+    try {
+        loading::fillFromArchive(platform, archive.name(), HwMetadataMode::Default, loading::Route::askFirst);
+    } catch (const HEXFileFault& e) {
+        HEXDiagnostic diagnostic = e.diagnostic();
+        diagnostic.file = folder;
+        if (const auto at = diagnostic.text.find(archive.name()); at != std::string::npos)
+            diagnostic.text.replace(at, archive.name().size(), folder);
+        throw HEXFileFault(diagnostic);
+    }
     Listed listed;
+    listed.isWhole = !archive.metadata(HwMetadataMode::Default)->isXml();
     const std::unique_ptr<HSTFwdIter<HPLFile*>> files(platform.createFileVecIter());
     while (files->hasNext()) {
         const HPLFile* const file = files->next();
@@ -78,18 +91,16 @@ std::string shown(const Names& names) {
 
 /// One warning for each kind of files.
 Names warningsOf(const PlatformArchive& archive, const Listed& listed) {
-    // XML metadata names files in more places than its list.
-    const bool isXml = archive.metadata(HwMetadataMode::Default)->isXml();
     Names hidden, backups, others;
     for (const std::string& name : unlisted(archive, listed))
         (loading::isHidden(name) ? hidden : loading::isBackup(name) ? backups : others).push_back(name);
     Names warnings;
     const auto add = [&](const char* what, const Names& names) {
-        if (!names.empty()) warnings.push_back(what + shown(names));
+        if (!names.empty()) warnings.push_back(what + shown(names) + "; --exclude leaves files out");
     };
     add("hidden files are packed: ", hidden);
     add("backups of an editor are packed: ", backups);
-    if (!isXml) add("files are packed that the metadata does not list: ", others);
+    if (listed.isWhole) add("files are packed that the metadata does not list: ", others);
     return warnings;
 }
 
@@ -102,26 +113,40 @@ Names warningsOf(const PlatformArchive& archive, const Listed& listed) {
     throw HEXFileFault({.file = folder, .text = text});
 }
 
-/// The warnings for a finished archive; throws if it is not complete.
-Names checked(const std::string& file, const std::string& folder) {
-    const zip::Request request;
-    const PlatformArchive archive(file);
-    if (!archive.metadata(HwMetadataMode::Default)) refuseWithoutMetadata(archive, folder);
-    Listed listed;
-    try {
-        listed = listedIn(file);
-    } catch (const HEXFileFault& e) {
-        HEXDiagnostic diagnostic = e.diagnostic();
-        diagnostic.file = folder;  // the archive is not kept
-        throw HEXFileFault(diagnostic);
-    }
+void expectFiles(const PlatformArchive& archive, const Names& files, const std::string& folder) {
     Names missing;
-    for (const std::string& name : listed.files)
+    for (const std::string& name : files)
         if (!archive.lists(name)) missing.push_back(name);
     if (!missing.empty())
         throw HEXFileFault(
             {.file = folder, .text = "the metadata lists missing files: " + HSTStringUtils::join(missing, ", ")});
-    return warningsOf(archive, listed);
+}
+
+/// The text of a diagnostic for the folder or a file in it.
+std::string textIn(const std::string& folder, HEXDiagnostic diagnostic) {
+    if (diagnostic.file != folder) return diagnostic.format();
+    diagnostic.file = std::exchange(diagnostic.member, "");
+    return diagnostic.format();
+}
+
+/// The warnings for a finished archive. That it is not complete is the first of them if it `mayLack`, else thrown.
+Names checked(const std::string& file, const std::string& folder, bool mayLack) {
+    const zip::Request request;
+    const PlatformArchive archive(file);
+    Listed listed;
+    Names warnings;
+    try {
+        if (fileKindOf(file) == FileKind::hardware) {  // else the extension names no metadata
+            if (!archive.metadata(HwMetadataMode::Default)) refuseWithoutMetadata(archive, folder);
+            listed = listedIn(archive, folder);
+            expectFiles(archive, listed.files, folder);
+        }
+    } catch (const HEXFileFault& e) {
+        if (!mayLack) throw;
+        warnings.push_back(textIn(folder, e.diagnostic()));
+    }
+    for (std::string& warning : warningsOf(archive, listed)) warnings.push_back(std::move(warning));
+    return warnings;
 }
 
 }  // namespace
@@ -131,10 +156,8 @@ Names PlatformPacker::pack(const std::string& folder, const std::string& archive
     Names warnings;
     packFolder(
         folder, archive, options.overwrite,
-        [&](const std::string& made) {
-            if (!options.mayLack) warnings = checked(made, folder);
-        },
-        {}, [&](const std::string& path) { return patterns.exclude(path); });
+        [&](const std::string& made) { warnings = checked(made, folder, options.mayLack); }, {},
+        [&](const std::string& path) { return patterns.exclude(path); });
     return warnings;
 }
 

@@ -11,13 +11,15 @@
 #include "platform/RequestFailure.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
+#include "util/HUTEnv.h"
 
 namespace teq_platform::requests {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// A file of a new platform; "@NAME@" stands for the platform's name.
+/// A file of a new platform. "@NAME@" stands for the platform's name, "@MAJOR@" and "@MINOR@" for the release that makes
+/// it: a platform is for that one and the releases that the support policy allows.
 struct File {
     const char* path;
     const char* text;
@@ -25,8 +27,9 @@ struct File {
 
 constexpr char kDescriptor[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- The descriptor: what the platform is called, and which files belong to it. Paths are relative to this file.
-     vendor and version are those of the archive and of the software file. -->
-<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@" teq:version="1.0">
+     vendor and version are those of the archive and of the software file; the version is the release of the tool that the
+     platform is for. -->
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@" teq:version="@MAJOR@.@MINOR@">
   <teq:description>A sample platform</teq:description>
   <teq:hardwarePlatforms>
     <teq:hardwarePlatform teq:path="." teq:name="@NAME@.lfa"/>
@@ -39,7 +42,7 @@ constexpr char kDescriptor[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 constexpr char kHostSoftware[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- The software file: the configurations that programs can be built for. -->
-<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@_sw" teq:version="1.0">
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@_sw" teq:version="@MAJOR@.@MINOR@">
   <teq:description>Software of @NAME@</teq:description>
   <!-- The name of the configuration that is taken by default. -->
   <teq:systemConfigurations teq:defaultConfiguration="linux">
@@ -56,7 +59,7 @@ constexpr char kHostSoftware[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 constexpr char kBoardSoftware[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <!-- The software file: the configurations that programs can be built for. -->
-<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@_sw" teq:version="1.0">
+<teq:platform xmlns:teq="urn:torvane:teq:platform:1.0" teq:vendor="acme" teq:library="@NAME@" teq:name="@NAME@_sw" teq:version="@MAJOR@.@MINOR@">
   <teq:description>Software of @NAME@</teq:description>
   <!-- The name of the configuration that is taken by default. -->
   <teq:systemConfigurations teq:defaultConfiguration="bare">
@@ -79,8 +82,8 @@ constexpr char kCardMetadata[] = R"({
     "vendor": "acme",
     "boardId": "@NAME@",
     "name": "base",
-    "versionMajor": 1,
-    "versionMinor": 0,
+    "versionMajor": @MAJOR@,
+    "versionMinor": @MINOR@,
     "usesPR": true,
     "hostArchitecture": "x86_64",
     "hostInterface": "pcie",
@@ -108,8 +111,8 @@ constexpr char kBoardMetadata[] = R"({
     "vendor": "acme",
     "boardId": "@NAME@",
     "name": "base",
-    "versionMajor": 1,
-    "versionMinor": 0,
+    "versionMajor": @MAJOR@,
+    "versionMinor": @MINOR@,
     "usesPR": false,
     "platformState": "pre_synth",
     "unifiedPlatform": true,
@@ -161,7 +164,7 @@ constexpr char kBoardHpfm[] = R"(<?xml version="1.0" encoding="UTF-8"?>
   <kp:component kp:name="@NAME@" kp:library="@NAME@" kp:version="1.0" kp:vendor="acme" kp:type="platform" kp:BRAM="120" kp:DSP="1056" kp:FF="202752" kp:LUT="101376">
     <kp:platformInfo>
       <kp:deviceInfo kp:architecture="tzmote" kp:device="tzk30" kp:package="sbq784" kp:speedGrade="-1"/>
-      <kp:description>A board with one DDR4 memory behind its processor</kp:description>
+      <kp:description>A board whose processor has one DDR4 memory</kp:description>
       <!-- A clock with an id is named "PL" and its id. Frequencies are in MHz. -->
       <kp:systemClocks kp:defaultClock="0">
         <kp:clock kp:name="pl_clk0" kp:instanceRef="/ps_0" kp:componentRef="ps" kp:frequency="150" kp:period="6.666667" kp:status="fixed" kp:id="0"/>
@@ -186,18 +189,28 @@ constexpr char kReadme[] = R"(# @NAME@
 | `@NAME@.zdf` | the descriptor, which names the other files |
 | `hardware/` | the members of the hardware archive |
 | `hardware/lfa.json` | the hardware metadata |
-| `hardware/hpfm/@NAME@.hpfm` | clocks and bus interfaces, as the generator of the hardware writes them |
+| `hardware/hpfm/@NAME@.hpfm` | bus interfaces and banks, as the generator of the hardware writes them |
 | `@NAME@.spfm` | configurations, processors and operating systems |
 
 JSON has no comments. In `hardware/lfa.json`:
 
 - `vendor`, `boardId`, `name` and the version make the name `vendor:boardId:name:version`.
+- `versionMajor` and `versionMinor`: the release of the tool that the platform is for. `zr-platform check` says which releases
+  may use it.
 - `usesPR`: whether kernels are loaded by partial reconfiguration. If so, the platform has a host.
 - `fpgaPart`: architecture, device, package and speed grade, separated by colons; up to three more fields may follow.
 - `numSLRs`: the dies of the device, SLR0 and so on, to which banks and pblocks refer.
 - `memories`: sizes are a number and GB; the highest address is that of the last byte.
-- `systemClocks`: MHz; the status is scalable, changeable, fixed or reserved; one clock is the default.
+- `systemClocks`: MHz; the status is scalable, changeable, fixed or reserved; one clock is the default. The clocks of a
+  platform are these: a change in the hpfm belongs here too.
 - `files`: what tools look up by type. Each name is a member of the archive.
+)";
+
+constexpr char kBif[] = R"(// The parts of the boot image, in the order in which they are loaded.
+standard: { }
+)";
+
+constexpr char kBootReadme[] = R"(How to boot the board from the image "standard".
 )";
 
 constexpr char kSoftwareReadme[] = R"(# @NAME@
@@ -217,6 +230,8 @@ constexpr File kCard[] = {{"README.md", kReadme},
 constexpr File kEmbedded[] = {{"README.md", kReadme},
                               {"@NAME@.zdf", kDescriptor},
                               {"@NAME@.spfm", kBoardSoftware},
+                              {"boot/boot.bif", kBif},
+                              {"boot/readme.txt", kBootReadme},
                               {"hardware/lfa.json", kBoardMetadata},
                               {"hardware/hpfm/@NAME@.hpfm", kBoardHpfm}};
 constexpr File kSoftware[] = {{"README.md", kSoftwareReadme}, {"@NAME@.spfm", kHostSoftware}};
@@ -227,10 +242,14 @@ struct Kind {
 };
 constexpr Kind kKinds[] = {{"card", kCard}, {"embedded", kEmbedded}, {"software", kSoftware}};
 
-std::string named(std::string text, const std::string& name) {
-    constexpr std::string_view kMark = "@NAME@";
-    for (auto at = text.find(kMark); at != std::string::npos; at = text.find(kMark, at + name.size()))
-        text.replace(at, kMark.size(), name);
+/// The text for the platform of this name.
+std::string filled(std::string text, const std::string& name) {
+    const std::pair<std::string_view, std::string> values[] = {{"@NAME@", name},
+                                                               {"@MAJOR@", std::to_string(HUTEnv::getMajor())},
+                                                               {"@MINOR@", std::to_string(HUTEnv::getMinor())}};
+    for (const auto& [mark, value] : values)
+        for (auto at = text.find(mark); at != std::string::npos; at = text.find(mark, at + value.size()))
+            text.replace(at, mark.size(), value);
     return text;
 }
 
@@ -307,8 +326,8 @@ HSTVector<std::string> newPlatform(const NewPlatform& request) {
     Draft draft(folder);
     HSTVector<std::string> made;
     for (const File& file : kind.files) {
-        made.push_back(named(file.path, name));
-        draft.put(made.back(), named(file.text, name));
+        made.push_back(filled(file.path, name));
+        draft.put(made.back(), filled(file.text, name));
     }
     if (isUsed)
         draft.mergeInto(folder, made);
