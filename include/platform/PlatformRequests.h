@@ -37,7 +37,11 @@ private:
     std::unique_ptr<zip::Request> request_;
 };
 
-/// The platform of a file, see `PlatformLoader::open`. A missing file is `noSuchFile`.
+/// A path that belongs to `file`, such as one of `fields`, as a user who named `file` would write it.
+ZR_API std::string shownPath(const std::string& path, const std::string& file);
+
+/// The platform of a file, see `PlatformLoader::open`. A missing file is `noSuchFile`. A failure has the location that
+/// `PlatformCheck` finds, and the path as `shownPath` writes it.
 ZR_API std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode);
 
 enum class Form {
@@ -78,7 +82,8 @@ struct Pack {
     bool mayLack = false;
     HSTVector<std::string> exclude = {};  ///< patterns of files to leave out, see `PlatformPacker::Options`
 };
-/// Returns warnings: files that probably do not belong into the archive.
+/// Returns warnings: files that probably do not belong into the archive, members that readers would ignore because of an
+/// error, and what only `mayLack` accepts.
 ZR_API HSTVector<std::string> pack(const Pack& request);
 
 struct SetFile {

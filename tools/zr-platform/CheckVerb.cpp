@@ -106,6 +106,7 @@ int runCheck(const Call& call) {
         } catch (const HEXAll&) {
             const teq_platform::Failure failure = teq_platform::currentFailure(file);
             Console::take().report(failure);
+            records.addProblem(failure.diagnostic);
             exit = worse(exit, exitOf(failure));
         }
     }

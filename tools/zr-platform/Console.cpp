@@ -90,7 +90,8 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
     const bool isFault = message.mask == MsgMask::critical || message.mask == MsgMask::error;
     if (isFault && faults.size() < kMaxFaults && std::ranges::find(faults, message.text) == faults.end())
         faults.push_back(message.text);
-    if (quiet || !(verbose || json || isWarning)) return;
+    // The failure that they lead to, or the warning of what is ignored, has their location.
+    if (quiet || !(verbose || (json && !isFault) || isWarning)) return;
     const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
     if (json) {
         boost::json::object record = recordOf(line, nameOf(message.mask));
@@ -145,16 +146,24 @@ void Console::note(const std::string& line) {
 }
 
 void Console::print(const HEXDiagnostic& diagnostic, std::string_view severity) {
-    if (!state_->json) return note(diagnostic.report(severity));
+    if (!state_->json) {
+        HEXDiagnostic line = diagnostic;
+        if (!line.element.empty() && !line.text.starts_with(line.element))
+            line.text = line.element + ": " + line.text;
+        return note(line.report(severity));
+    }
     HEXDiagnostic named = diagnostic;
     named.file = shown(named.file);
     if (!state_->quiet) writeAll(2, lineOf(recordOf(named, severity.empty() ? "information" : severity)));
 }
 
 void Console::warnOfFaults() {
-    if (state_->verbose || state_->json) return;
-    for (const std::string& fault : state_->faults) print({.text = fault + "; it is ignored"}, "warning");
+    if (state_->verbose) return;
+    for (const std::string& fault : state_->faults)
+        print({.text = fault.find("ignored") == std::string::npos ? fault + "; it is ignored" : fault}, "warning");
 }
+
+bool Console::takeFaults() { return !std::exchange(state_->faults, {}).empty(); }
 
 void Console::nameInput(const std::string& file) { state_->input = file; }
 
@@ -227,7 +236,13 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
 }
 
 void Records::addProblem(const HEXDiagnostic& problem) {
-    problems_.push_back(boost::json::object{{"file", problem.file}, {"text", problem.text}});
+    const std::string file = Console::take().shown(problem.file);
+    problems_.push_back(boost::json::object{{"id", problem.id},
+                                            {"file", file},
+                                            {"member", problem.member},
+                                            {"line", problem.line},
+                                            {"column", problem.column},
+                                            {"text", problem.text}});
 }
 
 void Records::printOne(const Call& call, const char* noun, boost::json::object record) {

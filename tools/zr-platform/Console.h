@@ -33,6 +33,8 @@ public:
     void report(const teq_platform::Failure& failure);
     /// For a request that has succeeded: the errors that the library sent on the way are of members that it ignored.
     void warnOfFaults();
+    /// Whether there were such errors since the last call; from now on they are not warned of.
+    bool takeFaults();
     /// The file that holds standard input; `shown` prints "-" in its place.
     void nameInput(const std::string& file);
     std::string shown(std::string text) const;

@@ -23,7 +23,7 @@ boost::json::value valueOf(const Answer& answer) {
 }  // namespace
 
 int runInfo(const Call& call) {
-    const auto platform = loaded(platformFile(call["FILE"], call), call);
+    const auto platform = loaded(platformFile(call["FILE"], call), call, true);
     Text text(false);
     boost::json::object record;
     text.heading("Platform " + platform->getPlatformBaseName());

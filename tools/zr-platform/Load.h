@@ -17,8 +17,10 @@ teq_platform::requests::Repositories repositoriesOf(const Call& call);
 /// The file for an argument that is a platform's file or name.
 std::string platformFile(const std::string& fileOrName, const Call& call);
 
-/// Loads the platform of `file` from the metadata that --metadata selects.
-std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call);
+/// Loads the platform of `file` from the metadata that --metadata selects. What readers have ignored because of an
+/// error is warned of; with `isChecked`, so is what only later reads would find.
+std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call, bool isChecked = false);
 
 /// The same, but an error gives null and sets `failure` instead of throwing.
-std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, teq_platform::Failure& failure);
+std::shared_ptr<HTEQPlatform> tryLoad(const std::string& file, const Call& call, teq_platform::Failure& failure,
+                                      bool isChecked = false);

@@ -13,9 +13,10 @@ int runPack(const Call& call) {
                                           .mayLack = isForced,
                                           .exclude = call.values("exclude")})) {
             warnings.emplace_back(warning);
-            Console::take().print({.file = call["DIR"], .text = warning + "; --exclude leaves files out"}, "warning");
+            Console::take().print({.file = call["DIR"], .text = warning}, "warning");
         }
     });
+    Console::take().takeFaults();  // which the warnings name in the folder
     if (call["ARCHIVE"] != "-")
         Records::printOne(call, "packed-archive",
                           {{"folder", call["DIR"]}, {"archive", call["ARCHIVE"]}, {"warnings", std::move(warnings)}});

@@ -21,9 +21,9 @@ std::string shown(const std::string& text) {
 
 const char* kindName(Kind kind) { return kind == Kind::value ? "value" : kind == Kind::object ? "object" : "list"; }
 
-/// Calls `ask` for each path; a path that selects nothing is reported, and its exit code is returned.
+/// Calls `ask` for each path; a path that selects nothing is a problem of `records`, and its exit code is returned.
 template <class Ask>
-Exit forEach(const std::vector<std::string>& paths, const std::string& file, const Ask& ask) {
+Exit forEach(const std::vector<std::string>& paths, const std::string& file, Records& records, const Ask& ask) {
     Exit exit = Exit::done;
     for (const std::string& path : paths) {
         try {
@@ -31,6 +31,7 @@ Exit forEach(const std::vector<std::string>& paths, const std::string& file, con
         } catch (const teq_platform::RequestError&) {
             const teq_platform::Failure failure = teq_platform::currentFailure(file);
             Console::take().report(failure);
+            records.addProblem(failure.diagnostic);
             exit = worse(exit, exitOf(failure));
         }
     }
@@ -49,7 +50,7 @@ int runQuery(const Call& call) {
     const Questions questions(*platform, file);
     const std::vector<std::string>& paths = call.all("PATH...");
     Records records("answer");
-    const Exit exit = forEach(paths, file, [&](const std::string& path) {
+    const Exit exit = forEach(paths, file, records, [&](const std::string& path) {
         const Questions::Answer answer = questions.answer(path);
         if (Records::areAsked(call))
             return records.add({{"path", path}, {"kind", kindName(answer.kind)}, {"answer", answer.text}});

@@ -2,13 +2,17 @@
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQPlatformXMLReader.h>
 #include <platform/HTEQReconfigurablePartition.h>
+#include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
+
+#include <utility>
 
 #include "Console.h"
 #include "Load.h"
 #include "ShowHardware.h"
 #include "Text.h"
 
+namespace requests = teq_platform::requests;
 using teq_platform::Failure;
 using teq_platform::FailureKind;
 using teq_platform::FileKind;
@@ -16,7 +20,7 @@ using teq_platform::fileKindOf;
 
 namespace {
 
-void showIdentity(Text& text, const HTEQPlatform& platform) {
+void showIdentity(Text& text, const HTEQPlatform& platform, const std::string& file) {
     text.heading("Platform", "platform");
     text.line("name", platform.getName());
     text.line("vendor", platform.getVendor());
@@ -24,10 +28,11 @@ void showIdentity(Text& text, const HTEQPlatform& platform) {
     text.line("version", platform.getVersion());
     text.line("description", platform.getDescription());
     text.line("type", platform.getTypePrettyString());
-    text.line("file", platform.getPlatformFile());
-    text.line("hardware file", platform.getHardwarePlatformFile());
-    text.line("emulation file", platform.getHardwareEmuPlatformFile());
-    text.line("software file", platform.getSoftwarePlatformFile());
+    const auto shown = [&file](const std::string& path) { return requests::shownPath(path, file); };
+    text.line("file", shown(platform.getPlatformFile()));
+    text.line("hardware file", shown(platform.getHardwarePlatformFile()));
+    text.line("emulation file", shown(platform.getHardwareEmuPlatformFile()));
+    text.line("software file", shown(platform.getSoftwarePlatformFile()));
 }
 
 void showPartitions(Text& text, const HTEQPlatform& platform) {
@@ -40,8 +45,8 @@ void showPartitions(Text& text, const HTEQPlatform& platform) {
     }
 }
 
-void showAll(Text& text, const HTEQPlatform& platform) {
-    if (platform.isZdf()) showIdentity(text, platform);
+void showAll(Text& text, const HTEQPlatform& platform, const std::string& file) {
+    if (platform.isZdf()) showIdentity(text, platform, file);
     if (platform.hasReconfigurablePartitions()) {
         showPartitions(text, platform);
     } else {
@@ -60,17 +65,18 @@ std::string summaryOf(const HTEQPlatform& platform) {
     return name + ": " + platform.getTypePrettyString() + " platform" + vendor + summaryOf(*hardware);
 }
 
-/// Shows a file that a descriptor names, loaded on its own, or why it cannot be read.
-Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call) {
+/// Shows a file that a descriptor names, loaded on its own, or why it cannot be read. The first failure is that of the
+/// whole platform, which is reported already.
+Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call, bool& isFirst) {
     if (file.empty()) return Exit::done;
     Failure failure;
     if (const auto part = tryLoad(file, call, failure)) {
-        showAll(text, *part);
+        showAll(text, *part, file);
         return Exit::done;
     }
     text.heading(what, HSTStringUtils::toLower(what));
     text.note("cannot be read: " + failure.diagnostic.report("error"));
-    Console::take().report(failure);
+    if (!std::exchange(isFirst, false)) Console::take().report(failure);
     return exitOf(failure);
 }
 
@@ -79,10 +85,11 @@ Exit showParts(Text& text, const std::string& file, const Call& call) {
     HTEQPlatform platform;
     platform.setZdf(true);
     HTEQPlatformXMLReader(file, &platform).readFile();
-    showIdentity(text, platform);
+    showIdentity(text, platform, file);
     Exit exit = Exit::done;
+    bool isFirst = true;
     const auto show = [&](const char* what, const std::string& part) {
-        exit = worse(exit, showPart(text, what, part, call));
+        exit = worse(exit, showPart(text, what, requests::shownPath(part, file), call, isFirst));
     };
     show("Hardware", platform.getHardwarePlatformFile());
     show("Emulation", platform.getHardwareEmuPlatformFile());
@@ -102,16 +109,13 @@ int runShow(const Call& call) {
     Failure failure;
     Exit exit = Exit::done;
     std::string summary;
-    if (const auto platform = tryLoad(file, call, failure)) {
+    if (const auto platform = tryLoad(file, call, failure, true)) {
         summary = summaryOf(*platform);
-        showAll(text, *platform);
+        showAll(text, *platform, file);
     } else if (fileKindOf(file) == FileKind::descriptor && failure.kind != FailureKind::noSuchFile &&
                failure.diagnostic.id != "74-9") {
-        exit = showParts(text, file, call);
-        if (exit == Exit::done) {  // the parts load, but not together
-            Console::take().report(failure);
-            exit = exitOf(failure);
-        }
+        Console::take().report(failure);
+        exit = worse(exitOf(failure), showParts(text, file, call));
     } else {
         Console::take().report(failure);
         return static_cast<int>(exitOf(failure));

@@ -31,7 +31,8 @@ boost::json::object recordOf(const CheckFinding& finding) {
 }
 
 Exit exitOf(const CheckFinding& finding, bool failOnWarning) {
-    if (finding.name == std::string(PlatformCheck::kUnreadable)) return Exit::input;
+    const std::string name = finding.name;
+    if (name == PlatformCheck::kUnreadable || name == "missing-file") return Exit::input;
     return failOnWarning || finding.severity == CheckFinding::Severity::error ? Exit::no : Exit::done;
 }
 

@@ -122,7 +122,8 @@ const std::vector<Verb> kVerbs = {
      "Create an archive from a folder",
      "The same folder always gives the same bytes, on every machine. A subfolder whose name ends in .lfa, .cfa, .zip "
      "or .tilprj becomes an archive member of that name. A folder without the metadata that ARCHIVE's "
-     "extension needs, or without a file that the metadata lists, is refused. Files that probably do not belong into "
+     "extension needs, or without a file that the metadata lists, is refused, or with --force packed with a warning. "
+     "Files that probably do not belong into "
      "the archive are reported: hidden ones, backups of editors, and those that the metadata does not list. The file "
      ".zrignore in the folder has patterns as for --exclude, one on a line.",
      "src/u77.lfa packed.lfa --force",
@@ -216,7 +217,7 @@ const std::vector<Verb> kVerbs = {
      "but probably mistaken content as warnings. The files that a descriptor names are checked too. Each finding is "
      "a line FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]; within an archive, the "
      "location is ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file "
-     "cannot be opened.",
+     "or one that a descriptor names cannot be opened.",
      "u77/u77_gen3x16_base_1.zdf lone/lorica.spfm",
      runValidate,
      true},

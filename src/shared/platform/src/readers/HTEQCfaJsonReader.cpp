@@ -1,6 +1,7 @@
 #include "platform/HTEQCfaJsonReader.h"
 
 #include <algorithm>
+#include <boost/property_tree/exceptions.hpp>
 #include <exception>
 #include <memory>
 #include <optional>
@@ -37,6 +38,15 @@ void takeEmulations(const HTEQEmulations& emulations, HPLPlatform& platform) {
         }
 }
 
+/// A key that is missing is one of this member, not of the metadata that lists it.
+void readJsonTargets(const std::string& archive, const std::string& member, HTEQEmulations& emulations) {
+    try {
+        HTEQEmulationJsonReader::parseFromCfa(archive, member, &emulations);
+    } catch (const boost::property_tree::ptree_bad_path& e) {
+        throw HEXFileFault({.file = archive, .member = member, .text = e.what()});
+    }
+}
+
 void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
     const auto [begin, end] = platform.getFileVecRange();
     std::set<std::pair<bool, std::string>> seen;  // the same file may be listed a hundred thousand times
@@ -45,10 +55,11 @@ void readEmulationFiles(const std::string& archive, HPLPlatform& platform) {
         const bool isJson = HSTStringUtils::iequals((*it)->getType(), "EMU_JSON");
         if ((!isXml && !isJson) || !seen.emplace(isXml, (*it)->getName()).second) continue;
         HTEQEmulations emulations;
+        const std::string& member = (*it)->getName();
         if (isXml)
-            HTEQEmulationXMLReader::readFromCfa(archive, (*it)->getName(), &emulations);
+            HTEQEmulationXMLReader::readFromCfa(archive, member, &emulations);
         else
-            HTEQEmulationJsonReader::parseFromCfa(archive, (*it)->getName(), &emulations);
+            readJsonTargets(archive, member, emulations);
         takeEmulations(emulations, platform);
     }
 }
@@ -124,7 +135,8 @@ void HTEQCfaJsonReader::readMember(const std::string& member, const std::functio
     };
     readers::reading(
         archive_, member, [&] { text = textOf(); }, messageOf);
-    if (text.empty()) throw HEXFileFault({.file = archive_, .member = member, .text = "the metadata is empty"});
+    if (text.empty())
+        throw HEXFileFault({.file = archive_, .member = member, .id = "74-64", .text = "the metadata is empty"});
     try {
         readers::reading(archive_, member, parse, messageOf);
     } catch (const std::exception&) {
@@ -156,8 +168,10 @@ void HTEQCfaJsonReader::parseRoot_(const Document& whole) {
     hardware::readDocument(document, *platform_);
     readEmulationFiles(archive_, *platform_);
     std::optional<HTEQHpfmReader> hpfm;  // one for both, so that the text is parsed once
-    if (std::string text = getHpfmStr(); !text.empty()) hpfm.emplace(std::move(text), platform_);
-    if (!hpfm || !hpfm->parseBusInterfaces()) hardware::readKeys(document, Turn::busInterfaces, *platform_);
+    if (const std::string member = getHpfmFile(); !member.empty())
+        if (auto text = opened_->textOrWarning(member)) hpfm.emplace(std::move(*text), platform_);
+    if (hpfm && !hpfm->parseBusInterfaces()) hpfm.reset();
+    if (!hpfm) hardware::readKeys(document, Turn::busInterfaces, *platform_);
     if (!hpfm || !hpfm->parseNocConnectivity()) hardware::readKeys(document, Turn::nocConnectivity, *platform_);
     hardware::readKeys(document, Turn::parameters, *platform_);
 }

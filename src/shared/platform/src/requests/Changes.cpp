@@ -1,9 +1,12 @@
 // Requests that write.
 #include <algorithm>
+#include <set>
+#include <utility>
 
 #include "archive/PlatformArchive.h"
 #include "platform/FileKind.h"
 #include "platform/HTEQPfmFileTypes.h"
+#include "platform/PlatformCheck.h"
 #include "platform/PlatformEdit.h"
 #include "platform/PlatformPacker.h"
 #include "platform/PlatformRequests.h"
@@ -12,6 +15,7 @@
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
+#include "zip/MemberName.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
@@ -40,6 +44,24 @@ void writeFile(const std::string& destination, std::string_view bytes, bool mayR
         destination, [bytes](const auto& take) { take(bytes); }, mayReplace);
 }
 
+namespace {
+
+/// Adds the first error in each member for which there is no warning.
+void warnOfErrors(const std::string& archive, HSTVector<std::string>& warnings) {
+    const HSTVector<std::string> before = warnings;
+    std::set<std::string> members;
+    for (const CheckFinding& finding : PlatformCheck::check(archive)) {
+        if (finding.severity != CheckFinding::Severity::error || finding.member.empty()) continue;
+        HEXDiagnostic inFolder = finding;
+        inFolder.file = std::exchange(inFolder.member, "");
+        const auto names = [&](const std::string& warning) { return warning.starts_with(inFolder.file + ":"); };
+        if (members.insert(inFolder.file).second && std::ranges::none_of(before, names))
+            warnings.push_back(inFolder.format());
+    }
+}
+
+}  // namespace
+
 HSTVector<std::string> pack(const Pack& request) {
     if (!HUTFile::isDir(request.folder))
         throw RequestError(FailureKind::noSuchFile, {.file = request.folder, .text = "no such folder"});
@@ -47,15 +69,27 @@ HSTVector<std::string> pack(const Pack& request) {
         throw RequestError(FailureKind::wrongUse,
                            {.file = request.archive, .text = "pack makes archives of platforms; use rqa create"});
     checkDestination(request.archive, request.mayReplace);
-    if (!request.mayLack && fileKindOf(request.archive) != FileKind::hardware && !zip::isStream(request.archive))
-        throw RequestError(FailureKind::wrongUse,
-                           {.file = request.archive, .text = "the extension is not .lfa or .cfa"});
-    return PlatformPacker::pack(
+    const bool isOther = fileKindOf(request.archive) != FileKind::hardware && !zip::isStream(request.archive);
+    const HEXDiagnostic other{.file = request.archive, .text = "the extension is not .lfa or .cfa"};
+    if (isOther && !request.mayLack) throw RequestError(FailureKind::wrongUse, other);
+    auto warnings = PlatformPacker::pack(
         request.folder, request.archive,
         {.overwrite = request.mayReplace, .mayLack = request.mayLack, .exclude = request.exclude});
+    if (isOther)
+        warnings.insert(warnings.begin(), other.format());
+    else if (!zip::isStream(request.archive))
+        warnOfErrors(request.archive, warnings);
+    return warnings;
 }
 
 namespace {
+
+void expectName(const SetFile& request) {
+    if (const auto fault = zip::memberNameFault(request.member, true); !fault.empty())
+        throw RequestError(
+            FailureKind::wrongUse,
+            {.file = request.archive, .member = request.member, .text = "the name " + std::string(fault)});
+}
 
 void expectFreeMember(const SetFile& request, const HSTVector<ListedFile>& listed) {
     const std::string extension = HUTFile::getExt(request.archive);
@@ -109,6 +143,7 @@ SetFileResult setFile(const SetFile& request) {
     PlatformEdit edit(request.archive, request.mode, request.stripPaths);
     const HSTVector<ListedFile> listed = listedFiles(edit.platform());
     expectType(request, listed);
+    expectName(request);
     expectFreeMember(request, listed);
     SetFileResult result;
     result.changes = changesOf(request, listed);

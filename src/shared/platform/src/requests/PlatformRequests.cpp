@@ -9,6 +9,7 @@
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlWriter.h"
 #include "platform/JSONWriter.h"
+#include "platform/PlatformCheck.h"
 #include "platform/PlatformExplanation.h"
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformSchema.h"
@@ -16,11 +17,14 @@
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "util/HUTFile.h"
+#include "util/ShownPath.h"
 #include "util/SystemFault.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
 namespace {
+
+constexpr std::string_view kNotRead = shortMessageId("@74-64@%s%s%s");
 
 std::string briefDocument(const HTEQPlatform& platform) {
     JSONObjectWriter writer;
@@ -39,7 +43,25 @@ std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {
     }
 }
 
+/// The diagnostic of a failed load with the path as the user of `file` writes it. The model refuses a value without
+/// knowing its location; the check of the file does.
+HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
+    if (diagnostic.file != file) diagnostic.file = util::shownPath(diagnostic.file, file);
+    if (diagnostic.line > 0) return diagnostic;
+    for (const CheckFinding& finding : PlatformCheck::check(file)) {
+        if (finding.severity != CheckFinding::Severity::error || finding.file != diagnostic.file ||
+            finding.member != diagnostic.member)
+            continue;
+        HEXDiagnostic found = finding;
+        found.id = diagnostic.id;
+        return found;
+    }
+    return diagnostic;
+}
+
 }  // namespace
+
+std::string shownPath(const std::string& path, const std::string& file) { return util::shownPath(path, file); }
 
 Scope::Scope(std::uint64_t budget)
     : request_(std::make_unique<zip::Request>(budget > 0 ? budget : zip::OutputBudget::kOfCall)) {}
@@ -51,9 +73,14 @@ std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode)
         if (::stat(file.c_str(), &status) != 0) util::noteSystemFault(file, errno);
         throw HEXFileNotFoundException(file);
     }
-    auto platform = PlatformLoader::open(file, mode);
-    checkSystem();
-    return platform;
+    try {
+        auto platform = PlatformLoader::open(file, mode);
+        checkSystem();
+        return platform;
+    } catch (const HEXFileFault& e) {
+        if (systemFailed()) throw;
+        throw HEXFileFault(located(e.diagnostic(), file));
+    }
 }
 
 namespace {
@@ -75,8 +102,11 @@ std::string document(const HTEQPlatform& platform, const std::string& file, Form
         checkSystem();
         return text;
     } catch (const HEXFileFault& e) {
-        if (!e.diagnostic().file.empty()) throw;
-        throw HEXFileFault({.file = file, .text = e.diagnostic().text});  // a limit of the request
+        HEXDiagnostic diagnostic = e.diagnostic();
+        diagnostic.file = diagnostic.file.empty() ? file  // a limit of the request
+                                                  : util::shownPath(diagnostic.file, file);
+        if (diagnostic.id.empty() && !diagnostic.member.empty()) diagnostic.id = kNotRead;
+        throw HEXFileFault(diagnostic);
     }
 }
 
