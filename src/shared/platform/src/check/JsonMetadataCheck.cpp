@@ -291,8 +291,9 @@ void checkMetadataIn(JsonCheck& check, const MetadataContext& context) {
     });
     for (const char* key : {"vendor", "boardId", "name"})
         expectValue(check, kUnknownValue, document, {}, key, nullFault);
-    checkIdentity(context.descriptor, stringAt(document, "vendor"),
-                  stringAt(document, "versionMajor") + "." + stringAt(document, "versionMinor"),
+    const std::string major = stringAt(document, "versionMajor"), minor = stringAt(document, "versionMinor");
+    const bool hasVersion = !major.empty() && !JsonCheck::isMisspelled(document, "versionMinor");
+    checkIdentity(context.descriptor, stringAt(document, "vendor"), hasVersion ? major + "." + minor : "",
                   [&](bool isVendor, std::string text) {
                       addAt(check, kDifferentIdentity, document, {}, isVendor ? "vendor" : "versionMajor",
                             std::move(text));
