@@ -84,7 +84,7 @@ using Arguments = std::vector<std::string>;
 Arguments setFileVerb(const Place& place) {
     return {"set-file", place.link(), "DCP", "dcp/x.dcp", place.source(), "--force"};
 }
-Arguments packVerb(const Place& place) { return {"pack", place.folder(), place.archive(), "--force"}; }
+Arguments packVerb(const Place& place) { return {"pack", place.folder(), place.archive(), "--force", "--quiet"}; }
 
 struct Change {
     const char* name;

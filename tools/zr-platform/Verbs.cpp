@@ -107,8 +107,8 @@ const std::vector<Verb> kVerbs = {
       kNdjson},
      "Make a small complete platform to start from",
      "Writes a descriptor, a software file, the folder of an archive and a README, all commented, and prints their "
-     "names. "
-     "Once the archive is packed as the README says, the platform loads and validates without a warning.",
+     "names. Once the archive is packed as the README says, the platform loads and validates without a warning. Its "
+     "version is the release of the tool, so that check calls a card usable.",
      "fresh --kind embedded --force",
      runNew},
     {"pack",

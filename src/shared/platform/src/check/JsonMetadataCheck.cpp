@@ -240,9 +240,10 @@ public:
     template <class Use>
     void eachFile(Use use) {
         forEachItem(document_, "files", [&](Node file, const Path& path) {
+            const std::string type = stringAt(file, "type");
             // A misspelled key is one finding; the file then has neither name nor type.
-            if (JsonCheck::isMisspelled(file, "name") || JsonCheck::isMisspelled(file, "type")) return;
-            use(stringAt(file, "type"), stringAt(file, "name"), reportAt_(file, path));
+            const bool isFound = JsonCheck::isMisspelled(file, "name") || JsonCheck::isMisspelled(file, "type");
+            if (!isFound || isEmulationList(type)) use(type, stringAt(file, "name"), reportAt_(file, path));
         });
     }
 

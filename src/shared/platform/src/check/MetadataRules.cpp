@@ -263,6 +263,10 @@ void checkIdentity(const Identity* descriptor, const std::string& vendor, const 
 
 bool isHpfm(const std::string& type) { return HSTStringUtils::iequals(type, "HPFM"); }
 
+bool isEmulationList(const std::string& type) {
+    return HSTStringUtils::iequals(type, "EMU_XML") || HSTStringUtils::iequals(type, "EMU_JSON");
+}
+
 void addSlrs(long long count, std::set<std::string>& names) {
     constexpr long long kMost = 256;
     for (long long i = 0; i < std::min(count, kMost); ++i) names.insert("SLR" + std::to_string(i));

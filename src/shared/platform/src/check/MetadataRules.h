@@ -67,6 +67,8 @@ void checkIdentity(const Identity* descriptor, const std::string& vendor, const 
 void addSlrs(long long count, std::set<std::string>& names);
 
 bool isHpfm(const std::string& type);
+/// Of emulation targets, which readers open whatever its name.
+bool isEmulationList(const std::string& type);
 
 /// Checks parameters and listed files. `Metadata` walks a document of one form and calls, for each
 /// - parameter of an IP, `use(name, all of the IP's parameters, report)`;
@@ -81,7 +83,7 @@ void checkMetadata(Metadata& metadata, ArchiveMembers* members, const std::strin
     if (!members) return;
     bool hasHpfm = false;
     metadata.eachFile([&](const std::string& type, const std::string& name, auto report) {
-        if (name.empty()) return report(kMissingMember, "the file has no name");
+        if (name.empty() && !isEmulationList(type)) return report(kMissingMember, "the file has no name");
         if (const auto fault = members->checkListed(type, name, directory)) report(fault->name, fault->text);
         if (const std::string fault = fileTypeFault(type); !fault.empty()) report(kUnknownFileType, fault);
         if (isHpfm(type) && std::exchange(hasHpfm, true))
