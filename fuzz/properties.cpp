@@ -22,9 +22,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     for (const auto& words : tcl.commands(emulation::propertyScript(platform, properties, {}).text))
         for (const std::string& word : words) {
-            require(word != "REFUSED", "Tcl reads the script");
-            const bool isLiteral = !word.starts_with("SUBST ") || word == "SUBST [dict create]";
-            require(isLiteral || word.find_first_of("[]\"\\ ", 6) == word.npos, "nothing is substituted");
+            require(word != TclScript::kRefused, "Tcl reads the script");
+            const std::string& mark = TclScript::kSubstituted;
+            const bool isLiteral = !word.starts_with(mark) || word == mark + "[dict create]";
+            require(isLiteral || word.find_first_of("[]\"\\ ", mark.size()) == word.npos, "nothing is substituted");
         }
     return 0;
 }

@@ -214,7 +214,7 @@ static void testSetFile(void) {
     CHECK(zr_set_file(archive, "ISS", "m", source, ZR_STRIP_PATHS, NULL, &text, NULL) == ZR_OK);
     SAME(zr_text_data(text), "");
     zr_text_free(text), text = NULL;
-    FAILS(zr_set_file(archive, "ISS", "../out", source, ZR_LOSE_KEYS, NULL, &text, &error), ZR_ENVIRONMENT, "");
+    FAILS(zr_set_file(archive, "ISS", "../out", source, ZR_LOSE_KEYS, NULL, &text, &error), ZR_WRONG_USE, "..");
     FAILS(zr_set_file(at("p.zdf"), "ISS", "m", source, 0, NULL, NULL, &error), ZR_BAD_INPUT, "hardware archive");
     FAILS(zr_set_file(archive, NULL, "m", source, 0, NULL, NULL, &error), ZR_WRONG_USE, "type is NULL");
     CHECK(zr_stamp_digest(archive, &error) == ZR_OK && !error);

@@ -11,8 +11,11 @@ class TclScript {
 public:
     using Words = std::vector<std::string>;
 
+    // With NUL, which no text of a script has.
+    static inline const std::string kSubstituted{"SUBST\0", 6}, kRefused{"REFUSED\0", 8};
+
     /// The commands of the script and of the bodies in it, in order. A word that needs a substitution is its source
-    /// after "SUBST ", a body is "BODY". A script that Tcl refuses ends with a command "REFUSED".
+    /// after `kSubstituted`, a body is "BODY". A script that Tcl refuses ends with a command `kRefused`.
     std::vector<Words> commands(std::string_view script) const {
         std::vector<Words> commands;
         add(script, commands);
@@ -24,7 +27,7 @@ private:
         Tcl_Parse parsed;
         while (!script.empty()) {
             if (parse_(nullptr, script.data(), static_cast<int>(script.size()), 0, &parsed) != TCL_OK) {
-                commands.push_back({"REFUSED"});
+                commands.push_back({kRefused});
                 return;
             }
             const Words words = wordsOf(parsed);
@@ -58,7 +61,7 @@ private:
                     isLiteral = false;
             }
             words.push_back(isLiteral ? value
-                                      : "SUBST " + std::string(word.start, static_cast<std::size_t>(word.size)));
+                                      : kSubstituted + std::string(word.start, static_cast<std::size_t>(word.size)));
         }
         return words;
     }

@@ -73,7 +73,7 @@ public:
             auto fresh = std::make_unique<TmpDir>(makePrivateDirectory());
             fresh->lost.reset(present);
             if (dir_.compare_exchange_strong(present, fresh.get())) return fresh.release()->path;
-            fresh->lost.release();
+            (void)fresh->lost.release();
             ::rmdir(fresh->path.c_str());  // another thread was first
         }
         return present->path;

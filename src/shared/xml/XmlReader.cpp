@@ -245,7 +245,7 @@ void Reader::run(std::string_view text) {
         stopWith_(fault::kNotWellFormed, openName_(), malformed_(text));
     }
     if (thrown_) std::rethrow_exception(thrown_);
-    if (!first_.empty()) throw Exception(std::move(first_.front()));
+    if (!first_.empty()) throw Exception(first_.front());
 }
 
 void Reader::start_(std::string_view qualified, const char** attributes) {
@@ -599,7 +599,7 @@ std::string textOf(const std::string& file) {
         violation.place.file = file;
         violation.text = e.what();
         violation.name = fault::kUnreadable;
-        throw Exception(std::move(violation));
+        throw Exception(violation);
     }
 }
 

@@ -26,7 +26,7 @@ Content contentOf(const Element& element, void* record) {
     Violation violation;
     violation.element = element;
     violation.text = std::move(text);
-    throw Exception(std::move(violation));
+    throw Exception(violation);
 }
 
 /// The length of the first character of `text` if XML can hold it, else 0.

@@ -71,7 +71,7 @@ std::optional<Explanation> PlatformExplanation::find(const std::string& name) {
 
 HSTVector<Explanation> PlatformExplanation::all() {
     HSTVector<Explanation> all;
-    for (const std::string& name : names()) all.push_back(*find(name));
+    for (const std::string& name : names()) all.push_back(find(name).value());
     return all;
 }
 

@@ -44,7 +44,7 @@ Listed listedIn(const PlatformArchive& archive, const std::string& folder) {
         throw HEXFileFault(diagnostic);
     }
     Listed listed;
-    listed.isWhole = !archive.metadata(HwMetadataMode::Default)->isXml();
+    listed.isWhole = !archive.metadata(HwMetadataMode::Default).value().isXml();
     const std::unique_ptr<HSTFwdIter<HPLFile*>> files(platform.createFileVecIter());
     while (files->hasNext()) {
         const HPLFile* const file = files->next();

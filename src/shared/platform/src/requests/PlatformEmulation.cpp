@@ -97,7 +97,7 @@ private:
     }
 
     std::string work() const {
-        const std::string path = scratch_.path() + "/work";
+        std::string path = scratch_.path() + "/work";
         HUTFile::mkDirRecursive(path);
         return path;
     }

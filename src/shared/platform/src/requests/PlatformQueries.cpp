@@ -135,8 +135,8 @@ Answer Questions::answer(const std::string& path) const {
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
-    if (!state_->keys) state_->keys = teq::platform::NativeKeyService().get(state_->document);
-    const Keys& keys = *state_->keys;
+    std::optional<Keys>& known = state_->keys;
+    const Keys& keys = known ? *known : known.emplace(teq::platform::NativeKeyService().get(state_->document));
     if (prefix.empty()) return {keys.begin(), keys.end()};
     const std::string listed = listedKey(services::actualPath(state_->document, prefix, false));
     HSTVector<std::string> found = below(keys, listed);

@@ -94,7 +94,7 @@ Failure currentFailure(const std::string& file) {
 }
 
 Failure failureOfOne(const std::string& file) {
-    const Failure failure = currentFailure(file);
+    Failure failure = currentFailure(file);
     util::forgetFaultOfOneFile();
     return failure;
 }
