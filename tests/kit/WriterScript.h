@@ -55,8 +55,9 @@ private:
     }
 
     void step(Object& writer, int depth) {
-        constexpr int kDeepest = 6;
-        const unsigned kind = next() % 14;
+        constexpr int kDeepest = 6, kMostCopies = 10;  // each copy may double the document
+        unsigned kind = next() % 14;
+        if ((kind == 6 || kind == 7 || kind == 12) && ++copies_ > kMostCopies) kind = 0;
         const std::string name = key(), value(next() % 3, 'v');
         const Model model(*this, depth + 1);
         Object other;
@@ -97,6 +98,7 @@ private:
 
     std::span<const std::uint8_t> bytes_;
     std::size_t at_ = 0;
+    int copies_ = 0;
     const bool keepsTrees_;
     Object* root_ = nullptr;
 };
