@@ -323,7 +323,7 @@ bool isOfOthers(Node document) {
 
 /// Whether an object has keys, none of which is one of hardware metadata or resembles one.
 bool isUnknown(Node document) {
-    const json::Shapes shapes = hardware::documentShapes(false);
+    const std::vector<json::Shape> shapes = hardware::documentShapes(false);
     return !document.empty() && std::none_of(document.begin(), document.end(), [&](Node child) {
         return child.name().empty() || std::ranges::any_of(shapes, [&](const json::Shape& shape) {
                    return text::isSlip(child.name(), shape.name);

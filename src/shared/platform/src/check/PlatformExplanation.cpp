@@ -71,7 +71,8 @@ std::optional<Explanation> PlatformExplanation::find(const std::string& name) {
 
 HSTVector<Explanation> PlatformExplanation::all() {
     HSTVector<Explanation> all;
-    for (const std::string& name : names()) all.push_back(find(name).value());
+    for (const std::string& name : names())
+        if (auto found = find(name)) all.push_back(std::move(*found));
     return all;
 }
 
