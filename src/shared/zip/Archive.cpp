@@ -127,6 +127,9 @@ std::string Archive::unpackWhole(const Member& member) const {
 
 void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const {
     checkIsFile(member);
+    if (member.size > mostUnpacked())
+        refuse(member, fmt::format("it has {} bytes; of an archive of this size, at most {} are unpacked",
+                                   member.size, mostUnpacked()));
     unpack(member, sink, budget);
 }
 

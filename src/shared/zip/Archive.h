@@ -43,7 +43,7 @@ public:
     void copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const;
     /// The same for members of any kind, including directories, to examine their bytes.
     void unpack(const Member& member, const Sink& sink, OutputBudget& budget) const;
-    /// The most that the members may unpack to that are verified together: real ones are far below.
+    /// The most that the members may unpack to that are verified or extracted together: real ones are far below.
     std::uint64_t mostUnpacked() const { return (128UL << 20) + 100 * bytes_->size(); }
     /// Throws unless the member's local header agrees with its entry.
     void checkHeader(const Member& member) const;

@@ -46,8 +46,13 @@ bool HUTZip::uncompressDir(const std::string& archive, const std::string& direct
     const zip::ExtractionDirectory target(destination);
     const std::string below = directory.empty() || directory.ends_with('/') ? directory : directory + "/";
     bool isFound = false;
+    std::uint64_t left = opened->mostUnpacked();
     for (const zip::Member& member : opened->members()) {
         if (!member.name.starts_with(below)) continue;
+        if (member.size > left)
+            throw zip::ArchiveError(archive, std::string(member.name),
+                                    "the folder has more data than an archive of this size may hold");
+        left -= member.size;
         target.extract(*opened, member, overwrite, *zip::Request::budget());
         isFound = true;
     }
