@@ -120,7 +120,8 @@ void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::strin
 
 void JsonCheck::add(const char* name, Node value, const Path& path, std::string text) {
     if (found_.size() < kMaxFindingsPerDocument)
-        found_.push_back({name, value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
+        found_.push_back(
+            {found_.size(), name, value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
     else if (more_++ == 0)
         firstMore_ = name;
 }
@@ -255,7 +256,7 @@ bool JsonCheck::isList_(Node value, const Path& path) {
 void JsonCheck::report(Findings& findings) {
     findings.append(std::move(own_));
     if (found_.empty()) return;
-    std::ranges::stable_sort(found_, {}, [](const Found& found) { return found.value.index(); });
+    std::ranges::sort(found_, {}, [](const Found& found) { return std::pair(found.value.index(), found.order); });
     std::vector<std::size_t> wanted;
     wanted.reserve(found_.size());
     for (const Found& found : found_) wanted.push_back(found.value.index());

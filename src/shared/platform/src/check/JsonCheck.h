@@ -47,6 +47,7 @@ public:
 
 private:
     struct Found {
+        std::size_t order;  ///< in which they were added
         const char* name;
         json::Node value;
         std::string path, text;

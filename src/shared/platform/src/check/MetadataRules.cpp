@@ -73,7 +73,7 @@ void checkOverlaps(const std::vector<Memory>& memories, const ReportAt& report) 
     std::vector<std::size_t> order;
     for (std::size_t i = 0; i < memories.size(); ++i)
         if (memories[i].highest > 0 && memories[i].lowest <= memories[i].highest) order.push_back(i);
-    std::ranges::stable_sort(order, {}, [&](std::size_t i) { return memories[i].lowest; });
+    std::ranges::sort(order, {}, [&](std::size_t i) { return std::pair(memories[i].lowest, i); });
     for (std::size_t i = 1, last = 0; i < order.size(); ++i) {
         const Memory &before = memories[order[last]], &memory = memories[order[i]];
         if (memory.lowest <= before.highest)

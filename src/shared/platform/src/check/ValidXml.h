@@ -23,7 +23,7 @@ public:
             if (more_++ == 0) firstMore_ = name;
             return;
         }
-        found_.push_back({0, name, {element, at}, std::move(text)});
+        found_.push_back({0, found_.size(), name, {element, at}, std::move(text)});
     }
 
     /// Adds the findings to `findings`, in document order.
@@ -34,7 +34,7 @@ public:
         for (const Found& found : found_) targets.push_back(found.target);
         std::vector<std::size_t> numbers = xml::numbersOf(format_, &record, targets);
         for (std::size_t i = 0; i < found_.size(); ++i) found_[i].number = numbers[i];
-        std::ranges::stable_sort(found_, {}, &Found::number);
+        std::ranges::sort(found_, {}, [](const Found& found) { return std::pair(found.number, found.order); });
         std::ranges::sort(numbers);
         const std::vector<xml::Place> places = xml::placesOf(source_.text, source_.file, numbers);
         for (std::size_t i = 0; i < found_.size(); ++i)
@@ -49,6 +49,7 @@ public:
 private:
     struct Found {
         std::size_t number;
+        std::size_t order;  ///< in which they were added
         const char* name;
         xml::Target target;
         std::string text;
