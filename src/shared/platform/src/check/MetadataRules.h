@@ -87,7 +87,7 @@ void checkMetadata(Metadata& metadata, ArchiveMembers* members, const std::strin
         if (const auto fault = members->checkListed(type, name, directory)) report(fault->name, fault->text);
         if (const std::string fault = fileTypeFault(type); !fault.empty()) report(kUnknownFileType, fault);
         if (isHpfm(type) && std::exchange(hasHpfm, true))
-            report(kRepeatedName, "an earlier file also has the type HPFM, and is the one that is read");
+            report(kRepeatedName, "an earlier file also has the type HPFM; only that one is read");
     });
 }
 

@@ -46,7 +46,7 @@ void writeFile(const std::string& destination, std::string_view bytes, bool mayR
 
 namespace {
 
-/// Adds the first error in each member for which there is no warning.
+/// Adds the first error of each member that no warning names yet.
 void warnOfErrors(const std::string& archive, HSTVector<std::string>& warnings) {
     const HSTVector<std::string> before = warnings;
     std::set<std::string> members;
