@@ -18,8 +18,8 @@ struct ZR_API HEXDiagnostic {
     /// "file!member:line:column", without the parts that are unknown; printable. Here and below, a part of more than
     /// 4,000 bytes ends in "...".
     std::string place() const;
-    /// "place: text", or only the text if no place is known; printable, on one line.
+    /// "place: element: text", without the parts that are empty; printable, on one line.
     std::string format() const;
-    /// The same with the severity, unless empty, and the id: "place: severity: text [id]".
+    /// The same with the severity, unless empty, and the id: "place: severity: element: text [id]".
     std::string report(std::string_view severity) const;
 };

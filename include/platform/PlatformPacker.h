@@ -1,6 +1,8 @@
 #pragma once
 #include <string>
+#include <vector>
 
+#include "msg/HEXDiagnostic.h"
 #include "text/HSTVector.h"
 #include "text/ZrApi.h"
 
@@ -19,10 +21,11 @@ public:
     };
 
     /// The file ".zrignore" in the folder has further patterns to exclude, one on a line; lines that begin with "#" are
-    /// comments. It is not packed itself. Returns warnings: hidden files, backups of editors, and files that the
+    /// comments. It is not packed itself. Returns warnings, which name the folder or a file in it: hidden files, backups of editors, and files that the
     /// metadata does not list. Throws `HEXFileFault` and writes nothing if the folder is not complete (see `mayLack`).
     /// Throws `HEXUserException` if `archive` exists, unless `overwrite` is true, and for errors of the file system.
-    static HSTVector<std::string> pack(const std::string& folder, const std::string& archive, const Options& options);
+    static std::vector<HEXDiagnostic> pack(const std::string& folder, const std::string& archive,
+                                           const Options& options);
 };
 
 }  // namespace teq_platform

@@ -82,9 +82,9 @@ struct Pack {
     bool mayLack = false;
     HSTVector<std::string> exclude = {};  ///< patterns of files to leave out, see `PlatformPacker::Options`
 };
-/// Returns warnings: files that probably do not belong into the archive, members that readers would ignore because of an
-/// error, and what only `mayLack` accepts.
-ZR_API HSTVector<std::string> pack(const Pack& request);
+/// Returns warnings, which name the folder, a file in it, or the archive: files that probably do not belong into the
+/// archive, those that readers would ignore because of an error, and what only `mayLack` accepts.
+ZR_API std::vector<HEXDiagnostic> pack(const Pack& request);
 
 struct SetFile {
     std::string archive, type, member, source;

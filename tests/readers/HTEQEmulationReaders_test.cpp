@@ -117,7 +117,7 @@ TEST(ArchiveMember, EmulationMetadata) {
     const Capture capture;
     EXPECT_THROW(HTEQEmulationXMLReader::parseFromCfa(archive, "broken.xml", &emulations), HXMLException);
     ASSERT_EQ(capture.taken.size(), 1U);
-    EXPECT_EQ(capture.taken[0].text, archive + "!broken.xml:1:1: <Root> needs the attribute VersionMajor");
+    EXPECT_EQ(capture.taken[0].text, archive + "!broken.xml:1:1: Root: <Root> needs the attribute VersionMajor");
     const std::string noArchive = scratch.put("text.cfa", "no archive");
     for (const auto& [file, member] : {std::pair(archive, "none.xml"), std::pair(noArchive, "emu.xml"),
                                        std::pair(scratch / "none.cfa", "emu.xml")}) {

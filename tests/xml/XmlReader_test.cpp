@@ -164,5 +164,5 @@ TEST(XmlReader, NamesTheFileThatCannotBeRead) {
 TEST(XmlReader, DescribesThePlace) {
     const auto e = refusal(kPlainDocument, plain("", "<shed/>"));
     ASSERT_TRUE(e);
-    EXPECT_EQ(e->diagnostic().format(), "g.xml:2:1: <shed> stands in <garden> where <description> is expected");
+    EXPECT_EQ(e->diagnostic().format(), "g.xml:2:1: shed: <shed> stands in <garden> where <description> is expected");
 }

@@ -62,8 +62,8 @@ Exit exitOf(const Failure& failure) { return static_cast<Exit>(rowOf(failure.kin
 struct Console::State {
     std::stringbuf library;  ///< what the library printed on the standard streams
     std::string out;
-    std::vector<std::string> faults;  ///< of messages that are not shown
-    std::string input;                ///< the file that holds standard input
+    std::vector<HEXDiagnostic> faults;  ///< of messages that are not shown
+    std::string input;                  ///< the file that holds standard input
     bool verbose = false, quiet = false, json = false;
 
     void onMessage(const ComMsgMgrInstance& message);
@@ -88,11 +88,12 @@ void writeAll(int file, std::string_view bytes) {
 void Console::State::onMessage(const ComMsgMgrInstance& message) {
     const bool isWarning = message.id.empty() && message.mask == MsgMask::warning;  // what was ignored
     const bool isFault = message.mask == MsgMask::critical || message.mask == MsgMask::error;
-    if (isFault && faults.size() < kMaxFaults && std::ranges::find(faults, message.text) == faults.end())
-        faults.push_back(message.text);
+    const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
+    if (isFault && faults.size() < kMaxFaults &&
+        std::ranges::find(faults, line.text, &HEXDiagnostic::text) == faults.end())
+        faults.push_back(line);
     // The failure that they lead to, or the warning of what is ignored, has their location.
     if (quiet || !(verbose || (json && !isFault) || isWarning)) return;
-    const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
     if (json) {
         boost::json::object record = recordOf(line, nameOf(message.mask));
         record["args"] = boost::json::array(message.args.begin(), message.args.end());
@@ -146,12 +147,7 @@ void Console::note(const std::string& line) {
 }
 
 void Console::print(const HEXDiagnostic& diagnostic, std::string_view severity) {
-    if (!state_->json) {
-        HEXDiagnostic line = diagnostic;
-        if (!line.element.empty() && !line.text.starts_with(line.element))
-            line.text = line.element + ": " + line.text;
-        return note(line.report(severity));
-    }
+    if (!state_->json) return note(diagnostic.report(severity));
     HEXDiagnostic named = diagnostic;
     named.file = shown(named.file);
     if (!state_->quiet) writeAll(2, lineOf(recordOf(named, severity.empty() ? "information" : severity)));
@@ -159,8 +155,7 @@ void Console::print(const HEXDiagnostic& diagnostic, std::string_view severity) 
 
 void Console::warnOfFaults() {
     if (state_->verbose) return;
-    for (const std::string& fault : state_->faults)
-        print({.text = fault.find("ignored") == std::string::npos ? fault + "; it is ignored" : fault}, "warning");
+    for (const HEXDiagnostic& fault : state_->faults) print(fault, "warning");
 }
 
 bool Console::takeFaults() { return !std::exchange(state_->faults, {}).empty(); }

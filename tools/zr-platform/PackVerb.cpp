@@ -7,13 +7,13 @@ int runPack(const Call& call) {
     const bool isForced = call.has("force");
     boost::json::array warnings;
     writeTo(call["ARCHIVE"], isForced, "lfa", [&](const std::string& path, bool mayReplace) {
-        for (const std::string& warning : teq_platform::requests::pack({.folder = call["DIR"],
-                                          .archive = path,
-                                          .mayReplace = mayReplace,
-                                          .mayLack = isForced,
-                                          .exclude = call.values("exclude")})) {
-            warnings.emplace_back(warning);
-            Console::take().print({.file = call["DIR"], .text = warning}, "warning");
+        for (const HEXDiagnostic& warning : teq_platform::requests::pack({.folder = call["DIR"],
+                                            .archive = path,
+                                            .mayReplace = mayReplace,
+                                            .mayLack = isForced,
+                                            .exclude = call.values("exclude")})) {
+            warnings.emplace_back(warning.format());
+            Console::take().print(warning, "warning");
         }
     });
     Console::take().takeFaults();  // which the warnings name in the folder

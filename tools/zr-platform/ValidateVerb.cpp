@@ -15,7 +15,6 @@ const char* severityOf(const CheckFinding& finding) {
 std::string lineOf(const CheckFinding& finding) {
     HEXDiagnostic line = finding;
     line.id = finding.name;
-    if (!finding.element.empty()) line.text = finding.element + ": " + finding.text;
     return Console::take().shown(line.report(severityOf(finding))) + "\n";
 }
 

@@ -7,6 +7,14 @@ namespace {
 // Bytes that are shown. A longer path cannot be opened.
 constexpr std::size_t kMaxPath = 4096, kMaxText = 4000;
 
+std::string sentence(const HEXDiagnostic& diagnostic, std::string_view severity) {
+    std::string sentence = diagnostic.place();
+    for (const std::string_view part :
+         {severity, std::string_view(diagnostic.element), std::string_view(diagnostic.text)})
+        if (!part.empty()) sentence += (sentence.empty() ? "" : ": ") + HSTStringUtils::excerpt(part, kMaxText);
+    return sentence;
+}
+
 }  // namespace
 
 std::string HEXDiagnostic::place() const {
@@ -17,14 +25,9 @@ std::string HEXDiagnostic::place() const {
     return place;
 }
 
-std::string HEXDiagnostic::format() const {
-    const std::string at = place();
-    return (at.empty() ? "" : at + ": ") + HSTStringUtils::excerpt(text, kMaxText);
-}
+std::string HEXDiagnostic::format() const { return sentence(*this, {}); }
 
 std::string HEXDiagnostic::report(std::string_view severity) const {
-    std::string report = place();
-    for (const std::string_view part : {severity, std::string_view(text)})
-        if (!part.empty()) report += (report.empty() ? "" : ": ") + HSTStringUtils::excerpt(part, kMaxText);
+    const std::string report = sentence(*this, severity);
     return id.empty() ? report : report + " [" + id + "]";
 }

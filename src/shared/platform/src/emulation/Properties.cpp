@@ -37,7 +37,7 @@ private:
     [[noreturn]] void refuse(const std::string& element, const std::string& text) const {
         HEXDiagnostic diagnostic = shown_;
         diagnostic.element = element;
-        diagnostic.text = (element.empty() ? "" : element + ": ") + text;
+        diagnostic.text = text;
         throw HEXFileFault(diagnostic);
     }
 

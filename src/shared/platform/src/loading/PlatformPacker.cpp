@@ -1,6 +1,7 @@
 #include "platform/PlatformPacker.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 #include <set>
 #include <utility>
@@ -23,6 +24,7 @@ namespace teq_platform {
 namespace {
 
 using Names = HSTVector<std::string>;
+using Warnings = std::vector<HEXDiagnostic>;
 using archive::PlatformArchive;
 
 /// The names of the platform's files: those of its list first, then those of its board.
@@ -31,17 +33,20 @@ struct Listed {
     bool isWhole = false;  ///< XML metadata names files in more places than its list
 };
 
-/// The diagnostics name the archive, which is not kept: here they name the folder.
+/// The diagnostic for a member of an archive that is not kept: it names the file in the folder.
+HEXDiagnostic inFolder(const std::string& folder, HEXDiagnostic diagnostic) {
+    diagnostic.file = folder;
+    if (const std::string member = std::exchange(diagnostic.member, ""); !member.empty())
+        diagnostic.file = (std::filesystem::path(folder) / member).string();
+    return diagnostic;
+}
+
 Listed listedIn(const PlatformArchive& archive, const std::string& folder) {
     HPLPlatform platform;
     try {
         loading::fillFromArchive(platform, archive.name(), HwMetadataMode::Default, loading::Route::askFirst);
     } catch (const HEXFileFault& e) {
-        HEXDiagnostic diagnostic = e.diagnostic();
-        diagnostic.file = folder;
-        if (const auto at = diagnostic.text.find(archive.name()); at != std::string::npos)
-            diagnostic.text.replace(at, archive.name().size(), folder);
-        throw HEXFileFault(diagnostic);
+        throw HEXFileFault(inFolder(folder, e.diagnostic()));
     }
     Listed listed;
     listed.isWhole = !archive.metadata(HwMetadataMode::Default).value().isXml();
@@ -89,19 +94,19 @@ std::string shown(const Names& names) {
     return HSTStringUtils::printable(HSTStringUtils::join(first, ", ")) + more;
 }
 
-/// One warning for each kind of files.
-Names warningsOf(const PlatformArchive& archive, const Listed& listed) {
+/// Adds one warning for each kind of files.
+void addWarnings(Warnings& warnings, const PlatformArchive& archive, const Listed& listed,
+                 const std::string& folder) {
     Names hidden, backups, others;
     for (const std::string& name : unlisted(archive, listed))
         (loading::isHidden(name) ? hidden : loading::isBackup(name) ? backups : others).push_back(name);
-    Names warnings;
     const auto add = [&](const char* what, const Names& names) {
-        if (!names.empty()) warnings.push_back(what + shown(names) + "; --exclude leaves files out");
+        if (names.empty()) return;
+        warnings.push_back({.file = folder, .text = what + shown(names) + "; --exclude leaves files out"});
     };
     add("hidden files are packed: ", hidden);
     add("backups of an editor are packed: ", backups);
     if (listed.isWhole) add("files are packed that the metadata does not list: ", others);
-    return warnings;
 }
 
 [[noreturn]] void refuseWithoutMetadata(const PlatformArchive& archive, const std::string& folder) {
@@ -122,19 +127,12 @@ void expectFiles(const PlatformArchive& archive, const Names& files, const std::
             {.file = folder, .text = "the metadata lists missing files: " + HSTStringUtils::join(missing, ", ")});
 }
 
-/// The text of a diagnostic for the folder or a file in it.
-std::string textIn(const std::string& folder, HEXDiagnostic diagnostic) {
-    if (diagnostic.file != folder) return diagnostic.format();
-    diagnostic.file = std::exchange(diagnostic.member, "");
-    return diagnostic.format();
-}
-
 /// The warnings for a finished archive. That it is not complete is the first of them if it `mayLack`, else thrown.
-Names checked(const std::string& file, const std::string& folder, bool mayLack) {
+Warnings checked(const std::string& file, const std::string& folder, bool mayLack) {
     const zip::Request request;
     const PlatformArchive archive(file);
     Listed listed;
-    Names warnings;
+    Warnings warnings;
     try {
         if (fileKindOf(file) == FileKind::hardware) {  // else the extension names no metadata
             if (!archive.metadata(HwMetadataMode::Default)) refuseWithoutMetadata(archive, folder);
@@ -143,17 +141,17 @@ Names checked(const std::string& file, const std::string& folder, bool mayLack) 
         }
     } catch (const HEXFileFault& e) {
         if (!mayLack) throw;
-        warnings.push_back(textIn(folder, e.diagnostic()));
+        warnings.push_back(e.diagnostic());
     }
-    for (std::string& warning : warningsOf(archive, listed)) warnings.push_back(std::move(warning));
+    addWarnings(warnings, archive, listed, folder);
     return warnings;
 }
 
 }  // namespace
 
-Names PlatformPacker::pack(const std::string& folder, const std::string& archive, const Options& options) {
+Warnings PlatformPacker::pack(const std::string& folder, const std::string& archive, const Options& options) {
     const loading::PackPatterns patterns(options.exclude, folder);
-    Names warnings;
+    Warnings warnings;
     packFolder(
         folder, archive, options.overwrite,
         [&](const std::string& made) { warnings = checked(made, folder, options.mayLack); }, {},

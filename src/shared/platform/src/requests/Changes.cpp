@@ -1,5 +1,6 @@
 // Requests that write.
 #include <algorithm>
+#include <filesystem>
 #include <set>
 #include <utility>
 
@@ -46,23 +47,21 @@ void writeFile(const std::string& destination, std::string_view bytes, bool mayR
 
 namespace {
 
-/// Adds the first error of each member that no warning names yet.
-void warnOfErrors(const std::string& archive, HSTVector<std::string>& warnings) {
-    const HSTVector<std::string> before = warnings;
-    std::set<std::string> members;
-    for (const CheckFinding& finding : PlatformCheck::check(archive)) {
+/// Adds the first error of each member of `request.archive` that no warning names yet.
+void warnOfErrors(const Pack& request, std::vector<HEXDiagnostic>& warnings) {
+    std::set<std::string> named;
+    for (const HEXDiagnostic& warning : warnings) named.insert(warning.file);
+    for (const CheckFinding& finding : PlatformCheck::check(request.archive)) {
         if (finding.severity != CheckFinding::Severity::error || finding.member.empty()) continue;
         HEXDiagnostic inFolder = finding;
-        inFolder.file = std::exchange(inFolder.member, "");
-        const auto names = [&](const std::string& warning) { return warning.starts_with(inFolder.file + ":"); };
-        if (members.insert(inFolder.file).second && std::ranges::none_of(before, names))
-            warnings.push_back(inFolder.format());
+        inFolder.file = (std::filesystem::path(request.folder) / std::exchange(inFolder.member, "")).string();
+        if (named.insert(inFolder.file).second) warnings.push_back(inFolder);
     }
 }
 
 }  // namespace
 
-HSTVector<std::string> pack(const Pack& request) {
+std::vector<HEXDiagnostic> pack(const Pack& request) {
     if (!HUTFile::isDir(request.folder))
         throw RequestError(FailureKind::noSuchFile, {.file = request.folder, .text = "no such folder"});
     if (HUTFile::getExt(request.archive) == "rqa")
@@ -76,9 +75,9 @@ HSTVector<std::string> pack(const Pack& request) {
         request.folder, request.archive,
         {.overwrite = request.mayReplace, .mayLack = request.mayLack, .exclude = request.exclude});
     if (isOther)
-        warnings.insert(warnings.begin(), other.format());
+        warnings.insert(warnings.begin(), other);
     else if (!zip::isStream(request.archive))
-        warnOfErrors(request.archive, warnings);
+        warnOfErrors(request, warnings);
     return warnings;
 }
 

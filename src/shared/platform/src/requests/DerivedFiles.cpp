@@ -40,11 +40,7 @@ check::Source sourceOf(const std::string& file) {
 /// Throws for the first error.
 void expectNone(check::Findings& findings) {
     for (const CheckFinding& finding : findings.take())
-        if (finding.severity == CheckFinding::Severity::error) {
-            HEXDiagnostic diagnostic = finding;
-            if (!finding.element.empty()) diagnostic.text = finding.element + ": " + finding.text;
-            throw HEXFileFault(diagnostic);
-        }
+        if (finding.severity == CheckFinding::Severity::error) throw HEXFileFault(finding);
 }
 
 std::string partitionMetadata(const HTEQSemanticLabelReader& reader) {
