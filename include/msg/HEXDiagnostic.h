@@ -14,12 +14,13 @@ struct ZR_API HEXDiagnostic {
     std::string id = {};                 ///< short id of the message that reports it, "74-60"; may be empty
     std::string element = {};  ///< name of the element, or path of the JSON value ("devices[0].core"); may be empty
     std::string text = {};     ///< what was found and what was expected
+    std::string name = {};     ///< of the finding that a check reports for it, "not-json"; may be empty
 
     /// "file!member:line:column", without the parts that are unknown; printable. Here and below, a part of more than
     /// 4,000 bytes ends in "...".
     std::string place() const;
     /// "place: element: text", without the parts that are empty; printable, on one line.
     std::string format() const;
-    /// The same with the severity, unless empty, and the id: "place: severity: element: text [id]".
+    /// The same with the severity, unless empty, and the name or else the id: "place: severity: element: text [name]".
     std::string report(std::string_view severity) const;
 };

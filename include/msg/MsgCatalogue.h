@@ -5,6 +5,17 @@
 /// Severity of a message, in ascending order.
 enum class MsgMask : unsigned { info = 0x4000000, warning = 0x8000000, critical = 0x10000000, error = 0x20000000 };
 
+/// "information", "warning", "critical" or "error".
+constexpr const char* nameOf(MsgMask severity) {
+    switch (severity) {
+        case MsgMask::info: return "information";
+        case MsgMask::warning: return "warning";
+        case MsgMask::critical: return "critical";
+        case MsgMask::error: return "error";
+    }
+    return "";
+}
+
 /// An id without its "@" and its argument format: "74-60" for "@74-60@%s", "@74-60" or "74-60".
 constexpr std::string_view shortMessageId(std::string_view id) {
     if (id.starts_with('@')) id.remove_prefix(1);

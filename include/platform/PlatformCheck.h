@@ -8,12 +8,12 @@
 
 namespace teq_platform {
 
-/// An error in a file, or something valid that is probably a mistake. Its text is printable, in one line.
+/// An error in a file, or something valid that is probably a mistake. Its text is printable, in one line. Its name is
+/// stable, unlike the text, and a row of `PlatformCheck::explanations`.
 struct CheckFinding : HEXDiagnostic {
     enum class Severity { warning, error };
 
     Severity severity = Severity::error;
-    const char* name = "";  ///< stable, unlike the text; a row of `PlatformCheck::explanations`
 };
 
 /// What a name means, with a bad and a good sample of `file`.

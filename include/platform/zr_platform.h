@@ -377,7 +377,10 @@ ZR_C_API uint64_t zr_error_line(const zr_error* error) ZR_NOEXCEPT;
 ZR_C_API uint64_t zr_error_column(const zr_error* error) ZR_NOEXCEPT;
 /* Of the message that reported it, as "74-64", for zr_explain; may be "". */
 ZR_C_API const char* zr_error_id(const zr_error* error) ZR_NOEXCEPT;
-/* All of it in one printable line: "file!member:line:column: text [id]", with what is known of it. */
+/* Of the finding that zr_validate reports for it, as "not-json", for zr_explain as well; may be "". */
+ZR_C_API const char* zr_error_name(const zr_error* error) ZR_NOEXCEPT;
+/* All of it in one printable line: "file!member:line:column: element: text [name, or else id]", with what is known of
+ * it. */
 ZR_C_API const char* zr_error_describe(const zr_error* error) ZR_NOEXCEPT;
 ZR_C_API void zr_error_free(zr_error* error) ZR_NOEXCEPT;
 

@@ -18,7 +18,7 @@
 
 namespace zr {
 
-/// A call that failed. `what` is "file!member:line:column: text [id]", without the parts that are unknown.
+/// A call that failed. `what` is `zr_error_describe`.
 class Error : public std::runtime_error {
 public:
     explicit Error(const zr_error* error)
@@ -29,7 +29,8 @@ public:
           text_(zr_error_text(error)),
           file_(zr_error_file(error)),
           member_(zr_error_member(error)),
-          id_(zr_error_id(error)) {}
+          id_(zr_error_id(error)),
+          name_(zr_error_name(error)) {}
 
     zr_code code() const { return code_; }
     const std::string& text() const { return text_; }
@@ -38,11 +39,12 @@ public:
     std::uint64_t line() const { return line_; }
     std::uint64_t column() const { return column_; }
     const std::string& id() const { return id_; }
+    const std::string& name() const { return name_; }
 
 private:
     zr_code code_;
     std::uint64_t line_, column_;
-    std::string text_, file_, member_, id_;
+    std::string text_, file_, member_, id_, name_;
 };
 
 struct Options {

@@ -108,7 +108,7 @@ static void testErrors(void) {
     FAILS(zr_error_code(error), ZR_BAD_INPUT, "");
     CHECK(zr_error_code(NULL) == ZR_OK && zr_error_line(NULL) == 0 && zr_error_column(NULL) == 0);
     CHECK(*zr_error_text(NULL) == 0 && *zr_error_file(NULL) == 0 && *zr_error_member(NULL) == 0);
-    CHECK(*zr_error_id(NULL) == 0 && *zr_error_describe(NULL) == 0 && *zr_text_data(NULL) == 0);
+    CHECK(*zr_error_id(NULL) == 0 && *zr_error_name(NULL) == 0 && *zr_error_describe(NULL) == 0 && *zr_text_data(NULL) == 0);
     CHECK(zr_text_size(NULL) == 0 && zr_archive_count(NULL) == 0 && zr_findings_count(NULL) == 0);
     CHECK(zr_verification_count(NULL) == 0 && zr_verification_digest(NULL) == ZR_DIGEST_NONE);
     zr_error_free(NULL), zr_text_free(NULL), zr_platform_free(NULL);

@@ -230,7 +230,7 @@ TEST(PlatformCheck, NamesWhatCannotBeOpened) {
                                     scratch.put("text.lfa", "text"), std::string()}) {
         const auto findings = PlatformCheck::check(file);
         ASSERT_EQ(findings.size(), 1U) << file;
-        EXPECT_STREQ(findings[0].name, PlatformCheck::kUnreadable);
+        EXPECT_EQ(findings[0].name, PlatformCheck::kUnreadable);
         EXPECT_EQ(findings[0].file, file);
     }
 }

@@ -26,21 +26,11 @@ namespace {
 /// More faults of one platform are not listed.
 constexpr std::size_t kMaxFaults = 10;
 
-const char* nameOf(MsgMask mask) {
-    switch (mask) {
-        case MsgMask::info: return "information";
-        case MsgMask::warning: return "warning";
-        case MsgMask::critical: return "critical";
-        case MsgMask::error: return "error";
-    }
-    return "";
-}
-
-/// A message on standard error as a record.
+/// A message on standard error as a record, or a problem of other records.
 boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view severity) {
-    return {{"id", diagnostic.id},           {"severity", severity},    {"file", diagnostic.file},
-            {"member", diagnostic.member},   {"line", diagnostic.line}, {"column", diagnostic.column},
-            {"element", diagnostic.element}, {"text", diagnostic.text}};
+    return {{"id", diagnostic.id},         {"name", diagnostic.name},       {"severity", severity},
+            {"file", diagnostic.file},     {"member", diagnostic.member},   {"line", diagnostic.line},
+            {"column", diagnostic.column}, {"element", diagnostic.element}, {"text", diagnostic.text}};
 }
 
 /// A record as a line of JSON.
@@ -123,8 +113,12 @@ void Console::configure(const Call& call) {
 void Console::useJsonMessages() { state_->json = true; }
 
 void Console::data(std::string_view bytes) {
-    state_->out += bytes;
-    if (state_->out.size() > 1 << 16) flush();
+    constexpr std::size_t kMaxBuffered = 1 << 16;
+    if (state_->out.size() + bytes.size() > kMaxBuffered) flush();
+    if (bytes.size() > kMaxBuffered)
+        writeAll(1, bytes);
+    else
+        state_->out += bytes;
 }
 
 void Console::printCaptured() {
@@ -231,13 +225,9 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
 }
 
 void Records::addProblem(const HEXDiagnostic& problem) {
-    const std::string file = Console::take().shown(problem.file);
-    problems_.push_back(boost::json::object{{"id", problem.id},
-                                            {"file", file},
-                                            {"member", problem.member},
-                                            {"line", problem.line},
-                                            {"column", problem.column},
-                                            {"text", problem.text}});
+    HEXDiagnostic named = problem;
+    named.file = Console::take().shown(named.file);
+    problems_.push_back(recordOf(named, "error"));
 }
 
 void Records::printOne(const Call& call, const char* noun, boost::json::object record) {

@@ -36,11 +36,10 @@ void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool ha
             !places.insert(finding.file + "!" + finding.member).second)
             continue;
         HEXDiagnostic line = finding;
-        line.id = finding.name;
-        if (line.id == "damaged-member" && !hasFaults) continue;
+        if (line.name == "damaged-member" && !hasFaults) continue;
         const bool isHpfm = !hpfm.empty() && line.member == hpfm;
         // Of a value of the wrong shape, the rest of the file is read.
-        if (line.id != "wrong-shape")
+        if (line.name != "wrong-shape")
             line.text +=
                 isHpfm ? "; the file is ignored: no banks and no bus interfaces from it" : "; the file is ignored";
         Console::take().print(line, "warning");

@@ -13,9 +13,7 @@ const char* severityOf(const CheckFinding& finding) {
 }
 
 std::string lineOf(const CheckFinding& finding) {
-    HEXDiagnostic line = finding;
-    line.id = finding.name;
-    return Console::take().shown(line.report(severityOf(finding))) + "\n";
+    return Console::take().shown(finding.report(severityOf(finding))) + "\n";
 }
 
 boost::json::object recordOf(const CheckFinding& finding) {
@@ -30,8 +28,7 @@ boost::json::object recordOf(const CheckFinding& finding) {
 }
 
 Exit exitOf(const CheckFinding& finding, bool failOnWarning) {
-    const std::string name = finding.name;
-    if (name == PlatformCheck::kUnreadable || name == "missing-file") return Exit::input;
+    if (finding.name == PlatformCheck::kUnreadable || finding.name == "missing-file") return Exit::input;
     return failOnWarning || finding.severity == CheckFinding::Severity::error ? Exit::no : Exit::done;
 }
 

@@ -29,5 +29,6 @@ std::string HEXDiagnostic::format() const { return sentence(*this, {}); }
 
 std::string HEXDiagnostic::report(std::string_view severity) const {
     const std::string report = sentence(*this, severity);
-    return id.empty() ? report : report + " [" + id + "]";
+    const std::string& mark = name.empty() ? id : name;
+    return mark.empty() ? report : report + " [" + mark + "]";
 }

@@ -16,6 +16,7 @@ struct zr_error {
     const char* file;
     const char* member;
     const char* id;
+    const char* name;
     const char* description;
     std::uint64_t line, column;
 };
@@ -23,7 +24,7 @@ struct zr_error {
 namespace capi {
 namespace {
 
-constexpr zr_error noMemory{ZR_NO_MEMORY, "out of memory", "", "", "", "out of memory", 0, 0};
+constexpr zr_error noMemory{ZR_NO_MEMORY, "out of memory", "", "", "", "", "out of memory", 0, 0};
 
 struct OwnedError : zr_error {
     explicit OwnedError(Failure failure)
@@ -34,6 +35,7 @@ struct OwnedError : zr_error {
                                          diagnostic.file.c_str(),
                                          diagnostic.member.c_str(),
                                          diagnostic.id.c_str(),
+                                         diagnostic.name.c_str(),
                                          description.c_str(),
                                          diagnostic.line,
                                          diagnostic.column};
@@ -90,6 +92,7 @@ const char* zr_error_member(const zr_error* error) noexcept { return error ? err
 std::uint64_t zr_error_line(const zr_error* error) noexcept { return error ? error->line : 0; }
 std::uint64_t zr_error_column(const zr_error* error) noexcept { return error ? error->column : 0; }
 const char* zr_error_id(const zr_error* error) noexcept { return error ? error->id : ""; }
+const char* zr_error_name(const zr_error* error) noexcept { return error ? error->name : ""; }
 const char* zr_error_describe(const zr_error* error) noexcept { return error ? error->description : ""; }
 
 void zr_error_free(zr_error* error) noexcept {

@@ -46,7 +46,7 @@ zr_code zr_findings_get(const zr_findings* findings, std::uint64_t index, zr_fin
                                                .member = found.member.c_str(),
                                                .line = found.line,
                                                .column = found.column,
-                                               .name = found.name,
+                                               .name = found.name.c_str(),
                                                .element = found.element.c_str(),
                                                .text = found.text.c_str(),
                                                .severity = static_cast<std::uint32_t>(found.severity),

@@ -20,16 +20,6 @@ std::string indented(std::string_view text) {
     return result;
 }
 
-const char* severityOf(MsgMask mask) {
-    switch (mask) {
-        case MsgMask::info: return "information";
-        case MsgMask::warning: return "warning";
-        case MsgMask::critical: return "critical";
-        case MsgMask::error: return "error";
-    }
-    return "";
-}
-
 Explanation explanationOf(const CheckExplanation& row) {
     const bool isError = row.severity == CheckFinding::Severity::error;
     return {.name = row.name,
@@ -46,7 +36,7 @@ std::optional<Explanation> messageOf(std::string_view id) {
     std::optional<Explanation> found;
     for (const MsgRow& row : kMsgCatalogue) {
         if (shortMessageId(row.id) != id) continue;
-        if (!found) found = Explanation{.name = std::string(id), .severity = severityOf(row.mask)};
+        if (!found) found = Explanation{.name = std::string(id), .severity = nameOf(row.mask)};
         found->text += (found->text.empty() ? "" : "\n") + std::string(row.text);
     }
     const auto notes = check::messageNotes();

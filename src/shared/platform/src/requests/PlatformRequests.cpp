@@ -43,18 +43,20 @@ std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {
     }
 }
 
-/// The diagnostic of a failed load with the path as the user of `file` writes it. The model refuses a value without
-/// knowing its location; the check of the file does.
+/// The diagnostic of a failed load with the path as the user of `file` writes it, and the name of its finding. The model
+/// refuses a value without knowing its location; the check of the file does.
 HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
     if (diagnostic.file != file) diagnostic.file = util::shownPath(diagnostic.file, file);
-    if (diagnostic.line > 0) return diagnostic;
     for (const CheckFinding& finding : PlatformCheck::check(file)) {
-        if (finding.severity != CheckFinding::Severity::error || finding.file != diagnostic.file ||
-            finding.member != diagnostic.member)
-            continue;
-        HEXDiagnostic found = finding;
-        found.id = diagnostic.id;
-        return found;
+        const bool isIt = finding.severity == CheckFinding::Severity::error && finding.file == diagnostic.file &&
+                          finding.member == diagnostic.member &&
+                          (diagnostic.line == 0 || finding.line == diagnostic.line);
+        if (!isIt) continue;
+        const std::string id = std::move(diagnostic.id);
+        if (diagnostic.line == 0) diagnostic = finding;
+        diagnostic.name = finding.name;
+        diagnostic.id = id;
+        break;
     }
     return diagnostic;
 }
