@@ -45,6 +45,8 @@ public:
     void write(std::ostream& out) const;
     /// What `write` writes.
     std::string text() const;
+    /// The same with a final NUL.
+    std::unique_ptr<char[]> cText() const;
 
 protected:
     /// Adds the value at the end. False, and nothing is added, if only a tree can take it.

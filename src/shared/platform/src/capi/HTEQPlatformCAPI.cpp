@@ -1,8 +1,5 @@
 #include "platform/HTEQPlatformCAPI.h"
 
-#include <cstring>
-
-#include "json/JsonText.h"
 #include "platform/JSONWriter.h"
 #include "platform/PlatformLoader.h"
 #include "zip/Request.h"
@@ -11,12 +8,6 @@ namespace {
 
 using teq_platform::JSONObjectWriter;
 
-char* copyOf(const std::string& text) {
-    char* const copy = new char[text.size() + 1];
-    std::memcpy(copy, text.c_str(), text.size() + 1);
-    return copy;
-}
-
 /// The document that `fill` writes for the loaded platform, or null if it cannot be loaded.
 char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HTEQPlatform&)) {
     const zip::Request request;
@@ -24,7 +15,7 @@ char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HT
     if (!platform) return nullptr;
     JSONObjectWriter writer;
     fill(writer, *platform);
-    return copyOf(writer.text());
+    return writer.cText().release();
 }
 
 }  // namespace

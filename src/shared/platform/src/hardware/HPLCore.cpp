@@ -11,29 +11,30 @@ namespace {
 
 using Core = HPLCore;
 using K = json::Keys<Core>;
-using teq_platform::JSONListWriter;
+using json::ListIn;
+using json::ObjectIn;
 using teq_platform::JSONObjectWriter;
 
 void writePblocks(JSONObjectWriter& writer, const char* name, const Core& core) {
-    JSONListWriter pblocks;
+    ListIn pblocks(writer, name);
     for (const auto& [pblock, resources] : core.getReadOnlyPBlockToResourceMap()) {
-        JSONObjectWriter object;
-        object.addKey("name", pblock);
-        JSONListWriter names;
+        ObjectIn object(*pblocks);
+        object->addKey("name", pblock);
+        ListIn names(*object, "validSlrs");
         if (const auto* found = core.findSLRNames(pblock))
-            for (const std::string& slr : *found) names.addItem(slr);
-        object.addKey("validSlrs", std::move(names));
-        JSONListWriter items;
+            for (const std::string& slr : *found) names->addItem(slr);
+        names.add();
+        ListIn items(*object, "resources");
         for (const auto& [resource, value] : resources) {
-            JSONObjectWriter item;
-            item.addKey("name", resource);
-            item.addKey("value", value);
-            items.addItem(std::move(item));
+            ObjectIn item(*items);
+            item->addKey("name", resource);
+            item->addKey("value", value);
+            item.add();
         }
-        object.addKey("resources", std::move(items));
-        pblocks.addItem(std::move(object));
+        items.add();
+        object.add();
     }
-    writer.addKey(name, std::move(pblocks));
+    pblocks.add();
 }
 
 void readPblock(Core& core, const json::Node& node) {

@@ -20,8 +20,9 @@ namespace {
 using Base = HTEQHardwarePlatform;
 using Platform = HPLPlatform;
 using json::Form;
+using json::ListIn;
 using json::Node;
-using teq_platform::JSONListWriter;
+using json::ObjectIn;
 using teq_platform::JSONObjectWriter;
 using B = json::Keys<Base>;
 using P = json::Keys<Platform>;
@@ -88,14 +89,14 @@ void readTilPartitions(Base& platform, const Node& list) {
 void writeResources(JSONObjectWriter& writer, const char* name, const Base& platform) {
     HSTVector<std::string> types, counts;
     platform.getAllResources(types, counts);
-    JSONListWriter list;
+    ListIn list(writer, name);
     for (std::size_t i = 0; i < types.size(); ++i) {
-        JSONObjectWriter item;
-        item.addKey("type", types[i]);
-        item.addKey("count", counts[i]);
-        list.addItem(std::move(item));
+        ObjectIn item(*list);
+        item->addKey("type", types[i]);
+        item->addKey("count", counts[i]);
+        item.add();
     }
-    writer.addKey(name, std::move(list));
+    list.add();
 }
 
 void readResources(Base& platform, const Node& list) {
@@ -118,15 +119,15 @@ json::Shapes resourceShapes() {
 void writeClocks(JSONObjectWriter& writer, const char* name, const Base& platform) {
     const HTEQSystemClock* defaultClock = platform.getDefaultClock();
     const std::unique_ptr<HSTFwdIter<HTEQSystemClock*>> it(platform.createSystemClockIter());
-    JSONListWriter list;
+    ListIn list(writer, name);
     while (it->hasNext()) {
         const HTEQSystemClock& clock = *it->next();
-        JSONObjectWriter item;
-        item.addKey("default", defaultClock && defaultClock->getName() == clock.getName());
-        item.writeObject(clock);
-        list.addItem(std::move(item));
+        ObjectIn item(*list);
+        item->addKey("default", defaultClock && defaultClock->getName() == clock.getName());
+        item->writeObject(clock);
+        item.add();
     }
-    writer.addKey(name, std::move(list));
+    list.add();
 }
 
 void readClocks(Base& platform, const Node& list) {

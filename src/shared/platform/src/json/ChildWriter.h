@@ -26,4 +26,7 @@ private:
     Writer writer_;
 };
 
+using ObjectIn = ChildWriter<teq_platform::JSONObjectWriter>;
+using ListIn = ChildWriter<teq_platform::JSONListWriter>;
+
 }  // namespace json

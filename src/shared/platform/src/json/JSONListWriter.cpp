@@ -18,7 +18,7 @@ void JSONListWriter::addItem(JSONWriter&& item) {
 }
 
 void JSONListWriter::addItem(const JSONSerializable* object) {
-    json::ChildWriter<JSONObjectWriter> item(*this);
+    json::ObjectIn item(*this);
     item->writeObject(object);
     item.add();
 }

@@ -88,7 +88,7 @@ void JSONObjectWriter::addKey(const std::string& key, const JSONSerializable* ob
         child.writeObject(object);
         return addKey(key, std::move(child));
     }
-    json::ChildWriter<JSONObjectWriter> child(*this, key);
+    json::ObjectIn child(*this, key);
     child->writeObject(object);
     child.add();
 }

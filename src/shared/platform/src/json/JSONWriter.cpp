@@ -118,6 +118,15 @@ void JSONWriter::clear_() {
 
 std::string JSONWriter::text() const { return tree_ ? json::write(*tree_) : json::writeItems(items_()); }
 
+std::unique_ptr<char[]> JSONWriter::cText() const {
+    text::CharBuffer bytes;
+    if (tree_)
+        bytes += json::write(*tree_);
+    else
+        bytes = json::writeItemsToBuffer(items_());
+    return bytes.take();
+}
+
 void JSONWriter::write(std::ostream& out) const {
     out << text() << std::flush;
     if (!out.good())

@@ -1,6 +1,5 @@
 #include "json/JsonKeys.h"
 
-#include "json/ChildWriter.h"
 #include "msg/Budget.h"
 
 namespace json {
@@ -8,9 +7,6 @@ namespace json {
 namespace {
 
 // Writing.
-
-using ObjectIn = ChildWriter<JSONObjectWriter>;
-using ListIn = ChildWriter<JSONListWriter>;
 
 /// Writes the content of a row of its kind.
 struct Writing {

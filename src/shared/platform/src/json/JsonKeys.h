@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "json/ChildWriter.h"
 #include "json/JsonNode.h"
 #include "json/JsonShape.h"
 #include "platform/JSONWriter.h"
@@ -392,9 +393,9 @@ private:
 /// A list of objects, each written by its own `toJSON`; absent when the list is empty. `range` holds pointers.
 template <class Range>
 void addList(JSONObjectWriter& writer, const char* name, const Range& range) {
-    JSONListWriter list;
-    for (const auto* item : range) list.addItem(static_cast<const JSONSerializable*>(item));
-    writer.addKey(name, std::move(list));
+    ListIn list(writer, name);
+    for (const auto* item : range) list->addItem(static_cast<const JSONSerializable*>(item));
+    list.add();
 }
 
 }  // namespace json

@@ -20,7 +20,8 @@ constexpr auto kPlain = [] {
     return plain;
 }();
 
-void appendEscape(std::string& out, unsigned char c) {
+template <class Out>
+void appendEscape(Out& out, unsigned char c) {
     constexpr std::string_view kNamed = "\bb\ff\nn\rr\tt//\"\"\\\\";
     for (std::size_t i = 0; i < kNamed.size(); i += 2)
         if (c == static_cast<unsigned char>(kNamed[i])) {
@@ -34,7 +35,8 @@ void appendEscape(std::string& out, unsigned char c) {
     out += kDigits[c & 15];
 }
 
-void appendText(std::string& out, std::string_view text) {
+template <class Out>
+void appendText(Out& out, std::string_view text) {
     out += '"';
     std::size_t kept = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -49,11 +51,11 @@ void appendText(std::string& out, std::string_view text) {
     out += '"';
 }
 
-/// A document in the form of the property tree's own writer.
+/// A document in the form of the property tree's own writer, in a std::string or a `text::CharBuffer`.
+template <class Out>
 class Printer {
 public:
-    /// `expected`: about the size of the document.
-    explicit Printer(std::size_t expected = 0) { out_.reserve(expected); }
+    explicit Printer(Out out) : out_(std::move(out)) {}
     /// A key of an open object, or an item of an open list.
     void value(std::string_view key, std::string_view text) {
         begin(key);
@@ -81,7 +83,7 @@ public:
         out_ += '\n';
         spend();
     }
-    std::string take() { return std::move(out_); }
+    Out take() { return std::move(out_); }
 
 private:
     struct Level {
@@ -100,14 +102,14 @@ private:
 
     static constexpr std::size_t kCounted = 4096;  ///< bytes that the budget is asked for at once
 
-    std::string out_;
+    Out out_;
     std::string lead_ = ",\n";  ///< what precedes an item, at the present depth
     std::vector<Level> levels_;
     std::size_t counted_ = 0;
 };
 
 /// The children of the open node, which is then closed.
-void printChildren(Printer& printer, const ptree& node) {
+void printChildren(Printer<std::string>& printer, const ptree& node) {
     struct Level {
         ptree::const_iterator next, end;
     };
@@ -128,27 +130,13 @@ void printChildren(Printer& printer, const ptree& node) {
     }
 }
 
-}  // namespace
+/// Bytes of a document to those of its items, at most as a rule: a document that outgrows it is copied.
+constexpr std::size_t kExpected = 3;
 
-std::string write(const ptree& tree) {
-    Printer printer;
-    printer.open("", tree.data(), false);
-    printChildren(printer, tree);
-    return printer.take();
-}
-
-std::string writeMember(const std::string& key, const ptree& node) {
-    Printer printer;
-    printer.open("", "", false);
-    printer.open(key, node.data(), isList(node));
-    printChildren(printer, node);
-    printer.close();
-    return printer.take();
-}
-
-std::string writeItems(std::string_view items) {
+template <class Out>
+Out printItems(std::string_view items, Out out) {
     using Kind = ValueStream::Kind;
-    Printer printer(2 * items.size());
+    Printer printer(std::move(out));
     printer.open("", "", false);
     while (!items.empty()) {
         const auto [kind, key, text] = takeItem(items);
@@ -161,6 +149,34 @@ std::string writeItems(std::string_view items) {
     }
     printer.close();
     return printer.take();
+}
+
+}  // namespace
+
+std::string write(const ptree& tree) {
+    Printer printer{std::string()};
+    printer.open("", tree.data(), false);
+    printChildren(printer, tree);
+    return printer.take();
+}
+
+std::string writeMember(const std::string& key, const ptree& node) {
+    Printer printer{std::string()};
+    printer.open("", "", false);
+    printer.open(key, node.data(), isList(node));
+    printChildren(printer, node);
+    printer.close();
+    return printer.take();
+}
+
+std::string writeItems(std::string_view items) {
+    std::string out;
+    out.reserve(kExpected * items.size());
+    return printItems(items, std::move(out));
+}
+
+text::CharBuffer writeItemsToBuffer(std::string_view items) {
+    return printItems(items, text::CharBuffer(kExpected * items.size()));
 }
 
 }  // namespace json

@@ -19,9 +19,7 @@ struct Sizes {
 void ValueStream::add(Kind kind, std::string_view key, std::string_view text) {
     if (!fits(key) || !fits(text)) throw std::length_error("a text of 4 GiB or more in a document");
     const Sizes sizes{static_cast<std::uint32_t>(key.size()), static_cast<std::uint32_t>(text.size())};
-    const std::size_t at = bytes_.size();
-    bytes_.resize(at + 1 + sizeof sizes + key.size() + text.size());
-    char* out = bytes_.data() + at;
+    char* out = bytes_.extend(1 + sizeof sizes + key.size() + text.size());
     *out++ = static_cast<char>(kind);
     std::memcpy(out, &sizes, sizeof sizes);
     out = std::copy(key.begin(), key.end(), out + sizeof sizes);

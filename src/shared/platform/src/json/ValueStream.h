@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/JSONWriter.h"
+#include "text/CharBuffer.h"
 
 namespace json {
 
@@ -32,9 +33,9 @@ public:
     void addTree(std::string_view key, const ptree& tree);
     /// An object, or a list if the items have no keys.
     void addItemsBelow(std::string_view key, std::string_view items);
-    void cut(std::size_t size) { bytes_.resize(size); }
+    void cut(std::size_t size) { bytes_.cut(size); }
     std::string_view keyAt(std::size_t item) const;
-    std::string_view items(std::size_t from, std::size_t to) const { return {bytes_.data() + from, to - from}; }
+    std::string_view items(std::size_t from, std::size_t to) const { return bytes_.view().substr(from, to - from); }
 
     /// An item with a key, and a number that most other keys do not have.
     struct Key {
@@ -46,7 +47,7 @@ public:
     std::vector<Key> keys;
 
 private:
-    std::string bytes_;
+    text::CharBuffer bytes_;
 };
 
 /// Takes the first item off `items`.
@@ -55,6 +56,7 @@ ValueStream::Item takeItem(std::string_view& items);
 void addTo(ptree& tree, std::string_view items);
 /// The document of these items.
 std::string writeItems(std::string_view items);
+text::CharBuffer writeItemsToBuffer(std::string_view items);
 /// Whether the node is written as a list: no child has a key.
 bool isList(const ptree& node);
 

@@ -64,11 +64,11 @@ void HTEQPlatform::toJSON(JSONObjectWriter& writer) const {
 
 void HTEQPlatform::writePlatforms(JSONObjectWriter& writer) const {
     if (hasReconfigurablePartitions()) writer.addKey("defaultRPId", defaultRPId_);
-    JSONObjectWriter hardware;
-    hardware.addKey("hardwarePlatform", hardware_);
-    if (hasDistinctHardwareEmulationPlatform()) hardware.addKey("hwEmuPlatform", hardwareEmu_);
-    json::addList(hardware, "reconfigurablePartitions", partitions_);
-    writer.addKey("hardwarePlatforms", std::move(hardware));
+    json::ObjectIn hardware(writer, "hardwarePlatforms");
+    hardware->addKey("hardwarePlatform", hardware_);
+    if (hasDistinctHardwareEmulationPlatform()) hardware->addKey("hwEmuPlatform", hardwareEmu_);
+    json::addList(*hardware, "reconfigurablePartitions", partitions_);
+    hardware.add();
     writer.addKey("softwarePlatform", getSoftwarePlatform());
 }
 
