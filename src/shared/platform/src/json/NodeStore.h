@@ -1,9 +1,10 @@
 #pragma once
 #include <boost/property_tree/ptree.hpp>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 namespace json {
 
@@ -16,23 +17,16 @@ public:
     /// The empty node with this key; valid until the next call.
     const ptree::value_type& of(std::string_view key) {
         if (key.empty()) return item_;
-        const auto at = known_.find(key);
-        if (at != known_.end()) return *at->second;
-        auto node = std::make_unique<const ptree::value_type>(std::string(key), ptree());
-        auto& kept = known_.size() < kMaxKeys ? known_[std::string(key)] : spare_;
-        kept = std::move(node);
+        Node& kept = kept_[std::hash<std::string_view>()(key) % kept_.size()];
+        if (!kept || kept->first != key) kept = std::make_unique<const ptree::value_type>(std::string(key), ptree());
         return *kept;
     }
 
 private:
-    /// Keys that are kept: documents of objects have some hundreds, documents with names as keys any number.
-    static constexpr std::size_t kMaxKeys = 2000;
-    struct Hash : std::hash<std::string_view> {
-        using is_transparent = void;
-    };
     using Node = std::unique_ptr<const ptree::value_type>;
-    std::unordered_map<std::string, Node, Hash, std::equal_to<>> known_;
-    Node spare_;
+    /// Each key has one place, which the next key with the same remainder takes over: untrusted keys whose hash values
+    /// are all the same are never searched. Documents of objects have some hundreds of keys.
+    std::vector<Node> kept_ = std::vector<Node>(4096);
     const ptree::value_type item_{std::string(), ptree()};
 };
 
