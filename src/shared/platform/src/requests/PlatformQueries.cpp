@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "json/JsonText.h"
+#include "msg/HEXFileFault.h"
 #include "msg/Silence.h"
 #include "platform/NativeDictService.h"
 #include "platform/NativeDocService.h"
@@ -90,6 +91,19 @@ std::string listedKey(const std::string& key) {
     return listed;
 }
 
+/// What `make` gives; a refusal of what costs too much names the file.
+template <class Make>
+auto ofFile(const std::string& file, const Make& make) {
+    try {
+        return make();
+    } catch (const HEXFileFault& e) {
+        if (!e.diagnostic().file.empty()) throw;
+        HEXDiagnostic diagnostic = e.diagnostic();
+        diagnostic.file = file;
+        throw HEXFileFault(diagnostic);
+    }
+}
+
 constexpr const char* kBranch = "documentation_keys";
 
 void collect(const ptree& node, const std::string& key, HSTVector<KeyDocumentation>& found) {
@@ -121,7 +135,7 @@ struct Questions::State {
 
 Questions::Questions(const HTEQPlatform& platform, const std::string& file) : state_(std::make_unique<State>()) {
     state_->file = file;
-    ptree document = services::documentTree(platform);
+    ptree document = ofFile(file, [&] { return services::documentTree(platform); });
     state_->document.swap(document);
 }
 Questions::~Questions() = default;
@@ -136,7 +150,9 @@ Answer Questions::answer(const std::string& path) const {
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
     std::optional<Keys>& known = state_->keys;
-    const Keys& keys = known ? *known : known.emplace(teq::platform::NativeKeyService().get(state_->document));
+    const Keys& keys = known ? *known : known.emplace(ofFile(state_->file, [&] {
+        return teq::platform::NativeKeyService().get(state_->document);
+    }));
     if (prefix.empty()) return {keys.begin(), keys.end()};
     const std::string listed = listedKey(services::actualPath(state_->document, prefix, false));
     HSTVector<std::string> found = below(keys, listed);
@@ -199,7 +215,8 @@ HSTVector<KeyDocumentation> keyDocumentation(const std::string& key) {
 }
 
 std::map<std::string, std::string> dict(const DictRequest& request) {
-    const ptree whole = services::documentTree(*load(request.file, HwMetadataMode::Default));
+    const auto platform = load(request.file, HwMetadataMode::Default);
+    const ptree whole = ofFile(request.file, [&] { return services::documentTree(*platform); });
     const FileKind kind = fileKindOf(request.file);
     const ptree* document = &whole;
     if (kind != FileKind::descriptor)
@@ -208,7 +225,7 @@ std::map<std::string, std::string> dict(const DictRequest& request) {
     const services::Found branch = services::find(*document, request.branch);
     if (!branch.node) refuse(request.file, "no branch " + quoted(request.branch) + explained(*document, branch.path));
     const teq::platform::NativeDictService service;
-    auto dict = service.getAsDict(*branch.node, request.branch);
+    auto dict = ofFile(request.file, [&] { return service.getAsDict(*branch.node, request.branch); });
     if (request.filters.empty() && !request.useDefaultFilter) return dict;
     std::set<std::string> filters = request.filters;
     if (request.useDefaultFilter)

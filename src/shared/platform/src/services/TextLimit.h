@@ -1,7 +1,7 @@
 #pragma once
 #include <cstddef>
 
-#include "msg/HEXAll.h"
+#include "msg/HEXFileFault.h"
 
 namespace services {
 
@@ -10,9 +10,9 @@ class TextLimit {
 public:
     static constexpr std::size_t kMaxBytes = 16 << 20;
 
-    /// Throws `HEXDataException` if there would be more than `kMaxBytes`.
+    /// Throws `HEXFileFault` if there would be more than `kMaxBytes`.
     void add(std::size_t bytes) {
-        if (bytes > kMaxBytes - used_) throw HEXDataException("the document has more than 16 MiB of key paths");
+        if (bytes > kMaxBytes - used_) throw HEXFileFault({.text = "the document has more than 16 MiB of key paths"});
         used_ += bytes;
     }
 
