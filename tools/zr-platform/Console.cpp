@@ -33,9 +33,34 @@ boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view s
             {"column", diagnostic.column}, {"element", diagnostic.element}, {"text", diagnostic.text}};
 }
 
+std::string jsonOf(const auto& value) { return HSTStringUtils::printableJson(boost::json::serialize(value)); }
+
 /// A record as a line of JSON.
-std::string lineOf(const boost::json::value& record) {
-    return HSTStringUtils::printableJson(boost::json::serialize(record)) + "\n";
+std::string lineOf(const boost::json::value& record) { return jsonOf(record) + "\n"; }
+
+void printRecord(const boost::json::value& value);
+
+void printItems(char open, const auto& items, char close, const auto& printItem) {
+    Console::take().data({&open, 1});
+    bool isFirst = true;
+    for (const auto& item : items) {
+        if (!std::exchange(isFirst, false)) Console::take().data(",");
+        printItem(item);
+    }
+    Console::take().data({&close, 1});
+}
+
+/// Piece by piece: the text of a record may be several times as large as the record.
+void printRecord(const boost::json::value& value) {
+    if (const auto* const object = value.if_object())
+        printItems('{', *object, '}', [](const auto& item) {
+            Console::take().data(jsonOf(item.key()) + ":");
+            printRecord(item.value());
+        });
+    else if (const auto* const array = value.if_array())
+        printItems('[', *array, ']', printRecord);
+    else
+        Console::take().data(jsonOf(value));
 }
 
 }  // namespace
@@ -113,9 +138,9 @@ void Console::configure(const Call& call) {
 void Console::useJsonMessages() { state_->json = true; }
 
 void Console::data(std::string_view bytes) {
-    constexpr std::size_t kMaxBuffered = 1 << 16;
-    if (state_->out.size() + bytes.size() > kMaxBuffered) flush();
-    if (bytes.size() > kMaxBuffered)
+    constexpr std::size_t kKept = 1 << 16;
+    if (state_->out.size() + bytes.size() > kKept) flush();
+    if (bytes.size() > kKept)
         writeAll(1, bytes);
     else
         state_->out += bytes;
@@ -240,15 +265,19 @@ void Records::printOne(const Call& call, const char* noun, boost::json::object r
 void Records::print(const Call& call, const std::vector<std::string>& columns) const {
     Console& console = Console::take();
     if (call.has("ndjson")) {
-        for (const auto& record : records_) console.data(lineOf(record));
+        for (const auto& record : records_) {
+            printRecord(record);
+            console.data("\n");
+        }
         return;
     }
     if (call.has("json")) {
-        const boost::json::object document{{"schema", std::string("urn:torvane:zr-platform:") + noun_ + ":1"},
-                                           {"tool", "zr-platform " ZR_VERSION},
-                                           {"records", records_},
-                                           {"problems", problems_}};
-        console.data(lineOf(document));
+        console.data(std::string(R"({"schema":"urn:torvane:zr-platform:)") + noun_ +
+                     R"(:1","tool":"zr-platform )" ZR_VERSION R"(","records":)");
+        printItems('[', records_, ']', printRecord);
+        console.data(R"(,"problems":)");
+        printItems('[', problems_, ']', printRecord);
+        console.data("}\n");
         return;
     }
     std::vector<std::vector<std::string>> rows;

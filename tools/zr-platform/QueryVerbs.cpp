@@ -115,15 +115,16 @@ int runDict(const Call& call) {
                                       .filters = {filters.begin(), filters.end()},
                                       .useDefaultFilter = call.has("default-filter")});
     Records records("entry");
-    std::string lines;
     for (const auto& [key, value] : dict) {
-        records.add({{"key", key}, {"value", value}});
-        lines += HSTStringUtils::printable(key) + "\t" + HSTStringUtils::printable(value) + "\n";
+        if (Records::areAsked(call)) {
+            records.add({{"key", key}, {"value", value}});
+            continue;
+        }
+        Console::take().data(HSTStringUtils::printable(key) + "\t");
+        Console::take().data(HSTStringUtils::printable(value));
+        Console::take().data("\n");
     }
-    if (Records::areAsked(call))
-        records.print(call, {});
-    else
-        Console::take().data(lines);
+    if (Records::areAsked(call)) records.print(call, {});
     return 0;
 }
 

@@ -122,7 +122,7 @@ int runShow(const Call& call) {
     }
     if (!Records::areAsked(call)) return Console::take().data(text.str(summary)), static_cast<int>(exit);
     Records records("platform-description");
-    records.add(text.record(summary));
+    records.add(text.takeRecord(summary));
     records.print(call, {});
     return static_cast<int>(exit);
 }

@@ -96,9 +96,9 @@ std::string Text::str(const std::string& summary) const {
     return text;
 }
 
-boost::json::object Text::record(const std::string& summary) const {
+boost::json::object Text::takeRecord(const std::string& summary) {
     boost::json::object record{{"summary", summary}};
-    for (const auto& [key, value] : record_) record[key] = value;
+    for (auto& item : record_) record[item.key()] = std::move(item.value());
     record["warnings"] = boost::json::array(warnings_.begin(), warnings_.end());
     return record;
 }

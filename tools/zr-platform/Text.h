@@ -32,7 +32,8 @@ public:
 
     /// The text, after the line `summary`.
     std::string str(const std::string& summary = "") const;
-    boost::json::object record(const std::string& summary) const;
+    /// The record, which is empty afterwards.
+    boost::json::object takeRecord(const std::string& summary);
 
 private:
     static constexpr std::size_t kMaxItems = 10'000;

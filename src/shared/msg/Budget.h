@@ -11,7 +11,7 @@ enum class Cost {
     values,   ///< JSON values, XML elements and attributes parsed
     records,  ///< bytes of the objects that are made from them
     nodes,    ///< values of the documents that are made
-    text,     ///< bytes of the text of these documents
+    text,     ///< bytes of these documents, as they are kept and as they are printed
     inodes,   ///< files and directories made
     count_
 };

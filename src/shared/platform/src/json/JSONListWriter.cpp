@@ -3,6 +3,7 @@
 #include <time.h>
 
 #include "json/ChildWriter.h"
+#include "msg/Budget.h"
 
 namespace teq_platform {
 
@@ -24,7 +25,9 @@ void JSONListWriter::addItem(const JSONSerializable* object) {
 }
 
 void JSONListWriter::addItem(const std::string& value) {
-    if (!value.empty() && !addValue_("", value, true)) append_("").data() = value;
+    if (value.empty()) return;
+    Budget::spend(Cost::text, value.size());
+    if (!addValue_("", value, true)) append_("").data() = value;
 }
 
 void JSONListWriter::addItem(bool) {

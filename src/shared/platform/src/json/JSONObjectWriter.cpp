@@ -43,6 +43,7 @@ ptree& makeParent(ptree& tree, std::string& path) {
 }  // namespace
 
 void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
+    Budget::spend(Cost::text, key.size() + value.size());
     if (isPlain(key)) {
         if (addValue_(key, value, false)) return;
         const auto at = getTree().find(key);
