@@ -1,12 +1,16 @@
 // What at most 1 MB of files may cost, whatever they hold: 2 s of the processor and 300 MiB for each verb.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <cstring>
 #include <functional>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "kit/CfaXml.h"
 #include "kit/Hpfm.h"
 #include "kit/Platforms.h"
 #include "kit/Scratch.h"
@@ -60,13 +64,47 @@ Input member(const char* what, const char* name, const char* member, const std::
             name};
 }
 
+/// A descriptor with these elements as its hardware.
+std::string describing(const std::string& hardware) {
+    return descriptor("<teq:hardwarePlatforms>" + hardware + "</teq:hardwarePlatforms>");
+}
+
 void platform(const Scratch& scratch, const std::string& hardware) {
-    scratch.put("x.zdf", descriptor(hardware));
+    scratch.put("x.zdf", describing(hardware));
     scratch.put("sw.spfm", kSoftware);
 }
 
-const std::string kCfa =
-    "<Root VersionMajor='2' VersionMinor='0'><CFA Vendor='v' Name='n' VersionMajor='1' VersionMinor='0'><Files>";
+/// So many partitions of x.lfa.
+std::string partitions(int count) {
+    return listOf("<teq:reconfigurablePartition teq:id='#'>" + fileElement("hardwarePlatform", "x.lfa") +
+                      "</teq:reconfigurablePartition>",
+                  count, "");
+}
+
+/// Texts of 16 bytes with one value of std::hash: each second half undoes what the first one did to the hash's state.
+std::vector<std::string> textsOfOneHash(std::size_t count) {
+    constexpr std::uint64_t kFactor = 0xc6a4a7935bd1e995, kStart = 0xc70f6907 ^ 16 * kFactor, kState = 1;
+    std::uint64_t inverse = kFactor;
+    for (int i = 0; i < 6; ++i) inverse *= 2 - kFactor * inverse;
+    const auto folded = [](std::uint64_t value) { return value ^ value >> 47; };
+    std::vector<std::string> texts;
+    for (std::uint64_t i = 0; texts.size() < count; ++i) {
+        std::string text(16, 'a');
+        for (std::uint64_t at = 0, rest = i; rest > 0; rest /= 26) text[at++] += static_cast<char>(rest % 26);
+        std::uint64_t half;
+        std::memcpy(&half, text.data(), 8);
+        half = (kStart ^ folded(half * kFactor) * kFactor) * kFactor ^ kState;
+        half = folded(half * inverse) * inverse;
+        std::memcpy(text.data() + 8, &half, 8);
+        if (std::ranges::any_of(text, [](char c) { return c <= ' ' || c == '"' || c == '\\' || c == 127; })) continue;
+        texts.push_back(text);
+        EXPECT_EQ(std::hash<std::string>()(text), std::hash<std::string>()(texts[0]));
+    }
+    return texts;
+}
+
+/// XML metadata up to its first file, and the rest.
+const std::string kCfa = kCfaXml.substr(0, kCfaXml.find("<File ")), kAfterFiles = kCfaXml.substr(kCfa.size());
 const std::string kPBlocks = R"({"devices": [{"name": "fpga0", "core": {"availableResources": {"pBlocks": [)";
 const std::string kResources = R"("resources": [{"name": "LUT", "value": "1"}])";
 
@@ -74,13 +112,14 @@ const std::vector<Input>& inputs() {
     static const std::vector<Input> all{
         {"partitions of one archive",
          [](const Scratch& scratch) {
-             platform(scratch,
-                      "<teq:reconfigurablePartitions>" +
-                          listOf("<teq:reconfigurablePartition teq:id='p#'>" +
-                                     fileElement("hardwarePlatform", "x.lfa") + "</teq:reconfigurablePartition>",
-                                 1024, "") +
-                          "</teq:reconfigurablePartitions>");
+             platform(scratch, partitions(1024));
              archive(scratch, R"({"busInterfaces": [)" + listOf(R"({"name": "b#", "mode": "Master"})", 3000) + "]}");
+         },
+         "x.zdf"},
+        {"partitions with long names",
+         [](const Scratch& scratch) {
+             platform(scratch, partitions(1024));
+             archive(scratch, R"({"name": ")" + std::string(60'000, 'n') + "\"}");
          },
          "x.zdf"},
         list("empty feature ROMs", R"({"featureRoms": [)", "{}", 300'000, "]}"),
@@ -139,8 +178,7 @@ const std::vector<Input>& inputs() {
          }},
         {"a path of dots",
          [](const Scratch& scratch) {
-             platform(scratch, "<teq:hardwarePlatforms><teq:hardwarePlatform teq:path='" + times(450'000, "./") +
-                                   "' teq:name='x.lfa'/></teq:hardwarePlatforms>");
+             platform(scratch, "<teq:hardwarePlatform teq:path='" + times(450'000, "./") + "' teq:name='x.lfa'/>");
              archive(scratch, "{}");
          },
          "x.zdf"},
@@ -188,6 +226,16 @@ const std::vector<Input>& inputs() {
              archive(scratch, R"({"files": [{"type": "META_JSON", "name": "e.json"}]})",
                      {Entry("e.json", "{" + listOf(R"("k#": {"a": "b"})", 200'000) + "}", true)});
          }},
+        {"keys with one hash value",
+         [](const Scratch& scratch) {
+             const auto keys = textsOfOneHash(2100);
+             std::string all;
+             for (const std::string& key : keys) all += '"' + key + "\": 1, ";
+             archive(
+                 scratch, R"({"files": [{"type": "META_JSON", "name": "e.json"}]})",
+                 {Entry("e.json", "{" + all + "\"list\": [" + listOf("{\"" + keys.back() + "\": 1}", 200'000) + "]}",
+                        true)});
+         }},
         {"directories",
          [](const Scratch& scratch) {
              std::vector<Entry> members;
@@ -197,13 +245,13 @@ const std::vector<Input>& inputs() {
         {"many descriptors",
          [](const Scratch& scratch) {
              for (int i = 0; i < 1000; ++i)
-                 scratch.put(std::to_string(i) + "/x.zdf", descriptor(fileElement("hardwarePlatform", "none")));
+                 scratch.put(std::to_string(i) + "/x.zdf", describing(fileElement("hardwarePlatform", "none")));
              platform(scratch, fileElement("hardwarePlatform", "none"));
          },
          "x.zdf"},
         {"directories of a repository",
          [](const Scratch& scratch) {
-             platform(scratch, "");
+             platform(scratch, fileElement("hardwarePlatform", "none"));
              for (int i = 0; i < 3000; ++i) std::filesystem::create_directory(scratch / std::to_string(i));
          },
          "x.zdf"},
@@ -220,8 +268,8 @@ const std::vector<Input>& inputs() {
             R"("partition_path": "/", "supports_corvex_debug": true, "supports_jtag_fallback": true})",
             5'000, "}"),
         file("emulations", "x.json", R"({"emulations": [)", "{}", 300'000, "]}"),
-        file("emulations in XML", "x.xml", "<Root VersionMajor='1' VersionMinor='0'><Emulations>", "<Emulation/>",
-             80'000, "</Emulations></Root>", ""),
+        file("emulations in XML", "x.xml", "<Root VersionMajor='1' VersionMinor='0'><Emulations>",
+             "<Emulation Name=''/>", 45'000, "</Emulations></Root>", ""),
         file("emulations of no files", "x.xml", "<Root VersionMajor='1' VersionMinor='0'><Emulations>",
              "<Emulation Name='a#'><Files><File Type='T' Name='#'/></Files></Emulation>", 12'000,
              "</Emulations></Root>", ""),
@@ -244,16 +292,11 @@ const std::vector<Input>& inputs() {
              scratch.put("x.rqa", builder::archiveOf(members).build());
          },
          "x.rqa"},
-        member("files in XML", "x.cfa", "cfa.xml", kCfa, "<File Type='T#' Name='cfa.xml'/>", 60'000,
-               "</Files></CFA></Root>"),
+        member("files in XML", "x.cfa", "cfa.xml", kCfa, "<File Type='T#' Name='cfa.xml'/>", 60'000, kAfterFiles),
         member("emulation metadata in XML", "x.cfa", "cfa.xml", kCfa, "<File Type='EMU_XML' Name='cfa.xml'/>", 20'000,
-               "</Files></CFA></Root>"),
+               kAfterFiles),
         {"partitions of nothing",
-         [](const Scratch& scratch) {
-             platform(scratch, "<teq:reconfigurablePartitions>" +
-                                   listOf("<teq:reconfigurablePartition/>", 15'000, "") +
-                                   "</teq:reconfigurablePartitions>");
-         },
+         [](const Scratch& scratch) { platform(scratch, listOf("<teq:reconfigurablePartition/>", 15'000, "")); },
          "x.zdf"},
     };
     return all;
@@ -266,6 +309,7 @@ struct Command {
 constexpr Command kCommands[] = {
     {".lfa .zdf .cfa", "json @"},
     {".lfa .zdf .cfa", "show @"},
+    {".lfa .zdf .cfa", "show --json @"},
     {".lfa .zdf .cfa .json .xml .rqa .hdf", "validate @"},
     {".lfa .zdf", "validate --json @"},
     {".lfa .zdf", "keys @"},
