@@ -7,10 +7,15 @@
 
 #include "text/ZrApi.h"
 
+namespace teq_platform {
+class JSONWriter;
+}
+
 namespace json {
 class ValueStream;
 template <class Writer>
 class ChildWriter;
+bool addNew(teq_platform::JSONWriter& writer, std::string_view key, std::string_view value);
 }  // namespace json
 
 namespace teq_platform {
@@ -50,7 +55,7 @@ public:
 
 protected:
     /// Adds the value at the end. False, and nothing is added, if only a tree can take it.
-    bool addValue_(const std::string& key, const std::string& value, bool isNew);
+    bool addValue_(std::string_view key, std::string_view value, bool isNew);
     /// Adds the content of `child`, which has some, below `key`, which is not a path.
     void addChild_(const std::string& key, JSONWriter&& child);
     /// A new node without a value at the end of the tree.
@@ -59,6 +64,7 @@ protected:
 private:
     template <class Writer>
     friend class json::ChildWriter;
+    friend bool json::addNew(JSONWriter& writer, std::string_view key, std::string_view value);
     void open_(JSONWriter& child, std::string_view key, bool isList);
     void close_(JSONWriter& child, std::string_view key);
     void drop_(JSONWriter& child) noexcept;
@@ -67,7 +73,7 @@ private:
     void copyItems_(const JSONWriter& other);
     void clear_();
     bool isOwn_() const { return stream_ == own_.get(); }
-    bool hasKey_(const std::string& key) const;
+    bool hasKey_(std::string_view key) const;
     std::string_view items_() const;
     json::ValueStream& streamOrNew_();
 

@@ -26,6 +26,11 @@ private:
     Writer writer_;
 };
 
+/// Adds a value to a writer that does not have the key, which is not a path. False if only a tree can take it.
+inline bool addNew(teq_platform::JSONWriter& writer, std::string_view key, std::string_view value) {
+    return writer.addValue_(key, value, true);
+}
+
 using ObjectIn = ChildWriter<teq_platform::JSONObjectWriter>;
 using ListIn = ChildWriter<teq_platform::JSONListWriter>;
 

@@ -25,9 +25,9 @@ void JSONListWriter::addItem(const JSONSerializable* object) {
 }
 
 void JSONListWriter::addItem(const std::string& value) {
-    if (value.empty()) return;
+    if (value.empty() || addValue_("", value, true)) return;
     Budget::spend(Cost::text, value.size());
-    if (!addValue_("", value, true)) append_("").data() = value;
+    append_("").data() = value;
 }
 
 void JSONListWriter::addItem(bool) {

@@ -43,9 +43,9 @@ ptree& makeParent(ptree& tree, std::string& path) {
 }  // namespace
 
 void JSONObjectWriter::put_(const std::string& key, const std::string& value) {
+    if (isPlain(key) && addValue_(key, value, false)) return;
     Budget::spend(Cost::text, key.size() + value.size());
     if (isPlain(key)) {
-        if (addValue_(key, value, false)) return;
         const auto at = getTree().find(key);
         (at != getTree().not_found() ? at->second : append_(key)).data() = value;
     } else if (ptree* const node = json::findPath(getTree(), key)) {

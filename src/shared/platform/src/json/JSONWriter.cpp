@@ -139,7 +139,7 @@ ptree& JSONWriter::append_(const std::string& key) {
 }
 
 /// True as well if there are too many keys to search.
-bool JSONWriter::hasKey_(const std::string& key) const {
+bool JSONWriter::hasKey_(std::string_view key) const {
     constexpr std::size_t kMaxKeys = 128;
     if (!stream_) return false;
     const auto& keys = stream_->keys;
@@ -150,10 +150,11 @@ bool JSONWriter::hasKey_(const std::string& key) const {
     return false;
 }
 
-bool JSONWriter::addValue_(const std::string& key, const std::string& value, bool isNew) {
+bool JSONWriter::addValue_(std::string_view key, std::string_view value, bool isNew) {
     prepare_();
     if (tree_ || !ValueStream::fits(key) || !ValueStream::fits(value) || (!isNew && hasKey_(key))) return false;
     Budget::spend(Cost::nodes);
+    Budget::spend(Cost::text, key.size() + value.size());
     ValueStream& stream = streamOrNew_();
     const std::size_t at = stream.size();
     stream.add(ValueStream::Kind::value, key, value);

@@ -11,11 +11,15 @@ namespace {
 /// Writes the content of a row of its kind.
 struct Writing {
     JSONObjectWriter& writer;
-    const std::string& name;
+    const char* name;
     const void* record;
     std::string& buffer;
+    bool isNew;  ///< the writer does not have the key
 
-    void operator()(const Scalar& scalar) const { writer.addKey(name, scalar.get(record, buffer)); }
+    void operator()(const Scalar& scalar) const {
+        const std::string& value = scalar.get(record, buffer);
+        if (!value.empty() && !(isNew && addNew(writer, name, value))) writer.addKey(name, value);
+    }
     void operator()(const Group& group) const {
         ObjectIn object(writer, name);
         writeRows(*object, group.rows(), record);
@@ -38,7 +42,7 @@ struct Writing {
         }
         list.add();
     }
-    void operator()(const Custom& custom) const { custom.write(writer, name.c_str(), record); }
+    void operator()(const Custom& custom) const { custom.write(writer, name, record); }
 };
 
 // Reading.
@@ -86,15 +90,32 @@ void readInto(const Row& row, const Node& value, void* record, std::string& buff
     std::visit(Reading{value, record, buffer}, row.content);
 }
 
-void readRow(const Node& node, const Row& row, void* record, std::string& buffer) {
-    if (!row.isRead()) return;
-    const Node value = node.find(row.name);
+/// `value`: of the row's key, if the document has it.
+void readFound(const Node& value, const Row& row, void* record, std::string& buffer) {
     if (value) return readInto(row, value, record, buffer);
     if (row.required) ptree().get_child(row.name);  // throws
     if (row.ifPresent) return;
     if (const auto* scalar = std::get_if<Scalar>(&row.content)) scalar->set(record, buffer = row.missing);
     if (const auto* custom = std::get_if<Custom>(&row.content)) custom->read(record, Node());
 }
+
+/// Finds the children of a node by different names, and those at once that stand in the order of the calls.
+class Finder {
+public:
+    explicit Finder(const Node& node) : node_(node), next_(node.begin()), end_(node.end()) {}
+    /// Of duplicates the first: before `next_` stand only children that were found by other names.
+    Node find(std::string_view name) {
+        if (next_ == end_ || (*next_).name() != name) return node_.find(name);
+        const Node found = *next_;
+        ++next_;
+        return found;
+    }
+
+private:
+    const Node& node_;
+    Node::Iterator next_;
+    const Node::Iterator end_;
+};
 
 /// Why the reader refuses the value of the key; empty if it does not.
 std::string refusalOf(const Row& row, const Node& node) {
@@ -111,11 +132,12 @@ std::string refusalOf(const Row& row, const Node& node) {
 bool Row::isRead() const { return std::visit(IsRead(), content); }
 
 void writeRows(JSONObjectWriter& writer, const Rows& rows, const void* record) {
-    std::string name, buffer;
+    std::string buffer;
+    const bool isNew = writer.empty();  // the names of a table differ
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const Row& row = rows[i];
         if (!row.isWritten || row.isWritten(record))
-            std::visit(Writing{writer, name = row.name, record, buffer}, row.content);
+            std::visit(Writing{writer, row.name, record, buffer, isNew}, row.content);
     }
 }
 
@@ -126,12 +148,16 @@ void readValue(const Node& value, const Row& row, void* record) {
 
 void readRow(const Node& node, const Row& row, void* record) {
     std::string buffer;
-    readRow(node, row, record, buffer);
+    if (row.isRead()) readFound(node.find(row.name), row, record, buffer);
 }
 
 void readRows(const Node& node, const Rows& rows, void* record) {
     std::string buffer;
-    for (std::size_t i = 0; i < rows.size(); ++i) readRow(node, rows[i], record, buffer);
+    Finder finder(node);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Row& row = rows[i];
+        if (row.isRead()) readFound(finder.find(row.name), row, record, buffer);
+    }
 }
 
 std::vector<Shape> shapesOf(const Rows& rows) {

@@ -38,10 +38,11 @@ public:
     bool on_key_part(view part, std::size_t, error_code&) { return keep(part); }
     bool on_key(view part, std::size_t, error_code& ec) {
         key_ = finished(part);
+        if (hasNul(key_)) return refuse(ec, "a key holds a NUL");
         const std::string_view key = document_.view(key_);
-        if (key.find('\0') != std::string_view::npos) return refuse(ec, "a key holds a NUL");
-        const auto dots = static_cast<std::size_t>(std::count(key.begin(), key.end(), '.'));
-        return dots < limits_.keyLevels || refuse(ec, "a key has too many levels between its dots");
+        return key.size() < limits_.keyLevels ||
+               static_cast<std::size_t>(std::ranges::count(key, '.')) < limits_.keyLevels ||
+               refuse(ec, "a key has too many levels between its dots");
     }
     bool on_string_part(view part, std::size_t, error_code&) { return keep(part); }
     bool on_string(view part, std::size_t, error_code& ec) { return put(finished(part), ec); }
@@ -87,8 +88,12 @@ private:
         return true;
     }
     bool put(Part text, error_code& ec) {
-        if (document_.view(text).find('\0') != std::string_view::npos) return refuse(ec, "a text holds a NUL");
+        if (hasNul(text)) return refuse(ec, "a text holds a NUL");
         return make(text, ec);
+    }
+    /// Only an escape can give one: the parser refuses control characters in texts.
+    bool hasNul(Part text) const {
+        return text.at >= document_.source_.size() && document_.view(text).find('\0') != std::string_view::npos;
     }
     bool open(error_code& ec) {
         open_.push_back(static_cast<std::uint32_t>(nodes_));
