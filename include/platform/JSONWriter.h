@@ -12,7 +12,7 @@ class JSONWriter;
 }
 
 namespace json {
-class ValueStream;
+class DocumentText;
 template <class Writer>
 class ChildWriter;
 bool addNew(teq_platform::JSONWriter& writer, std::string_view key, std::string_view value);
@@ -24,7 +24,7 @@ using ptree = boost::property_tree::ptree;
 
 /// A document in the making: what a property tree holds in which every value is a text and an array is a node whose
 /// children have empty keys. It becomes such a tree when one is asked for, or when a key is given that is a path or that
-/// exists; until then, it takes less time and memory.
+/// exists; until then it is the text itself, which takes less time and memory.
 class ZR_API JSONWriter {
 public:
     JSONWriter();
@@ -50,8 +50,8 @@ public:
     void write(std::ostream& out) const;
     /// What `write` writes.
     std::string text() const;
-    /// The same with a final NUL.
-    std::unique_ptr<char[]> cText() const;
+    /// The same with a final NUL; afterwards the writer is empty.
+    std::unique_ptr<char[]> takeText();
 
 protected:
     /// Adds the value at the end. False, and nothing is added, if only a tree can take it.
@@ -70,20 +70,26 @@ private:
     void drop_(JSONWriter& child) noexcept;
 
     void prepare_();
+    void take_(std::unique_ptr<json::DocumentText> own, std::size_t depth);
     void copyItems_(const JSONWriter& other);
     void clear_();
-    bool isOwn_() const { return stream_ == own_.get(); }
+    bool isOwn_() const { return text_ == own_.get(); }
+    /// Whether the items have no keys.
+    bool isList_() const;
     bool hasKey_(std::string_view key) const;
     std::string_view items_() const;
-    json::ValueStream& streamOrNew_();
+    json::DocumentText& textOrNew_();
+    void beginItem_(json::DocumentText& text, std::string_view key);
+    bool addText_(std::string_view key, const JSONWriter& child);
 
-    std::unique_ptr<json::ValueStream> own_;
-    json::ValueStream* stream_ = nullptr;  ///< null: empty, or a tree; another's for a child of it that is open
-    std::size_t start_ = 0;                ///< of the items in the stream
-    std::size_t firstKey_ = 0;             ///< of this writer's in the stream's keys
-    JSONWriter* child_ = nullptr;          ///< the open one, whose items follow
-    std::size_t childAt_ = 0;              ///< where they begin
-    std::size_t childKeys_ = 0;            ///< the same in the stream's keys
+    std::unique_ptr<json::DocumentText> own_;
+    json::DocumentText* text_ = nullptr;  ///< null: empty, or a tree; another's for a child of it that is open
+    std::size_t start_ = 0;               ///< of the items in the text
+    std::size_t depth_ = 1;               ///< of the items
+    std::size_t firstKey_ = 0;            ///< of this writer's in the text's keys
+    JSONWriter* child_ = nullptr;         ///< the open one, whose items follow
+    std::size_t childAt_ = 0;             ///< where its item begins
+    std::size_t childKeys_ = 0;           ///< the same in the text's keys
     std::unique_ptr<ptree> tree_;
     mutable std::unique_ptr<const ptree> view_;  ///< what the const `getTree` made of the items
 };

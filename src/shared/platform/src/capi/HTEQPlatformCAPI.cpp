@@ -15,7 +15,7 @@ char* document(const std::string& file, void (*fill)(JSONObjectWriter&, const HT
     if (!platform) return nullptr;
     JSONObjectWriter writer;
     fill(writer, *platform);
-    return writer.cText().release();
+    return writer.takeText().release();
 }
 
 }  // namespace

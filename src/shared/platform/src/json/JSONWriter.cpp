@@ -5,13 +5,24 @@
 #include <ostream>
 #include <utility>
 
+#include "json/DocumentText.h"
 #include "json/JsonText.h"
-#include "json/ValueStream.h"
 #include "msg/Budget.h"
 
 namespace teq_platform {
 
-using json::ValueStream;
+using boost::property_tree::json_parser::json_parser_error;
+using json::DocumentText;
+
+namespace {
+
+std::unique_ptr<DocumentText> newText() {
+    auto text = std::make_unique<DocumentText>();
+    text->open(false);
+    return text;
+}
+
+}  // namespace
 
 JSONWriter::JSONWriter() = default;
 JSONWriter::~JSONWriter() = default;
@@ -34,27 +45,31 @@ JSONWriter& JSONWriter::operator=(JSONWriter&& other) {
     prepare_();
     other.prepare_();
     if (isOwn_() && other.isOwn_()) {
-        own_ = std::move(other.own_);
-        stream_ = own_.get();
-        start_ = firstKey_ = 0;
+        take_(std::move(other.own_), other.depth_);
         tree_ = std::move(other.tree_);
-        other.stream_ = nullptr;
+        other.text_ = nullptr;
     } else {  // an open child
         getTree().swap(other.getTree());
     }
     return *this;
 }
 
+void JSONWriter::take_(std::unique_ptr<DocumentText> own, std::size_t depth) {
+    own_ = std::move(own);
+    text_ = own_.get();
+    start_ = 1;
+    firstKey_ = 0;
+    depth_ = depth;
+}
+
 /// Copies what the other one wrote, without its open child.
 void JSONWriter::copyItems_(const JSONWriter& other) {
-    auto own = std::make_unique<ValueStream>();
-    own->addItems(other.items_());
-    const auto& keys = other.stream_->keys;
+    auto own = newText();
+    own->addItems(other.items_(), other.depth_, other.depth_);
+    const auto& keys = other.text_->keys;
     for (std::size_t i = other.firstKey_; i < (other.child_ ? other.childKeys_ : keys.size()); ++i)
-        own->keys.push_back({keys[i].at - other.start_, keys[i].mark});
-    own_ = std::move(own);
-    stream_ = own_.get();
-    start_ = firstKey_ = 0;
+        own->keys.push_back({keys[i].at - other.start_ + 1, keys[i].mark});
+    take_(std::move(own), other.depth_);
 }
 
 /// Before each change: whoever writes here while a child is open expects that the child does not notice.
@@ -62,23 +77,21 @@ void JSONWriter::prepare_() {
     view_.reset();
     if (!child_) return;
     child_->prepare_();
-    if (child_->stream_ == stream_) child_->copyItems_(*child_);
-    stream_->cut(childAt_);
-    stream_->keys.resize(childKeys_);
+    if (child_->text_ == text_) child_->copyItems_(*child_);
+    text_->cut(childAt_);
+    text_->keys.resize(childKeys_);
     child_ = nullptr;
 }
 
 std::string_view JSONWriter::items_() const {
-    return stream_ ? stream_->items(start_, child_ ? childAt_ : stream_->size()) : std::string_view();
+    return text_ ? text_->part(start_, child_ ? childAt_ : text_->size()) : std::string_view();
 }
 
-ValueStream& JSONWriter::streamOrNew_() {
-    if (!stream_) {
-        own_ = std::make_unique<ValueStream>();
-        stream_ = own_.get();
-        start_ = firstKey_ = 0;
-    }
-    return *stream_;
+bool JSONWriter::isList_() const { return text_ && (child_ ? childKeys_ : text_->keys.size()) == firstKey_; }
+
+DocumentText& JSONWriter::textOrNew_() {
+    if (!text_) take_(newText(), 1);
+    return *text_;
 }
 
 bool JSONWriter::empty() const { return tree_ ? tree_->empty() : items_().empty(); }
@@ -107,30 +120,42 @@ const ptree& JSONWriter::getTree() const {
 }
 
 void JSONWriter::clear_() {
-    if (stream_ && !isOwn_()) {
-        stream_->cut(start_);
-        stream_->keys.resize(firstKey_);
+    if (text_ && !isOwn_()) {
+        text_->cut(start_);
+        text_->keys.resize(firstKey_);
     }
     own_.reset();
-    stream_ = nullptr;
+    text_ = nullptr;
     tree_.reset();
 }
 
-std::string JSONWriter::text() const { return tree_ ? json::write(*tree_) : json::writeItems(items_()); }
+std::string JSONWriter::text() const {
+    if (tree_) return json::write(*tree_);
+    if (isList_()) return json::write(getTree());  // as the document, it is an object with the key ""
+    DocumentText text;
+    text.open(false);
+    text.addItems(items_(), depth_, 1);
+    text.closeDocument();
+    return std::string(text.part(0, text.size()));
+}
 
-std::unique_ptr<char[]> JSONWriter::cText() const {
-    text::CharBuffer bytes;
-    if (tree_)
-        bytes += json::write(*tree_);
-    else
-        bytes = json::writeItemsToBuffer(items_());
-    return bytes.take();
+std::unique_ptr<char[]> JSONWriter::takeText() {
+    prepare_();
+    if (!text_ || !isOwn_() || depth_ != 1 || isList_()) {
+        text::CharBuffer copy;
+        copy += text();
+        clear_();
+        return copy.take();
+    }
+    text_->closeDocument();
+    auto bytes = text_->take();
+    clear_();
+    return bytes;
 }
 
 void JSONWriter::write(std::ostream& out) const {
     out << text() << std::flush;
-    if (!out.good())
-        BOOST_PROPERTY_TREE_THROW(boost::property_tree::json_parser::json_parser_error("write error", "", 0));
+    if (!out.good()) BOOST_PROPERTY_TREE_THROW(json_parser_error("write error", "", 0));
 }
 
 ptree& JSONWriter::append_(const std::string& key) {
@@ -141,60 +166,87 @@ ptree& JSONWriter::append_(const std::string& key) {
 /// True as well if there are too many keys to search.
 bool JSONWriter::hasKey_(std::string_view key) const {
     constexpr std::size_t kMaxKeys = 128;
-    if (!stream_) return false;
-    const auto& keys = stream_->keys;
+    if (!text_) return false;
+    const auto& keys = text_->keys;
     if (keys.size() - firstKey_ > kMaxKeys) return true;
-    const std::uint32_t mark = ValueStream::markOf(key);
+    const std::uint32_t mark = DocumentText::markOf(key);
     for (std::size_t i = firstKey_; i < keys.size(); ++i)
-        if (keys[i].mark == mark && stream_->keyAt(keys[i].at) == key) return true;
+        if (keys[i].mark == mark && text_->hasKey(keys[i].at, key)) return true;
     return false;
+}
+
+void JSONWriter::beginItem_(DocumentText& text, std::string_view key) {
+    const bool isFirst = text.size() == start_;
+    key.empty() ? text.beginItem(depth_, isFirst) : text.beginItem(depth_, isFirst, key);
 }
 
 bool JSONWriter::addValue_(std::string_view key, std::string_view value, bool isNew) {
     prepare_();
-    if (tree_ || !ValueStream::fits(key) || !ValueStream::fits(value) || (!isNew && hasKey_(key))) return false;
+    if (tree_ || (!isNew && hasKey_(key))) return false;
     Budget::spend(Cost::nodes);
-    Budget::spend(Cost::text, key.size() + value.size());
-    ValueStream& stream = streamOrNew_();
-    const std::size_t at = stream.size();
-    stream.add(ValueStream::Kind::value, key, value);
-    if (!key.empty()) stream.keys.push_back({at, ValueStream::markOf(key)});
+    DocumentText& text = textOrNew_();
+    const std::size_t at = text.size();
+    beginItem_(text, key);
+    text.addValue(value);
+    if (!key.empty()) text.keys.push_back({at, DocumentText::markOf(key)});
+    return true;
+}
+
+/// False, and nothing is added, if only a tree can hold it.
+bool JSONWriter::addText_(std::string_view key, const JSONWriter& child) {
+    DocumentText& text = textOrNew_();
+    const std::size_t at = text.size();
+    try {
+        const bool isList = child.tree_ ? json::isList(*child.tree_) : child.isList_();
+        beginItem_(text, key);
+        text.open(isList);
+        if (child.tree_) {
+            json::expectNoValue(*child.tree_, "");
+            text.addChildren(*child.tree_, isList, depth_ + 1);
+        } else {
+            text.addItems(child.items_(), child.depth_, depth_ + 1);
+        }
+        text.close(depth_ + 1, isList);
+    } catch (const json_parser_error&) {
+        text.cut(at);
+        return false;
+    } catch (...) {
+        text.cut(at);
+        throw;
+    }
+    if (!key.empty()) text.keys.push_back({at, DocumentText::markOf(key)});
     return true;
 }
 
 void JSONWriter::addChild_(const std::string& key, JSONWriter&& child) {
     prepare_();
     child.prepare_();
-    if (tree_ || !ValueStream::fits(key)) {
+    if (tree_ || !addText_(key, child)) {
         append_(key).swap(child.getTree());
         return;
     }
     Budget::spend(Cost::nodes);
-    ValueStream& stream = streamOrNew_();
-    const std::size_t at = stream.size();
-    if (child.tree_)
-        stream.addTree(key, *child.tree_);
-    else
-        stream.addItemsBelow(key, child.items_());
-    if (!key.empty()) stream.keys.push_back({at, ValueStream::markOf(key)});
     child.clear_();
 }
 
 void JSONWriter::open_(JSONWriter& child, std::string_view key, bool isList) {
     prepare_();
-    if (tree_ || !ValueStream::fits(key)) return;  // the child keeps its content until it is closed
-    ValueStream& stream = streamOrNew_();
-    childAt_ = stream.size();
-    stream.add(isList ? ValueStream::Kind::list : ValueStream::Kind::object, key);
-    child.stream_ = &stream;
-    child.start_ = stream.size();
-    child.firstKey_ = childKeys_ = stream.keys.size();
+    if (tree_) return;  // the child keeps its content until it is closed
+    DocumentText& text = textOrNew_();
+    const std::size_t at = text.size();
+    beginItem_(text, key);
+    text.open(isList);
+    childAt_ = at;
+    child.text_ = &text;
+    child.start_ = text.size();
+    child.depth_ = depth_ + 1;
+    child.firstKey_ = childKeys_ = text.keys.size();
     child_ = &child;
 }
 
 void JSONWriter::close_(JSONWriter& child, std::string_view key) {
     child.prepare_();
-    if (child_ != &child || child.stream_ != stream_) {
+    if (child_ != &child || child.text_ != text_) {
         drop_(child);
         if (!child.empty()) addChild_(std::string(key), std::move(child));
         return;
@@ -202,18 +254,18 @@ void JSONWriter::close_(JSONWriter& child, std::string_view key) {
     if (child.empty()) return drop_(child);
     Budget::spend(Cost::nodes);
     view_.reset();
-    stream_->addEnd();
-    stream_->keys.resize(childKeys_);
-    if (!key.empty()) stream_->keys.push_back({childAt_, ValueStream::markOf(key)});
-    child.stream_ = nullptr;
+    text_->close(child.depth_, text_->part(child.start_ - 1, child.start_) == "[");
+    text_->keys.resize(childKeys_);
+    if (!key.empty()) text_->keys.push_back({childAt_, DocumentText::markOf(key)});
+    child.text_ = nullptr;
     child_ = nullptr;
 }
 
 void JSONWriter::drop_(JSONWriter& child) noexcept {
     if (child_ != &child) return;
-    stream_->cut(childAt_);
-    stream_->keys.resize(childKeys_);
-    if (child.stream_ == stream_) child.stream_ = nullptr;
+    text_->cut(childAt_);
+    text_->keys.resize(childKeys_);
+    if (child.text_ == text_) child.text_ = nullptr;
     child_ = nullptr;
 }
 
