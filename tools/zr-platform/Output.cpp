@@ -1,5 +1,8 @@
 #include "Output.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -55,12 +58,23 @@ void writeTo(const std::string& destination, bool mayReplace, const std::string&
         Console::take().data({block.data(), static_cast<std::size_t>(file.gcount())});
 }
 
+bool isStandardOutput(const std::string& destination) {
+    struct stat named {
+    }, output{};
+    return destination == "-" || (::stat(destination.c_str(), &named) == 0 && ::fstat(STDOUT_FILENO, &output) == 0 &&
+                                  named.st_dev == output.st_dev && named.st_ino == output.st_ino);
+}
+
+void expectPlaceForRecords(const Call& call, const std::string& destination) {
+    if (Records::areAsked(call) && isStandardOutput(destination))
+        throw RequestError(FailureKind::wrongUse,
+                           {.text = "--json and --ndjson describe a file: name one for the output"});
+}
+
 WrittenFiles::WrittenFiles(const Call& call, std::vector<std::string> destinations)
     : call_(call), destinations_(std::move(destinations)) {
     std::erase(destinations_, "");
-    if (Records::areAsked(call) && std::ranges::find(destinations_, "-") != destinations_.end())
-        throw RequestError(FailureKind::wrongUse,
-                           {.text = "--json and --ndjson describe a file: name one for the output"});
+    for (const std::string& destination : destinations_) expectPlaceForRecords(call, destination);
 }
 
 boost::json::object WrittenFiles::recordOf(const std::string& file, const std::vector<std::string>& losses) const {

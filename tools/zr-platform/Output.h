@@ -10,6 +10,11 @@
 void writeTo(const std::string& destination, bool mayReplace, const std::string& ext,
              const std::function<void(const std::string& path, bool mayReplace)>& write);
 
+/// Whether nothing else can be printed if this is written to: "-", or another name of standard output.
+bool isStandardOutput(const std::string& destination);
+/// Throws if records are asked for and the destination is standard output.
+void expectPlaceForRecords(const Call& call, const std::string& destination);
+
 /// What a verb has written, as the records of --json and --ndjson: a file, its members if it is an archive, and what was lost
 /// on the way.
 class WrittenFiles {

@@ -169,7 +169,7 @@ const std::vector<Verb> kVerbs = {
      runSetFile},
     {"emulate",
      {{"IN", "a .cfa file with XML metadata", "ARCHIVE"},
-      {"OUT", "the archive to write: IN with its emulation", "OUT"}},
+      {"OUT", "the archive to write: IN with its emulation; - for standard output", "OUT"}},
      {{"name", "NAME", "use the installation's property file NAME.json, else its default one"},
       {"tool", "DIR", "the tool's installation (default: the environment variable TORVANE_MORWEN)"},
       {"dynamic", nullptr, "build for a platform with a dynamic region"},
@@ -183,7 +183,8 @@ const std::vector<Verb> kVerbs = {
      "Build the hardware emulation of a platform",
      "Writes Tcl scripts with the platform's properties, evaluates them with those of the tool's installation in an "
      "embedded Tcl, and puts the results into a copy of the archive. Steps are reported as they run; the new members "
-     "are printed. If a step fails, OUT is not written. docs/emulation.md describes the flow.",
+     "are printed, unless OUT is standard output. If a step fails, OUT is not written. docs/emulation.md describes "
+     "the flow.",
      "harrier/hw/harrier.cfa emu.cfa --name memss --tool morwen --dry-run",
      runEmulate},
     {"verify",
