@@ -273,6 +273,21 @@ TEST_F(PackFolder, KeepsNoTemporaryDirectory) {
     EXPECT_TRUE(fs::is_empty(at("tmp")));
 }
 
+TEST_F(Destination, TakesAFileWithoutCopyingIt) {
+    write(at("made"), "new");
+    write(at("old"), "old");
+    struct stat made {
+    }, moved{};
+    ::stat(at("made").c_str(), &made);
+    EXPECT_THROW(zip::moveToDestination(at("made"), at("old"), false), HEXUserException);
+    EXPECT_EQ(contentOf(at("old")), "old");
+    zip::moveToDestination(at("made"), at("old"), true);
+    ::stat(at("old").c_str(), &moved);
+    EXPECT_EQ(moved.st_ino, made.st_ino);
+    zip::moveToDestination(at("old"), "/dev/null", true);
+    EXPECT_EQ(contentOf(at("old")), "new") << "nothing is renamed to a device";
+}
+
 TEST_F(Destination, WholeOrNotAtAll) {
     using Take = std::function<void(std::string_view)>;
     const auto fill = [](const Take& take) { take("one "), take("two"); };

@@ -8,6 +8,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <cstdio>
 #include <memory>
 #include <optional>
 #include <system_error>
@@ -75,6 +76,14 @@ public:
         return file;
     }
 
+    /// Gives a file this name. False if that cannot be done without copying it.
+    bool take(const std::string& from, bool mayReplace) const {
+        if (isStream()) return false;
+        if (exists_ && !mayReplace) fail(path_, EEXIST);
+        const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
+        return ::renameat2(AT_FDCWD, from.c_str(), parent_.get(), name_.c_str(), flags) == 0;
+    }
+
     void writeStream(const Fill& fill) const {
         const auto own = descriptor();
         util::Descriptor stream(
@@ -132,6 +141,10 @@ void zip::copyToDestination(const std::string& from, const std::string& path, bo
             }
         },
         mayReplace);
+}
+
+void zip::moveToDestination(const std::string& from, const std::string& path, bool mayReplace) {
+    if (!Target(path).take(from, mayReplace)) copyToDestination(from, path, mayReplace);
 }
 
 bool zip::isStream(const std::string& path) { return Target(path).isStream(); }

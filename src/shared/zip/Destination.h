@@ -20,6 +20,9 @@ struct DestinationText {
 void writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace);
 /// Writes a copy of the file `from`.
 void copyToDestination(const std::string& from, const std::string& path, bool mayReplace = true);
+/// The same for a file that is no longer needed: it is renamed, unless the destination is on another file system or is
+/// not a file.
+void moveToDestination(const std::string& from, const std::string& path, bool mayReplace);
 
 /// Whether bytes would be written directly.
 bool isStream(const std::string& path);

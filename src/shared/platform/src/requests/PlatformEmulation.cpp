@@ -127,7 +127,7 @@ private:
         emulation::mergeOverlay(copy_, emulation::kOverlay);
         PlatformLoader::open(copy_, HwMetadataMode::Default);
         report("writing '" + request_.destination + "'");
-        zip::copyToDestination(copy_, request_.destination, request_.mayReplace);
+        zip::moveToDestination(copy_, request_.destination, request_.mayReplace);
         return members;
     }
 
