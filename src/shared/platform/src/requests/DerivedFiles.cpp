@@ -6,12 +6,10 @@
 #include <set>
 
 #include "check/JsonCheck.h"
-#include "check/MetadataCheck.h"
 #include "hwdb/HardwareDefinition.h"
 #include "json/JsonText.h"
 #include "labels/LabelKeys.h"
 #include "platform/HDFToCFAConverter.h"
-#include "platform/HTEQEmulationJsonReader.h"
 #include "platform/HTEQEmulationJsonWriter.h"
 #include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulationXMLWriter.h"
@@ -20,6 +18,7 @@
 #include "platform/HTEQSemanticLabelReader.h"
 #include "platform/JSONWriter.h"
 #include "platform/SimpleFixedLFACreator.h"
+#include "readers/EmulationKeys.h"
 #include "records/TEQEmulationLMX.h"
 #include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
@@ -38,7 +37,9 @@ check::Source sourceOf(const std::string& file) {
 }
 
 /// Throws for the first error.
-void expectNone(check::Findings& findings) {
+void expectSound(check::JsonCheck& check) {
+    check::Findings findings;
+    check.report(findings);
     for (const CheckFinding& finding : findings.take())
         if (finding.severity == CheckFinding::Severity::error) throw HEXFileFault(finding);
 }
@@ -73,9 +74,7 @@ std::string labels(const Labels& request) {
     const check::Source source = sourceOf(request.file);
     check::JsonCheck check(source);
     if (check.document()) check.checkEach(::labels::shapesOf);
-    check::Findings findings;
-    check.report(findings);
-    expectNone(findings);
+    expectSound(check);
     HTEQSemanticLabelReader reader;
     json::ptree tree;
     json::copy(check.parsed(), tree);
@@ -160,12 +159,10 @@ HSTVector<std::string> readXml(const std::string& file, HTEQEmulations& emulatio
 
 HSTVector<std::string> readJson(const std::string& file, HTEQEmulations& emulations) {
     const check::Source source = sourceOf(file);
-    check::Findings findings;
-    check::checkEmulationJson(source, nullptr, findings);
-    expectNone(findings);
-    json::ptree root;
-    json::parse(source.text, file, root);
-    HTEQEmulationJsonReader(&emulations).parseRoot_(root);
+    check::JsonCheck check(source);
+    if (check.document()) check.checkShapes(json::shapesOfRecord<HTEQEmulations>());
+    expectSound(check);
+    json::readKeys(check.document(), json::keysOf<HTEQEmulations>(), emulations);
 
     HSTVector<std::string> losses;
     const auto lose = [&losses](const std::string& key, const std::string& value) {
