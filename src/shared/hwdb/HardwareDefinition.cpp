@@ -13,7 +13,12 @@ std::unique_ptr<HHDFHwDef> readDefinition(const std::string& file) {
     for (const std::string name : {"sysdef.xml", "hwdef.xml"}) {
         const zip::Member* const member = archive.find(name);
         if (!member) continue;
-        const auto found = rootAttribute(archive.read(*member), "top");
+        auto [found, fault] = rootOfWhole(archive.read(*member), "top");
+        if (!fault.text.empty()) {
+            fault.file = file;
+            fault.member = name;
+            throw HEXFileFault(fault);
+        }
         if (!found || found->empty())
             throw HEXFileFault(
                 {.file = file, .member = name, .text = "no root element with an attribute \"top\" was found"});

@@ -7,7 +7,8 @@
 namespace hwdb {
 
 /// Like `HHDFHwDefUtils::getHDF`, but stricter, and with a reason: throws `zip::ArchiveError` if the file is not a valid
-/// archive, and `HEXFileFault` if it has no hardware definition, or its members name no top module or different ones.
+/// archive, and `HEXFileFault` if it has no hardware definition, or its members are not well-formed or name no top module
+/// or different ones.
 std::unique_ptr<HHDFHwDef> readDefinition(const std::string& file);
 
 }  // namespace hwdb
