@@ -42,12 +42,12 @@ measured() { # TITLE ARCHIVE COMMAND...
     local title=$1 archive=$2
     shift 2
     [ -f "$archive.before" ] && cp "$archive.before" "$archive"
-    strace -f -o trace -e trace=write,pwrite64,copy_file_range,sendfile "$@" --force
+    strace -f -o trace -e trace=write,pwrite64,copy_file_range,sendfile "$@" --force >/dev/null
     local bytes memory
     bytes=$(awk '/= [0-9]+$/ { bytes += $NF } END { print bytes }' trace)
     [ -f "$archive.before" ] && cp "$archive.before" "$archive"
     memory=$(python3 -c 'import resource, subprocess, sys
-subprocess.run(sys.argv[1:], check=True)
+subprocess.run(sys.argv[1:], check=True, stdout=subprocess.DEVNULL)
 print(resource.getrusage(resource.RUSAGE_CHILDREN).ru_maxrss)' "$@" --force)
     echo "$title: bytes written $bytes, archive $(stat -c %s "$archive"), peak memory $memory KB"
     rm -f "$archive" "$archive.before"
@@ -79,6 +79,9 @@ derived() { # MB
     measured "rqa add" changed.rqa "$tool" rqa add changed.rqa XDC=sysdef.xml=definition/sysdef.xml
     measured from-hdf top.lfa "$tool" from-hdf top.hdf top.lfa
     overlay
+    ln changed.cfa.before platform.cfa
+    measured emulate built.cfa "$tool" emulate platform.cfa built.cfa --name memss \
+        --tool "$source/examples/morwen" --quiet
     measured "updateCfa, 200 files" changed.cfa "$bin/replace" merge changed.cfa overlay
     rm -r "$data/derive"
 }
