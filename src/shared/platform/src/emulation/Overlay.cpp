@@ -10,12 +10,14 @@
 
 #include "emulation/Generator.h"
 #include "msg/HEXAll.h"
+#include "text/HSTStringUtils.h"
 #include "util/Descriptor.h"
 #include "util/FolderNames.h"
 #include "util/HUTFile.h"
 #include "util/OpenBelow.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/LateFile.h"
+#include "zip/MemberName.h"
 
 namespace emulation {
 namespace {
@@ -72,6 +74,8 @@ void mergeOverlay(const std::string& platformFile, const std::string& overlay) {
     const std::string name = prefix.substr(prefix.rfind('/') + 1) + "/";
     zip::ArchiveEdit edit(platformFile);
     for (const std::string& file : folder->files()) {
+        if (const auto fault = zip::memberNameFault(file, false); !fault.empty())
+            refuse(overlay + "/" + HSTStringUtils::printable(file), "the name " + std::string(fault));
         edit.put(file, std::make_unique<zip::LateFile>([folder, file] { return folder->file(file); }));
         edit.remove(name + file);
     }
