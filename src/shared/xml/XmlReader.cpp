@@ -4,7 +4,6 @@
 #include <fmt/core.h>
 
 #include <algorithm>
-#include <cstring>
 #include <memory>
 
 #include "msg/Budget.h"
@@ -12,6 +11,7 @@
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "util/WholeFile.h"
+#include "xml/XmlContent.h"
 #include "xml/XmlScopes.h"
 
 namespace xml {
@@ -25,78 +25,16 @@ struct Frame {
     const char* name;
     const Element* element;
     void* record;
-    std::size_t scopes;  ///< declarations in force around it
+    std::size_t scopes;          ///< declarations in force around it
+    std::size_t firstViolation;  ///< the first one of this element's content
 
-    std::span<const Child> rows;  ///< empty until the alternative is chosen
-    void* rowsRecord = nullptr;   ///< the record of `rows`
-    std::size_t row = 0;          ///< of the last child
-    std::size_t count = 0;        ///< children of that row
+    Content content{name, *element, record};
     bool strayTextReported = false;
-    std::size_t firstViolation = 0;         ///< the first one of this element's content
-    std::vector<std::size_t> skipped = {};  ///< rows of required children that were missed when a later one came
-
-    std::size_t countOf(std::size_t index) const { return index == row ? count : 0; }
-    bool undecided() const { return !element->alternatives.empty() && !rowsRecord; }
 };
-
-/// "<a>, <b> or the end of <parent>" from "<a>" and "<b>".
-std::string listed(const std::vector<std::string>& items) {
-    std::string result;
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        if (i > 0) result += i + 1 == items.size() ? " or " : ", ";
-        result += items[i];
-    }
-    return result;
-}
-
-/// Whether an element may end here.
-bool mayEnd(const Frame& frame) {
-    for (std::size_t i = frame.row; i < frame.rows.size(); ++i)
-        if (frame.rows[i].neededToRead() && frame.countOf(i) == 0) return false;
-    return !frame.undecided();
-}
-
-/// Adds the names of the children in `rows` that may follow, starting at `frame.row`.
-void addExpected(std::span<const Child> rows, const Frame& frame, std::vector<std::string>& names) {
-    for (std::size_t i = frame.row; i < rows.size(); ++i) {
-        const std::size_t have = frame.countOf(i);
-        if (have == 0 || rows[i].repeats()) names.push_back(fmt::format("<{}>", rows[i].name));
-        if (have == 0 && rows[i].neededToRead()) return;
-    }
-}
-
-std::string expectedIn(const Frame& frame) {
-    std::vector<std::string> names;
-    if (frame.undecided()) {
-        for (const Alternative& alternative : frame.element->alternatives)
-            addExpected(alternative.children, frame, names);
-    } else {
-        addExpected(frame.rows, frame, names);
-    }
-    if (mayEnd(frame)) names.push_back(fmt::format("the end of <{}>", frame.name));
-    return listed(names);
-}
-
-/// The row of the child that is next in `rows` and of whose name `isIt`, or the number of rows.
-template <class IsIt>
-std::size_t nextRow(std::span<const Child> rows, const Frame& frame, IsIt isIt) {
-    for (std::size_t i = frame.row; i < rows.size(); ++i) {
-        const bool isThere = frame.countOf(i) > 0;
-        if (isIt(rows[i].name) && (!isThere || rows[i].repeats())) return i;
-        if (!isThere && rows[i].neededToRead()) break;
-    }
-    return rows.size();
-}
 
 bool isBlank(std::string_view text) {
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
-}
-
-/// Equality that compares the first letter first: most names differ there.
-bool isCalled(std::string_view local, const char* name) {
-    return !local.empty() && *name == local.front() && std::strncmp(name, local.data(), local.size()) == 0 &&
-           name[local.size()] == '\0';
 }
 
 /// For such a text the parser would guess the byte order.
@@ -140,12 +78,7 @@ private:
     bool open_(std::string_view qualified, std::size_t scopes);
     bool openRoot_(const Name& name, std::size_t scopes);
     const Child* place_(Frame& frame, const Name& name);
-    const Child* placeSkipped_(Frame& frame, const Name& name);
-    template <class IsIt>
-    void decide_(Frame& frame, IsIt isIt);
-    void takeAsMeant_(Frame& frame, std::string_view local);
     void forgetContent_(const Frame& frame);
-    bool isKnownIn_(const Frame& frame, const Name& name) const;
     std::string misplaced_(const Frame& frame, const Name& name) const;
     void push_(const char* name, const Element& element, void* record, std::size_t scopes);
     void readAttributes_(const char** attributes);
@@ -307,14 +240,14 @@ bool Reader::open_(std::string_view qualified, std::size_t scopes) {
     Name name;
     if (std::string wrong = scopes_.resolveElement(qualified, name); !wrong.empty()) {
         fail_(fault::kNamespace, openName_(), std::move(wrong));
-        if (!frames_.empty()) takeAsMeant_(frames_.back(), qualified.substr(qualified.find(':') + 1));
+        if (!frames_.empty()) frames_.back().content.takeAsMeant(qualified.substr(qualified.find(':') + 1));
         return false;
     }
     if (frames_.empty()) return openRoot_(name, scopes);
     Frame& frame = frames_.back();
     const Child* child = place_(frame, name);
     if (!child) return false;
-    push_(child->name, *child->element, child->add(frame.rowsRecord), scopes);
+    push_(child->name, *child->element, child->add(frame.content.record()), scopes);
     return true;
 }
 
@@ -335,59 +268,31 @@ bool Reader::openRoot_(const Name& name, std::size_t scopes) {
 }
 
 void Reader::push_(const char* name, const Element& element, void* record, std::size_t scopes) {
-    Frame& frame = frames_.emplace_back(Frame{name, &element, record, scopes, {}});
-    frame.firstViolation = violations_ ? violations_->size() : 0;
-    if (!element.alternatives.empty()) return;
-    frame.rows = element.children;
-    frame.rowsRecord = record;
+    frames_.push_back({name, &element, record, scopes, violations_ ? violations_->size() : 0});
 }
 
 /// The row for the next child, or null after an error. If a required child before it is missing, that is reported
 /// once and the child is accepted, and so is the missing one if it follows.
 const Child* Reader::place_(Frame& frame, const Name& name) {
-    if (frame.undecided() && ours_(name)) decide_(frame, [&](const char* row) { return name.local == row; });
-    std::vector<std::size_t> missing;
-    for (std::size_t i = frame.row; ours_(name) && i < frame.rows.size(); ++i) {
-        const Child& row = frame.rows[i];
-        const std::size_t have = frame.countOf(i);
-        if (isCalled(name.local, row.name) && (have == 0 || row.repeats())) {
-            if (!missing.empty()) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
-            frame.skipped.insert(frame.skipped.end(), missing.begin(), missing.end());
-            if (have == row.most)
+    Content& content = frame.content;
+    const bool isOurs = ours_(name);
+    if (isOurs) {
+        Content::Place place = content.find(name.local);
+        if (const Child* const row = content.row(place.row)) {
+            if (!place.missing.empty()) fail_(fault::kMissingElement, name.local, misplaced_(frame, name));
+            if (place.count == row->most)
                 stopWith_(fault::kLimit, name.local,
-                          fmt::format("<{}> has more than {} <{}>", frame.name, row.most, row.name));
+                          fmt::format("<{}> has more than {} <{}>", frame.name, row->most, row->name));
             if (stopped_) return nullptr;
-            frame.row = i;
-            frame.count = have + 1;
-            return &row;
+            content.take(std::move(place));
+            return row;
         }
-        if (have == 0 && row.neededToRead()) missing.push_back(i);
+        if (const Child* const late = content.takePassed(name.local)) return late;
     }
-    if (const Child* const late = placeSkipped_(frame, name)) return late;
-    const bool isKnown = isKnownIn_(frame, name);
+    const bool isKnown = isOurs && content.allows(name.local);
     fail_(isKnown ? fault::kMisplacedElement : fault::kUnknownElement, name.local, misplaced_(frame, name));
-    if (!isKnown) takeAsMeant_(frame, name.local);
+    if (!isKnown) content.takeAsMeant(name.local);
     return nullptr;
-}
-
-/// The row for a child that was reported as missing, since it stands after a later one; else null.
-const Child* Reader::placeSkipped_(Frame& frame, const Name& name) {
-    const auto at = std::ranges::find_if(
-        frame.skipped, [&](std::size_t i) { return ours_(name) && isCalled(name.local, frame.rows[i].name); });
-    if (at == frame.skipped.end()) return nullptr;
-    const Child& row = frame.rows[*at];
-    frame.skipped.erase(at);
-    return &row;
-}
-
-/// An element that cannot be read counts as the child that its name resembles, so that this one is not missing too.
-void Reader::takeAsMeant_(Frame& frame, std::string_view local) {
-    const auto isIt = [&](const char* row) { return text::isSlip(local, row); };
-    if (frame.undecided()) decide_(frame, isIt);
-    const std::size_t i = nextRow(frame.rows, frame, isIt);
-    if (i == frame.rows.size()) return;
-    frame.count = frame.countOf(i) + 1;
-    frame.row = i;
 }
 
 /// An element that is not closed has elements of the outer ones: only the missing end is reported.
@@ -403,29 +308,9 @@ void Reader::forgetContent_(const Frame& frame) {
                        violations_->end());
 }
 
-/// Whether the element is allowed anywhere in the open one.
-bool Reader::isKnownIn_(const Frame& frame, const Name& name) const {
-    const auto has = [&](std::span<const Child> rows) {
-        return std::ranges::any_of(rows, [&](const Child& row) { return name.local == row.name; });
-    };
-    return ours_(name) &&
-           (has(frame.element->children) ||
-            std::ranges::any_of(frame.element->alternatives, [&](const Alternative& a) { return has(a.children); }));
-}
-
 std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
     return fmt::format("<{}> stands in <{}> where {} is expected", HSTStringUtils::excerpt(name.qualified),
-                       frame.name, expectedIn(frame));
-}
-
-template <class IsIt>
-void Reader::decide_(Frame& frame, IsIt isIt) {
-    for (const Alternative& alternative : frame.element->alternatives) {
-        if (nextRow(alternative.children, frame, isIt) == alternative.children.size()) continue;
-        frame.rows = alternative.children;
-        frame.rowsRecord = alternative.choose(frame.record);
-        return;
-    }
+                       frame.name, frame.content.expected());
 }
 
 void Reader::end_() {
@@ -434,9 +319,9 @@ void Reader::end_() {
         return;
     }
     const Frame& frame = frames_.back();
-    if (!mayEnd(frame))
+    if (!frame.content.mayEnd())
         fail_(fault::kMissingElement, frame.name,
-              fmt::format("<{}> ends where {} is expected", frame.name, expectedIn(frame)));
+              fmt::format("<{}> ends where {} is expected", frame.name, frame.content.expected()));
     scopes_.shrink(frame.scopes);
     frames_.pop_back();
 }
@@ -455,7 +340,7 @@ void Reader::text_(std::string_view text) {
         frame.strayTextReported = true;
         fail_(fault::kStrayText, frame.name,
               fmt::format("the text \"{}\" stands in <{}> where {} is expected", HSTStringUtils::excerpt(text),
-                          frame.name, expectedIn(frame)));
+                          frame.name, frame.content.expected()));
     }
 }
 
