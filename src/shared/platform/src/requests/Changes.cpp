@@ -59,6 +59,22 @@ void warnOfErrors(const Pack& request, std::vector<HEXDiagnostic>& warnings) {
     }
 }
 
+/// Packs, and looks up the location of what the model refused.
+std::vector<HEXDiagnostic> packed(const Pack& request) {
+    try {
+        auto warnings = PlatformPacker::pack(
+            request.folder, request.archive,
+            {.overwrite = request.mayReplace, .mayLack = request.mayLack, .exclude = request.exclude});
+        for (HEXDiagnostic& warning : warnings)
+            if (HUTFile::isFile(warning.file)) warning = located(warning, warning.file);
+        return warnings;
+    } catch (const HEXFileFault& e) {
+        const HEXDiagnostic diagnostic = e.diagnostic();
+        if (!HUTFile::isFile(diagnostic.file)) throw;
+        throw HEXFileFault(located(diagnostic, diagnostic.file));
+    }
+}
+
 }  // namespace
 
 std::vector<HEXDiagnostic> pack(const Pack& request) {
@@ -67,13 +83,14 @@ std::vector<HEXDiagnostic> pack(const Pack& request) {
     if (HUTFile::getExt(request.archive) == "rqa")
         throw RequestError(FailureKind::wrongUse,
                            {.file = request.archive, .text = "pack makes archives of platforms; use rqa create"});
+    std::error_code error;
+    if (std::filesystem::is_empty(request.folder, error))
+        throw RequestError(FailureKind::badInput, {.file = request.folder, .text = "the folder is empty"});
     checkDestination(request.archive, request.mayReplace);
     const bool isOther = fileKindOf(request.archive) != FileKind::hardware && !zip::isStream(request.archive);
     const HEXDiagnostic other{.file = request.archive, .text = "the extension is not .lfa or .cfa"};
     if (isOther && !request.mayLack) throw RequestError(FailureKind::wrongUse, other);
-    auto warnings = PlatformPacker::pack(
-        request.folder, request.archive,
-        {.overwrite = request.mayReplace, .mayLack = request.mayLack, .exclude = request.exclude});
+    auto warnings = packed(request);
     if (isOther)
         warnings.insert(warnings.begin(), other);
     else if (!zip::isStream(request.archive))

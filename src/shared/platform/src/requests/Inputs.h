@@ -18,4 +18,8 @@ void checkOutput(const std::string& destination, const HSTVector<std::string>& e
 /// `reserved`.
 void checkFiles(const HSTVector<NamedFile>& files, const std::string& reserved);
 
+/// The diagnostic of a failure to load `file`, with the path as the user of `file` writes it, and the name of its finding.
+/// The model refuses a value without knowing its location; the check of the file does.
+HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file);
+
 }  // namespace teq_platform::requests

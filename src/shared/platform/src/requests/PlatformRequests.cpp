@@ -14,6 +14,7 @@
 #include "platform/PlatformLoader.h"
 #include "platform/PlatformSchema.h"
 #include "readers/EmulationKeys.h"
+#include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "util/HUTFile.h"
@@ -43,8 +44,10 @@ std::string xmlDocument(const HTEQPlatform& platform, const std::string& file) {
     }
 }
 
-/// The diagnostic of a failed load with the path as the user of `file` writes it, and the name of its finding. The model
-/// refuses a value without knowing its location; the check of the file does.
+}  // namespace
+
+std::string shownPath(const std::string& path, const std::string& file) { return util::shownPath(path, file); }
+
 HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
     if (diagnostic.file != file) diagnostic.file = util::shownPath(diagnostic.file, file);
     for (const CheckFinding& finding : PlatformCheck::check(file)) {
@@ -60,10 +63,6 @@ HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
     }
     return diagnostic;
 }
-
-}  // namespace
-
-std::string shownPath(const std::string& path, const std::string& file) { return util::shownPath(path, file); }
 
 Scope::Scope(std::uint64_t budget)
     : request_(std::make_unique<zip::Request>(budget > 0 ? budget : zip::OutputBudget::kOfCall)) {}
