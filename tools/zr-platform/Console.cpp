@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <boost/json/serialize.hpp>
 #include <cerrno>
+#include <clocale>
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -235,7 +236,10 @@ std::string table(const std::vector<std::string>& columns, const std::vector<std
             scols_line_set_data(line, i, HSTStringUtils::excerpt(row[i], kMaxCell).c_str());
     }
     scols_table_enable_nowrap(table.get(), 1);
-    scols_table_enable_noencoding(table.get(), 1);  // the cells are printable
+    // The cells are printable; in a locale without UTF-8, libsmartcols would never get past the first character that is
+    // not ASCII.
+    static const bool isUtf8 = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr;
+    scols_table_enable_noencoding(table.get(), isUtf8);
     char* text = nullptr;
     scols_print_table_to_string(table.get(), &text);
     std::vector<std::string> lines = HSTStringUtils::split(text ? text : "", '\n');
