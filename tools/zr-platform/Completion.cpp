@@ -24,6 +24,7 @@ using Words = std::vector<std::string>;
 /// The arguments that precede the one to be completed.
 struct Given {
     const Verb* verb = nullptr;
+    bool wantsVerb = true;  ///< only options that all verbs have, or "help", precede
     Words positionals;
     const Option* awaiting = nullptr;  ///< the option whose value comes next
     requests::Repositories where = {};
@@ -32,8 +33,9 @@ struct Given {
     bool hasEnded = false;  ///< the options, by "--"
 };
 
-const Option* optionOf(const Verb& verb, std::string_view name) {
-    for (const auto& options : {std::span<const Option>(verb.options), commonOptions()})
+const Option* optionOf(const Verb* verb, std::string_view name) {
+    const std::span<const Option> own = verb ? std::span<const Option>(verb->options) : std::span<const Option>();
+    for (const auto& options : {own, commonOptions()})
         for (const Option& option : options)
             if (option.name == name) return &option;
     return nullptr;
@@ -46,7 +48,7 @@ void takeValue(const Option& option, const std::string& value, Given& given) {
 
 void takeOption(const std::string& word, Given& given) {
     const auto equals = word.find('=');
-    const Option* const option = optionOf(*given.verb, std::string_view(word).substr(2, equals - 2));
+    const Option* const option = optionOf(given.verb, std::string_view(word).substr(2, equals - 2));
     if (word == "--no-defaults") given.where.withDefaults = false;
     if (word == "--dynamic") given.isDynamic = true;
     if (!option || !option->choices) return;
@@ -56,19 +58,25 @@ void takeOption(const std::string& word, Given& given) {
         takeValue(*option, word.substr(equals + 1), given);
 }
 
+void takeVerb(const std::string& word, Given& given) {
+    for (const Verb& verb : verbs())
+        if (verb.name == word) given.verb = &verb;
+    given.wantsVerb = given.wantsVerb && word == "help";
+}
+
 Given read(const Words& words) {
     Given given;
-    for (const Verb& verb : verbs())
-        if (!words.empty() && verb.name == words.front()) given.verb = &verb;
-    for (std::size_t i = 1; given.verb && i < words.size(); ++i) {
+    for (const std::string& word : words) {
         if (const Option* const option = std::exchange(given.awaiting, nullptr))
-            takeValue(*option, words[i], given);
-        else if (given.hasEnded || !words[i].starts_with("-"))
-            given.positionals.push_back(words[i]);
-        else if (words[i] == "--")
+            takeValue(*option, word, given);
+        else if (given.verb && (given.hasEnded || !word.starts_with("-")))
+            given.positionals.push_back(word);
+        else if (given.verb && word == "--")
             given.hasEnded = true;
+        else if (word.starts_with("--"))
+            takeOption(word, given);
         else
-            takeOption(words[i], given);
+            takeVerb(word, given);
     }
     return given;
 }
@@ -202,6 +210,7 @@ Offer optionsOf(const Given& given) {
 
 Offer verbsOffer() {
     Offer offer{{"--help", "--version"}};
+    for (const Option& option : commonOptions()) offer.candidates.push_back(std::string("--") + option.name);
     for (const Verb& verb : verbs()) offer.candidates.push_back(verb.name);
     return offer;
 }
@@ -240,14 +249,14 @@ std::string completionOf(const std::vector<std::string>& typed) {
     Offer offer;
     try {
         const auto equals = current.find('=');
-        if (words.empty()) {
-            offer = verbsOffer();
-        } else if (!given.verb) {
-            return ":none\n";
-        } else if (given.awaiting) {
+        if (given.awaiting) {
             offer = offerOf(given.awaiting->choices, given);
+        } else if (!given.verb && given.wantsVerb && equals == std::string::npos) {
+            offer = verbsOffer();
+        } else if (!given.verb && equals == std::string::npos) {
+            return ":none\n";
         } else if (!given.hasEnded && current.starts_with("--") && equals != std::string::npos) {
-            const Option* const option = optionOf(*given.verb, std::string_view(current).substr(2, equals - 2));
+            const Option* const option = optionOf(given.verb, std::string_view(current).substr(2, equals - 2));
             if (option && option->choices) offer = offerOf(option->choices, given);
             if (!wasSplit) before = current.substr(0, equals + 1);
             current.erase(0, equals + 1);
