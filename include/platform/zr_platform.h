@@ -320,7 +320,7 @@ typedef struct zr_policy {
     uint32_t question;        /* a zr_question */
     uint32_t reserved;        /* 0 */
     const char* tool_version; /* as "2026.2"; NULL: that of the library */
-    const char* app_root;     /* whose exception list applies, and whose name tells the product; NULL: the host's */
+    const char* app_root;     /* whose exception list applies, and whose name gives the product; NULL: the host's */
 } zr_policy;
 
 /* Output. */

@@ -301,7 +301,7 @@ const std::vector<Verb> kVerbs = {
       kNoDefaults,
       kJson,
       kNdjson},
-     "Tell whether the tool may use platforms",
+     "Report whether the tool may use platforms",
      "Prints the policy's verdict with its sentence. docs/policy.md lists the rules. The exception list is "
      "platforms/achromatic below the application root. Exit code: 0 usable, 1 not; 0 with --matrix.",
      "u77/u77_gen3x16_base_1.zdf --why",
