@@ -132,11 +132,15 @@ void JSONWriter::clear_() {
 std::string JSONWriter::text() const {
     if (tree_) return json::write(*tree_);
     if (isList_()) return json::write(getTree());  // as the document, it is an object with the key ""
-    DocumentText text;
-    text.open(false);
-    text.addItems(items_(), depth_, 1);
-    text.closeDocument();
-    return std::string(text.part(0, text.size()));
+    DocumentText moved;
+    std::string_view items = items_();
+    if (depth_ != 1) {
+        moved.addItems(items, depth_, 1);
+        items = moved.part(0, moved.size());
+    }
+    std::string text;
+    text.reserve(items.size() + 4);
+    return text.append("{").append(items).append("\n}\n");
 }
 
 std::unique_ptr<char[]> JSONWriter::takeText() {
