@@ -10,6 +10,7 @@
 #include "StandardInput.h"
 #include "Verbs.h"
 
+#include <msg/HEXFileFault.h>
 #include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
@@ -125,6 +126,20 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
 
 void write(const std::string& text) { Console::take().data(text); }
 
+/// What a request may cost is refused without a file: the first one of the call has it.
+int run(const Verb& verb, const Call& call) {
+    try {
+        return verb.run(call);
+    } catch (const teq_platform::RequestError&) {
+        throw;  // not of a file, if it names none
+    } catch (const HEXFileFault& e) {
+        HEXDiagnostic diagnostic = e.diagnostic();
+        if (!diagnostic.file.empty() || verb.positionals.empty()) throw;
+        diagnostic.file = call.get(verb.positionals.front().name, "");
+        throw HEXFileFault(diagnostic);
+    }
+}
+
 }  // namespace
 
 int runCommandLine(int argc, char** argv) {
@@ -174,7 +189,7 @@ int runCommandLine(int argc, char** argv) {
     if (!chosen->isManyRequests) request.emplace();
     StandardInput input;
     input.replace(*chosen, call);
-    const int exit = chosen->run(call);
+    const int exit = run(*chosen, call);
     if (exit == static_cast<int>(Exit::done)) {
         teq_platform::checkSystem();  // the output may lack something
         if (!chosen->isManyRequests) Console::take().warnOfFaults();
