@@ -59,7 +59,7 @@ TEST_F(Wrapper, TellsFailuresWithTheirPlace) {
     EXPECT_EQ(error.line(), 2U);
     EXPECT_EQ(error.column(), 6U);
     EXPECT_EQ(error.id(), "74-64");
-    EXPECT_EQ(error.what(), bad + "!lfa.json:2:6: " + error.text() + " [74-64]");
+    EXPECT_EQ(error.what(), bad + "!lfa.json:2:6: " + error.text() + " [not-json]");
     EXPECT_EQ(errorOf([&] { const zr::Archive opened(scratch / "gone"); }).code(), ZR_NOT_FOUND);
     EXPECT_EQ(errorOf([&] { zr::schema("x"); }).code(), ZR_NOT_FOUND);
     EXPECT_EQ(errorOf([&] {
