@@ -59,6 +59,19 @@ const char* Budget::refusal(Cost cost, std::uint64_t amount) {
     return kLimits[row].refusal;
 }
 
+Budget::Amounts Budget::spent() { return current ? current->spent_ : Amounts(); }
+
+const char* Budget::refusalOfRepeating(const Amounts& since, std::uint64_t times) {
+    if (!current) return nullptr;
+    Amounts& spent = current->spent_;
+    for (std::size_t row = 0; row < spent.size(); ++row) {
+        const std::uint64_t once = spent[row] - since[row];
+        if (once > 0 && times > (kLimits[row].most - spent[row]) / once) return kLimits[row].refusal;
+    }
+    for (std::size_t row = 0; row < spent.size(); ++row) spent[row] += (spent[row] - since[row]) * times;
+    return nullptr;
+}
+
 void Budget::spend(Cost cost, std::uint64_t amount) {
     if (const char* const why = refusal(cost, amount)) throw HEXFileFault({.text = why});
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -29,6 +30,12 @@ public:
     static const char* refusal(Cost cost, std::uint64_t amount = 1);
     /// The same; a refusal is a `HEXFileFault`.
     static void spend(Cost cost, std::uint64_t amount = 1);
+    using Amounts = std::array<std::uint64_t, static_cast<std::size_t>(Cost::count_)>;
+    /// What has been spent so far.
+    static Amounts spent();
+    /// Spends what was spent since then `times` times more: for what one caller reads once and another one each time.
+    /// Nothing is spent if the request may not.
+    static const char* refusalOfRepeating(const Amounts& since, std::uint64_t times);
     /// Throws if anything has been refused: for callers of code that ignores what it cannot read.
     static void expectKept(const std::string& file);
 
@@ -37,7 +44,7 @@ public:
     static Report report(const ComMsgMgrInstance& message);
 
 private:
-    std::uint64_t spent_[static_cast<std::size_t>(Cost::count_)] = {};
+    Amounts spent_ = {};
     const char* refused_ = nullptr;
     std::map<std::string, int> reported_;  ///< by id; plain texts by themselves
     bool isOutermost_;

@@ -128,7 +128,9 @@ private:
                           fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa{})",
                                       HSTStringUtils::excerpt(record.name.get()),
                                       loading::isUpperCaseArchive(path) ? ", in lower case" : ""));
-        } else if (std::ranges::none_of(files_, [&](const NamedFile& file) { return file.path == path; })) {
+        } else if (const auto known = std::ranges::find(files_, path, &NamedFile::path); known != files_.end()) {
+            ++known->timesMore;
+        } else {
             files_.push_back({kind, std::move(path), inPartition_});
         }
     }

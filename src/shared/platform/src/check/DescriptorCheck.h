@@ -12,6 +12,7 @@ struct NamedFile {
     Kind kind;
     std::string path;
     bool isOfPartition = false;  ///< whose archives must have JSON metadata
+    std::size_t timesMore = 0;   ///< that the descriptor names it
 };
 
 /// What a descriptor says.

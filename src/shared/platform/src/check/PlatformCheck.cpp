@@ -1,5 +1,7 @@
 #include "platform/PlatformCheck.h"
 
+#include <fmt/core.h>
+
 #include <algorithm>
 
 #include "archive/PlatformArchive.h"
@@ -10,6 +12,7 @@
 #include "check/MetadataCheck.h"
 #include "check/XmlCheck.h"
 #include "loading/WrongExtension.h"
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "msg/OwnBudget.h"
 #include "platform/FileKind.h"
@@ -119,6 +122,15 @@ void checkSoftware(const std::string& file, const Identity& descriptor, Findings
         check::checkSoftware(*source, check::readXml(*source, "spfm"), &descriptor, findings);
 }
 
+/// A platform that names an archive several times reads it as often.
+void checkNamedArchive(const check::NamedFile& named, const Identity& identity, Findings& findings) {
+    const Budget::Amounts before = Budget::spent();
+    checkArchive(named.path, named.isOfPartition, &identity, findings);
+    if (const char* const why = Budget::refusalOfRepeating(before, named.timesMore))
+        findings.add(xml::fault::kLimit, named.path, "",
+                     fmt::format("the descriptor names it {} times: {}", named.timesMore + 1, why));
+}
+
 void checkPlatform(const Source& source, const check::ReadXml& document, Findings& findings) {
     const auto [identity, files] = check::checkDescriptor(source, document, findings);
     const Identity vendorOnly{identity.vendor, ""};  // an emulation has its own version
@@ -127,8 +139,7 @@ void checkPlatform(const Source& source, const check::ReadXml& document, Finding
         if (named.kind == software)
             checkSoftware(named.path, identity, findings);
         else
-            checkArchive(named.path, named.isOfPartition, named.kind == emulation ? &vendorOnly : &identity,
-                         findings);
+            checkNamedArchive(named, named.kind == emulation ? vendorOnly : identity, findings);
     }
 }
 
