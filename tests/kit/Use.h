@@ -48,18 +48,3 @@ inline Use useOf(const std::vector<std::string>& arguments) {
     use.peak = static_cast<double>(used.ru_maxrss) * 1024;
     return use;
 }
-
-/// `count` times `item`, in which "#" becomes the number.
-inline std::string listOf(const std::string& item, int count, const char* between = ",") {
-    std::string text;
-    for (int i = 0; i < count; ++i) {
-        if (i > 0) text += between;
-        std::size_t from = 0;
-        for (auto mark = item.find('#'); mark != std::string::npos; from = mark + 1, mark = item.find('#', from)) {
-            text.append(item, from, mark - from);
-            text += std::to_string(i);
-        }
-        text.append(item, from);
-    }
-    return text;
-}
