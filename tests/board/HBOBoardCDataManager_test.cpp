@@ -1,7 +1,6 @@
 #include "board/HBOBoardCDataManager.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/Scratch.h"
 

@@ -1,6 +1,5 @@
 // The C++ wrapper, and through it the C interface under the sanitizers.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <iostream>
 #include <sstream>

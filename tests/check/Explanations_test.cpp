@@ -1,7 +1,6 @@
 #include "check/Explanations.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <set>
 

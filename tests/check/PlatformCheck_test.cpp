@@ -1,7 +1,6 @@
 #include "platform/PlatformCheck.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/CfaXml.h"
 #include "kit/Platforms.h"

@@ -1,6 +1,5 @@
 // The tool as a user runs it: arguments in; exit code, data and messages out.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <regex>

@@ -76,7 +76,9 @@ inline std::string expanded(const std::string& text, unsigned number) {
         const std::string item = text.substr(blank + 1, end - blank - 1);
         const unsigned count = static_cast<unsigned>(std::stoul(grows ? std::to_string(number) + digits : digits));
         result.append(text, from, at - from);
-        for (unsigned i = 0; i < count; ++i) append(result, (hasCommas && i > 0 ? "," : "") + item, i);
+        const bool isByte = item.size() == 1 && !hasCommas;  // of which there may be very many
+        if (isByte) result.append(count, item[0]);
+        for (unsigned i = 0; i < count && !isByte; ++i) append(result, (hasCommas && i > 0 ? "," : "") + item, i);
         from = end + 2;
     }
     return result.append(text, from);

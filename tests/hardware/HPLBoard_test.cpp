@@ -6,40 +6,19 @@
 #include <unistd.h>
 
 #include "hardware/Documents.h"
+#include "kit/Script.h"
 #include "platform/HPLDriver.h"
 
-namespace {
-
-void addThreeConnectors(HPLBoard& board) {
-    board.addDimmConnector("J1", "First", "DIMM", "FMC0", "Mezzanine 0", true, true);
-    board.addDimmConnector("J2", "Second", "DIMM", "FMC1", "Mezzanine 1", true, false);
-    board.addDimmConnector("J3", "Third", "DIMM", "", "", false, true);
-}
-
-}  // namespace
-
-TEST(Board, ConnectionStrings) {
-    HPLBoard board;
-    EXPECT_EQ(board.getBoardConnectionsString(), "");
-    addThreeConnectors(board);
-    EXPECT_EQ(board.getBoardConnectionsString(), "J1 FMC0 J2 FMC1");
-    EXPECT_EQ(board.getLockedBoardConnectionsString(), "J1 FMC0");
-    EXPECT_EQ(board.getUnlockedBoardConnectionsString(), "J2 FMC1");
-
-    HSTVector<std::string> locked{"before"}, names, connectedNames;
-    board.getLockedDimmConnectors(locked);
-    EXPECT_EQ(locked, (HSTVector<std::string>{"before", "J1", "J3"}));  // locked, but connected to nothing
-    board.getConnectedDimmConnectors(names, connectedNames);
-    EXPECT_EQ(names, (HSTVector<std::string>{"J1", "J2"}));
-    EXPECT_EQ(connectedNames, (HSTVector<std::string>{"FMC0", "FMC1"}));
-}
-
-TEST(Board, DisplayNameOfEitherEnd) {
-    HPLBoard board;
-    addThreeConnectors(board);
-    EXPECT_EQ(board.getConnectorDisplayName("j2"), "Second");
-    EXPECT_EQ(board.getConnectorDisplayName("fmc1"), "Mezzanine 1");
-    EXPECT_EQ(board.getConnectorDisplayName("J4"), "");
+TEST(Board, Connectors) {
+    using B = HPLBoard;
+    using S = std::string;
+    script::expectCalls<B>(ZR_SOURCE_DIR "/tests/cases/hardware/board.case",
+                           script::calls<B, &B::getBoardConnectionsString, &B::getLockedBoardConnectionsString,
+                                         &B::getUnlockedBoardConnectionsString, &B::getConnectorDisplayName>(
+                               {{"addDimmConnector",
+                                 script::call<B, B::DimmConnector*, S, S, S, S, S, bool, bool>(&B::addDimmConnector)},
+                                {"getLockedDimmConnectors", script::listing(&B::getLockedDimmConnectors)},
+                                {"getConnectedDimmConnectors", script::twoLists(&B::getConnectedDimmConnectors)}}));
 }
 
 // A list of Booleans cannot be written: the document of a board with a driver is never done, and takes nothing while

@@ -3,48 +3,119 @@
 #include <gtest/gtest.h>
 
 #include "hardware/Documents.h"
+#include "kit/Script.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLInterface.h"
 #include "platform/HPLMemory.h"
+#include "platform/HTEQHardwareBusInterface.h"
+#include "platform/HTEQHardwareNocConnectivity.h"
+#include "platform/HTEQReconfigPartition.h"
+#include "platform/HTEQSystemClock.h"
 
 using Key = HTEQDesignIntentStorage::Key;
 
-TEST(HplPlatform, NamesOfANewPlatform) {
-    const HPLPlatform platform;
-    EXPECT_EQ(platform.getVersion(), "0.0");
-    EXPECT_EQ(platform.getUniqueName(), ":::0.0");
-    EXPECT_EQ(platform.getDeviceName(), "___0_0");
-    EXPECT_EQ(platform.getPrettyName(), " ()");
-    EXPECT_EQ(platform.getPartName(), "");
-    EXPECT_EQ(platform.getNumComputeUnits(), 10u);
+namespace {
+
+using P = HPLPlatform;
+using S = std::string;
+using script::Arguments;
+
+std::string addClock(P& platform, const Arguments& arguments) {
+    HTEQSystemClock* const clock = platform.addSystemClock();
+    clock->setName(arguments.at(0));
+    clock->setId(std::stoi(arguments.at(1)));
+    clock->setFrequency(arguments.at(2));
+    return "";
 }
 
-TEST(HplPlatform, NamesFromTheirParts) {
-    HPLPlatform platform;
-    platform.setVendor("torvane");
-    platform.setBoardId("rq200");
-    platform.setName("base");
-    platform.setVersionMajor(4294967295u);
-    platform.setVersionMinor(1);
-    EXPECT_EQ(platform.getVBNV(), "torvane:rq200:base:4294967295.1");
-    EXPECT_EQ(platform.getDeviceName(), "torvane_rq200_base_4294967295_1");
-    EXPECT_EQ(platform.getPrettyName(), "RQ200 (base)");
-    platform.setComputedDesignIntent(Key::embedded, true);
-    EXPECT_EQ(platform.getPrettyName(), "base");
+std::string addBus(P& platform, const Arguments& arguments) {
+    HTEQHardwareBusInterface* const bus = platform.addBusInterface();
+    bus->setName(arguments.at(0));
+    bus->setBusTypeRef(arguments.at(1));
+    bus->setMode(arguments.at(2));
+    bus->setDataWidth(std::stoi(arguments.at(3)));
+    return "";
 }
 
-TEST(HplPlatform, HostTexts) {
-    HPLPlatform platform;
-    EXPECT_EQ(platform.getHostArch(), "unknown");
-    platform.setHostArch("X86_64");
-    EXPECT_EQ(platform.getHostArchAsEnum(), HostArchType::x86_64);
-    EXPECT_EQ(platform.getHostArch(), "x86_64");
-    platform.setHostArch("sparc");
-    EXPECT_EQ(platform.getHostArchAsEnum(), HostArchType::unknown);
-    platform.setHostInterface("AXI");
-    EXPECT_EQ(platform.getHostInterfaceAsEnum(), HostInterfaceType::axi);
-    EXPECT_EQ(platform.getHostArchAsStr(static_cast<HostArchType>(9)), "unknown");
+/// The device is the first of that name, or a new one.
+HPLDevice& deviceOf(P& platform, const std::string& name) {
+    HPLDevice* const found = platform.getDevice(name);
+    HPLDevice& device = found ? *found : *platform.addDevice();
+    device.setName(name);
+    return device;
+}
+
+std::string addDevice(P& platform, const Arguments& arguments) {
+    HPLDevice& device = *platform.addDevice();
+    device.setName(arguments.at(0));
+    if (arguments.size() == 1) return "";
+    device.getCore().setRegisterCount(arguments.at(1));
+    device.getCore().setInstPath(arguments.at(2));
+    device.getCore().setNumComputeUnits(static_cast<unsigned>(std::stoul(arguments.at(3))));
+    return "";
+}
+
+std::string addPartition(P& platform, const Arguments& arguments) {
+    HTEQReconfigPartition* const partition = platform.addReconfigPartition();
+    partition->setNodeID(static_cast<std::uint32_t>(std::stoul(arguments.at(0))));
+    partition->setDesignID(static_cast<std::uint32_t>(std::stoul(arguments.at(1))));
+    return "";
+}
+
+}  // namespace
+
+TEST(HplPlatform, Calls) {
+    using script::call;
+    HPLFile other;
+    const script::Calls<P> others = {
+        {"bus", addBus},
+        {"clock", addClock},
+        {"device", addDevice},
+        {"addSystemClock", [](P& p, auto&) { return p.addSystemClock(), ""; }},
+        {"deviceClock", [](P& p, auto& a) { return deviceOf(p, a.at(0)).addSystemClock("mine", a.at(1)), ""; }},
+        {"embedded", [](P& p, auto&) { return p.setComputedDesignIntent(Key::embedded, true), ""; }},
+        {"memory", [](P& p, auto& a) { return p.addMemory()->setSize(a.at(0)), ""; }},
+        {"modeOfBus",
+         [](P& p, auto& a) {
+             const auto* const bus = p.getBusInterfaceByName(a.at(0));
+             return bus ? bus->getMode() : "null";
+         }},
+        {"nocBus", [](P& p, auto& a) { return p.addNocConnectivity()->addBusInterface()->setName(a.at(0)), ""; }},
+        {"partition", addPartition},
+        {"designOfPartition",
+         [](P& p, auto& a) {
+             const auto* const found = p.findReconfigPartition(static_cast<std::uint32_t>(std::stoul(a.at(0))));
+             return found ? std::to_string(found->getDesignID()) : "null";
+         }},
+        {"parentRm", [](P& p, auto& a) { return deviceOf(p, "fpga0").getCore().setParentRMInstPath(a.at(0)), ""; }},
+        {"reconfigModule",
+         [](P& p, auto& a) { return deviceOf(p, "fpga0").getCore().setReconfigModuleName(a.at(0)), ""; }},
+        {"addFile", [](P& p, auto& a) { return p.addFile(a.at(0), a.at(1)), ""; }},
+        {"findFile",
+         [](P& p, auto& a) {
+             const HPLFile* const file = p.findFile(a.at(0));
+             return file ? file->getName() : "null";
+         }},
+        {"getFileOfTypeDcp", [](P& p, auto&) { return p.getFile(HTEQPfmFileTypes::FileType::DCP); }},
+        {"removeFileOfAnother", [&](P& p, auto&) { return p.removeFile(&other), ""; }},
+        {"getFile", call<P, S, const S&>(&P::getFile)},
+        {"hasFile", call<P, bool, const S&>(&P::hasFile)},
+        {"getAllClockFrequencies", script::twoLists(&P::getAllClockFrequencies)}};
+    script::expectCalls<P>(
+        ZR_SOURCE_DIR "/tests/cases/hardware/platform.case",
+        script::calls<P, &P::getBusInterfaceMaxDataWidth, &P::getClockFrequency, &P::getClockId, &P::getDefaultClkId,
+                      &P::getDefaultClock, &P::getDefaultClockFrequency, &P::getDefaultClockId,
+                      &P::getDefaultClockName, &P::getDeviceName, &P::getHostArch, &P::getHostArchAsEnum,
+                      &P::getHostInterfaceAsEnum, &P::getMaxAXIMMManagers, &P::getMaxAXIMMSubordinates,
+                      &P::getMaxInterrupts, &P::getMemSize, &P::getMemSizeInGb, &P::getMemType,
+                      &P::getNumComputeUnits, &P::getNumFiles, &P::getOCLRegionCount, &P::getOclInstPath,
+                      &P::getPartName, &P::getPlatformFrequency, &P::getPrettyName, &P::getReconfigModuleName,
+                      &P::getRegisterCount, &P::getTotalMemSizeInGb, &P::getUniqueName, &P::getVBNV, &P::getVersion,
+                      &P::hasScalableClocks, &P::removeFileType, &P::setBoardId, &P::setDefaultClkId, &P::setHostArch,
+                      &P::setHostInterface, &P::setName, &P::setVendor, &P::setVersionMajor, &P::setVersionMinor,
+                      &P::usesExpandedPR>(others));
+    EXPECT_EQ(HPLPlatform().getHostArchAsStr(static_cast<HostArchType>(9)), "unknown");
     EXPECT_EQ(HPLPlatform::getHostArchTypesAsStr(),
               (HSTVector<std::string>{"x86_64", "armv7l", "ppc64le", "aarch64"}));
 }
@@ -73,59 +144,4 @@ TEST(HplPlatform, InterfaceDescription) {
             EXPECT_EQ(platform.getInterfaceDesc(), c.description);
         }
     }
-}
-
-TEST(HplPlatform, MemorySizes) {
-    HPLPlatform platform;
-    EXPECT_EQ(platform.getMemSize(), "8 GB");
-    EXPECT_EQ(platform.getMemType(), "ddr4");
-    EXPECT_EQ(platform.getMemSizeInGb(5), 0);
-    platform.addMemory()->setSize("16GB");
-    platform.addMemory()->setSize("512MB");
-    EXPECT_EQ(platform.getMemSize(), "16 GB");
-    EXPECT_EQ(platform.getMemType(), "");  // the first one's, whatever it is
-    EXPECT_EQ(platform.getMemSizeInGb(1), 0);
-    EXPECT_THROW(platform.getMemSizeInGb(2), std::out_of_range);
-    for (int i = 0; i < 2; ++i) platform.addMemory()->setSize("2147483647GB");
-    EXPECT_EQ(platform.getTotalMemSizeInGb(), 4294967310);
-}
-
-TEST(HplPlatform, FilesByType) {
-    HPLPlatform platform;
-    HPLFile* first = platform.addFile("DCP", "first.dcp");
-    platform.addFile("dcp", "second.dcp");
-    platform.addFile("PDI", "");
-    EXPECT_EQ(platform.getFile("Dcp"), "second.dcp");
-    EXPECT_EQ(platform.getFile(HTEQPfmFileTypes::FileType::DCP), "second.dcp");
-    EXPECT_EQ(platform.findFile("DCP"), first);
-    EXPECT_EQ(platform.findFile("Dcp"), nullptr);
-    EXPECT_FALSE(platform.hasFile("PDI"));  // its name is empty
-    platform.addFile("DCP", "third.dcp");
-    HPLFile other;
-    platform.removeFile(&other);
-    EXPECT_EQ(platform.getNumFiles(), 4u);
-    platform.removeFileType("DCP");
-    EXPECT_EQ(platform.getNumFiles(), 2u);
-    EXPECT_EQ(platform.getFile("DCP"), "second.dcp");
-}
-
-TEST(HplPlatform, DevicesAndCores) {
-    HPLPlatform platform;
-    platform.addDevice()->setName("fpga1");
-    EXPECT_EQ(platform.getRegisterCount(), 0);
-    EXPECT_EQ(platform.getNumComputeUnits(), 0u);
-    HPLDevice* device = platform.addDevice();
-    device->setName("fpga0");
-    device->getCore().setRegisterCount("1234x");
-    device->getCore().setInstPath("top/dr");
-    device->getCore().setNumComputeUnits(3);
-    platform.addDevice()->setName("fpga0");
-    EXPECT_EQ(platform.getDevice("fpga0"), device);
-    EXPECT_EQ(platform.getRegisterCount(), 1234);
-    EXPECT_EQ(platform.getOclInstPath(), "top/dr");
-    EXPECT_FALSE(platform.usesExpandedPR());
-    device->getCore().setParentRMInstPath("top");
-    EXPECT_TRUE(platform.usesExpandedPR());
-    EXPECT_EQ(platform.getNumComputeUnits(), 0u);  // of the last device
-    EXPECT_EQ(platform.getOCLRegionCount(), 3u);
 }

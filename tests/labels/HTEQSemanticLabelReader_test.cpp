@@ -1,7 +1,6 @@
 #include "platform/HTEQSemanticLabelReader.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <boost/property_tree/json_parser.hpp>
 #include <sstream>

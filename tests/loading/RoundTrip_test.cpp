@@ -1,6 +1,5 @@
 // What a platform writes into its archive, loading shows again.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <map>
 

@@ -1,6 +1,5 @@
 #include <fmt/core.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <boost/property_tree/json_parser.hpp>
 

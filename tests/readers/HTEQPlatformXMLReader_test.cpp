@@ -1,7 +1,6 @@
 #include "platform/HTEQPlatformXMLReader.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <memory>
 

@@ -1,6 +1,5 @@
 // The five XML formats: their rows against documents and against their schemas.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <filesystem>
 #include <map>

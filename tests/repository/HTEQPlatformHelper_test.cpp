@@ -1,7 +1,6 @@
 #include "platform/HTEQPlatformHelper.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/Capture.h"
 #include "kit/Repository.h"

@@ -1,7 +1,6 @@
 #include "platform/HTEQPlatformMgr.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include "kit/Capture.h"

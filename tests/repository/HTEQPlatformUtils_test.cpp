@@ -1,7 +1,6 @@
 #include "platform/HTEQPlatformUtils.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <functional>
 #include <map>

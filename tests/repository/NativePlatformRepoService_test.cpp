@@ -1,7 +1,6 @@
 #include "platform/NativePlatformRepoService.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/Cases.h"
 #include "kit/Repository.h"

@@ -1,7 +1,6 @@
 // Repositories that anybody may have filled: the search and the registry end, find the good platform, and leak nothing.
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <atomic>

@@ -1,7 +1,6 @@
 #include "platform/PlatformSearch.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <regex>
 

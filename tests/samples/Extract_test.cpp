@@ -1,6 +1,5 @@
 // What is copied out of a packed sample against the files that it was packed from.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <platform/HPLPlatform.h>
 #include <platform/PlatformLoader.h>

@@ -1,6 +1,5 @@
 // The XML form of samples against the ones that were written by hand, and the older archives among them.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <platform/HPLPlatform.h>
 #include <platform/HTEQCfaXmlReader.h>

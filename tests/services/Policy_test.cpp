@@ -1,6 +1,5 @@
 // The policy on platforms and lists of exceptions on disk.
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "archive/PackedText.h"
 #include "json/JsonText.h"

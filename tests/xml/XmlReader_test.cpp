@@ -1,7 +1,6 @@
 #include "xml/XmlReader.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/Files.h"
 #include "xml/Garden.h"

@@ -1,7 +1,6 @@
 #include "xml/XmlSchema.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "kit/Cases.h"
 #include "kit/Xmllint.h"

@@ -1,7 +1,6 @@
 #include "xml/XmlWriter.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "xml/Garden.h"
 #include "xml/XmlReader.h"
