@@ -6,8 +6,6 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
-#include <map>
-#include <memory>
 #include <set>
 #include <sstream>
 #include <string>

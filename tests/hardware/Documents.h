@@ -5,6 +5,7 @@
 #include "hardware/HardwareKeys.h"
 #include "json/JsonText.h"
 #include "msg/HEXAll.h"
+#include "platform/HPLPlatform.h"
 #include "platform/JSONWriter.h"
 
 /// Documents on one line, as tests compare them: no line ends, no indent.
@@ -36,6 +37,12 @@ void readInto(T& record, std::string_view text) {
     json::Document document;
     document.parse(std::string(text), "test");
     json::readKeys(document.root(), json::keysOf<T>(), record);
+}
+
+inline void readPlatform(HPLPlatform& platform, std::string_view text) {
+    json::Document document;
+    document.parse(std::string(text), "test");
+    hardware::readDocument(document.root(), platform);
 }
 
 /// The text of the exception that a call throws.

@@ -25,6 +25,8 @@ std::string writtenAfter(const std::string& text) {
     try {
         if constexpr (std::is_same_v<T, HTEQTilPartition>)
             record.fromJSON(parsed(text));
+        else if constexpr (std::is_same_v<T, HPLPlatform>)
+            record.setName("emptied"), readPlatform(record, text);
         else if (text != "{}\n" || std::is_same_v<T, HTEQTilHardware>)
             readInto(record, text);
     } catch (const HEXAll& error) {
@@ -38,6 +40,8 @@ TEST(HardwareDocuments, ReadAndWritten) {
         {"board", writtenAfter<HPLBoard>},
         {"core", writtenAfter<HPLCore>},
         {"memory", writtenAfter<HPLMemory>},
+        {"newPlatform", [](const std::string&) { return documentOf(HPLPlatform()); }},
+        {"platform", writtenAfter<HPLPlatform>},
         {"featureRom", writtenAfter<HTEQHardwareFeatureRom>},
         {"tilHardware", writtenAfter<HTEQTilHardware>},
         {"tilPartition", writtenAfter<HTEQTilPartition>},

@@ -2,7 +2,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 /// Cases as text: files `tests/cases/FOLDER/*.case`. A blank line ends a case, "== NAME" names it, "#" begins a comment.

@@ -11,7 +11,6 @@
 #include "platform/HTEQPlatformMgr.h"
 #include "platform/HTEQPlatformUtils.h"
 #include "platform/NativePlatformRepoService.h"
-#include "text/HSTStringUtils.h"
 
 namespace {
 

@@ -9,7 +9,6 @@
 #include <zip/HUTZip.h>
 
 #include <filesystem>
-#include <memory>
 #include <string>
 
 #include "kit/Scratch.h"

@@ -12,7 +12,6 @@
 #include "platform/NativeCatalogService.h"
 #include "platform/PlatformLoader.h"
 #include "services/ExceptionList.h"
-#include "util/HUTEnv.h"
 
 namespace {
 

@@ -14,7 +14,6 @@
 #include <vector>
 
 #include "kit/ZipCases.h"
-#include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
 #include "zip/OnDisk.h"

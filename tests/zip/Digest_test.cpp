@@ -4,7 +4,6 @@
 
 #include "kit/Run.h"
 #include "kit/ZipCases.h"
-#include "util/HUTFile.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/HUTZip.h"
 #include "zip/OnDisk.h"

@@ -2,7 +2,6 @@
 #include <fmt/core.h>
 
 #include <optional>
-#include <set>
 
 #include "kit/Run.h"
 #include "kit/ZipCases.h"
