@@ -78,11 +78,15 @@ protected:
     std::set<zr_code> seen_;
 };
 
+// A call with the error `error` as a function, and one that also gives a text or another object `to`.
+#define CODE(call) [=, this](zr_error** error) { return call; }
+#define TEXT(call) GIVEN(text, call)
+#define GIVEN(what, call) \
+    giving<zr_##what>(zr_##what##_free, [=, this](zr_##what** to, zr_error** error) { return call; })
+
 std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() const {
     const auto load = [this](const std::string& file) {
-        return giving<zr_platform>(zr_platform_free, [file](zr_platform** made, zr_error** error) {
-            return zr_platform_load(file.c_str(), nullptr, made, error);
-        });
+        return GIVEN(platform, zr_platform_load(file.c_str(), nullptr, to, error));
     };
     zr_search search{};
     search.size = sizeof search;
@@ -93,13 +97,10 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"load", load(archive_)},
         {"load a descriptor", load(zdf_)},
         {"load a bad file", load(scratch_ / "bad.spfm")},
-        {"document", text([this](auto to, auto error) { return zr_platform_document(platform_, to, error); })},
-        {"short document",
-         text([this](auto to, auto error) { return zr_platform_short_document(platform_, to, error); })},
-        {"xml", text([this](auto to, auto error) { return zr_platform_xml(platform_, to, error); })},
-        {"open", giving<zr_archive>(
-                     zr_archive_free,
-                     [this](auto to, auto error) { return zr_archive_open(archive_.c_str(), nullptr, to, error); })},
+        {"document", TEXT(zr_platform_document(platform_, to, error))},
+        {"short document", TEXT(zr_platform_short_document(platform_, to, error))},
+        {"xml", TEXT(zr_platform_xml(platform_, to, error))},
+        {"open", GIVEN(archive, zr_archive_open(archive_.c_str(), nullptr, to, error))},
         {"member",
          [this](auto error) {
              zr_member member{};
@@ -111,95 +112,62 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
              std::uint64_t index = 0;
              return zr_archive_find(opened_, "a long name that no small string can hold", &index, error);
          }},
-        {"read", text([this](auto to, auto error) { return zr_archive_read(opened_, 0, 0, to, error); })},
-        {"extract", [this](auto error) { return zr_archive_extract(opened_, 0, out_.c_str(), ZR_OVERWRITE, error); }},
-        {"extract all",
-         [this](auto error) { return zr_archive_extract_all(opened_, all_.c_str(), ZR_OVERWRITE, error); }},
-        {"verify",
-         giving<zr_verification>(zr_verification_free,
-                                 [this](auto to, auto error) { return zr_archive_verify(opened_, to, error); })},
-        {"pack", [this](auto error) { return zr_pack(in_.c_str(), packed_.c_str(), ZR_OVERWRITE, error); }},
-        {"set-file", text([this](auto to, auto error) {
-             return zr_set_file(archive_.c_str(), "ISS", "t", source_.c_str(), ZR_LOSE_KEYS, nullptr, to, error);
-         })},
+        {"read", TEXT(zr_archive_read(opened_, 0, 0, to, error))},
+        {"extract", CODE(zr_archive_extract(opened_, 0, out_.c_str(), ZR_OVERWRITE, error))},
+        {"extract all", CODE(zr_archive_extract_all(opened_, all_.c_str(), ZR_OVERWRITE, error))},
+        {"verify", GIVEN(verification, zr_archive_verify(opened_, to, error))},
+        {"pack", CODE(zr_pack(in_.c_str(), packed_.c_str(), ZR_OVERWRITE, error))},
+        {"set-file",
+         TEXT(zr_set_file(archive_.c_str(), "ISS", "t", source_.c_str(), ZR_LOSE_KEYS, nullptr, to, error))},
         {"emulate", text([](auto to, auto error) {
              const zr_emulation how{sizeof how, "memss", ZR_SOURCE_DIR "/examples/morwen", nullptr, 0};
              return zr_emulate(ZR_SAMPLES "/harrier/hw/harrier.cfa", "none.cfa", &how, ZR_DRY_RUN, to, error);
          })},
-        {"digest", [this](auto error) { return zr_stamp_digest(archive_.c_str(), error); }},
-        {"labels", text([this](auto to, auto error) {
-             return zr_labels(labels_.c_str(), out_.c_str(), nullptr, nullptr, ZR_OVERWRITE, to, error);
-         })},
-        {"fixed archive",
-         [this](auto error) { return zr_create_fixed(packed_.c_str(), &file_, 1, ZR_OVERWRITE, error); }},
-        {"hardware definition",
-         [this](auto error) { return zr_from_hdf(hdf_.c_str(), packed_.c_str(), ZR_OVERWRITE, error); }},
+        {"digest", CODE(zr_stamp_digest(archive_.c_str(), error))},
+        {"labels", TEXT(zr_labels(labels_.c_str(), out_.c_str(), nullptr, nullptr, ZR_OVERWRITE, to, error))},
+        {"fixed archive", CODE(zr_create_fixed(packed_.c_str(), &file_, 1, ZR_OVERWRITE, error))},
+        {"hardware definition", CODE(zr_from_hdf(hdf_.c_str(), packed_.c_str(), ZR_OVERWRITE, error))},
         {"modules", text([this](auto to, auto error) {
              std::uint64_t misfits = 0;
              const char* const module = archive_.c_str();
              return zr_check_modules(module, &module, 1, &misfits, to, error);
          })},
-        {"emulation", text([this](auto to, auto error) {
-             return zr_convert_emulation(emulation_.c_str(), converted_.c_str(), ZR_OVERWRITE, to, error);
-         })},
+        {"emulation", TEXT(zr_convert_emulation(emulation_.c_str(), converted_.c_str(), ZR_OVERWRITE, to, error))},
         {"metadata archive",
          [this](auto error) {
              const zr_code code = zr_rqa_create(rqa_.c_str(), nullptr, nullptr, 0, ZR_OVERWRITE, error);
              return code == ZR_OK ? zr_rqa_add(rqa_.c_str(), &file_, 1, ZR_OVERWRITE, error) : code;
          }},
-        {"index", text([this](auto to, auto error) { return zr_rqa_index(made_.c_str(), to, error); })},
-        {"extract from it", text([this](auto to, auto error) {
-             return zr_rqa_extract(made_.c_str(), "T", all_.c_str(), ZR_OVERWRITE, to, error);
-         })},
-        {"validate",
-         giving<zr_findings>(zr_findings_free,
-                             [this](auto to, auto error) { return zr_validate(zdf_.c_str(), nullptr, to, error); })},
-        {"search", giving<zr_platforms>(zr_platforms_free,
-                                        [search](auto to, auto error) { return zr_find(&search, to, error); })},
-        {"resolve",
-         text([search](auto to, auto error) { return zr_resolve("u77_gen3x16_base_1", &search, to, error); })},
-        {"why not",
-         text([this, search](auto to, auto error) { return zr_why_not(zdf_.c_str(), &search, to, error); })},
-        {"search path", text([search](auto to, auto error) { return zr_search_path(&search, to, error); })},
-        {"answers",
-         giving<zr_answers>(zr_answers_free,
-                            [this](auto to, auto error) { return zr_platform_answers(platform_, to, error); })},
-        {"hardware",
-         giving<zr_hardware>(zr_hardware_free,
-                             [this](auto to, auto error) { return zr_platform_hardware(platform_, to, error); })},
-        {"extract a type",
-         [this](auto error) {
-             return zr_extract(archive_.c_str(), "BIF", out_.c_str(), ZR_OVERWRITE, nullptr, error);
-         }},
-        {"boards", giving<zr_connectors>(
-                       zr_connectors_free,
-                       [](auto to, auto error) { return zr_boards(ZR_SOURCE_DIR "/examples/boards", to, error); })},
-        {"explain", text([](auto to, auto error) { return zr_explain("missing-member", to, error); })},
-        {"schema", text([](auto to, auto error) { return zr_schema("emu", to, error); })},
-        {"query", text([this](auto to, auto error) {
-             return zr_platform_query(platform_, "hardwarePlatform.devices", to, error);
-         })},
-        {"keys", text([this](auto to, auto error) { return zr_platform_keys(platform_, nullptr, to, error); })},
-        {"key documentation", text([](auto to, auto error) { return zr_key_documentation("vendor", to, error); })},
-        {"dict", text([this](auto to, auto error) {
-             return zr_dict(archive_.c_str(), nullptr, nullptr, 0, ZR_DEFAULT_FILTER, to, error);
-         })},
+        {"index", TEXT(zr_rqa_index(made_.c_str(), to, error))},
+        {"extract from it", TEXT(zr_rqa_extract(made_.c_str(), "T", all_.c_str(), ZR_OVERWRITE, to, error))},
+        {"validate", GIVEN(findings, zr_validate(zdf_.c_str(), nullptr, to, error))},
+        {"search", GIVEN(platforms, zr_find(&search, to, error))},
+        {"resolve", TEXT(zr_resolve("u77_gen3x16_base_1", &search, to, error))},
+        {"why not", TEXT(zr_why_not(zdf_.c_str(), &search, to, error))},
+        {"search path", TEXT(zr_search_path(&search, to, error))},
+        {"answers", GIVEN(answers, zr_platform_answers(platform_, to, error))},
+        {"hardware", GIVEN(hardware, zr_platform_hardware(platform_, to, error))},
+        {"extract a type", CODE(zr_extract(archive_.c_str(), "BIF", out_.c_str(), ZR_OVERWRITE, nullptr, error))},
+        {"boards", GIVEN(connectors, zr_boards(ZR_SOURCE_DIR "/examples/boards", to, error))},
+        {"explain", TEXT(zr_explain("missing-member", to, error))},
+        {"schema", TEXT(zr_schema("emu", to, error))},
+        {"query", TEXT(zr_platform_query(platform_, "hardwarePlatform.devices", to, error))},
+        {"keys", TEXT(zr_platform_keys(platform_, nullptr, to, error))},
+        {"key documentation", TEXT(zr_key_documentation("vendor", to, error))},
+        {"dict", TEXT(zr_dict(archive_.c_str(), nullptr, nullptr, 0, ZR_DEFAULT_FILTER, to, error))},
         {"transform",
          [this](auto error) {
              std::uint64_t entries = 0;
              return zr_transform(archive_.c_str(), spec_.c_str(), &entries, error);
          }},
-        {"catalog",
-         text([this](auto to, auto error) { return zr_catalog(directory_.c_str(), ZR_DETAILED, to, error); })},
-        {"check", giving<zr_verdict>(
-                      zr_verdict_free,
-                      [this](auto to, auto error) { return zr_platform_check(platform_, nullptr, to, error); })},
+        {"catalog", TEXT(zr_catalog(directory_.c_str(), ZR_DETAILED, to, error))},
+        {"check", GIVEN(verdict, zr_platform_check(platform_, nullptr, to, error))},
         {"exceptions", text([this](auto to, auto error) {
              const zr_code code = zr_pack_exceptions(list_.c_str(), out_.c_str(), ZR_OVERWRITE, error);
              return code == ZR_OK ? zr_exceptions(out_.c_str(), to, error) : code;
          })},
-        {"messages",
-         [](auto error) { return zr_set_message_function([](void*, const zr_message*) {}, nullptr, error); }}};
+        {"messages", CODE(zr_set_message_function([](void*, const zr_message*) {}, nullptr, error))},
+    };
 }
 
 void CallsWithoutMemory::failEach(const std::string& name, const Call& call, bool andLater) {

@@ -70,6 +70,14 @@ protected:
         }
         return "refused";
     }
+    std::vector<std::string> callsOfAnAttempt() {
+        faults::arm(Action::count);
+        EXPECT_EQ(attempt(), "");
+        std::vector<std::string> calls(faults::calls().begin(), faults::calls().end());
+        faults::arm(Action::none);
+        scratch_.put("u77/hw/u77.lfa", old_);
+        return calls;
+    }
     /// After an attempt: the archive is whole, nothing lies beside it, and it can be done again.
     void expectIntact(const std::string& when, bool mayLeaveFile = false) {
         const std::string found = contentOf(archive_);
@@ -111,11 +119,7 @@ const Error kErrors[] = {
 }  // namespace
 
 TEST_F(FailingCalls, OfTheSystem) {
-    faults::arm(Action::count);
-    ASSERT_EQ(attempt(), "");
-    std::vector<std::string> calls(faults::calls().begin(), faults::calls().end());
-    faults::arm(Action::none);
-    scratch_.put("u77/hw/u77.lfa", old_);
+    const std::vector<std::string> calls = callsOfAnAttempt();
     const std::size_t files = openFiles();
     long points = 0;
     for (const Error& error : kErrors)
@@ -136,11 +140,7 @@ TEST_F(FailingCalls, OfTheSystem) {
 }
 
 TEST_F(FailingCalls, ThatMoveLessThanTheyWereAsked) {
-    faults::arm(Action::count);
-    ASSERT_EQ(attempt(), "");
-    const std::vector<std::string> calls(faults::calls().begin(), faults::calls().end());
-    faults::arm(Action::none);
-    scratch_.put("u77/hw/u77.lfa", old_);
+    const std::vector<std::string> calls = callsOfAnAttempt();
     for (std::size_t i = 0; i < calls.size() && !HasFatalFailure(); ++i) {
         if (!std::set<std::string>{"read", "pread", "write", "pwrite"}.contains(calls[i])) continue;
         faults::arm(Action::shorten, static_cast<long>(i) + 1);
