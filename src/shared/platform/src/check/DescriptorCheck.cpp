@@ -2,15 +2,18 @@
 
 #include <fmt/core.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <set>
 
 #include "check/ValidXml.h"
 #include "loading/WrongExtension.h"
+#include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "readers/DescriptorRules.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
+#include "util/FolderNames.h"
 #include "util/ShownPath.h"
 
 namespace check {
@@ -23,17 +26,18 @@ using TEQPlatform::Partitioned;
 
 /// The files of the same folder with a similar name.
 std::string nearestFile(const std::string& path) {
-    namespace fs = std::filesystem;
-    constexpr std::size_t kMost = 1000;
+    const std::filesystem::path missing(path);
+    const std::string name = missing.filename();
     std::vector<std::string> names;
-    std::error_code error;
-    const fs::path missing(path);
-    const fs::path folder = missing.has_parent_path() ? missing.parent_path() : ".";
-    for (fs::directory_iterator at(folder, error), end; !error && at != end && names.size() < kMost;
-         at.increment(error))
-        if (text::isSlip(at->path().filename().native(), missing.filename().native()))
-            names.push_back(at->path().filename());
-    return text::nearest(missing.filename(), names);
+    try {
+        names = folderNames(missing.has_parent_path() ? missing.parent_path().string() : ".");
+    } catch (const HEXUserException&) {  // the folder cannot be read
+        return {};
+    }
+    std::erase_if(names, [&name](const std::string& other) { return !text::isSlip(other, name); });
+    constexpr std::size_t kMax = 1000;
+    names.resize(std::min(names.size(), kMax));
+    return text::nearest(name, names);
 }
 
 /// Of a document that is not valid, only the files are checked that it names completely.

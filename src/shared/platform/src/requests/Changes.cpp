@@ -13,6 +13,7 @@
 #include "platform/PlatformRequests.h"
 #include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
+#include "util/FolderNames.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
 #include "zip/Destination.h"
@@ -83,8 +84,7 @@ std::vector<HEXDiagnostic> pack(const Pack& request) {
     if (HUTFile::getExt(request.archive) == "rqa")
         throw RequestError(FailureKind::wrongUse,
                            {.file = request.archive, .text = "pack makes archives of platforms; use rqa create"});
-    std::error_code error;
-    if (std::filesystem::is_empty(request.folder, error))
+    if (folderNames(request.folder).empty())
         throw RequestError(FailureKind::badInput, {.file = request.folder, .text = "the folder is empty"});
     checkDestination(request.archive, request.mayReplace);
     const bool isOther = fileKindOf(request.archive) != FileKind::hardware && !zip::isStream(request.archive);
