@@ -28,6 +28,7 @@ protected:
         fs::copy(ZR_SOURCE_DIR "/examples/lone/kestrel.lfa", scratch_ / "in", fs::copy_options::recursive);
         fs::create_directory(all_);
         scratch_.put("bad.spfm", "<a/>");
+        fs::copy(zdf_, alone_);
         source_ = scratch_.put("source", "bytes");
         zr_error* error = nullptr;
         EXPECT_EQ(zr_pack(in_.c_str(), archive_.c_str(), 0, &error), ZR_OK) << zr_error_text(error);
@@ -63,6 +64,7 @@ protected:
     const std::string in_ = scratch_ / "in", archive_ = scratch_ / "x.lfa",
                       zdf_ = scratch_ / "u77/u77_gen3x16_base_1.zdf";
     const std::string directory_ = scratch_ / "u77";
+    const std::string alone_ = scratch_ / "alone.zdf";
     const std::string out_ = scratch_ / "out", all_ = scratch_ / "all", packed_ = scratch_ / "y.lfa";
     const std::string spec_ = scratch_.put("spec.json", R"({"spec": ["a"]})"),
                       list_ = scratch_.put("list.json", R"({"black_list": []})");
@@ -141,6 +143,7 @@ std::map<std::string, CallsWithoutMemory::Call> CallsWithoutMemory::calls() cons
         {"index", TEXT(zr_rqa_index(made_.c_str(), to, error))},
         {"extract from it", TEXT(zr_rqa_extract(made_.c_str(), "T", all_.c_str(), ZR_OVERWRITE, to, error))},
         {"validate", GIVEN(findings, zr_validate(zdf_.c_str(), nullptr, to, error))},
+        {"validate what names a missing file", GIVEN(findings, zr_validate(alone_.c_str(), nullptr, to, error))},
         {"search", GIVEN(platforms, zr_find(&search, to, error))},
         {"resolve", TEXT(zr_resolve("u77_gen3x16_base_1", &search, to, error))},
         {"why not", TEXT(zr_why_not(zdf_.c_str(), &search, to, error))},
