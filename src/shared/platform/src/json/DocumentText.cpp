@@ -4,8 +4,10 @@
 #include <array>
 #include <boost/property_tree/json_parser/error.hpp>
 #include <cstring>
+#include <functional>
 #include <string>
 
+#include "json/JsonNode.h"
 #include "json/NodeStore.h"
 #include "msg/Budget.h"
 
@@ -52,28 +54,50 @@ void appendText(text::CharBuffer& out, std::string_view text) {
     out += '"';
 }
 
-/// Takes a text in quotes off `items`, which begin with it.
-std::string takeText(std::string_view& items) {
-    std::string text;
-    std::size_t at = 1;
-    for (; items[at] != '"'; ++at) {
-        if (items[at] != '\\') {
-            text += items[at];
-            continue;
+/// Reads items as this file writes them.
+class ItemReader {
+public:
+    explicit ItemReader(std::string_view items) : at_(items.data()), end_(at_ + items.size()) {}
+    bool isAtEnd() const { return at_ == end_; }
+    char next() const { return *at_; }
+    /// A character, or the indentation.
+    void skip() {
+        if (*at_ != ' ') ++at_;
+        while (at_ != end_ && *at_ == ' ') at_ += 4;
+    }
+    /// What follows a key.
+    void skipColon() { at_ += 2; }
+    /// A text in quotes; valid until the next call with the same buffer.
+    std::string_view text(std::string& buffer) {
+        const char* const begin = ++at_;
+        while (*at_ != '"' && *at_ != '\\') ++at_;
+        std::string_view text(begin, static_cast<std::size_t>(at_ - begin));
+        if (*at_ == '\\') {
+            buffer = text;
+            while (*at_ != '"') buffer += character_();
+            text = buffer;
         }
-        const char escape = items[++at];
+        ++at_;
+        return text;
+    }
+
+private:
+    char character_() {
+        if (*at_ != '\\') return *at_++;
+        const char escape = at_[1];
         if (escape == 'u') {
-            text += static_cast<char>(kDigits.find(items[at + 3]) << 4 | kDigits.find(items[at + 4]));
-            at += 4;
-            continue;
+            at_ += 6;
+            return static_cast<char>(kDigits.find(at_[-2]) << 4 | kDigits.find(at_[-1]));
         }
+        at_ += 2;
         std::size_t named = 1;
         while (kNamed[named] != escape) named += 2;
-        text += kNamed[named - 1];
+        return kNamed[named - 1];
     }
-    items.remove_prefix(at + 1);
-    return text;
-}
+
+    const char* at_;
+    const char* const end_;
+};
 
 }  // namespace
 
@@ -184,32 +208,69 @@ void expectNoValue(const ptree& node, const std::string& key) {
             "", 0));
 }
 
-void addTo(ptree& tree, std::string_view items) {
-    NodeStore store;
-    std::vector<ptree*> open{&tree};
-    while (!items.empty()) {
-        const char c = items.front();
+namespace {
+
+/// Calls `value(key, text)`, `open(key)` and `close()` for items; the views are valid during the call.
+template <class Value, class Open, class Close>
+void read(std::string_view items, const Value& value, const Open& open, const Close& close) {
+    std::string keyBuffer, textBuffer;
+    ItemReader reader(items);
+    while (!reader.isAtEnd()) {
+        const char c = reader.next();
         if (c == ',' || c == '\n' || c == ' ' || c == '}' || c == ']') {
-            if (c == '}' || c == ']') open.pop_back();
-            items.remove_prefix(1);
+            if (c == '}' || c == ']') close();
+            reader.skip();
             continue;
         }
-        std::string key, text;
-        const bool isText = c == '"';
-        if (isText) text = takeText(items);
-        const bool hasKey = isText && items.starts_with(':');
-        if (hasKey) {
-            key.swap(text);
-            items.remove_prefix(2);
-        }
-        ptree& made = open.back()->push_back(store.of(key))->second;
-        if (hasKey ? items.front() == '"' : isText) {
-            made.data() = hasKey ? takeText(items) : std::move(text);
+        const std::string_view first = c == '"' ? reader.text(keyBuffer) : std::string_view();
+        const bool hasKey = c == '"' && !reader.isAtEnd() && reader.next() == ':';
+        if (hasKey) reader.skipColon();
+        const std::string_view key = hasKey ? first : std::string_view();
+        if (c == '"' && !hasKey) {
+            value(key, first);
+        } else if (reader.next() == '"') {
+            value(key, reader.text(textBuffer));
         } else {
-            items.remove_prefix(1);
-            open.push_back(&made);
+            reader.skip();
+            open(key);
         }
     }
+}
+
+}  // namespace
+
+void addTo(ptree& tree, std::string_view items) {
+    NodeStore store;
+    std::vector<ptree*> nodes{&tree};
+    const auto add = [&](std::string_view key) { return &nodes.back()->push_back(store.of(key))->second; };
+    read(
+        items, [&](std::string_view key, std::string_view text) { add(key)->data() = text; },
+        [&](std::string_view key) { nodes.push_back(add(key)); }, [&] { nodes.pop_back(); });
+}
+
+void Document::readOwn(std::string text) {
+    source_ = std::move(text);
+    decoded_.clear();
+    entries_.clear();
+    entries_.reserve(source_.size() / 32 + 1);
+    const auto partOf = [this](std::string_view part) {
+        const char* const begin = source_.data();
+        const bool stands = !std::less<>()(part.data(), begin) && std::less<>()(part.data(), begin + source_.size());
+        return stands ? Part{static_cast<std::uint32_t>(part.data() - begin), static_cast<std::uint32_t>(part.size())}
+                      : add(part);
+    };
+    std::vector<std::uint32_t> nodes;
+    const auto make = [&](std::string_view key, std::string_view value) {
+        const auto index = static_cast<std::uint32_t>(entries_.size());
+        entries_.push_back({partOf(key), partOf(value), index + 1});
+        return index;
+    };
+    read(
+        source_, make, [&](std::string_view key) { nodes.push_back(make(key, {})); },
+        [&] {
+            entries_[nodes.back()].end = static_cast<std::uint32_t>(entries_.size());
+            nodes.pop_back();
+        });
 }
 
 bool isList(const ptree& node) {

@@ -33,16 +33,15 @@ Document::Document(const ptree& tree) {
     }
 }
 
-void copy(const Document& document, ptree& tree) {
+void copy(const Node& node, ptree& tree) {
     struct Level {
         ptree* into;
         Node::Iterator next, end;
     };
     NodeStore store;
     ptree whole;
-    const Node root = document.root();
-    std::vector<Level> open{{&whole, root.begin(), root.end()}};
-    whole.data() = root.text();
+    std::vector<Level> open{{&whole, node.begin(), node.end()}};
+    whole.data() = node.text();
     while (!open.empty()) {
         Level& level = open.back();
         if (!(level.next != level.end)) {

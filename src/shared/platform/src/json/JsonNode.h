@@ -77,6 +77,8 @@ public:
     std::optional<Fault> tryParse(std::string text, const Limits& limits = kUntrusted);
     void parse(std::string text, const std::string& name, const Limits& limits = kUntrusted);
     void parse(std::string text, const std::string& name, const HEXDiagnostic& place);
+    /// Reads a document that `JSONWriter::text` or `json::write` has given: without limits, and whatever its texts are.
+    void readOwn(std::string text);
 
 private:
     friend class Node;
@@ -118,7 +120,7 @@ inline Node::Iterator& Node::Iterator::operator++() {
     return *this;
 }
 
-/// Fills `tree` with the values of the document.
-void copy(const Document& document, ptree& tree);
+/// Fills `tree` with the values of the node.
+void copy(const Node& node, ptree& tree);
 
 }  // namespace json

@@ -197,7 +197,7 @@ void Document::parse(std::string text, const std::string& name, const HEXDiagnos
 std::optional<Fault> tryParse(std::string_view text, ptree& tree, const Limits& limits) {
     Document document;
     if (auto fault = document.tryParse(std::string(text), limits)) return fault;
-    copy(document, tree);
+    copy(document.root(), tree);
     return std::nullopt;
 }
 

@@ -77,7 +77,7 @@ std::string labels(const Labels& request) {
     expectSound(check);
     HTEQSemanticLabelReader reader;
     json::ptree tree;
-    json::copy(check.parsed(), tree);
+    json::copy(check.parsed().root(), tree);
     reader.parseRoot(tree);
 
     HSTVector<std::string> inputs{request.file};

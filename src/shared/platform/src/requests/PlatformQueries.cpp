@@ -36,21 +36,20 @@ constexpr std::size_t kMaxSuggested = 1000;
 std::string quoted(const std::string& text) { return "'" + HSTStringUtils::excerpt(text, 200) + "'"; }
 
 /// What is wrong with a path that selects nothing: the first segment that does, and what there is instead.
-std::string explained(const ptree& document, const std::string& path) {
-    const ptree* node = &document;
+std::string explained(const json::Node& document, const std::string& path) {
+    json::Node node = document;
     for (const auto& token : teq::platform::scanJsonPath(path)) {
-        const ptree* const next = services::findNode(*node, token);
-        if (next) {
+        if (const json::Node next = services::findNode(node, token)) {
             node = next;
             continue;
         }
-        const auto named = services::findNode(*node, {token.name, false, 0});
-        if (named) return "; " + quoted(token.name) + " has " + std::to_string(named->size()) + " items";
+        if (const json::Node named = services::findNode(node, {token.name, false, 0}))
+            return "; " + quoted(token.name) + " has " + std::to_string(std::distance(named.begin(), named.end())) +
+                   " items";
+        if (!node.empty() && !services::isObject(node)) return "; what precedes " + quoted(token.name) + " is a list";
         HSTVector<std::string> known;
-        for (auto child = node->begin(); child != node->end() && known.size() < kMaxSuggested; ++child)
-            known.push_back(child->first);
-        if (!node->empty() && !services::isObject(*node))
-            return "; what precedes " + quoted(token.name) + " is a list";
+        for (const json::Node child : node)
+            if (known.size() < kMaxSuggested) known.emplace_back(child.name());
         return "; there is no " + quoted(token.name) + nearest(token.name, known);
     }
     return {};
@@ -129,32 +128,34 @@ ptree documentationTree() {
 
 struct Questions::State {
     std::string file;
-    ptree document;
+    json::Document document;
     std::optional<Keys> keys;
 };
 
 Questions::Questions(const HTEQPlatform& platform, const std::string& file) : state_(std::make_unique<State>()) {
     state_->file = file;
-    ptree document = ofFile(file, [&] { return services::documentTree(platform); });
-    state_->document.swap(document);
+    ofFile(file, [&] { services::read(platform, state_->document); });
 }
 Questions::~Questions() = default;
 
 Answer Questions::answer(const std::string& path) const {
-    const services::Found found = services::find(state_->document, path);
-    if (!found.node) refuse(state_->file, "no " + quoted(path) + explained(state_->document, found.path));
+    const json::Node document = state_->document.root();
+    const auto found = services::find(document, path);
+    if (!found.node) refuse(state_->file, "no " + quoted(path) + explained(document, found.path));
     using Kind = Answer::Kind;
-    const Kind kind = found.node->empty() ? Kind::value : services::isObject(*found.node) ? Kind::object : Kind::list;
-    return {kind, services::answerOf(*found.node, found.path)};
+    const Kind kind = found.node.empty() ? Kind::value : services::isObject(found.node) ? Kind::object : Kind::list;
+    return {kind, services::answerOf(found.node, found.path)};
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
     std::optional<Keys>& known = state_->keys;
     const Keys& keys = known ? *known : known.emplace(ofFile(state_->file, [&] {
-        return teq::platform::NativeKeyService().get(state_->document);
+        ptree tree;
+        json::copy(state_->document.root(), tree);
+        return teq::platform::NativeKeyService().get(tree);
     }));
     if (prefix.empty()) return {keys.begin(), keys.end()};
-    const std::string listed = listedKey(services::actualPath(state_->document, prefix, false));
+    const std::string listed = listedKey(services::actualPath(state_->document.root(), prefix));
     HSTVector<std::string> found = below(keys, listed);
     if (found.empty()) refuse(state_->file, "no key " + quoted(prefix) + nearestKeys(keys, listed));
     return found;
@@ -221,9 +222,11 @@ std::map<std::string, std::string> dict(const DictRequest& request) {
     const ptree* document = &whole;
     if (kind != FileKind::descriptor)
         document =
-            services::find(whole, kind == FileKind::hardware ? services::roots::kLegacy : "softwarePlatform").node;
-    const services::Found branch = services::find(*document, request.branch);
-    if (!branch.node) refuse(request.file, "no branch " + quoted(request.branch) + explained(*document, branch.path));
+            services::find(&whole, kind == FileKind::hardware ? services::roots::kLegacy : "softwarePlatform").node;
+    const auto branch = services::find(document, request.branch);
+    if (!branch.node)
+        refuse(request.file,
+               "no branch " + quoted(request.branch) + explained(json::Document(*document).root(), branch.path));
     const teq::platform::NativeDictService service;
     auto dict = ofFile(request.file, [&] { return service.getAsDict(*branch.node, request.branch); });
     if (request.filters.empty() && !request.useDefaultFilter) return dict;

@@ -20,6 +20,8 @@ std::string documentText(const HTEQPlatform& platform) {
     return writer.text();
 }
 
+void read(const HTEQPlatform& platform, json::Document& document) { document.readOwn(documentText(platform)); }
+
 boost::property_tree::ptree parsed(const std::string& document) {
     boost::property_tree::ptree tree;
     json::parse(document, "document", tree, json::kOwn);

@@ -33,7 +33,7 @@ bool canHaveSize(const ptree& node, std::size_t& left, std::size_t depth = 1) {
 
 bool hasValue(const ptree& document, const std::string& key, const std::string& value) {
     if (key.empty() || value.empty()) return false;
-    const Found found = find(document, key);
+    const auto found = find(&document, key);
     if (!found.node) return false;
     if (found.node->empty()) return found.node->data() == value;
     std::size_t size = value.size();

@@ -45,7 +45,7 @@ ptree NativeObjectService::getNodeByPath(const std::string& document, const std:
     if (document.empty() || path.empty()) return {};
     found = true;
     const ptree tree = parsed(document);
-    const services::Found at = services::find(tree, path);
+    const auto at = services::find(&tree, path);
     found = at.node;
     return at.node ? *at.node : ptree();
 }
@@ -54,7 +54,7 @@ std::string NativeObjectService::getObjectsByPath(const std::string& document, c
                                                   bool& found) const {
     found = true;
     const ptree tree = parsed(document);
-    const services::Found at = services::find(tree, path);
+    const auto at = services::find(&tree, path);
     found = at.node;
     return at.node ? services::answerOf(*at.node, at.path) : std::string();
 }
@@ -89,7 +89,7 @@ boost::optional<const ptree&> NativeObjectService::getChildOptional(const ptree&
                                                                     const std::string& path) const {
     const ptree* const node = pathHasBoostArray(path)
                                   ? json::findPath(tree, getPathWithActualHwPlatformRoot(tree, path))
-                                  : services::find(tree, path).node;
+                                  : services::find(&tree, path).node;
     if (!node) return boost::none;
     return *node;
 }
@@ -111,7 +111,7 @@ bool NativeObjectService::getBoolValue(const ptree& tree, const std::string& pat
 
 bool NativeObjectService::hasNodeAtPath(const std::string& document, const std::string& path) const {
     const ptree tree = parsed(document);
-    return services::walk(tree, scanJsonPath(withoutMarkers(path)));
+    return services::walk(&tree, scanJsonPath(withoutMarkers(path)));
 }
 bool NativeObjectService::hasNodeAtPath(const ptree& tree, const std::string& path) const {
     return services::hasNode(tree, path);

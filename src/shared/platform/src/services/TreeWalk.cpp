@@ -10,26 +10,26 @@ namespace services {
 using teq::platform::scanJsonPath;
 using teq::platform::withoutMarkers;
 
-const ptree* findNode(const ptree& node, const PathToken& token) {
-    const ptree* found = &node;
-    if (!token.name.empty()) {
-        const auto child = node.find(token.name);
-        if (child == node.not_found()) return nullptr;
-        found = &child->second;
-    }
-    if (!token.hasIndex) return found;
-    const auto index = static_cast<std::uint64_t>(std::int64_t{token.index});
-    return index < found->size() ? &std::next(found->begin(), token.index)->second : nullptr;
+const ptree* childOf(const ptree* node, const std::string& name) {
+    const auto child = node->find(name);
+    return child != node->not_found() ? &child->second : nullptr;
 }
 
-const ptree* walk(const ptree& root, std::span<const PathToken> tokens) {
-    const ptree* node = &root;
-    for (const PathToken& token : tokens)
-        if (node = findNode(*node, token); !node) return nullptr;
-    return node;
+json::Node childOf(const json::Node& node, const std::string& name) { return node.find(name); }
+
+const ptree* itemOf(const ptree* node, std::uint64_t index) {
+    return index < node->size() ? &std::next(node->begin(), static_cast<std::ptrdiff_t>(index))->second : nullptr;
+}
+
+json::Node itemOf(const json::Node& node, std::uint64_t index) {
+    for (const json::Node item : node)
+        if (index-- == 0) return item;
+    return {};
 }
 
 bool isObject(const ptree& node) { return !node.empty() && !node.front().first.empty(); }
+
+bool isObject(const json::Node& node) { return !node.empty() && !(*node.begin()).name().empty(); }
 
 bool roots::isLegacy(const std::string& path) {
     constexpr std::string_view kRoot = kLegacy;
@@ -44,7 +44,7 @@ bool hasBoostArray(const std::string& path) { return path.find("..") != std::str
 
 bool hasNode(const ptree& tree, const std::string& path) {
     if (hasBoostArray(path)) return json::findPath(tree, path);
-    return walk(tree, scanJsonPath(withoutMarkers(path)));
+    return walk(&tree, scanJsonPath(withoutMarkers(path)));
 }
 
 std::string rootOf(const ptree& tree, bool useAlt) {
@@ -66,10 +66,11 @@ std::string answerOf(const ptree& node, const std::string& path) {
     return json::writeMember(dot == std::string::npos ? std::string() : path.substr(dot + 1), node);
 }
 
-Found find(const ptree& document, const std::string& path) {
-    Found found{nullptr, actualPath(document, withoutMarkers(path), false)};
-    found.node = walk(document, scanJsonPath(found.path));
-    return found;
+std::string answerOf(const json::Node& node, const std::string& path) {
+    if (node.empty()) return node.data();
+    ptree tree;
+    json::copy(node, tree);
+    return answerOf(tree, path);
 }
 
 }  // namespace services

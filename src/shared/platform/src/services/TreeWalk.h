@@ -1,8 +1,11 @@
 #pragma once
 #include <boost/property_tree/ptree.hpp>
+#include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
 
+#include "json/JsonNode.h"
 #include "platform/PathToken.h"
 
 /// Paths on a tree. Segments are made by `scanJsonPath`; nothing here looks at the text of a path again.
@@ -11,12 +14,29 @@ namespace services {
 using ptree = boost::property_tree::ptree;
 using teq::platform::PathToken;
 
-/// The node that a token selects from `node`, or null.
-const ptree* findNode(const ptree& node, const PathToken& token);
-const ptree* walk(const ptree& root, std::span<const PathToken> tokens);
+// A node is a pointer to one of a tree, or a `json::Node`; null or false if it is missing.
+const ptree* childOf(const ptree* node, const std::string& name);
+json::Node childOf(const json::Node& node, const std::string& name);
+const ptree* itemOf(const ptree* node, std::uint64_t index);
+json::Node itemOf(const json::Node& node, std::uint64_t index);
+
+/// The node that a token selects from `node`.
+template <class Node>
+Node findNode(const Node& node, const PathToken& token) {
+    const Node found = token.name.empty() ? node : childOf(node, token.name);
+    return found && token.hasIndex ? itemOf(found, static_cast<std::uint64_t>(std::int64_t{token.index})) : found;
+}
+template <class Node>
+Node walk(const Node& root, std::span<const PathToken> tokens) {
+    Node node = root;
+    for (const PathToken& token : tokens)
+        if (!(node = findNode(node, token))) break;
+    return node;
+}
 
 /// Whether an object has further keys, or a list items: the first child decides. A node without children is neither.
 bool isObject(const ptree& node);
+bool isObject(const json::Node& node);
 
 /// Where the hardware platform is in a document: paths written for the oldest layout work on any.
 namespace roots {
@@ -39,16 +59,30 @@ bool hasNode(const ptree& tree, const std::string& path);
 std::string rootOf(const ptree& tree, bool useAlt);
 /// The path with a legacy root replaced by the one that exists.
 std::string actualPath(const ptree& tree, const std::string& path, bool useAlt);
+template <class Node>
+std::string actualPath(const Node& document, const std::string& path) {
+    if (!roots::isLegacy(path)) return path;
+    for (const char* root : {roots::kLegacy, roots::kDefault, roots::kPartition})
+        if (walk(document, teq::platform::scanJsonPath(root))) return roots::replaced(path, root);
+    return path;
+}
 
 /// The answer of a node at a path, without markers and with its actual root: a value as it is, an object as JSON, a
 /// list as JSON under the path's last segment.
 std::string answerOf(const ptree& node, const std::string& path);
+std::string answerOf(const json::Node& node, const std::string& path);
 
 /// A node that a path selects in a document, and the path as it was followed.
+template <class Node>
 struct Found {
-    const ptree* node = nullptr;
+    Node node;
     std::string path;
 };
-Found find(const ptree& document, const std::string& path);
+template <class Node>
+Found<Node> find(const Node& document, const std::string& path) {
+    std::string actual = actualPath(document, teq::platform::withoutMarkers(path));
+    const Node node = walk(document, teq::platform::scanJsonPath(actual));
+    return {node, std::move(actual)};
+}
 
 }  // namespace services
