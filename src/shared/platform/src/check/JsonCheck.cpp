@@ -56,6 +56,12 @@ bool hasDuplicates(Node object) {
     std::vector<std::string_view> keys;
     for (const Node child : object)
         if (!child.name().empty()) keys.push_back(child.name());
+    constexpr std::size_t kFew = 16;  // to compare all of them is faster than to sort them
+    if (keys.size() <= kFew) {
+        for (auto key = keys.begin(); key != keys.end(); ++key)
+            if (std::find(keys.begin(), key, *key) != key) return true;
+        return false;
+    }
     std::ranges::sort(keys);
     return std::ranges::adjacent_find(keys) != keys.end();
 }
@@ -127,9 +133,10 @@ void JsonCheck::add(const char* name, Node value, const Path& path, std::string 
 }
 
 void JsonCheck::checkKeys_(Node object, json::Shapes shapes, const Path& path) {
+    json::Finder finder(object);
     for (const json::Shape& shape : shapes) {
         if (!shape.isRead) continue;
-        if (const Node value = object.find(shape.name))  // the reader uses the first of duplicates
+        if (const Node value = finder.find(shape.name))  // the reader uses the first of duplicates
             checkValue_(value, shape, {&path, shape.name});
         else if (shape.required || isRefusedWhenMissing(shape))
             checkMissing_(object, shape, path);
@@ -205,6 +212,7 @@ void JsonCheck::checkDuplicates_(Node value, const Path& path) {
 
 void JsonCheck::checkScalar_(Node value, const json::Shape& shape, const Path& path) {
     const Form form = shape.form;
+    if (form == Form::text && value.empty()) return;
     const std::string text = value.data();
     if (!value.empty())
         add(kWrongShape, value, path,

@@ -99,24 +99,6 @@ void readFound(const Node& value, const Row& row, void* record, std::string& buf
     if (const auto* custom = std::get_if<Custom>(&row.content)) custom->read(record, Node());
 }
 
-/// Finds the children of a node by different names, and those at once that stand in the order of the calls.
-class Finder {
-public:
-    explicit Finder(const Node& node) : node_(node), next_(node.begin()), end_(node.end()) {}
-    /// Of duplicates the first: before `next_` stand only children that were found by other names.
-    Node find(std::string_view name) {
-        if (next_ == end_ || (*next_).name() != name) return node_.find(name);
-        const Node found = *next_;
-        ++next_;
-        return found;
-    }
-
-private:
-    const Node& node_;
-    Node::Iterator next_;
-    const Node::Iterator end_;
-};
-
 /// Why the reader refuses the value of the key; empty if it does not.
 std::string refusalOf(const Row& row, const Node& node) {
     try {

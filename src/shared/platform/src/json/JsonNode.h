@@ -120,6 +120,24 @@ inline Node::Iterator& Node::Iterator::operator++() {
     return *this;
 }
 
+/// Finds the children of a node by different names, and those at once that stand in the order of the calls.
+class Finder {
+public:
+    explicit Finder(const Node& node) : node_(node), next_(node.begin()), end_(node.end()) {}
+    /// Of duplicates the first: before `next_` stand only children that were found by other names.
+    Node find(std::string_view name) {
+        if (next_ == end_ || (*next_).name() != name) return node_.find(name);
+        const Node found = *next_;
+        ++next_;
+        return found;
+    }
+
+private:
+    const Node node_;
+    Node::Iterator next_;
+    const Node::Iterator end_;
+};
+
 /// Fills `tree` with the values of the node.
 void copy(const Node& node, ptree& tree);
 
