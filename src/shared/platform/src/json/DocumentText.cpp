@@ -39,7 +39,23 @@ void appendEscape(text::CharBuffer& out, unsigned char c) {
     out += kDigits[c & 15];
 }
 
+bool isPlain(std::string_view text) {
+    return std::ranges::all_of(text, [](char c) { return kPlain[static_cast<unsigned char>(c)]; });
+}
+
+/// Writes a text in quotes, which is plain, at `at`; returns where it ends.
+char* putPlain(char* at, std::string_view text) {
+    *at++ = '"';
+    at = std::copy(text.begin(), text.end(), at);
+    *at++ = '"';
+    return at;
+}
+
 void appendText(text::CharBuffer& out, std::string_view text) {
+    if (isPlain(text)) {
+        putPlain(out.extend(text.size() + 2), text);
+        return;
+    }
     out += '"';
     std::size_t kept = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -52,6 +68,11 @@ void appendText(text::CharBuffer& out, std::string_view text) {
     }
     out += text.substr(kept);
     out += '"';
+}
+
+void putLead(char* at, std::size_t depth) {
+    *at = '\n';
+    std::memset(at + 1, ' ', 4 * depth);
 }
 
 /// Reads items as this file writes them.
@@ -106,33 +127,35 @@ void DocumentText::cut(std::size_t size) {
     counted_ = std::min(counted_, size);
 }
 
-void DocumentText::addLead_(std::size_t depth) {
-    char* const lead = bytes_.extend(1 + 4 * depth);
-    *lead = '\n';
-    std::memset(lead + 1, ' ', 4 * depth);
-}
-
 void DocumentText::beginItem_(std::size_t depth, bool isFirst) {
     constexpr std::size_t kCounted = 4096;  // bytes that the budget is asked for at once
     if (size() - counted_ > kCounted) {
         Budget::spend(Cost::text, size() - counted_);
         counted_ = size();
     }
-    if (!isFirst) bytes_ += ',';
-    addLead_(depth);
+    char* lead = bytes_.extend((isFirst ? 1 : 2) + 4 * depth);
+    if (!isFirst) *lead++ = ',';
+    putLead(lead, depth);
 }
 
 void DocumentText::beginItem(std::size_t depth, bool isFirst, std::string_view key) {
     beginItem_(depth, isFirst);
-    appendText(bytes_, key);
-    bytes_ += ": ";
+    if (!isPlain(key)) {
+        appendText(bytes_, key);
+        bytes_ += ": ";
+        return;
+    }
+    char* const end = putPlain(bytes_.extend(key.size() + 4), key);
+    end[0] = ':';
+    end[1] = ' ';
 }
 
 void DocumentText::addValue(std::string_view text) { appendText(bytes_, text); }
 
 void DocumentText::close(std::size_t depth, bool isList) {
-    addLead_(depth - 1);
-    bytes_ += isList ? ']' : '}';
+    char* const lead = bytes_.extend(2 + 4 * (depth - 1));
+    putLead(lead, depth - 1);
+    lead[1 + 4 * (depth - 1)] = isList ? ']' : '}';
 }
 
 void DocumentText::closeDocument() {

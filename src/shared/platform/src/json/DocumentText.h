@@ -50,7 +50,6 @@ public:
 
 private:
     void beginItem_(std::size_t depth, bool isFirst);
-    void addLead_(std::size_t depth);
 
     text::CharBuffer bytes_;
     std::size_t counted_ = 0;
