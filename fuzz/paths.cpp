@@ -12,8 +12,8 @@
 #include "services/DocumentTree.h"
 #include "services/TreeWalk.h"
 
-/// The input is a path and, after the first line end, a document. Operations on the text and on the tree agree, each
-/// segment is a token, and every listed key without a list selects a node.
+/// The input is a path and, after the first line end, a document. Operations on the text, the tree and the array
+/// agree, each segment is a token, and every listed key without a list selects a node.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace teq::platform;
     const std::string_view input(reinterpret_cast<const char*>(data), size);
@@ -27,9 +27,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const NativeObjectService service;
     bool found = false;
     const std::string answer = service.getObjectsByPath(document, path, found);
-    const services::Found at = services::find(tree, path);
+    const auto at = services::find(&tree, path);
     require(found == (at.node != nullptr), "text and tree find the same");
     if (found) require(answer == services::answerOf(*at.node, at.path), "text and tree answer the same");
+    json::Document array;
+    array.readOwn(json::write(tree));
+    const auto inArray = services::find(array.root(), path);
+    require(found == static_cast<bool>(inArray.node) && at.path == inArray.path, "tree and array find the same");
+    if (found) require(answer == services::answerOf(inArray.node, inArray.path), "tree and array answer the same");
     service.getChildOptional(tree, path);
     service.hasNodeAtPath(tree, path);
     NativeDictService().getAsDict(tree, path);
