@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Check.h"
 #include "json/JsonText.h"
@@ -27,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const NativeObjectService service;
     bool found = false;
     const std::string answer = service.getObjectsByPath(document, path, found);
-    const auto at = services::find(&tree, path);
+    const auto at = services::find(&std::as_const(tree), path);
     require(found == (at.node != nullptr), "text and tree find the same");
     if (found) require(answer == services::answerOf(*at.node, at.path), "text and tree answer the same");
     json::Document array;
