@@ -20,8 +20,7 @@ struct DestinationText {
 void writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace);
 /// Writes a copy of the file `from`.
 void copyToDestination(const std::string& from, const std::string& path, bool mayReplace = true);
-/// The same for a file that is no longer needed: it is renamed, unless the destination is on another file system or is
-/// not a file.
+/// Moves the file `from` to `path`. It is copied if it cannot be renamed: to another file system, or to a device or pipe.
 void moveToDestination(const std::string& from, const std::string& path, bool mayReplace);
 
 /// Whether bytes would be written directly.
