@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -17,6 +18,8 @@
 namespace wholefile {
 
 namespace {
+
+constexpr std::size_t kBlock = 64 * 1024;  ///< read at a time from a file that is larger than it said
 
 [[noreturn]] void fail(const std::string& path, const char* action) {
     const int error = errno;
@@ -32,15 +35,18 @@ std::string read(const std::string& path, std::size_t most) {
     struct stat what {};
     if (!file.isOpen() || ::fstat(file.get(), &what) != 0) fail(path, "read");
     if (!S_ISREG(what.st_mode)) throw HEXUserException(fmt::format("'{}' is not a regular file", path));
-    std::string bytes;
-    char block[64 * 1024];
-    for (;;) {
-        const ssize_t n = ::read(file.get(), block, sizeof block);
+    // One byte more than the file's size, so that the end shows without another block.
+    std::string bytes(std::min(static_cast<std::size_t>(what.st_size), most) + 1, '\0');
+    for (std::size_t have = 0;;) {
+        if (have == bytes.size()) bytes.resize(have + kBlock);
+        const ssize_t n = ::read(file.get(), &bytes[have], bytes.size() - have);
         if (n < 0 && errno == EINTR) continue;
         if (n < 0) fail(path, "read");
-        if (n == 0) return bytes;
-        bytes.append(block, static_cast<std::size_t>(n));
-        if (bytes.size() > most) throw HEXUserException(fmt::format("file '{}' is larger than {} bytes", path, most));
+        have += static_cast<std::size_t>(n);
+        if (have > most) throw HEXUserException(fmt::format("file '{}' is larger than {} bytes", path, most));
+        if (n > 0) continue;
+        bytes.resize(have);
+        return bytes;
     }
 }
 
