@@ -12,7 +12,7 @@ enum class Cost {
     values,   ///< JSON values, XML elements and attributes parsed
     records,  ///< bytes of the objects that are made from them
     nodes,    ///< values of the documents that are made
-    text,     ///< bytes of these documents, as they are kept and as they are printed
+    text,     ///< bytes of these documents, and of trees made of them
     inodes,   ///< files and directories made
     count_
 };

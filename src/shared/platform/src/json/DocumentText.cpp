@@ -127,7 +127,7 @@ void DocumentText::cut(std::size_t size) {
     counted_ = std::min(counted_, size);
 }
 
-void DocumentText::beginItem_(std::size_t depth, bool isFirst) {
+void DocumentText::beginItem(std::size_t depth, bool isFirst) {
     constexpr std::size_t kCounted = 4096;  // bytes that the budget is asked for at once
     if (size() - counted_ > kCounted) {
         Budget::spend(Cost::text, size() - counted_);
@@ -139,7 +139,7 @@ void DocumentText::beginItem_(std::size_t depth, bool isFirst) {
 }
 
 void DocumentText::beginItem(std::size_t depth, bool isFirst, std::string_view key) {
-    beginItem_(depth, isFirst);
+    beginItem(depth, isFirst);
     if (!isPlain(key)) {
         appendText(bytes_, key);
         bytes_ += ": ";

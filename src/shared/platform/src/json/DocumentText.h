@@ -25,7 +25,7 @@ public:
 
     void add(char c) { bytes_ += c; }
     /// Begins an item of an object, or, without a key, of a list. Throws when the request may not write more.
-    void beginItem(std::size_t depth, bool isFirst) { beginItem_(depth, isFirst); }
+    void beginItem(std::size_t depth, bool isFirst);
     void beginItem(std::size_t depth, bool isFirst, std::string_view key);
     void addValue(std::string_view text);
     void open(bool isList) { bytes_ += isList ? '[' : '{'; }
@@ -49,8 +49,6 @@ public:
     std::vector<Key> keys;
 
 private:
-    void beginItem_(std::size_t depth, bool isFirst);
-
     text::CharBuffer bytes_;
     std::size_t counted_ = 0;
 };
