@@ -11,6 +11,16 @@ bin=$source/build/bench/bench
 tool=$source/build/bench/tools/zr-platform/zr-platform
 data=$source/build/bench-data
 
+# The programs find the library as an installed one: in the loader's cache, here a private one, so that no directories are
+# searched when they start.
+if [ -z "${ZR_BENCH_INSTALLED:-}" ]; then
+    cache=$source/build/bench/loader.cache
+    printf 'include /etc/ld.so.conf.d/*.conf\n%s\n' "$source/build/bench" >"$cache.conf"
+    /sbin/ldconfig -X -f "$cache.conf" -C "$cache"
+    ZR_BENCH_INSTALLED=1 exec unshare --mount --map-root-user bash -c \
+        'mount --bind "$1" /etc/ld.so.cache && exec bash "${@:2}"' bash "$cache" "$source/scripts/bench.sh" "$@"
+fi
+
 large() { # ROUNDS
     [ -f "$data/a300.lfa" ] || python3 bench/gen.py "$data" 300
     cd "$data"
