@@ -3,17 +3,17 @@
 #include "hwdb/RootAttribute.h"
 #include "msg/HEXFileFault.h"
 #include "text/HSTStringUtils.h"
-#include "zip/Archive.h"
+#include "zip/Request.h"
 
 namespace hwdb {
 
 std::unique_ptr<HHDFHwDef> readDefinition(const std::string& file) {
-    const zip::Archive archive(file);
+    const auto archive = zip::openShared(file);
     std::string top, of;
     for (const std::string name : {"sysdef.xml", "hwdef.xml"}) {
-        const zip::Member* const member = archive.find(name);
+        const zip::Member* const member = archive->find(name);
         if (!member) continue;
-        auto [found, fault] = rootOfWhole(archive.read(*member), "top");
+        auto [found, fault] = rootOfWhole(archive->read(*member), "top");
         if (!fault.text.empty()) {
             fault.file = file;
             fault.member = name;

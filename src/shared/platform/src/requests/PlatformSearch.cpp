@@ -94,7 +94,6 @@ bool readInto(FoundPlatform& found, std::shared_ptr<HTEQPlatform>* loaded) {
     try {
         takeDescriptor(found);
         if (!loaded) return true;
-        const Scope request;  // what one platform costs does not count against the others
         *loaded = load(found.file, HwMetadataMode::Default);
         found.hardware = hardwareOf(**loaded);
         return true;
@@ -293,6 +292,8 @@ FindResult find(const Find& request) {
                 result.shadowed.push_back(std::move(found));
                 continue;
             }
+            std::optional<Scope> opened;  // what one platform costs does not count against the others
+            if (filter.needsHardware()) opened.emplace();
             std::shared_ptr<HTEQPlatform> platform;
             if (!readInto(found, filter.needsHardware() ? &platform : nullptr)) {
                 result.broken.push_back(std::move(found));
