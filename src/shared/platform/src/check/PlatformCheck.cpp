@@ -96,12 +96,19 @@ void checkArchive(const std::string& file, bool needsJson, const Identity* descr
     findings.append(std::move(inArchive));
 }
 
+void addWrongExtension(const std::string& file, Findings& findings) {
+    findings.add(check::kWrongExtension, file, "", loading::wrongExtensionOf(file));
+}
+
 /// The content of the file, or nullopt after adding a finding.
 std::optional<Source> textOf(const std::string& file, Findings& findings) {
     try {
         return Source{file, "", wholefile::read(file, xml::kMaxDocument)};
     } catch (const HEXUserException& e) {
-        findings.add(PlatformCheck::kUnreadable, file, "", e.what());
+        if (zip::looksLikeArchive(file))  // which may be larger than a document
+            addWrongExtension(file, findings);
+        else
+            findings.add(PlatformCheck::kUnreadable, file, "", e.what());
         return std::nullopt;
     }
 }
@@ -166,10 +173,10 @@ HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
     Findings findings;
     if (fileKindOf(file) == FileKind::hardware || isMetadataArchive(file)) {
         checkArchive(file, false, nullptr, findings);
-    } else if (zip::looksLikeArchive(file)) {
-        findings.add(check::kWrongExtension, file, "", loading::wrongExtensionOf(file));
     } else if (const auto source = textOf(file, findings)) {
-        if (isJson(*source))
+        if (zip::beginsAsArchive(source->text))
+            addWrongExtension(file, findings);
+        else if (isJson(*source))
             check::checkJsonFile(*source, findings);
         else
             checkXmlFile(*source, findings);
