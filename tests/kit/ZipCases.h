@@ -27,16 +27,16 @@ inline void moveTo64(Header& header, const std::string& bytes = "") {
     header.size = header.packedSize = 0xFFFFFFFF;
 }
 
-/// Sizes and CRC follow the data, in one of three forms or as given.
+/// Sizes and CRC follow the data: "signed4", "signed8", "bare4" and "bare8" name a form, other texts are written as given.
 inline void moveBehind(Entry& entry, const std::string& descriptor) {
     const Header header = entry.central;
-    const int width = descriptor == "signed8" ? 8 : 4;
+    const int width = descriptor.ends_with('8') ? 8 : 4;
     const std::string bare = le(header.crc, 4) + le(header.packedSize, width) + le(header.size, width);
     entry.both(&Header::flags, 8);
     entry.local.crc = 0;
     entry.local.size = entry.local.packedSize = 0;
     entry.descriptor = descriptor.starts_with("signed") ? "PK\7\10" + bare
-                       : descriptor == "bare4"          ? bare
+                       : descriptor.starts_with("bare") ? bare
                                                         : descriptor;
 }
 
