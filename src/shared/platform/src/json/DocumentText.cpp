@@ -217,7 +217,7 @@ std::uint32_t DocumentText::markOf(std::string_view key) {
 }
 
 bool DocumentText::hasKey(std::size_t at, std::string_view key) const {
-    text::CharBuffer written;
+    text::CharBuffer written(64);
     appendText(written, key);
     std::string_view item = bytes_.view().substr(at);
     item.remove_prefix(item.find('"'));

@@ -49,7 +49,8 @@ Listed listedIn(const PlatformArchive& archive, const std::string& folder) {
         throw HEXFileFault(inFolder(folder, e.diagnostic()));
     }
     Listed listed;
-    listed.isWhole = !archive.metadata(HwMetadataMode::Default).value().isXml();
+    const auto metadata = archive.metadata(HwMetadataMode::Default);
+    listed.isWhole = metadata && !metadata->isXml();
     const std::unique_ptr<HSTFwdIter<HPLFile*>> files(platform.createFileVecIter());
     while (files->hasNext()) {
         const HPLFile* const file = files->next();

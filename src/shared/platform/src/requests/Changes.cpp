@@ -70,7 +70,7 @@ std::vector<HEXDiagnostic> packed(const Pack& request) {
             if (HUTFile::isFile(warning.file)) warning = located(warning, warning.file);
         return warnings;
     } catch (const HEXFileFault& e) {
-        const HEXDiagnostic diagnostic = e.diagnostic();
+        const HEXDiagnostic& diagnostic = e.diagnostic();
         if (!HUTFile::isFile(diagnostic.file)) throw;
         throw HEXFileFault(located(diagnostic, diagnostic.file));
     }

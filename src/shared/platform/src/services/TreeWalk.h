@@ -29,8 +29,10 @@ Node findNode(const Node& node, const PathToken& token) {
 template <class Node>
 Node walk(const Node& root, std::span<const PathToken> tokens) {
     Node node = root;
-    for (const PathToken& token : tokens)
-        if (!(node = findNode(node, token))) break;
+    for (const PathToken& token : tokens) {
+        node = findNode(node, token);
+        if (!node) break;
+    }
     return node;
 }
 
