@@ -251,17 +251,15 @@ std::string completionOf(const std::vector<std::string>& typed) {
         const auto equals = current.find('=');
         if (given.awaiting) {
             offer = offerOf(given.awaiting->choices, given);
-        } else if (!given.verb && given.wantsVerb && equals == std::string::npos) {
-            offer = verbsOffer();
-        } else if (!given.verb && equals == std::string::npos) {
-            return ":none\n";
         } else if (!given.hasEnded && current.starts_with("--") && equals != std::string::npos) {
             const Option* const option = optionOf(given.verb, std::string_view(current).substr(2, equals - 2));
             if (option && option->choices) offer = offerOf(option->choices, given);
             if (!wasSplit) before = current.substr(0, equals + 1);
             current.erase(0, equals + 1);
-        } else {
+        } else if (given.verb) {
             offer = !given.hasEnded && current.starts_with("-") ? optionsOf(given) : positionalOf(given, current);
+        } else if (given.wantsVerb) {
+            offer = verbsOffer();
         }
     } catch (const std::exception&) {  // without names, there is nothing to offer
     }
