@@ -70,10 +70,13 @@ TEST(PlatformCheck, ReportsTheLocationsOfJsonValues) {
                "lfa.json:10:28: featureRoms[0].uuid [refused-value]", "lfa.json:10:48: unknown [unknown-key]"}));
 }
 
-TEST(PlatformCheck, ReportsMissingRequiredKeys) {
+TEST(PlatformCheck, ReportsMissingAndDuplicateKeys) {
     EXPECT_EQ(foundIn({{"lfa.json",
                         "{\"devices\": [{}], \"featureRoms\": [{}],\n\"tilHardware\": {\"npiBaseAddress\": 1}}"}}),
               Lines({"lfa.json:1:14: devices[0] [missing-key]", "lfa.json:2:16: tilHardware [missing-key]"}));
+    EXPECT_EQ(foundIn({{"lfa.json", R"({"memories": [{"size": "1GB"},
+        {"name": "b", "size": "1GB", "name": "c"}]})"}}),
+              Lines({"lfa.json:2:46: memories[1].name [duplicate-key]"}));
 }
 
 TEST(PlatformCheck, AcceptsWhatReadersAccept) {
@@ -89,7 +92,7 @@ TEST(PlatformCheck, ChecksTheMembersThatReadersOpen) {
         {"type": "HPFM", "name": "a.hpfm"}, {"type": "EMU_XML", "name": "./e.xml"},
         {"type": "EMU_JSON", "name": "e.json"}, {"type": "EXT_META_JSON", "name": "x.json"},
         {"type": "IP_REPO_PATH", "name": "ip"}, {"type": "DCP", "name": "gone.dcp"},
-        {"type": "EMU_JSON", "name": "gone.json"}]})";
+        {"type": "EMU_JSON", "name": "gone.json"}, {"type": "EMU_XML", "nmae": "e.xml"}]})";
     EXPECT_EQ(foundIn({{"lfa.json", files},
                        {"a.hpfm", "<a/>"},
                        {"e.xml", "<Root VersionMajor='1' VersionMinor='x'><Emulations/></Root>"},
@@ -97,9 +100,10 @@ TEST(PlatformCheck, ChecksTheMembersThatReadersOpen) {
                        {"x.json", "{"},
                        {"ip/a.v", "module"}}),
               Lines({"lfa.json:4:49: files[5] [missing-member]", "lfa.json:5:9: files[6] [missing-emulation-member]",
-                     "a.hpfm:1:1: a [wrong-root]", "e.xml:1:1: Root [bad-value]",
-                     "e.json:1:28: emulations[0].files[0] [missing-key]", "e.json:1:45: emulations[1] [missing-key]",
-                     "x.json:1:2:  [not-json]"}));
+                     "lfa.json:5:52: files[7] [missing-emulation-member]",
+                     "lfa.json:5:80: files[7].nmae [unknown-key]", "a.hpfm:1:1: a [wrong-root]",
+                     "e.xml:1:1: Root [bad-value]", "e.json:1:28: emulations[0].files[0] [missing-key]",
+                     "e.json:1:45: emulations[1] [missing-key]", "x.json:1:2:  [not-json]"}));
 }
 
 TEST(PlatformCheck, IgnoresKeysThatTheHpfmReplaces) {
