@@ -87,15 +87,16 @@ TEST(Help, EachVerbHasAnExampleThatRuns) {
     const Scratch scratch;
     fs::copy(ZR_SAMPLES, scratch / "samples", fs::copy_options::recursive);
     const std::string page = tool({"--reference", "markdown"}).out;
-    const std::regex form("Example: `zr-platform (.*)`");
+    const std::regex form("Example: `zr-platform (\\S+)");
     std::size_t count = 0;
     for (std::sregex_iterator it(page.begin(), page.end(), form), end; it != end; ++it, ++count) {
-        const std::string command = std::string(ZR_TOOL) + " " + (*it)[1].str();
-        const Result result = run({"sh", "-c", command}, scratch / "samples");
+        const std::string help = tool({(*it)[1].str(), "--help"}).out;
+        std::istringstream lines(help);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80U) << line;
+        const std::string command = help.substr(help.rfind("zr-platform " + (*it)[1].str()));
+        const Result result = run({"sh", "-c", fs::path(ZR_TOOL).parent_path() / command}, scratch / "samples");
         EXPECT_EQ(result.exit, 0) << command << "\n" << result.err;
-        const std::string verb = (*it)[1].str().substr(0, (*it)[1].str().find(' '));
-        EXPECT_THAT(tool({verb, "--help"}).out, HasSubstr("zr-platform " + (*it)[1].str()));
-        EXPECT_THAT(tool({"--help"}).out, HasSubstr(verb));
+        EXPECT_THAT(tool({"--help"}).out, HasSubstr((*it)[1].str()));
     }
     EXPECT_GE(count, 5U);
 }

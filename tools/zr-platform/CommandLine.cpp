@@ -23,6 +23,13 @@ std::string filled(std::string_view text, std::size_t indent) {
     return wrapped(text, std::max(Console::take().width(), 2 * indent) - indent);
 }
 
+/// A command, continued with backslashes where a line is too long.
+std::string commandLines(const std::string& text) {
+    std::string lines = wrapped(text, Console::take().width() - 4, "    ");
+    for (auto at = lines.find('\n'); at != std::string::npos; at = lines.find('\n', at + 3)) lines.insert(at, " \\");
+    return "  " + lines;
+}
+
 std::vector<std::string> choicesOf(const Option& option) {
     std::vector<std::string> choices;
     std::stringstream text(option.choices);
@@ -77,7 +84,8 @@ void addVerb(CLI::App& app, const Verb& verb, bool isNamed, Call& call, const Ve
     for (const Positional& positional : verb.positionals) addPositional(*command, positional, call);
     for (const Option& option : verb.options) addOption(*command, option, call);
     for (const Option& option : commonOptions()) addOption(*command, option, call);
-    command->footer("\n" + filled(verb.details, 0) + "\n\nExample:\n  zr-platform " + verb.name + " " + verb.example);
+    command->footer("\n" + filled(verb.details, 0) + "\n\nExample:\n" +
+                    commandLines(std::string("zr-platform ") + verb.name + " " + verb.example));
     command->callback([&chosen, &verb] { chosen = &verb; });
 }
 
@@ -89,7 +97,7 @@ const Verb* verbOf(const std::vector<std::string>& arguments) {
     return nullptr;
 }
 
-/// The first argument that looks like an option and is none; empty if there is none.
+/// The first argument that looks like an option but is unknown; empty if there is none.
 std::string unknownOption(const std::vector<std::string>& arguments, const std::vector<std::string>& known) {
     for (const std::string& argument : arguments) {
         if (argument == "--") break;
