@@ -39,7 +39,7 @@ void requireSound(const zr::Finding& finding, const std::string& folder) {
     require(finding.file.starts_with(folder), "a finding names its file");
     require(teq_platform::PlatformCheck::explain(finding.name) != nullptr, "a finding is explained");
     require(!finding.text.empty() && HSTStringUtils::printable(finding.text) == finding.text, "a finding has a text");
-    require(finding.line > 0 || finding.column == 0, "a column stands in a line");
+    require(finding.line > 0 || finding.column == 0, "a column needs a line");
 }
 
 /// Whether validation, which no file stops, finds an error.

@@ -11,8 +11,8 @@ namespace teq::platform {
 
 /// Flattens a branch of a document into a map from key path to value.
 ///
-/// A list of objects gives "a[0].x", "a[1].x" and so on. A list of plain values lands one place behind: its first value
-/// is at the empty key, the second at "a[0]", the third at "a[1]". Files written from the dictionary have that form, so
+/// A list of objects gives "a[0].x", "a[1].x" and so on. The keys of a list of plain values are one index late: its
+/// first value is at the empty key, the second at "a[0]", the third at "a[1]". Files written from the dictionary have that form, so
 /// it stays. Of values with the same key the first counts. Whatever a loader or the JSON parser throws passes; more than
 /// 16 MiB of keys throw `HEXDataException`.
 class ZR_API NativeDictService : public DictService {

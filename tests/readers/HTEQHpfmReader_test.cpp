@@ -92,7 +92,7 @@ TEST_F(HpfmReader, StreamFaultContributesNothing) {
         EXPECT_EQ(
             reader.getErrorMsg(),
             "Error parsing hardware platform stream from CFA\n"
-            "Line number:4. <kp:busInterface> stands in <component> where <nocConnectivity>, <resourceEstimates> or "
+            "Line number:4. <kp:busInterface> appears in <component> where <nocConnectivity>, <resourceEstimates> or "
             "the end of <component> is expected (column 1)\n");
         EXPECT_EQ(capture.printed(), reader.getErrorMsg());
         EXPECT_EQ(capture.lines(), std::vector<std::string>{"@74-31@"});

@@ -87,7 +87,7 @@ TEST(XmlReader, IsBounded) {
     const struct {
         std::string text, words;
     } cases[] = {
-        {repeated("<garden name='n'>", 100'000), "<garden> stands in <garden>"},
+        {repeated("<garden name='n'>", 100'000), "<garden> appears in <garden>"},
         {plain(manyAttributes, kBody), "a tag has 1001 attributes; at most 1000 are read"},
         {plain(manyScopes, kBody), "more than 100 namespace declarations are in force"},
         {plain(long16M, kBody), "a tag or a comment has 16777"},
@@ -163,5 +163,6 @@ TEST(XmlReader, NamesTheFileThatCannotBeRead) {
 TEST(XmlReader, DescribesThePlace) {
     const auto e = refusal(kPlainDocument, plain("", "<shed/>"));
     ASSERT_TRUE(e);
-    EXPECT_EQ(e->diagnostic().format(), "g.xml:2:1: shed: <shed> stands in <garden> where <description> is expected");
+    EXPECT_EQ(e->diagnostic().format(),
+              "g.xml:2:1: shed: <shed> appears in <garden> where <description> is expected");
 }

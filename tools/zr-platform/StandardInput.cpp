@@ -34,7 +34,7 @@ bool isOneOf(std::string_view kind, std::span<const std::string_view> kinds) {
     throw RequestError(FailureKind::environment, {.text = what + ": " + std::strerror(errno)});
 }
 
-/// The extension that a file of this content has. The names at the end of an archive tell its kind.
+/// The extension that a file of this content has. The names at the end of an archive show its kind.
 const char* extensionOf(std::string_view begin, std::string_view end) {
     const auto holds = [&begin](std::string_view text) { return begin.find(text) != begin.npos; };
     if (begin.starts_with("PK"))

@@ -28,7 +28,7 @@ const std::vector<Verb> kVerbs = {
       {"json", nullptr, "the document is JSON with or without this option"}},
      "Print a platform's JSON document",
      "The output is byte for byte that of the C functions hteq_get_platform_json and hteq_get_short_platform_json. "
-     "Of a metadata archive (.rqa), prints the index.",
+     "For a metadata archive (.rqa), prints its index.",
      "u77/u77_gen3x16_base_1.zdf --short",
      runJson},
     {"show",
@@ -53,21 +53,21 @@ const std::vector<Verb> kVerbs = {
       {"intent", "INTENT",
        "only those with this design intent: server-managed, external-host, embedded, data-center, or several with "
        "commas"},
-      {"latest", nullptr, "of each vendor, board and name only the highest version"},
+      {"latest", nullptr, "only the highest version of each vendor, board and name"},
       {"usable", nullptr, "only those that this tool may use; see check"},
       {"strict", nullptr, "exit with 1 if a platform cannot be read"},
       kJson,
       kNdjson},
      "List the platforms in repositories",
-     "Platforms are listed repository by repository, then those whose name an earlier one has, with its file, and "
-     "those that cannot be read, with the reason. Only descriptors are read, unless --type, --part, --board, --vbnv, "
-     "--intent, --latest or --usable need more. docs/finding.md has the rules of the search.",
+     "Lists the platforms of each repository, then those that an earlier platform of the same name shadows, with its "
+     "file, and those that cannot be read, with the reason. Only descriptors are read, unless --type, --part, "
+     "--board, --vbnv, --intent, --latest or --usable need more. docs/finding.md has the rules of the search.",
      "--no-defaults --repo u77 --repo heron",
      runList,
      true},
     {"where",
      {{"[NAME]", "a platform's name; letter case is ignored", "NAME"}},
-     {{"why-not", "PATH", "say why the search does not find this descriptor"}, kRepo, kNoDefaults, kJson, kNdjson},
+     {{"why-not", "PATH", "report why the search does not find this descriptor"}, kRepo, kNoDefaults, kJson, kNdjson},
      "Show what a platform's name resolves to",
      "Prints the file, the directories that were searched, in order, and the files of the same name that it shadows "
      "or that cannot be read. With --why-not, prints the rule that skips a file (missing, outside, depth, extension, "
@@ -99,13 +99,13 @@ const std::vector<Verb> kVerbs = {
      "--no-defaults --repo u77",
      runRepoPath},
     {"new",
-     {{"DIR", "the folder to make; its last part is the platform's name", "OUT"}},
+     {{"DIR", "the folder to create; its last part is the platform's name", "OUT"}},
      {{"kind", "card|embedded|software",
        "a data-centre card (default), a board with its own processor, or a software file alone"},
       {"force", nullptr, "write into a folder that is not empty, and replace files of the same names"},
       kJson,
       kNdjson},
-     "Make a small complete platform to start from",
+     "Create a small but complete platform to start from",
      "Writes a descriptor, a software file, the folder of an archive and a README, all commented, and prints their "
      "names. Once the archive is packed as the README says, the platform loads and validates without a warning. Its "
      "version is the release of the tool, so that check calls a card usable.",
@@ -123,9 +123,8 @@ const std::vector<Verb> kVerbs = {
      "The same folder always gives the same bytes, on every machine. A subfolder whose name ends in .lfa, .cfa, .zip "
      "or .tilprj becomes an archive member of that name. A folder without the metadata that ARCHIVE's "
      "extension needs, or without a file that the metadata lists, is refused, or with --force packed with a warning. "
-     "Files that probably do not belong into "
-     "the archive are reported: hidden ones, backups of editors, and those that the metadata does not list. The file "
-     ".zrignore in the folder has patterns as for --exclude, one on a line.",
+     "Files that probably do not belong in the archive are reported: hidden ones, backups of editors, and those that "
+     "the metadata does not list. The file .zrignore in the folder has patterns as for --exclude, one per line.",
      "src/u77.lfa packed.lfa --force",
      runPack},
     {"members",
@@ -162,9 +161,8 @@ const std::vector<Verb> kVerbs = {
      "Put a file into an archive and its metadata",
      "Member, metadata and digest are written in one atomic replacement: whatever happens, the archive is either the "
      "old one or the new one. The library rewrites the metadata and does not keep keys that it does not know: each "
-     "key that would be lost or changed is reported, and nothing is written without --force. A metadata member, and "
-     "a "
-     "type that is not known, are refused.",
+     "key that would be lost or changed is reported, and nothing is written without --force. Metadata members and "
+     "unknown types are refused.",
      "u77/hw/u77.lfa PRE_OPT_TCL tcl/pre_opt.tcl u77/u77_gen3x16_base_1.zdf --dry-run --force",
      runSetFile},
     {"emulate",
@@ -174,8 +172,8 @@ const std::vector<Verb> kVerbs = {
       {"tool", "DIR", "the tool's installation (default: the environment variable TORVANE_MORWEN)"},
       {"dynamic", nullptr, "build for a platform with a dynamic region"},
       {"keep", "DIR", "put the scripts and the overlay into this new directory, even if a step fails"},
-      {"dry-run", nullptr, "make the scripts, and neither evaluate them nor write OUT"},
-      {"time-limit", "SECONDS", "for the scripts (default: 600; 0: none)"},
+      {"dry-run", nullptr, "make the scripts, but neither evaluate them nor write OUT"},
+      {"time-limit", "SECONDS", "time limit for the scripts (default: 600; 0: none)"},
       {"allow-programs", nullptr, "let the scripts run programs, open sockets and load libraries"},
       kForce,
       kJson,
@@ -200,8 +198,8 @@ const std::vector<Verb> kVerbs = {
      {{"FORMAT", "one of zdf, spfm, hpfm, cfa, emu, emu-json", "zdf|spfm|hpfm|cfa|emu|emu-json"}},
      {kJson, kNdjson},
      "Print the schema of a format",
-     "The schema, a W3C XML Schema or, of emu-json, a JSON Schema, is generated from the readers' own tables. Those "
-     "of XML document each element and attribute, so that an editor can complete and check documents. "
+     "The schema is generated from the readers' own tables: a W3C XML Schema or, for emu-json, a JSON Schema. An XML "
+     "Schema documents each element and attribute, so that an editor can complete and check documents. "
      "docs/schemas.md explains how, and what a schema cannot express.",
      "zdf",
      runSchema},
@@ -217,8 +215,8 @@ const std::vector<Verb> kVerbs = {
      "A reader stops at the first error; validate reports every error that can be found without guessing, and legal "
      "but probably mistaken content as warnings. The files that a descriptor names are checked too. Each finding is "
      "a line FILE:LINE:COLUMN: error: ELEMENT: what is there, what is allowed [NAME]; within an archive, the "
-     "location is ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file "
-     "or one that a descriptor names cannot be opened.",
+     "location is ARCHIVE!MEMBER:LINE:COLUMN. See also explain NAME. Exit code: 0 no errors, 1 errors, 3 a file, "
+     "or one that a descriptor names, cannot be opened.",
      "u77/u77_gen3x16_base_1.zdf lone/lorica.spfm",
      runValidate,
      true},
@@ -240,20 +238,21 @@ const std::vector<Verb> kVerbs = {
      "harrier/hw/harrier.cfa",
      runToXml},
     {"query",
-     {kPlatform, {"PATH...", "paths in the platform's document, as hardwarePlatform.devices[0].name"}},
+     {kPlatform, {"PATH...", "paths in the platform's document, such as hardwarePlatform.devices[0].name"}},
      {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
      "Answer paths in a platform's document",
-     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment. Several paths "
-     "give a line PATH, tab, ANSWER each. docs/paths.md describes paths. A path that selects nothing: exit code 1, "
-     "and the nearest names.",
+     "Prints a value as it is, an object as JSON, and a list as JSON under the path's last segment; for several "
+     "paths, "
+     "a line PATH, tab, ANSWER each. docs/paths.md describes paths. If a path selects nothing, the nearest names are "
+     "reported and the exit code is 1.",
      "u77/u77_gen3x16_base_1.zdf vendor 'hardwarePlatform.memories[0].size'",
      runQuery},
     {"keys",
      {kPlatform, {"[PREFIX]", "only this key and those below it"}},
      {kMetadata, kRepo, kNoDefaults, kJson, kNdjson},
      "List the keys of a platform's document",
-     "Each key is printed once; \"[]\" follows the key of a list. A prefix that is not a key: exit code 1, and the "
-     "nearest names.",
+     "Each key is printed once; \"[]\" follows the key of a list. If PREFIX is not a key, the nearest names are "
+     "reported and the exit code is 1.",
      "u77/u77_gen3x16_base_1.zdf hardwarePlatform.systemClocks",
      runKeys},
     {"doc",
@@ -261,7 +260,8 @@ const std::vector<Verb> kVerbs = {
      {kAppRoot, kJson, kNdjson},
      "Explain a key of the document",
      "Prints its meaning, form, unit and source, from platforms/platform_keys_doc.json below the application root. "
-     "Indexes in the key do not matter. An unknown key: exit code 1, and the nearest names.",
+     "Indexes in the key do not matter. If the key is unknown, the nearest names are reported and the exit code is "
+     "1.",
      "'hardwarePlatform.systemClocks[].frequency' --app-root share",
      runDoc},
     {"dict",
@@ -273,9 +273,9 @@ const std::vector<Verb> kVerbs = {
       kJson,
       kNdjson},
      "Print a branch of the document as keys and values",
-     "A line KEY, tab, VALUE for each value. The document is that of the file: for an archive, its hardware platform "
-     "alone. In a list of plain values the first one has the empty key, and each other one the index below its own: "
-     "files written from this form rely on it.",
+     "Prints a line KEY, tab, VALUE for each value. The document is that of the file: for an archive, its hardware "
+     "platform alone. In a list of plain values, the first one has the empty key, and each of the others has its "
+     "index less one: files written from this form rely on it.",
      "u77/u77_gen3x16_base_1.zdf hardwarePlatform.board",
      runDict},
     {"transform",
@@ -295,7 +295,7 @@ const std::vector<Verb> kVerbs = {
       {"pre-synth", nullptr, "ask for use as a platform before synthesis"},
       {"open", nullptr, "ask whether the hardware platform may be opened"},
       {"why", nullptr, "print the rules that were tried, and what would change the verdict"},
-      {"matrix", "V1..V2", "print the verdicts for these tool versions, four a year"},
+      {"matrix", "V1..V2", "print the verdicts for these tool versions, four per year"},
       kMetadata,
       kRepo,
       kNoDefaults,
@@ -316,7 +316,7 @@ const std::vector<Verb> kVerbs = {
       {"json", nullptr, "print the library's own document of the reports"},
       kNdjson},
      "Report what each platform in the repositories is",
-     "A platform that cannot be read is reported with the reason, and does not end the list.",
+     "A platform that cannot be read is reported with the reason, and the list continues.",
      "--no-defaults --repo u77 --repo harrier --detailed --ndjson",
      runCatalog,
      true},
@@ -338,9 +338,9 @@ const std::vector<Verb> kVerbs = {
       kForce,
       kJson,
       kNdjson},
-     "Make run-time metadata from semantic labels",
+     "Create run-time metadata from semantic labels",
      "Without an option that names an output, prints the labels by kind as JSON. Labels that lack a key or have a "
-     "number that cannot be read are an error, and nothing is written; of two outputs, both are written or neither. "
+     "number that cannot be read are an error, and nothing is written. Two outputs are written both or not at all. "
      "docs/format-labels.md describes the documents.",
      "u77/hw/labels.json --partition-metadata part.json --force",
      runLabels},
@@ -368,7 +368,8 @@ const std::vector<Verb> kVerbs = {
        "NAMED_FILE"}},
      {kDryRun, kForce, kJson, kNdjson},
      "Create an archive of a fixed platform",
-     "The metadata describe a unified platform that a link step cannot extend, as a link makes them; they list the "
+     "The metadata describes a unified platform that no link step can extend, as a link step creates it, and lists "
+     "the "
      "added files. The archive has a digest, and appears complete or not at all.",
      "fixed.lfa XDC=l.json=u77/hw/labels.json --force",
      runCreateFixed},
@@ -386,8 +387,8 @@ const std::vector<Verb> kVerbs = {
       {"MODULE...", "archives of reconfigurable modules", "ARCHIVE"}},
      {kJson, kNdjson},
      "Check whether modules fit a static platform",
-     "A module fits if its node id is that of a partition of the platform which no earlier module has. Exit code: 0 "
-     "all fit, 1 not.",
+     "A module fits if its node id is that of a partition that no earlier module has taken. Exit code: 0 all fit, 1 "
+     "otherwise.",
      "osprey/hw/osprey_static.lfa osprey/hw/osprey_rm.lfa",
      runCheckRm},
     {"emu-convert",

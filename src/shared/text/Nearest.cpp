@@ -59,10 +59,10 @@ std::string nearest(const std::string& name, const std::vector<std::string>& kno
 }
 
 bool isSlip(std::string_view a, std::string_view b) {
-    constexpr std::size_t kMost = 2;
+    constexpr std::size_t kMaxSlips = 2;
     const std::size_t longer = std::max(a.size(), b.size());
-    if (longer - std::min(a.size(), b.size()) > kMost) return false;
-    return isWithin(a, b, std::min(kMost, longer / 3));
+    if (longer - std::min(a.size(), b.size()) > kMaxSlips) return false;
+    return isWithin(a, b, std::min(kMaxSlips, longer / 3));
 }
 
 }  // namespace text

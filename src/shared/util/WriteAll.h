@@ -6,7 +6,7 @@
 /// errors here, not signals (msg/WriteSignals.h).
 namespace util {
 
-/// Writes all of `bytes` where the file stands. Returns 0 or the error number.
+/// Writes all of `bytes` at the file's position. Returns 0 or the error number.
 int writeAll(int file, std::string_view bytes);
 /// The same, from `offset`.
 int writeAllAt(int file, std::uint64_t offset, std::string_view bytes);

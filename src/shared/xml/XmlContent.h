@@ -32,13 +32,13 @@ public:
         std::size_t count;                 ///< children of this row before it
         std::vector<std::size_t> missing;  ///< rows of required children that it passes
     };
-    /// Where a child of that name stands; `row` is the number of rows if it may not follow. Chooses the alternative that
+    /// The position of a child of that name; `row` is the number of rows if it may not follow. Chooses the alternative that
     /// it belongs to.
     Place find(std::string_view local);
     /// The child at that place follows.
     void take(Place place);
     const Child* row(std::size_t index) const { return index < rows_.size() ? &rows_[index] : nullptr; }
-    /// The row for a child that an earlier `take` passed, since it stands after a later one, once; else null.
+    /// The row for a child that an earlier `take` passed, since it comes after a later one, once; else null.
     const Child* takePassed(std::string_view local);
     /// An element that cannot be read counts as the child that its name resembles, so that this one is not missing too.
     void takeAsMeant(std::string_view local);

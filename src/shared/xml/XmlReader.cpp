@@ -309,7 +309,7 @@ void Reader::forgetContent_(const Frame& frame) {
 }
 
 std::string Reader::misplaced_(const Frame& frame, const Name& name) const {
-    return fmt::format("<{}> stands in <{}> where {} is expected", HSTStringUtils::excerpt(name.qualified),
+    return fmt::format("<{}> appears in <{}> where {} is expected", HSTStringUtils::excerpt(name.qualified),
                        frame.name, frame.content.expected());
 }
 
@@ -339,7 +339,7 @@ void Reader::text_(std::string_view text) {
     } else if (!frame.strayTextReported && !isBlank(text)) {
         frame.strayTextReported = true;
         fail_(fault::kStrayText, frame.name,
-              fmt::format("the text \"{}\" stands in <{}> where {} is expected", HSTStringUtils::excerpt(text),
+              fmt::format("the text \"{}\" appears in <{}> where {} is expected", HSTStringUtils::excerpt(text),
                           frame.name, frame.content.expected()));
     }
 }

@@ -169,7 +169,7 @@ private:
     const ByteSource& bytes_;
     const std::string& archive_;
     EndRecord end_;
-    std::size_t at_ = 0;  ///< of the end record in the tail
+    std::size_t at_ = 0;  ///< of the end of central directory in the tail
 };
 
 }  // namespace

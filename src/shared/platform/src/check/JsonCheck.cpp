@@ -205,7 +205,7 @@ void JsonCheck::checkDuplicates_(Node value, const Path& path) {
         const std::string_view key = child.name();
         const Path at{&path, key.empty() ? std::string_view() : key, index++};
         if (!isUnique && !key.empty() && !seen.insert(key).second)
-            add(kDuplicateKey, child, at, "the key stands twice; only the first value is read");
+            add(kDuplicateKey, child, at, "the key appears twice; only the first value is read");
         if (!child.empty()) checkDuplicates_(child, at);
     }
 }

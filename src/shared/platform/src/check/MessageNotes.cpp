@@ -53,7 +53,7 @@ constexpr MessageNote kNotes[] = {
     {"74-50",
      "The list of support exceptions is JSON, but has another key than black_list and white_list at the top, or an "
      "entry "
-     "without products. What stands before that place has been compared; the rest is ignored.",
+     "without products. What precedes that place has been compared; the rest is ignored.",
      "Run \"zr-platform exceptions print\", correct the text, and pack it again.", nullptr},
     {"74-51", "A software file is not valid, so its platform cannot be loaded.",
      "Run \"zr-platform validate\": it reports every error with its location.", "missing-element"},

@@ -268,8 +268,8 @@ bool isEmulationList(const std::string& type) {
 }
 
 void addSlrs(long long count, std::set<std::string>& names) {
-    constexpr long long kMost = 256;
-    for (long long i = 0; i < std::min(count, kMost); ++i) names.insert("SLR" + std::to_string(i));
+    constexpr long long kMaxSlrs = 256;
+    for (long long i = 0; i < std::min(count, kMaxSlrs); ++i) names.insert("SLR" + std::to_string(i));
 }
 
 }  // namespace check

@@ -97,7 +97,7 @@ private:
             if (known.insert(key).second)
                 compare(child, childOf(after, key), found, found && found->inner ? found->inner() : Shapes());
             else
-                add("lost, because the key stands twice");
+                add("lost, because the key appears twice");
             steps_.pop_back();
         }
     }

@@ -95,7 +95,7 @@ constexpr json::Key<T> unread(json::Key<T> key) {
     return key;
 }
 
-/// Fills a label by `read`, and calls `report` if that fails; what stands before the faulty key has then been read.
+/// Fills a label by `read`, and calls `report` if that fails; what precedes the faulty key has then been read.
 template <class Read, class Report>
 void fill(Read read, Report report) {
     try {

@@ -16,7 +16,7 @@ struct Entry {
     const std::string& name;
     bool isRegular;  ///< a regular file; links are followed
     std::string path() const;
-    /// The path with "/" for each back slash, and nothing if the name does not end in exactly ".zdf" after other
+    /// The path with "/" for each backslash, and nothing if the name does not end in exactly ".zdf" after other
     /// characters.
     std::string descriptorPath() const;
     /// The name without its extension.
@@ -45,8 +45,8 @@ struct Visitor {
     std::function<void(const std::string& path, Skip)> skipped = [](const std::string&, Skip) {};
 };
 
-/// Visits what is in `directory` and below it, in the order of the file system, a subdirectory where its entry
-/// stands. Only std::bad_alloc leaves it, and what the visitor's other functions throw.
+/// Visits what is in `directory` and below it, in the order of the file system, a subdirectory at the position of its
+/// entry. Only std::bad_alloc leaves it, and what the visitor's other functions throw.
 void walk(const std::string& directory, const WalkRules& rules, const Visitor& visitor);
 
 }  // namespace repository
