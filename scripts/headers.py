@@ -29,7 +29,7 @@ def page():
     rooms = lint.read_rooms()
     public, problems = lint.public_headers(rooms)
     lines = ["# Public headers", "",
-             "Made by `./dev docs` from rooms.txt and the headers. The rooms stand in the order of their dependencies.", ""]
+             "Made by `./dev docs` from rooms.txt and the headers. The rooms are in the order of their dependencies.", ""]
     for room in rooms:
         headers = sorted(name for name, owner in public.items() if owner == room)
         if not headers:
