@@ -70,6 +70,44 @@ void copy(const PlatformArchive& archive, const std::string& member, const std::
         throw HEXFileFault({.file = archive.name(), .member = member, .text = "no such member"});
 }
 
+void extractMember(const PlatformArchive& archive, const std::string& member, const Extract& request,
+                   std::optional<util::ScratchDirectory>& scratch) {
+    if (!request.repairHpfm) return copy(archive, member, request.destination, request.mayReplace);
+    if (!scratch) scratch.emplace();
+    const std::string hpfm = scratch->path() + "/repaired.hpfm";
+    copy(archive, member, hpfm, false);
+    HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(hpfm);
+    writeFile(request.destination, wholefile::read(hpfm, zip::OutputBudget::kOfCall), request.mayReplace);
+}
+
+/// The diagnostic of a nested archive, which names the copy that was read: it gets the location of the original.
+HEXDiagnostic inArchive(HEXDiagnostic diagnostic, const std::string& copy, const PlatformArchive& archive,
+                        const std::string& member) {
+    if (diagnostic.file != copy) return diagnostic;
+    diagnostic.file = archive.name();
+    diagnostic.member = diagnostic.member.empty() ? member : member + "!" + diagnostic.member;
+    return diagnostic;
+}
+
+/// Copies what `name` selects; the part before a "!" selects a nested archive.
+void extractFrom(const PlatformArchive& archive, const std::string& name, const Extract& request,
+                 std::optional<util::ScratchDirectory>& scratch) {
+    const std::size_t mark = name.find('!');
+    if (mark == std::string::npos || archive.contains(name))
+        return extractMember(archive, memberFor(archive, name, request), request, scratch);
+    const std::string outer = memberFor(archive, name.substr(0, mark), request);
+    if (!scratch) scratch.emplace();
+    const std::string inner = scratch->path() + "/" + std::to_string(name.size()) + "." + HUTFile::getExt(outer);
+    copy(archive, outer, inner, false);
+    try {
+        extractFrom(PlatformArchive(inner), name.substr(mark + 1), request, scratch);
+    } catch (const RequestError& e) {
+        throw RequestError(e.kind(), inArchive(e.diagnostic(), inner, archive, outer));
+    } catch (const HEXFileFault& e) {
+        throw HEXFileFault(inArchive(e.diagnostic(), inner, archive, outer));
+    }
+}
+
 }  // namespace
 
 HSTVector<ListedFile> listedFiles(const HPLPlatform& platform) {
@@ -94,24 +132,7 @@ void extract(const Extract& request) {
     checkDestination(request.destination, request.mayReplace);
     const zip::Request opened;
     std::optional<util::ScratchDirectory> scratch;
-    std::optional<PlatformArchive> archive(request.archive);
-    std::string name = request.name;
-    int level = 0;
-    for (std::size_t mark; (mark = name.find('!')) != std::string::npos && !archive->contains(name);) {
-        const std::string outer = memberFor(*archive, name.substr(0, mark), request);
-        if (!scratch) scratch.emplace();
-        const std::string inner = scratch->path() + "/" + std::to_string(level++) + "." + HUTFile::getExt(outer);
-        copy(*archive, outer, inner, false);
-        archive.emplace(inner);
-        name.erase(0, mark + 1);
-    }
-    const std::string member = memberFor(*archive, name, request);
-    if (!request.repairHpfm) return copy(*archive, member, request.destination, request.mayReplace);
-    if (!scratch) scratch.emplace();
-    const std::string hpfm = scratch->path() + "/repaired.hpfm";
-    copy(*archive, member, hpfm, false);
-    HTEQHpfmUtl::ChangeAndWriteHpfmIfNeeded(hpfm);
-    writeFile(request.destination, wholefile::read(hpfm, zip::OutputBudget::kOfCall), request.mayReplace);
+    extractFrom(PlatformArchive(request.archive), request.name, request, scratch);
 }
 
 }  // namespace teq_platform::requests

@@ -15,24 +15,11 @@
 #include "text/HSTStringUtils.h"
 #include "util/FolderNames.h"
 #include "util/HUTFile.h"
-#include "zip/ArchiveError.h"
 #include "zip/Destination.h"
 #include "zip/MemberName.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
-namespace {
-
-/// Opens the archive once, for the reads and for the change that follows.
-void openForChange(const std::string& archive) {
-    try {
-        zip::openSharedForChange(archive);
-    } catch (const zip::ArchiveError&) {  // reported by the reader or the writer
-    }
-}
-
-}  // namespace
-
 void checkDestination(const std::string& destination, bool mayReplace) {
     if (!mayReplace && HUTFile::exists(destination))
         throw RequestError(FailureKind::exists, {.file = destination, .text = "already exists"});

@@ -7,7 +7,9 @@
 
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "zip/ArchiveError.h"
 #include "zip/MemberName.h"
+#include "zip/Request.h"
 
 namespace teq_platform::requests {
 namespace {
@@ -28,6 +30,13 @@ NamedFile namedFile(const std::string& text) {
     if (second == text.npos || first == 0 || second == first + 1 || second + 1 == text.size())
         wrongUse("'" + HSTStringUtils::printable(text) + "' is not of the form TYPE=MEMBER=FILE");
     return {text.substr(0, first), text.substr(first + 1, second - first - 1), text.substr(second + 1)};
+}
+
+void openForChange(const std::string& archive) {
+    try {
+        zip::openSharedForChange(archive);
+    } catch (const zip::ArchiveError&) {  // reported by the reader or the writer
+    }
 }
 
 void checkInput(const std::string& file) {

@@ -9,6 +9,8 @@ namespace teq_platform::requests {
 /// Of a list of lines for people: problems, losses.
 inline constexpr std::size_t kMaxLines = 1000;
 
+/// Opens the archive once for this request, for the reads and for the change that follows.
+void openForChange(const std::string& archive);
 /// Expects an existing file.
 void checkInput(const std::string& file);
 /// Expects a destination with one of the extensions, that may be written and is not the input.

@@ -131,6 +131,7 @@ void createRqa(const RqaArchive& request) {
 void addToRqa(const RqaArchive& request) {
     checkFiles(request.files, HRQAArchive::getJsonFileName());
     const zip::Request scope;
+    if (!request.dryRun) openForChange(request.archive);
     const Opened opened = open(request.archive);
     checkOutput(request.archive, {}, true, inputsOf(request));
     HRQAArchive archive(request.archive);
