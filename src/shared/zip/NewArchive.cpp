@@ -75,7 +75,7 @@ std::uint64_t NewArchive::addTo(ZipWriter& writer, const Member& member, DigestR
     else
         bytes = std::make_shared<const MemoryBytes>(member.text);
     row.size = bytes->size();
-    row.hash = checksumsOf(*bytes).value().hash;
+    if (const auto sums = checksumsOf(*bytes)) row.hash = sums->hash;  // a source that cannot be read throws
     return writer.add(member.name, {row.size, [bytes](std::uint64_t offset, char* target, std::size_t count) {
                                         bytes->read(offset, target, count);
                                     }});
