@@ -33,7 +33,7 @@ bool isTakenByZlib(const zip::Archive& archive, const zip::Member& member) {
     return inflater.unpack(packed.next(), [](std::string_view) {}).empty() && inflater.isDone();
 }
 
-/// libzip may take an end record in a member's data for the archive's own; our reader knows it by its comment, which
+/// libzip may take an end of central directory in a member's data for the archive's own; our reader knows it by its comment, which
 /// ends where the archive does.
 bool misleadsLibzip(std::string_view bytes) {
     constexpr std::string_view kEnd = "PK\5\6";

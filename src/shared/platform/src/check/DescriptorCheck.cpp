@@ -40,7 +40,7 @@ std::string nearestFile(const std::string& path) {
     return text::nearest(name, names);
 }
 
-/// Of a document that is not valid, only the files are checked that it names completely.
+/// For a document that is not valid, only the files that it names completely are checked.
 class DescriptorCheck {
 public:
     DescriptorCheck(const Source& source, const ReadXml& document)

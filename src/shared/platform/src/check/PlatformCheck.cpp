@@ -113,7 +113,7 @@ std::optional<Source> textOf(const std::string& file, Findings& findings) {
     }
 }
 
-/// The content decides only if the name does not: the loader goes by the name.
+/// The content decides only if the name does not, as in the loader.
 bool isJson(const Source& source) {
     const std::string extension = HUTFile::getExt(source.file);
     if (extension == "json") return true;

@@ -6,7 +6,7 @@
 /// What the requests that make files have in common. Functions throw unless they return.
 namespace teq_platform::requests {
 
-/// Of a list of lines for people: problems, losses.
+/// The maximum number of lines in a list for people: problems, losses.
 inline constexpr std::size_t kMaxLines = 1000;
 
 /// Opens the archive once for this request, for the reads and for the change that follows.
