@@ -76,7 +76,13 @@ private:
                (shape.form == Form::number && value == "0");
     }
     void compareItems(const ptree& before, const ptree* after, Shapes inner) {
-        const NamedItems items(after);
+        // Items of one name may have become one item, whose lists are asked again for each of them.
+        if (after && after->size() > before.size())
+            compareItems(before, merged_.try_emplace(after, after).first->second, inner);
+        else
+            compareItems(before, NamedItems(after), inner);
+    }
+    void compareItems(const ptree& before, const NamedItems& items, Shapes inner) {
         std::size_t place = 0;
         for (const auto& [none, item] : before) {
             steps_.push_back({nullptr, place});
@@ -124,6 +130,7 @@ private:
         std::size_t index;
     };
     std::vector<Step> steps_;
+    std::map<const ptree*, NamedItems> merged_;  ///< of the lists that are longer than they were
     std::vector<std::string> found_;
     std::size_t more_ = 0;  ///< than `found_` has
 };
