@@ -39,7 +39,11 @@ Budget::~Budget() {
     if (isOutermost_) current = nullptr;
 }
 
-OwnBudget::OwnBudget() : outer_(std::exchange(current, nullptr)), own_(std::make_unique<Budget>()) {}
+OwnBudget::OwnBudget() : outer_(std::exchange(current, nullptr)) {
+    std::unique_ptr<Budget>& budget = outer_ ? outer_->second_ : own_;
+    if (!budget) budget = std::make_unique<Budget>();
+    current = budget.get();
+}
 
 OwnBudget::~OwnBudget() {
     own_.reset();

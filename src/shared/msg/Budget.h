@@ -2,6 +2,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "msg/ComMsgMgr.h"
@@ -44,8 +45,10 @@ public:
     static Report report(const ComMsgMgrInstance& message);
 
 private:
+    friend class OwnBudget;
     Amounts spent_ = {};
     const char* refused_ = nullptr;
     std::map<std::string, int> reported_;  ///< by id; plain texts by themselves
+    std::unique_ptr<Budget> second_;       ///< of `OwnBudget`
     bool isOutermost_;
 };

@@ -3,8 +3,8 @@
 
 class Budget;
 
-/// During its lifetime, its thread's request counts anew, with the same limits: for a second reading of what the request
-/// has read.
+/// During its lifetime, its thread's request counts on a second budget with the same limits: for a second reading of what
+/// the request has read. All second readings of a request share it.
 class OwnBudget {
 public:
     OwnBudget();
@@ -14,5 +14,5 @@ public:
 
 private:
     Budget* outer_;
-    std::unique_ptr<Budget> own_;
+    std::unique_ptr<Budget> own_;  ///< outside of a request
 };
