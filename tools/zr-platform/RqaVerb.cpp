@@ -54,7 +54,7 @@ const char* stateName(requests::ListedFile::State state) {
 void list(const Call& call) {
     const std::string& archive = call["ARCHIVE"];
     if (!call.all("[ARG...]").empty()) wrongUse("expected rqa list ARCHIVE");
-    if (call.has("json")) return Console::take().data(requests::rqaIndex(archive));
+    if (call.has("json")) return Console::take().data(HSTStringUtils::printableJson(requests::rqaIndex(archive)));
     const requests::RqaContent content = requests::rqaContent(archive);
     Records records("rqa-file");
     std::vector<std::vector<std::string>> rows;

@@ -100,8 +100,9 @@ bool isHidden(std::uint32_t code) {
     struct Range {
         std::uint32_t first, last;
     };
-    static constexpr Range kHidden[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0x061C, 0x061C}, {0x200B, 0x200F},
-                                        {0x2028, 0x202E}, {0x2060, 0x206F}, {0xFEFF, 0xFEFF}};
+    static constexpr Range kHidden[] = {{0x00, 0x1F},     {0x7F, 0x9F},     {0xAD, 0xAD},      {0x061C, 0x061C},
+                                        {0x180E, 0x180E}, {0x200B, 0x200F}, {0x2028, 0x202E},  {0x2060, 0x206F},
+                                        {0xFEFF, 0xFEFF}, {0xFFF9, 0xFFFB}, {0xE0000, 0xE0FFF}};
     return std::ranges::any_of(kHidden,
                                [code](const Range& range) { return range.first <= code && code <= range.last; });
 }
@@ -141,8 +142,12 @@ std::string HSTStringUtils::printable(std::string_view text) {
 
 std::string HSTStringUtils::printableJson(std::string_view json) {
     return withoutHidden(json, [](std::string& result, std::string_view, std::uint32_t code) {
-        result += "\\u";
-        for (int shift = 12; shift >= 0; shift -= 4) result += kDigits[code >> shift & 15];
+        const auto addUnit = [&result](std::uint32_t unit) {
+            result += "\\u";
+            for (int shift = 12; shift >= 0; shift -= 4) result += kDigits[unit >> shift & 15];
+        };
+        if (code > 0xFFFF) addUnit(0xD7C0 + (code >> 10));
+        addUnit(code > 0xFFFF ? 0xDC00 | (code & 0x3FF) : code);
     });
 }
 
