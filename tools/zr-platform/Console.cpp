@@ -27,11 +27,23 @@ namespace {
 /// More faults of one platform are not listed.
 constexpr std::size_t kMaxFaults = 10;
 
+/// At most 4,000 bytes of a text.
+std::string cut(const std::string& text) {
+    constexpr std::size_t kMaxText = 4000;
+    return text.size() > kMaxText ? std::string(HSTStringUtils::utf8Prefix(text, kMaxText)) + "..." : text;
+}
+
 /// A message on standard error as a record, or a problem of other records.
 boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view severity) {
-    return {{"id", diagnostic.id},         {"name", diagnostic.name},       {"severity", severity},
-            {"file", diagnostic.file},     {"member", diagnostic.member},   {"line", diagnostic.line},
-            {"column", diagnostic.column}, {"element", diagnostic.element}, {"text", diagnostic.text}};
+    return {{"id", diagnostic.id},
+            {"name", diagnostic.name},
+            {"severity", severity},
+            {"file", cut(diagnostic.file)},
+            {"member", cut(diagnostic.member)},
+            {"line", diagnostic.line},
+            {"column", diagnostic.column},
+            {"element", cut(diagnostic.element)},
+            {"text", cut(diagnostic.text)}};
 }
 
 std::string jsonOf(const auto& value) { return HSTStringUtils::printableJson(boost::json::serialize(value)); }
@@ -112,7 +124,8 @@ void Console::State::onMessage(const ComMsgMgrInstance& message) {
     if (quiet || !(verbose || (json && !isFault) || isWarning)) return;
     if (json) {
         boost::json::object record = recordOf(line, nameOf(message.mask));
-        record["args"] = boost::json::array(message.args.begin(), message.args.end());
+        boost::json::array& args = record["args"].emplace_array();
+        for (const std::string& arg : message.args) args.emplace_back(cut(arg));
         writeAll(2, lineOf(record));
     } else {
         writeAll(2, line.report(isWarning ? "warning" : "") + "\n");

@@ -44,9 +44,13 @@ int runBoards(const Call& call) {
     std::vector<std::vector<std::string>> rows;
     for (const requests::Board& board : found.boards) {
         boost::json::array connectors;
-        if (board.connectors.empty()) rows.push_back({board.part, board.name, "", "", "", ""});
+        // They stand in each row.
+        constexpr std::size_t kMaxCell = 1000;
+        const std::string part(HSTStringUtils::utf8Prefix(board.part, kMaxCell));
+        const std::string boardName(HSTStringUtils::utf8Prefix(board.name, kMaxCell));
+        if (board.connectors.empty()) rows.push_back({part, boardName, "", "", "", ""});
         for (const auto& [name, displayName, type, isDimm, fits] : board.connectors) {
-            rows.push_back({board.part, board.name, name, displayName, type, HSTStringUtils::join(fits, ", ")});
+            rows.push_back({part, boardName, name, displayName, type, HSTStringUtils::join(fits, ", ")});
             connectors.push_back(boost::json::object{{"name", name},
                                                      {"displayName", displayName},
                                                      {"type", type},

@@ -71,15 +71,27 @@ Opened open(const std::string& archive) {
     return opened;
 }
 
-bool isFolder(const zip::Archive& archive, const std::string& name) {
-    return std::ranges::any_of(archive.members(),
-                               [&](const zip::Member& member) { return member.name.starts_with(name + "/"); });
-}
+/// The folders of an archive, found by the names of its members.
+class Folders {
+public:
+    explicit Folders(const zip::Archive& archive) {
+        for (const zip::Member& member : archive.members()) names_.emplace_back(member.name);
+        std::ranges::sort(names_);
+    }
+    bool contains(const std::string& name) const {
+        const auto at = std::ranges::lower_bound(names_, name + "/");
+        return at != names_.end() && at->starts_with(name + "/");
+    }
 
-ListedFile listed(const zip::Archive& archive, const std::string& type, const std::string& name) {
+private:
+    std::vector<std::string> names_;
+};
+
+ListedFile listed(const zip::Archive& archive, const Folders& folders, const std::string& type,
+                  const std::string& name) {
     using State = ListedFile::State;
     if (const zip::Member* const member = archive.find(name)) return {type, name, State::file, member->size};
-    return {type, name, isFolder(archive, name) ? State::folder : State::missing};
+    return {type, name, folders.contains(name) ? State::folder : State::missing};
 }
 
 /// What is wrong with the entries of the list "files".
@@ -106,8 +118,9 @@ HSTVector<std::string> problemsIn(const json::ptree& index) {
 }
 
 void checkNotPresent(const RqaArchive& request, const HRQAArchive& archive, const zip::Archive& members) {
+    const Folders folders(members);
     for (const NamedFile& file : request.files)
-        if (archive.getFiles().contains(file.type) || members.find(file.member) || isFolder(members, file.member))
+        if (archive.getFiles().contains(file.type) || members.find(file.member) || folders.contains(file.member))
             throw RequestError(FailureKind::exists,
                                {.file = request.archive,
                                 .text = "already has the type '" + HSTStringUtils::excerpt(file.type) +
@@ -149,7 +162,8 @@ RqaContent rqaContent(const std::string& archive) {
     RqaContent content{read.getInstPath(), read.getDrBdInstName(), read.getPfmName(), read.getHierName(), {}, {}};
     HRQAFiles::Map files;
     read.getFiles().getFiles(files);
-    for (const auto& [type, name] : files) content.files.push_back(listed(*opened.archive, type, name));
+    const Folders folders(*opened.archive);
+    for (const auto& [type, name] : files) content.files.push_back(listed(*opened.archive, folders, type, name));
     content.problems = problemsIn(opened.index);
     return content;
 }
