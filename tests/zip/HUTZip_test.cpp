@@ -17,6 +17,7 @@
 #include <thread>
 
 #include "kit/ZipBuilder.h"
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "util/HUTFile.h"
 #include "zip/Archive.h"
@@ -188,6 +189,19 @@ TEST_F(Uncompress, NothingLeavesTheDirectory) {
     EXPECT_EQ(readTree("out"), (Tree{{"file", "new"}})) << "nothing half written stays";
 }
 
+TEST_F(Uncompress, CountsFilesAndDirectories) {
+    pack({builder::Entry("d/e/file", "x")});
+    for (const bool isEnough : {false, true}) {
+        fs::remove_all(at("out"));
+        fs::create_directory(at("out"));
+        const Budget budget;
+        Budget::spend(Cost::inodes, isEnough ? 19'997 : 19'998);
+        const std::string words = wordsOf([&] { HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true); });
+        EXPECT_EQ(words.find("more than 20000 files and directories") == std::string::npos, isEnough) << words;
+        EXPECT_EQ(fs::exists(at("out/d/e/file")), isEnough);
+    }
+}
+
 TEST_F(Uncompress, ADamagedMemberLeavesNoFile) {
     builder::Entry entry("x", std::string(1'000'000, 'x'));
     entry.packed.back() = 'y';
@@ -311,6 +325,11 @@ TEST_F(Destination, WholeOrNotAtAll) {
     zip::writeDestination(at("link"), fill);
     EXPECT_FALSE(fs::is_symlink(at("link")));
     EXPECT_EQ(contentOf(at("link")), "one two");
+    const std::string waiting = at(".zr-edit-" + std::to_string(::getpid()) + "-0");  // where the next one is made
+    fs::create_symlink("real", waiting);
+    zip::writeDestination(at("new"), fill);
+    EXPECT_EQ(contentOf(at("real")), "old");
+    fs::remove(waiting);
     const auto losing = [&](const Take& take) {  // a race against a file that appears in the meantime
         take("late");
         write(at("raced"), "first");
