@@ -56,8 +56,13 @@ void removeLeftover(int directory, const char* name) {
     if (isNameOf(file.get(), directory, name)) ::unlinkat(directory, name, 0);
 }
 
+/// The directory, opened anew to be read.
+Descriptor reopened(int directory) {
+    return Descriptor(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
 void removeLeftovers(int directory) {
-    Descriptor own(::openat(directory, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Descriptor own = reopened(directory);
     const std::unique_ptr<DIR, int (*)(DIR*)> list(own.isOpen() ? ::fdopendir(own.get()) : nullptr, ::closedir);
     if (!list) return;
     own.release();
@@ -166,7 +171,7 @@ void AtomicFile::commit(bool mayReplace) {
     if (const int error = rename(mayReplace)) fail(error);
     isMade_ = false;
     if (!isSynced_) return;
-    if (::fsync(directory_) != 0) fail(errno);
+    if (const int error = syncDirectory(directory_)) fail(error);
     removeLeftovers(directory_);
 }
 
@@ -185,6 +190,11 @@ void AtomicFile::commitWith(AtomicFile& other, bool mayReplace) {
         if (isNew) ::unlinkat(directory_, name_.c_str(), 0);
         throw;
     }
+}
+
+int syncDirectory(int directory) {
+    const Descriptor file = reopened(directory);
+    return file.isOpen() && ::fsync(file.get()) == 0 ? 0 : errno;
 }
 
 }  // namespace util

@@ -60,4 +60,8 @@ private:
     bool isMade_ = false, isSynced_ = false;
 };
 
+/// Waits until the disk has the names in an open directory; the descriptor may be one with O_PATH. Returns 0 or the error
+/// number: EACCES if the directory may not be read.
+int syncDirectory(int directory);
+
 }  // namespace util

@@ -76,12 +76,16 @@ public:
         return file;
     }
 
-    /// Gives a file this name. False if that cannot be done without copying it.
+    /// Gives a file this name, and waits until the disk has it, as it has the bytes of what was edited. False if that
+    /// cannot be done without copying the file.
     bool take(const std::string& from, bool mayReplace) const {
         if (isStream()) return false;
         if (exists_ && !mayReplace) fail(path_, EEXIST);
         const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
-        return ::renameat2(AT_FDCWD, from.c_str(), parent_.get(), name_.c_str(), flags) == 0;
+        if (::renameat2(AT_FDCWD, from.c_str(), parent_.get(), name_.c_str(), flags) != 0) return false;
+        const int error = util::syncDirectory(parent_.get());
+        if (error != 0 && error != EACCES) fail(path_, error);  // EACCES: a directory that one may only write to
+        return true;
     }
 
     void writeStream(const Fill& fill) const {
