@@ -45,7 +45,8 @@ struct Failure {
     HEXDiagnostic diagnostic;
 };
 /// The failure for the exception being handled, of any type; call it in a `catch`. `file` is the file of the request,
-/// for exceptions that name none. Throws std::bad_alloc if memory runs out.
+/// for exceptions that name none; a `RequestError` without a file is not about one. Throws std::bad_alloc if memory runs
+/// out.
 ZR_API Failure currentFailure(const std::string& file = "");
 /// Likewise, for one file of many: unless the cause is an error of the system that concerns every file, the request goes
 /// on with the next one, and `checkSystem` does not throw for this one.

@@ -136,17 +136,14 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
 
 void write(const std::string& text) { Console::take().data(text); }
 
-/// What a request may cost is refused without a file: the first one of the call has it.
+/// A failure that names no file gets the first one of the call.
 int run(const Verb& verb, const Call& call) {
     try {
         return verb.run(call);
-    } catch (const teq_platform::RequestError&) {
-        throw;  // not of a file, if it names none
-    } catch (const HEXFileFault& e) {
-        HEXDiagnostic diagnostic = e.diagnostic();
-        if (!diagnostic.file.empty() || verb.positionals.empty()) throw;
-        diagnostic.file = call.get(verb.positionals.front().name, "");
-        throw HEXFileFault(diagnostic);
+    } catch (const HEXFileFault&) {
+        const std::string file = verb.positionals.empty() ? "" : call.get(verb.positionals.front().name, "");
+        const teq_platform::Failure failure = teq_platform::currentFailure(file);
+        throw teq_platform::RequestError(failure.kind, failure.diagnostic);
     }
 }
 

@@ -90,19 +90,6 @@ std::string listedKey(const std::string& key) {
     return listed;
 }
 
-/// What `make` gives; a refusal of what costs too much names the file.
-template <class Make>
-auto ofFile(const std::string& file, const Make& make) {
-    try {
-        return make();
-    } catch (const HEXFileFault& e) {
-        if (!e.diagnostic().file.empty()) throw;
-        HEXDiagnostic diagnostic = e.diagnostic();
-        diagnostic.file = file;
-        throw HEXFileFault(diagnostic);
-    }
-}
-
 constexpr const char* kBranch = "documentation_keys";
 
 void collect(const ptree& node, const std::string& key, HSTVector<KeyDocumentation>& found) {
@@ -134,7 +121,7 @@ struct Questions::State {
 
 Questions::Questions(const HTEQPlatform& platform, const std::string& file) : state_(std::make_unique<State>()) {
     state_->file = file;
-    ofFile(file, [&] { services::read(platform, state_->document); });
+    services::read(platform, state_->document);
 }
 Questions::~Questions() = default;
 
@@ -148,12 +135,12 @@ Answer Questions::answer(const std::string& path) const {
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
-    std::optional<Keys>& known = state_->keys;
-    const Keys& keys = known ? *known : known.emplace(ofFile(state_->file, [&] {
+    if (!state_->keys) {
         ptree tree;
         json::copy(state_->document.root(), tree);
-        return teq::platform::NativeKeyService().get(tree);
-    }));
+        state_->keys = teq::platform::NativeKeyService().get(tree);
+    }
+    const Keys& keys = *state_->keys;
     if (prefix.empty()) return {keys.begin(), keys.end()};
     const std::string listed = listedKey(services::actualPath(state_->document.root(), prefix));
     HSTVector<std::string> found = below(keys, listed);
@@ -217,7 +204,7 @@ HSTVector<KeyDocumentation> keyDocumentation(const std::string& key) {
 
 std::map<std::string, std::string> dict(const DictRequest& request) {
     const auto platform = load(request.file, HwMetadataMode::Default);
-    const ptree whole = ofFile(request.file, [&] { return services::documentTree(*platform); });
+    const ptree whole = services::documentTree(*platform);
     const FileKind kind = fileKindOf(request.file);
     const ptree* document = &whole;
     if (kind != FileKind::descriptor)
@@ -228,7 +215,7 @@ std::map<std::string, std::string> dict(const DictRequest& request) {
         refuse(request.file,
                "no branch " + quoted(request.branch) + explained(json::Document(*document).root(), branch.path));
     const teq::platform::NativeDictService service;
-    auto dict = ofFile(request.file, [&] { return service.getAsDict(*branch.node, request.branch); });
+    auto dict = service.getAsDict(*branch.node, request.branch);
     if (request.filters.empty() && !request.useDefaultFilter) return dict;
     std::set<std::string> filters = request.filters;
     if (request.useDefaultFilter)

@@ -65,6 +65,7 @@ HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std:
         return {.file = e.what(), .text = util::systemFault()->text};
     if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
     HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
+    if (diagnostic.file.empty() && !isA<RequestError>(e)) diagnostic.file = file;  // a limit of the request
     diagnostic.text += reasonsOf(e);
     return diagnostic;
 }
