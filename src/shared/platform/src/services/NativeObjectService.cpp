@@ -135,7 +135,7 @@ bool NativeObjectService::hasLegacyHwPlatformRootPath(const ptree& tree) const {
 }
 std::string NativeObjectService::getPathWithActualHwPlatformRoot(const std::string& document,
                                                                  const std::string& path) const {
-    return roots::isLegacy(path) ? services::actualPath(parsed(document), path, false) : path;
+    return roots::isLegacy(path) ? services::actualPath(parsed(document), path) : path;
 }
 std::string NativeObjectService::getPathWithActualHwPlatformRoot(const ptree& tree, const std::string& path) const {
     return services::actualPath(tree, path, pathHasBoostArray(path));

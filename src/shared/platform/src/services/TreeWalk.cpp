@@ -47,18 +47,6 @@ bool hasNode(const ptree& tree, const std::string& path) {
     return walk(&tree, scanJsonPath(withoutMarkers(path)));
 }
 
-std::string rootOf(const ptree& tree, bool useAlt) {
-    for (const char* root : {roots::kLegacy, roots::kDefault, useAlt ? roots::kPartitionAlt : roots::kPartition})
-        if (hasNode(tree, root)) return root;
-    return {};
-}
-
-std::string actualPath(const ptree& tree, const std::string& path, bool useAlt) {
-    if (!roots::isLegacy(path)) return path;
-    const std::string root = rootOf(tree, useAlt);
-    return root.empty() ? path : roots::replaced(path, root);
-}
-
 std::string answerOf(const ptree& node, const std::string& path) {
     if (node.empty()) return node.data();
     if (isObject(node)) return json::write(node);

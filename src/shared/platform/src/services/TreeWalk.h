@@ -55,18 +55,25 @@ std::string replaced(const std::string& path, const std::string& root);
 
 /// Whether the path has "..", the property tree's notation for the first item of a list.
 bool hasBoostArray(const std::string& path);
-/// Whether the path selects a node; "..": by the property tree's own lookup. Legacy paths are not translated.
+/// Whether the path selects a node; "..", in a tree only: by the property tree's own lookup. Legacy paths are not
+/// translated.
 bool hasNode(const ptree& tree, const std::string& path);
-/// The first of the roots that exists, or an empty text. `useAlt`: in the notation of the property tree.
-std::string rootOf(const ptree& tree, bool useAlt);
-/// The path with a legacy root replaced by the one that exists.
-std::string actualPath(const ptree& tree, const std::string& path, bool useAlt);
 template <class Node>
-std::string actualPath(const Node& document, const std::string& path) {
-    if (!roots::isLegacy(path)) return path;
-    for (const char* root : {roots::kLegacy, roots::kDefault, roots::kPartition})
-        if (walk(document, teq::platform::scanJsonPath(root))) return roots::replaced(path, root);
-    return path;
+bool hasNode(const Node& document, const std::string& path) {
+    return static_cast<bool>(walk(document, teq::platform::scanJsonPath(path)));
+}
+/// The first of the roots that exists, or an empty text. `useAlt`: in the notation of the property tree.
+template <class Document>
+std::string rootOf(const Document& document, bool useAlt) {
+    for (const char* root : {roots::kLegacy, roots::kDefault, useAlt ? roots::kPartitionAlt : roots::kPartition})
+        if (hasNode(document, root)) return root;
+    return {};
+}
+/// The path with a legacy root replaced by the one that exists.
+template <class Document>
+std::string actualPath(const Document& document, const std::string& path, bool useAlt = false) {
+    const std::string root = roots::isLegacy(path) ? rootOf(document, useAlt) : "";
+    return root.empty() ? path : roots::replaced(path, root);
 }
 
 /// The answer of a node at a path, without markers and with its actual root: a value as it is, an object as JSON, a
