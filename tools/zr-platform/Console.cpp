@@ -91,7 +91,7 @@ struct Console::State {
     std::stringbuf library;  ///< what the library printed on the standard streams
     std::string out;
     std::vector<HEXDiagnostic> faults;  ///< of messages that are not shown
-    std::string input;                  ///< the file that holds standard input
+    std::vector<std::string> standIns;  ///< the files that hold standard input and output
     bool verbose = false, quiet = false, json = false;
 
     void onMessage(const ComMsgMgrInstance& message);
@@ -193,12 +193,12 @@ void Console::warnOfFaults() {
 
 bool Console::takeFaults() { return !std::exchange(state_->faults, {}).empty(); }
 
-void Console::nameInput(const std::string& file) { state_->input = file; }
+void Console::nameStandIn(const std::string& file) { state_->standIns.push_back(file); }
 
 std::string Console::shown(std::string text) const {
-    const std::string& input = state_->input;
-    for (auto at = text.find(input); !input.empty() && at != std::string::npos; at = text.find(input, at + 1))
-        text.replace(at, input.size(), "-");
+    for (const std::string& file : state_->standIns)
+        for (auto at = text.find(file); at != std::string::npos; at = text.find(file, at + 1))
+            text.replace(at, file.size(), "-");
     return text;
 }
 

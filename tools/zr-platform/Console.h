@@ -35,8 +35,8 @@ public:
     void warnOfFaults();
     /// Whether there were such errors since the last call; from now on they are not warned of.
     bool takeFaults();
-    /// The file that holds standard input; `shown` prints "-" in its place.
-    void nameInput(const std::string& file);
+    /// A file that holds standard input or output; `shown` prints "-" in its place.
+    void nameStandIn(const std::string& file);
     std::string shown(std::string text) const;
     void flush();
     /// Replaces the progress line on standard error; an empty text removes it. Only on a terminal, and without

@@ -50,6 +50,7 @@ void writeTo(const std::string& destination, bool mayReplace, const std::string&
     if (destination != "-") return write(destination, mayReplace);
     const Scratch scratch;
     const std::string path = scratch.file(ext);
+    Console::take().nameStandIn(path);
     write(path, false);
     std::ifstream file(path, std::ios::binary);
     scratch.remove();

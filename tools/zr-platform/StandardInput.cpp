@@ -78,7 +78,7 @@ void StandardInput::replace(const Verb& verb, Call& call) {
             if (!isOneOf(kind, kInputs)) refuse(std::string(positional.name) + " cannot be standard input");
             if (!directory_.empty()) refuse("standard input can be read only once");
             value = keep();
-            Console::take().nameInput(value);
+            Console::take().nameStandIn(value);
         }
     }
 }
