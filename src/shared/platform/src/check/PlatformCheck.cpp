@@ -1,8 +1,10 @@
 #include "platform/PlatformCheck.h"
 
 #include <fmt/core.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 
 #include "archive/PlatformArchive.h"
 #include "check/ArchiveMembers.h"
@@ -34,6 +36,11 @@ using archive::PlatformArchive;
 using check::Findings;
 using check::Identity;
 using check::Source;
+
+bool isMissing(const std::string& file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
+}
 
 bool isMetadataArchive(const std::string& file) { return HUTFile::getExt(file) == "rqa"; }
 
@@ -171,7 +178,9 @@ HSTVector<CheckFinding> PlatformCheck::check(const std::string& file) {
     const OwnBudget budget;  // what is checked may have been loaded before
     const zip::Request request;
     Findings findings;
-    if (fileKindOf(file) == FileKind::hardware || isMetadataArchive(file)) {
+    if (isMissing(file)) {
+        findings.add(kUnreadable, file, "", "no such file");
+    } else if (fileKindOf(file) == FileKind::hardware || isMetadataArchive(file)) {
         checkArchive(file, false, nullptr, findings);
     } else if (const auto source = textOf(file, findings)) {
         if (zip::beginsAsArchive(source->text))
