@@ -109,7 +109,10 @@ void expectCalls(const std::string& file, const Calls<C>& calls) {
     std::string of;
     std::unique_ptr<C> object;
     cases::expectTexts(file, [&](const std::string& name, const std::string& text) -> std::string {
-        if (std::exchange(of, name) != name) object = std::make_unique<C>();
+        if (std::exchange(of, name) != name) {
+            object.reset();  // may have a setting of the process that the next one has too
+            object = std::make_unique<C>();
+        }
         const auto blank = std::min(text.find(' '), text.size());
         Arguments arguments;
         if (blank < text.size()) arguments = HSTStringUtils::split(text.substr(blank + 1), ';');
