@@ -14,8 +14,11 @@
 #include <filesystem>
 #include <map>
 #include <random>
+#include <set>
 #include <thread>
 
+#include "kit/Replace.h"
+#include "kit/Script.h"
 #include "kit/ZipBuilder.h"
 #include "msg/Budget.h"
 #include "msg/HEXAll.h"
@@ -82,113 +85,6 @@ TEST_F(PackFolder, ComesBackAsItWas) {
     EXPECT_TRUE(HUTFile::isDir(at("out/hollow/inner")));
 }
 
-TEST_F(PackFolder, RefusesAndLeavesNothing) {
-    writeTree("deep", {{"a.zip/b.zip/c.zip/d", "x"}});
-    writeTree("named", {{"back\\slash", "x"}});
-    writeTree("linked", {{"file", "x"}});
-    fs::create_symlink("file", at("linked/link"));
-    fs::create_directory(at("empty"));
-    writeTree("hollow", {{"file", "x"}});
-    fs::create_directory(at("hollow/x.zip"));
-    const struct {
-        const char *folder, *words;
-    } cases[] = {
-        {"deep", "at most two deep"},
-        {"named", "backslash"},
-        {"linked", "neither a file nor a folder"},
-        {"empty", "empty"},
-        {"hollow", "empty"},
-        {"nowhere", "not a folder"},
-        {"linked/file", "is not a folder"},
-    };
-    write(at("a.lfa"), "as it was");
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.folder);
-        const std::string words = wordsOf([&] { HUTZip::compressDir(at(c.folder), at("a.lfa")); });
-        EXPECT_NE(words.find(c.words), std::string::npos) << words;
-        EXPECT_EQ(contentOf(at("a.lfa")), "as it was");
-        EXPECT_FALSE(HUTFile::exists(at("a.lfa.new")));
-    }
-    EXPECT_THROW(HUTZip::compressDir(at("hollow"), at("a.lfa"), false), HEXUserException);
-    EXPECT_THROW(HUTZip::compressDir(at("linked"), at("no/such/a.lfa")), HEXUserException);
-}
-
-TEST_F(Uncompress, OneDirectory) {
-    builder::Entry setId("board/a", "A");
-    setId.mode = 0104777;
-    pack({setId, builder::Entry("board/deep/b", "B", true), builder::Entry("board2/c", "C"),
-          builder::Entry("board/none/")});
-    fs::create_directory(at("out"));
-    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), true));
-    EXPECT_EQ(readTree("out"), (Tree{{"board/a", "A"}, {"board/deep/b", "B"}}));
-    EXPECT_TRUE(HUTFile::isDir(at("out/board/none")));
-    EXPECT_EQ(statOf(at("out/board/a")).st_mode & 07133, 0U)
-        << "no set-id, nothing to execute, nothing for others to write";
-
-    write(at("out/board/a"), "changed");
-    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("out"), false), HEXUserException);
-    EXPECT_EQ(contentOf(at("out/board/a")), "changed");
-    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "board/", at("out"), true));
-    EXPECT_EQ(contentOf(at("out/board/a")), "A");
-    EXPECT_FALSE(HUTZip::uncompressDir(at("a.lfa"), "boar", at("out"), true));
-    EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "board", at("nowhere"), true), HEXUserException);
-}
-
-TEST_F(Uncompress, OneMemberAtATime) {
-    writeTree("in", {{"a", "A"}, {"b", "B"}, {"c", "C"}});
-    using Step = HUTZip::Step;
-    write(at("x.zip"), "older");
-    HUTZip::compress(at("in/a"), at("x.zip"), Step::create, "deep/a");
-    HUTZip::compress(at("in/b"), at("x.zip"), Step::append);
-    HUTZip::compress(at("in/c"), at("x.zip"), Step::append, "b");
-    EXPECT_EQ(HUTZip::verify(at("x.zip")).digest, HUTZip::DigestState::valid);
-    EXPECT_TRUE(HUTZip::verify(at("x.zip")).isSound());
-    fs::create_directory(at("out"));
-    for (const std::string member : {"deep/a", "b"})
-        EXPECT_TRUE(HUTZip::uncompress(at("x.zip"), member, at("out"), false));
-    EXPECT_FALSE(HUTZip::uncompress(at("x.zip"), "none", at("out"), true));
-    EXPECT_THROW(HUTZip::uncompress(at("x.zip"), "b", at("out"), false), HEXUserException);
-    EXPECT_EQ(readTree("out"), (Tree{{"deep/a", "A"}, {"b", "C"}}));
-
-    EXPECT_EQ(HUTZip::deleteFilesFromZip(at("x.zip"), {"b", "none", "b"}), 1U);
-    EXPECT_FALSE(HUTZip::containsFile(at("x.zip"), "b"));
-    EXPECT_EQ(HUTZip::verify(at("x.zip")).digest, HUTZip::DigestState::valid);
-    EXPECT_THROW(HUTZip::deleteFilesFromZip(at("x.zip"), {"deep/a"}), HEXUserException) << "none would be left";
-    EXPECT_THROW(HUTZip::compress(at("in/a"), at("x.zip"), Step::append, "../a"), HEXUserException);
-    EXPECT_THROW(HUTZip::compress(at("in/none"), at("new.zip"), Step::create), HEXUserException);
-    EXPECT_TRUE(HUTZip::containsFile(at("x.zip"), "deep/a"));
-    EXPECT_FALSE(HUTFile::exists(at("new.zip")));
-}
-
-TEST_F(Uncompress, NothingLeavesTheDirectory) {
-    write(at("outside/file"), "as it was");
-    fs::create_directory(at("out"));
-    fs::create_directory_symlink("../outside", at("out/link"));
-    fs::create_symlink("../outside/file", at("out/file"));
-    const struct {
-        const char *name, *words;
-        std::uint32_t mode;
-    } cases[] = {
-        {"../outside/file", "'..'", 0100644},   {"/tmp/zr", "is absolute", 0100644},
-        {"a\\..\\b", "backslash", 0100644},     {"link/file", "cannot be used", 0100644},
-        {"new", "a link or a device", 0120777}, {"data/", "has data", 040755},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        builder::Entry entry(c.name, "hostile");
-        entry.mode = c.mode;
-        pack({entry});
-        const std::string words = wordsOf([&] { HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true); });
-        EXPECT_NE(words.find(c.words), std::string::npos) << words;
-    }
-    pack({builder::Entry("file", "new")});
-    EXPECT_TRUE(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true));
-    EXPECT_FALSE(fs::is_symlink(at("out/file"))) << "the link is replaced, not followed";
-    EXPECT_EQ(readTree("outside"), (Tree{{"file", "as it was"}}));
-    fs::remove(at("out/link"));
-    EXPECT_EQ(readTree("out"), (Tree{{"file", "new"}})) << "nothing half written stays";
-}
-
 TEST_F(Uncompress, CountsFilesAndDirectories) {
     pack({builder::Entry("d/e/file", "x")});
     for (const bool isEnough : {false, true}) {
@@ -210,16 +106,6 @@ TEST_F(Uncompress, ADamagedMemberLeavesNoFile) {
     write(at("out/x"), "as it was");
     EXPECT_THROW(HUTZip::uncompressDir(at("a.lfa"), "", at("out"), true), HEXDataException);
     EXPECT_EQ(readTree("out"), (Tree{{"x", "as it was"}}));
-}
-
-TEST_F(Uncompress, QuestionsToWhatIsNoArchive) {
-    write(at("text"), "no archive");
-    HSTVector<std::string> files;
-    for (const std::string& path : {at("text"), at("nowhere"), dir_}) {
-        EXPECT_FALSE(HUTZip::containsFile(path, "x")) << path;
-        EXPECT_THROW(HUTZip::getFiles(path, files), HEXDataException);
-        EXPECT_THROW(HUTZip::uncompressDir(path, "", dir_, true), HEXDataException);
-    }
 }
 
 /// Devices and pipes are written to or refused, but never replaced by a file.
@@ -287,6 +173,14 @@ TEST_F(PackFolder, KeepsNoTemporaryDirectory) {
     EXPECT_TRUE(fs::is_empty(at("tmp")));
 }
 
+TEST_F(Destination, DoesNotFollowALinkAtItsTemporaryName) {
+    write(at("real"), "old");
+    fs::create_symlink("real", at(".zr-edit-" + std::to_string(::getpid()) + "-0"));
+    zip::writeDestination(at("new"), [](const auto& take) { take("bytes"); });
+    EXPECT_EQ(contentOf(at("new")), "bytes");
+    EXPECT_EQ(contentOf(at("real")), "old");
+}
+
 TEST_F(Destination, TakesAFileWithoutCopyingIt) {
     write(at("made"), "new");
     write(at("old"), "old");
@@ -302,45 +196,129 @@ TEST_F(Destination, TakesAFileWithoutCopyingIt) {
     EXPECT_EQ(contentOf(at("old")), "new") << "nothing is renamed to a device";
 }
 
-TEST_F(Destination, WholeOrNotAtAll) {
-    using Take = std::function<void(std::string_view)>;
-    const auto fill = [](const Take& take) { take("one "), take("two"); };
-    const auto failing = [](const Take& take) {
-        take("half");
-        throw HEXDataException("stop");
-    };
-    zip::writeDestination(at("new"), fill);
-    EXPECT_EQ(contentOf(at("new")), "one two");
-    EXPECT_THROW(zip::writeDestination(at("new"), failing), HEXDataException);
-    EXPECT_EQ(contentOf(at("new")), "one two");
-    EXPECT_THROW(zip::writeDestination(at("other"), failing), HEXDataException);
+namespace {
 
-    // A link, which somebody else may have placed, is not followed.
-    write(at("real"), "old");
-    fs::create_symlink("real", at("link"));
-    fs::create_symlink("nothing", at("dangling"));
-    EXPECT_THROW(zip::writeDestination(at("link"), fill, false), HEXUserException);
-    EXPECT_THROW(zip::writeDestination(at("dangling"), fill, false), HEXUserException);
-    EXPECT_TRUE(fs::remove(at("dangling")));
-    zip::writeDestination(at("link"), fill);
-    EXPECT_FALSE(fs::is_symlink(at("link")));
-    EXPECT_EQ(contentOf(at("link")), "one two");
-    const std::string waiting = at(".zr-edit-" + std::to_string(::getpid()) + "-0");  // where the next one is made
-    fs::create_symlink("real", waiting);
-    zip::writeDestination(at("new"), fill);
-    EXPECT_EQ(contentOf(at("real")), "old");
-    fs::remove(waiting);
-    const auto losing = [&](const Take& take) {  // a race against a file that appears in the meantime
-        take("late");
-        write(at("raced"), "first");
-    };
-    EXPECT_THROW(zip::writeDestination(at("raced"), losing, false), HEXUserException);
-    EXPECT_EQ(contentOf(at("raced")), "first");
-    fs::remove(at("raced"));
-    EXPECT_EQ(contentOf(at("real")), "old");
-    zip::writeDestination("/dev/null", fill);
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-    for (const std::string& path : {dir_, at("no/such"), at("real/x"), at("dir/"), std::string()})
-        EXPECT_THROW(zip::writeDestination(path, fill), HEXUserException) << path;
-    EXPECT_EQ(readTree("").size(), 3U) << "new, real, link; nothing half written";
+/// Files of a case, and what is done to them.
+struct Disk {
+    std::string at(const std::string& name) const {
+        return name.empty() || name.starts_with('/') ? name : scratch / name;
+    }
+    const Scratch scratch;
+    std::map<std::string, std::string> remembered;  ///< files, by name
+};
+using script::Arguments;
+
+/// All that lies below a directory, except the bytes of archives.
+std::string tree(Disk& disk, const Arguments& arguments) {
+    const std::string root = disk.at(arguments[0]);
+    std::set<std::string> found;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root)) {
+        const std::string name = entry.path().lexically_relative(root).native();
+        const bool isFolder = entry.is_directory() && !entry.is_symlink();
+        if (entry.is_symlink())
+            found.insert(name + "@" + fs::read_symlink(entry.path()).native());
+        else if (isFolder && fs::is_empty(entry.path()))
+            found.insert(name + "/");
+        else if (!isFolder && contentOf(entry.path()).starts_with("PK"))
+            found.insert(name);
+        else if (!isFolder)
+            found.insert(name + "=" + contentOf(entry.path()));
+    }
+    return script::shown(found);
 }
+
+/// Whether all files are as they were when this was called last.
+std::string areAsBefore(Disk& disk, const Arguments&) {
+    std::map<std::string, std::string> found;
+    for (const std::string& name : disk.scratch.names())
+        found[name] = fs::is_regular_file(disk.at(name)) ? contentOf(disk.at(name)) : "";
+    return script::shown(std::exchange(disk.remembered, found) == found);
+}
+
+std::string pack(Disk& disk, const Arguments& arguments) {
+    std::vector<builder::Entry> entries;
+    for (std::size_t i = 0; i + 2 < arguments.size(); i += 3) {
+        entries.emplace_back(arguments[i], arguments[i + 1]);
+        entries.back().mode = static_cast<std::uint32_t>(std::stoul(arguments[i + 2], nullptr, 8));
+    }
+    disk.scratch.put("a.lfa", builder::archiveOf(std::move(entries)).build());
+    return "";
+}
+
+std::string writeFile(Disk& disk, const Arguments& arguments) {
+    const std::string how = arguments.size() > 2 ? arguments[2] : "";
+    zip::writeDestination(
+        disk.at(arguments[0]),
+        [&](const std::function<void(std::string_view)>& take) {
+            for (const char& c : arguments[1]) take({&c, 1});
+            if (how == "fails") throw HEXDataException("stop");
+            if (how == "races") disk.scratch.put(arguments[0], "first");
+        },
+        how != "keep" && how != "races");
+    return "";
+}
+
+std::string digest(Disk& disk, const Arguments& a) {
+    const HUTZip::Verification found = HUTZip::verify(disk.at(a[0]));
+    return std::string(found.digest == HUTZip::DigestState::valid ? "valid" : "") + (found.isSound() ? " sound" : "");
+}
+
+script::Calls<Disk> callsOfADisk() {
+    using Step = HUTZip::Step;
+    using script::shown;
+    script::Calls<Disk> calls{
+        {"put", [](Disk& d, const Arguments& a) { return d.scratch.put(a[0], a[1]), ""; }},
+        {"folder", [](Disk& d, const Arguments& a) { return fs::create_directories(d.at(a[0])), ""; }},
+        {"link", [](Disk& d, const Arguments& a) { return fs::create_symlink(a[1], d.at(a[0])), ""; }},
+        {"hardLink", [](Disk& d, const Arguments& a) { return fs::create_hard_link(d.at(a[1]), d.at(a[0])), ""; }},
+        {"pipe", [](Disk& d, const Arguments& a) { return shown(::mkfifo(d.at(a[0]).c_str(), 0600) == 0); }},
+        {"areAsBefore", areAsBefore},
+        {"tree", tree},
+        {"others", [](Disk& d, const Arguments& a) { return shown(statOf(d.at(a[0])).st_mode & 07133); }},
+        {"pack", pack},
+        {"write", writeFile},
+        {"digest", digest},
+        {"compressDir",
+         [](Disk& d, const Arguments& a) { return HUTZip::compressDir(d.at(a[0]), d.at(a[1]), a.size() < 3), ""; }},
+        {"uncompressDir",
+         [](Disk& d, const Arguments& a) {
+             return shown(HUTZip::uncompressDir(d.at(a[0]), a[1], d.at(a[2]), a.size() < 4));
+         }},
+        {"uncompress",
+         [](Disk& d, const Arguments& a) {
+             return shown(HUTZip::uncompress(d.at(a[0]), a[1], d.at(a[2]), a.size() < 4));
+         }},
+        {"create",
+         [](Disk& d, const Arguments& a) {
+             return HUTZip::compress(d.at(a[0]), d.at(a[1]), Step::create, a[2]), "";
+         }},
+        {"append",
+         [](Disk& d, const Arguments& a) {
+             return HUTZip::compress(d.at(a[0]), d.at(a[1]), Step::append, a[2]), "";
+         }},
+        {"delete",
+         [](Disk& d, const Arguments& a) {
+             return shown(HUTZip::deleteFilesFromZip(d.at(a[0]), {a.begin() + 1, a.end()}));
+         }},
+        {"contains", [](Disk& d, const Arguments& a) { return shown(HUTZip::containsFile(d.at(a[0]), a[1])); }},
+        {"members",
+         [](Disk& d, const Arguments& a) {
+             HSTVector<std::string> names;
+             return HUTZip::getFiles(d.at(a[0]), names), shown(names);
+         }},
+    };
+    for (auto& [name, call] : calls)
+        call = [call](Disk& disk, const Arguments& arguments) -> std::string {
+            try {
+                return call(disk, arguments);
+            } catch (const HEXAll& e) {
+                const char* const kind = dynamic_cast<const HEXDataException*>(&e) ? "data: " : "user: ";
+                return kind + replaced(e.what(), disk.scratch.str(), "DIR");
+            }
+        };
+    return calls;
+}
+
+}  // namespace
+
+TEST(Files, Calls) { script::expectCalls<Disk>(ZR_SOURCE_DIR "/tests/cases/zip/files.case", callsOfADisk()); }
