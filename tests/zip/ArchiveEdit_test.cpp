@@ -249,43 +249,6 @@ TEST_F(Edit, WaitsForTheOtherUpToALimit) {
     other.join();
 }
 
-TEST_F(Edit, RefusalsLeaveEveryByte) {
-    ASSERT_EQ(::mkfifo((scratch_ / "pipe").c_str(), 0600), 0);
-    fs::create_symlink("a.lfa", scratch_ / "link");
-    fs::create_hard_link(archive(), scratch_ / "hard");
-    const std::vector<std::string> others{"hard", "link", "pipe"};
-    const std::string before = contentOf(archive());
-    const auto source = [this](const char* name) {
-        return [this, name](ArchiveEdit& edit) { edit.put("x", zip::SourceFile(scratch_ / name)); };
-    };
-    const struct {
-        std::function<void(ArchiveEdit&)> change;
-        const char* words;
-    } cases[] = {
-        {source("pipe"), "pipe' cannot be put into an archive: it is not a regular file"},
-        {[](ArchiveEdit& edit) { edit.put("x", zip::SourceFile("/dev/zero")); }, "it is not a regular file"},
-        {source("link"), "it is the archive itself"},
-        {source("hard"), "it is the archive itself"},
-        {[](ArchiveEdit& edit) { edit.put("/x", std::string("x")); }, "is absolute"},
-        {[](ArchiveEdit& edit) { edit.put("", std::string("x")); }, "is empty"},
-        {[](ArchiveEdit& edit) {
-             for (const char* name : {"lfa.json", "bit/full.bit", "dir/", "a.tcl"}) edit.remove(name);
-         },
-         "no member would be left"},
-    };
-    for (const auto& c : cases) {
-        const std::string words = wordsOf([&] {
-            ArchiveEdit edit(archive());
-            edit.put("other", std::string("staged too"));
-            edit.remove("other");
-            c.change(edit);
-            edit.commit();
-        });
-        EXPECT_NE(words.find(c.words), std::string::npos) << words;
-        expectUntouched(before, others);
-    }
-}
-
 /// What is stored in an archive may end like an archive itself. The library that writes looks for the end in its own
 /// way: no member may be lost to that.
 TEST_F(Edit, AnArchiveAmongTheDataMisleadsNobody) {
