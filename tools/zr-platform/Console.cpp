@@ -27,12 +27,6 @@ namespace {
 /// More faults of one platform are not listed.
 constexpr std::size_t kMaxFaults = 10;
 
-/// At most 4,000 bytes of a text.
-std::string cut(const std::string& text) {
-    constexpr std::size_t kMaxText = 4000;
-    return text.size() > kMaxText ? std::string(HSTStringUtils::utf8Prefix(text, kMaxText)) + "..." : text;
-}
-
 /// A message on standard error as a record, or a problem of other records.
 boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view severity) {
     return {{"id", diagnostic.id},
@@ -77,6 +71,10 @@ void printRecord(const boost::json::value& value) {
 }
 
 }  // namespace
+
+std::string cut(const std::string& text, std::size_t most) {
+    return text.size() > most ? std::string(HSTStringUtils::utf8Prefix(text, most)) + "..." : text;
+}
 
 Exit worse(Exit a, Exit b) {
     constexpr Exit kOrder[] = {Exit::fault, Exit::environment, Exit::input, Exit::usage, Exit::no};

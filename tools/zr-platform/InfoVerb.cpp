@@ -44,10 +44,8 @@ int runBoards(const Call& call) {
     std::vector<std::vector<std::string>> rows;
     for (const requests::Board& board : found.boards) {
         boost::json::array connectors;
-        // They stand in each row.
-        constexpr std::size_t kMaxCell = 1000;
-        const std::string part(HSTStringUtils::utf8Prefix(board.part, kMaxCell));
-        const std::string boardName(HSTStringUtils::utf8Prefix(board.name, kMaxCell));
+        constexpr std::size_t kMaxCell = 1000;  // of what each row repeats
+        const std::string part = cut(board.part, kMaxCell), boardName = cut(board.name, kMaxCell);
         if (board.connectors.empty()) rows.push_back({part, boardName, "", "", "", ""});
         for (const auto& [name, displayName, type, isDimm, fits] : board.connectors) {
             rows.push_back({part, boardName, name, displayName, type, HSTStringUtils::join(fits, ", ")});

@@ -1,4 +1,6 @@
 // The files of an archive: what the metadata lists, and copying one out by the name of a member or by its type.
+#include <fmt/core.h>
+
 #include <map>
 #include <optional>
 #include <utility>
@@ -89,18 +91,24 @@ HEXDiagnostic inArchive(HEXDiagnostic diagnostic, const std::string& copy, const
     return diagnostic;
 }
 
-/// Copies what `name` selects; the part before a "!" selects a nested archive.
+/// Copies what `name` selects; the part before a "!" selects a nested archive. An archive may contain itself: `level`
+/// bounds the recursion.
 void extractFrom(const PlatformArchive& archive, const std::string& name, const Extract& request,
-                 std::optional<util::ScratchDirectory>& scratch) {
+                 std::optional<util::ScratchDirectory>& scratch, int level = 0) {
+    constexpr int kDeepest = 16;
     const std::size_t mark = name.find('!');
     if (mark == std::string::npos || archive.contains(name))
         return extractMember(archive, memberFor(archive, name, request), request, scratch);
     const std::string outer = memberFor(archive, name.substr(0, mark), request);
+    if (level == kDeepest)
+        throw HEXFileFault({.file = archive.name(),
+                            .member = outer,
+                            .text = fmt::format("archives nest deeper than {} levels", kDeepest)});
     if (!scratch) scratch.emplace();
     const std::string inner = scratch->path() + "/" + std::to_string(name.size()) + "." + HUTFile::getExt(outer);
     copy(archive, outer, inner, false);
     try {
-        extractFrom(PlatformArchive(inner), name.substr(mark + 1), request, scratch);
+        extractFrom(PlatformArchive(inner), name.substr(mark + 1), request, scratch, level + 1);
     } catch (const RequestError& e) {
         throw RequestError(e.kind(), inArchive(e.diagnostic(), inner, archive, outer));
     } catch (const HEXFileFault& e) {
