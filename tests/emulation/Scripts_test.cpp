@@ -1,7 +1,7 @@
 // The texts that reach scripts: each is one word there, and nothing else.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <sstream>
 #include <string>
@@ -97,10 +97,11 @@ TEST(Scripts, GiveEachTextBack) {
     std::vector<std::string> texts;
     forEachText([&](const std::string& text) { texts.push_back(text); });
     int failures = 0;
+    const std::size_t step = std::getenv("ZR_LONG") ? 1 : 5;  // with 5, each text goes through four or five fields
     for (std::size_t number = 0; number < texts.size();) {
         std::string script = recorder;
         std::vector<std::pair<std::string_view, std::string>> expected;
-        for (const std::size_t end = std::min(number + 100, texts.size()); number < end; ++number) {
+        for (int i = 0; i < 100 && number < texts.size(); ++i, number += step) {
             std::size_t at = number;  // neighbouring fields get different texts
             std::string readBacks;
             const auto next = [&](std::string_view readBack) {
