@@ -79,6 +79,7 @@ TEST_F(Sources, MetadataOrder) {
               "the archive has no metadata member alt_lfa.json, lfa.json or lfa.xml");
     EXPECT_EQ(all.childMetadata(Mode::Default)->member, "hw_emu/alt_lfa.json");
     EXPECT_FALSE(all.childMetadata(Mode::PrimaryJsonOnly));
+    EXPECT_FALSE(all.childMetadata(Mode::XmlOnly)) << "its XML form is not read";
     EXPECT_EQ(all.allMetadata().size(), 4U);
     EXPECT_TRUE(some.lists("lfa.json") && some.lists("hpfm") && some.lists("prj"));
     EXPECT_FALSE(some.lists("hpf") || some.lists("hpfm/x") || some.lists(""));
