@@ -6,6 +6,7 @@
 
 namespace teq_platform::requests {
 
+/// A request for a small but complete platform to start from.
 struct NewPlatform {
     std::string folder;  ///< must not exist, or be empty; its last part is the platform's name
     /// "card": a data-centre card; "embedded": a board with its own processor; "software": a software file alone.

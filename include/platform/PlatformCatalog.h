@@ -6,6 +6,7 @@
 #include "platform/PlatformSearch.h"
 #include "text/ZrApi.h"
 
+/// What each platform in the repositories is, as reports.
 namespace teq_platform::requests {
 
 /// A descriptor in a repository.
