@@ -95,15 +95,15 @@ HEXDiagnostic inArchive(HEXDiagnostic diagnostic, const std::string& copy, const
 /// bounds the recursion.
 void extractFrom(const PlatformArchive& archive, const std::string& name, const Extract& request,
                  std::optional<util::ScratchDirectory>& scratch, int level = 0) {
-    constexpr int kDeepest = 16;
+    constexpr int kMaxNesting = 16;
     const std::size_t mark = name.find('!');
     if (mark == std::string::npos || archive.contains(name))
         return extractMember(archive, memberFor(archive, name, request), request, scratch);
     const std::string outer = memberFor(archive, name.substr(0, mark), request);
-    if (level == kDeepest)
+    if (level == kMaxNesting)
         throw HEXFileFault({.file = archive.name(),
                             .member = outer,
-                            .text = fmt::format("archives nest deeper than {} levels", kDeepest)});
+                            .text = fmt::format("archives nest deeper than {} levels", kMaxNesting)});
     if (!scratch) scratch.emplace();
     const std::string inner = scratch->path() + "/" + std::to_string(name.size()) + "." + HUTFile::getExt(outer);
     copy(archive, outer, inner, false);
