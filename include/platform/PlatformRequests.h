@@ -15,6 +15,7 @@
 #include "text/ZrApi.h"
 
 class HPLPlatform;
+class SharedBudget;
 namespace zip {
 class Request;
 }
@@ -35,6 +36,19 @@ public:
 
 private:
     std::unique_ptr<zip::Request> request_;
+};
+
+/// Several requests, one for each of many files: during its lifetime, those of its thread together may cost as much as one,
+/// and more for each byte of the files that they open. Create it on the stack.
+class ZR_API SharedScope {
+public:
+    SharedScope();
+    ~SharedScope();
+    SharedScope(const SharedScope&) = delete;
+    SharedScope& operator=(const SharedScope&) = delete;
+
+private:
+    std::unique_ptr<SharedBudget> budget_;
 };
 
 /// A path that belongs to `file`, such as one of `fields`, as a user who named `file` would write it.

@@ -4,6 +4,8 @@
 
 #include "kit/Capture.h"
 #include "msg/HEXFileFault.h"
+#include "msg/OwnBudget.h"
+#include "msg/SharedBudget.h"
 
 TEST(Budget, RefusesMoreThanEachLimit) {
     const struct {
@@ -25,6 +27,33 @@ TEST(Budget, RefusesMoreThanEachLimit) {
         EXPECT_THROW(Budget::expectKept("x.lfa"), HEXFileFault);
     }
     EXPECT_EQ(Budget::refusal(Cost::nodes, ~0UL), nullptr) << "outside of a request nothing is counted";
+}
+
+TEST(Budget, IsSharedByTheRequestsOfACall) {
+    const SharedBudget shared;
+    const auto spend = [](std::uint64_t amount) {
+        const Budget budget;
+        return Budget::refusal(Cost::values, amount) == nullptr;
+    };
+    EXPECT_TRUE(spend(400'000));
+    EXPECT_FALSE(spend(100'001));
+    EXPECT_TRUE(spend(100'000)) << "a costly file hides no other";
+    EXPECT_FALSE(spend(1));
+    for (int i = 0; i < 2; ++i) SharedBudget::addFile(1, 2, 2001);  // one file
+    EXPECT_FALSE(spend(1001));
+    {
+        const Budget budget;
+        const OwnBudget second;
+        EXPECT_EQ(Budget::refusal(Cost::values, 500'000), nullptr) << "second readings have a share of their own";
+    }
+    const Budget budget;
+    Budget::spend(Cost::values, 400);
+    EXPECT_NE(Budget::refusalOfRepeating({}, 2), nullptr);
+    EXPECT_EQ(Budget::refusalOfRepeating({}, 1), nullptr);
+    Budget::spend(Cost::values, 200);
+    EXPECT_NE(Budget::refusal(Cost::values), nullptr);
+    SharedBudget::addFile(1, 3, ~0UL);
+    EXPECT_EQ(Budget::refusal(Cost::text, 64U << 20), nullptr);
 }
 
 TEST(Budget, SendsAHundredMessagesOfAKind) {

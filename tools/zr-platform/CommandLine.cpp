@@ -194,7 +194,8 @@ int runCommandLine(int argc, char** argv) {
     }
     Console::take().configure(call);
     std::optional<teq_platform::requests::Scope> request;
-    if (!chosen->isManyRequests) request.emplace();
+    std::optional<teq_platform::requests::SharedScope> requests;
+    chosen->isManyRequests ? void(requests.emplace()) : void(request.emplace());
     StandardInput input;
     input.replace(*chosen, call);
     const int exit = run(*chosen, call);

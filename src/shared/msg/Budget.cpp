@@ -1,33 +1,39 @@
 #include "msg/Budget.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 #include <utility>
 
 #include "msg/HEXFileFault.h"
 #include "msg/OwnBudget.h"
+#include "msg/SharedBudget.h"
 
 namespace {
 
 struct Limit {
     std::uint64_t most;
+    std::uint64_t shared;  ///< for two bytes of the files, if requests share a budget; 0: not shared
     const char* refusal;
 };
 /// In the order of `Cost`.
 constexpr std::array kLimits{
-    Limit{64U << 20, "the request reads more than 64 MiB of metadata"},
-    Limit{500'000, "the request reads more than 500000 values"},
-    Limit{64U << 20, "the objects of the platform take more than 64 MiB"},
-    Limit{500'000, "the document has more than 500000 values"},
-    Limit{64U << 20, "the document has more than 64 MiB"},
-    Limit{20'000, "the request makes more than 20000 files and directories"},
+    Limit{64U << 20, 64, "the request reads more than 64 MiB of metadata"},
+    Limit{500'000, 1, "the request reads more than 500000 values"},
+    Limit{64U << 20, 64, "the objects of the platform take more than 64 MiB"},
+    Limit{500'000, 1, "the document has more than 500000 values"},
+    Limit{64U << 20, 64, "the document has more than 64 MiB"},
+    Limit{20'000, 0, "the request makes more than 20000 files and directories"},
 };
 static_assert(kLimits.size() == static_cast<std::size_t>(Cost::count_), "one row for each cost");
+
+constexpr const char* kSharedRefusal = "it and the files before it cost more than their size allows";
 
 constexpr int kReportsOfKind = 100;
 constexpr std::size_t kKindsOfReport = 1000;
 
 thread_local Budget* current = nullptr;
+thread_local SharedBudget* shared = nullptr;
 
 }  // namespace
 
@@ -42,6 +48,7 @@ Budget::~Budget() {
 OwnBudget::OwnBudget() : outer_(std::exchange(current, nullptr)) {
     std::unique_ptr<Budget>& budget = outer_ ? outer_->second_ : own_;
     if (!budget) budget = std::make_unique<Budget>();
+    budget->isSecond_ = true;
     current = budget.get();
 }
 
@@ -50,17 +57,48 @@ OwnBudget::~OwnBudget() {
     current = outer_;
 }
 
+SharedBudget::SharedBudget() : isOutermost_(!shared) {
+    for (Budget::Amounts& left : left_)
+        for (std::size_t row = 0; row < left.size(); ++row) left[row] = kLimits[row].most;
+    if (isOutermost_) shared = this;
+}
+
+SharedBudget::~SharedBudget() {
+    if (isOutermost_) shared = nullptr;
+}
+
+void SharedBudget::addFile(std::uint64_t device, std::uint64_t inode, std::uint64_t size) {
+    constexpr std::uint64_t kMaxSize = 1ULL << 40;  // a larger file allows no more, so that sums of sizes fit
+    if (!shared || !shared->files_.emplace(device, inode).second) return;
+    for (Budget::Amounts& left : shared->left_)
+        for (std::size_t row = 0; row < left.size(); ++row)
+            left[row] += std::min(size, kMaxSize) / 2 * kLimits[row].shared;
+}
+
+bool SharedBudget::take_(const Budget::Amounts& amounts, bool isSecond) {
+    Budget::Amounts& left = left_[isSecond];
+    for (std::size_t row = 0; row < left.size(); ++row)
+        if (kLimits[row].shared > 0 && amounts[row] > left[row]) return false;
+    for (std::size_t row = 0; row < left.size(); ++row)
+        if (kLimits[row].shared > 0) left[row] -= amounts[row];
+    return true;
+}
+
 const char* Budget::refusal(Cost cost, std::uint64_t amount) {
     if (!current) return nullptr;
     const auto row = static_cast<std::size_t>(cost);
     std::uint64_t& spent = current->spent_[row];
-    if (amount <= kLimits[row].most - spent) {
+    const bool isWithin = amount <= kLimits[row].most - spent;
+    Amounts amounts = {};
+    amounts[row] = amount;
+    if (isWithin && (!shared || shared->take_(amounts, current->isSecond_))) {
         spent += amount;
         return nullptr;
     }
     spent = kLimits[row].most;
-    if (!current->refused_) current->refused_ = kLimits[row].refusal;
-    return kLimits[row].refusal;
+    const char* const why = isWithin ? kSharedRefusal : kLimits[row].refusal;
+    if (!current->refused_) current->refused_ = why;
+    return why;
 }
 
 Budget::Amounts Budget::spent() { return current ? current->spent_ : Amounts(); }
@@ -68,11 +106,14 @@ Budget::Amounts Budget::spent() { return current ? current->spent_ : Amounts(); 
 const char* Budget::refusalOfRepeating(const Amounts& since, std::uint64_t times) {
     if (!current) return nullptr;
     Amounts& spent = current->spent_;
+    Amounts repeated = {};
     for (std::size_t row = 0; row < spent.size(); ++row) {
         const std::uint64_t once = spent[row] - since[row];
         if (once > 0 && times > (kLimits[row].most - spent[row]) / once) return kLimits[row].refusal;
+        repeated[row] = once * times;
     }
-    for (std::size_t row = 0; row < spent.size(); ++row) spent[row] += (spent[row] - since[row]) * times;
+    if (shared && !shared->take_(repeated, current->isSecond_)) return kSharedRefusal;
+    for (std::size_t row = 0; row < spent.size(); ++row) spent[row] += repeated[row];
     return nullptr;
 }
 

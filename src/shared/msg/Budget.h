@@ -50,5 +50,6 @@ private:
     const char* refused_ = nullptr;
     std::map<std::string, int> reported_;  ///< by id; plain texts by themselves
     std::unique_ptr<Budget> second_;       ///< of `OwnBudget`
+    bool isSecond_ = false;
     bool isOutermost_;
 };

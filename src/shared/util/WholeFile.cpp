@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "msg/HEXAll.h"
+#include "msg/SharedBudget.h"
 #include "util/AtomicFile.h"
 #include "util/Descriptor.h"
 #include "util/HUTFile.h"
@@ -35,6 +36,7 @@ std::string read(const std::string& path, std::size_t most) {
     struct stat what {};
     if (!file.isOpen() || ::fstat(file.get(), &what) != 0) fail(path, "read");
     if (!S_ISREG(what.st_mode)) throw HEXUserException(fmt::format("'{}' is not a regular file", path));
+    SharedBudget::addFile(what.st_dev, what.st_ino, static_cast<std::uint64_t>(what.st_size));
     // One byte more than the file's size, so that the end shows without another block.
     std::string bytes(std::min(static_cast<std::size_t>(what.st_size), most) + 1, '\0');
     for (std::size_t have = 0;;) {

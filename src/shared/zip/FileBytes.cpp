@@ -7,6 +7,7 @@
 #include <system_error>
 #include <utility>
 
+#include "msg/SharedBudget.h"
 #include "util/PrivateTmpDir.h"
 #include "util/SystemFault.h"
 #include "util/WriteAll.h"
@@ -51,7 +52,9 @@ bool FileStamp::operator==(const FileStamp& other) const {
 }
 
 FileBytes::FileBytes(util::Descriptor descriptor)
-    : descriptor_(std::move(descriptor)), stamp_(statusOf(descriptor_.get())) {}
+    : descriptor_(std::move(descriptor)), stamp_(statusOf(descriptor_.get())) {
+    SharedBudget::addFile(stamp_.device, stamp_.inode, static_cast<std::uint64_t>(stamp_.size));
+}
 FileBytes::FileBytes(const std::string& path) : FileBytes(openRegular(path, O_RDONLY)) {}
 
 std::unique_ptr<FileBytes> FileBytes::openForChange(const std::string& path) {

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "json/JsonText.h"
+#include "msg/SharedBudget.h"
 #include "msg/Silence.h"
 #include "platform/NativeCatalogService.h"
 #include "platform/NativePlatformRepoService.h"
@@ -32,6 +33,7 @@ std::optional<ptree> reportOf(const std::string& file, bool detailed) {
 void forEachReport(const CatalogRequest& request,
                    const std::function<void(const std::string& file, ptree* report, const HEXDiagnostic&)>& use) {
     const msg::Silence silence;
+    const SharedBudget shared;
     HSTVector<std::string> files;
     teq::platform::NativePlatformRepoService().getZdfFiles("", request.where.dirs, request.where.withDefaults, files);
     for (const std::string& file : files) {

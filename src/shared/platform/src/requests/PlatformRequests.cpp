@@ -1,4 +1,5 @@
 #include "platform/PlatformRequests.h"
+#include "msg/SharedBudget.h"
 
 #include <sys/stat.h>
 
@@ -67,6 +68,9 @@ HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
 Scope::Scope(std::uint64_t budget)
     : request_(std::make_unique<zip::Request>(budget > 0 ? budget : zip::OutputBudget::kOfCall)) {}
 Scope::~Scope() = default;
+
+SharedScope::SharedScope() : budget_(std::make_unique<SharedBudget>()) {}
+SharedScope::~SharedScope() = default;
 
 std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode) {
     if (!HUTFile::exists(file)) {

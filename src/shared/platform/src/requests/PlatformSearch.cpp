@@ -10,6 +10,7 @@
 #include <unordered_map>
 
 #include "msg/HEXAll.h"
+#include "msg/SharedBudget.h"
 #include "msg/Silence.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQDevice.h"
@@ -273,6 +274,7 @@ HSTVector<std::string> searchPath(const Repositories& where) {
 
 FindResult find(const Find& request) {
     const Filter filter(request);
+    const SharedBudget shared;
     FindResult result;
     HSTVector<std::shared_ptr<HTEQPlatform>> loaded;
     std::unordered_map<std::string, std::string> owners;  // name in lower case to file
@@ -292,7 +294,7 @@ FindResult find(const Find& request) {
                 result.shadowed.push_back(std::move(found));
                 continue;
             }
-            std::optional<Scope> opened;  // what one platform costs does not count against the others
+            std::optional<Scope> opened;  // a costly platform hides no other
             if (filter.needsHardware()) opened.emplace();
             std::shared_ptr<HTEQPlatform> platform;
             if (!readInto(found, filter.needsHardware() ? &platform : nullptr)) {
