@@ -2,22 +2,19 @@
 
 #include <utility>
 
-#include "text/HSTStringUtils.h"
+#include "text/Cut.h"
 
 namespace {
 
-/// Without the rest of a value of many megabytes, of which copies are made on the way to the caller. No member of an
-/// archive has so long a name.
-HEXDiagnostic bounded(HEXDiagnostic diagnostic) {
-    constexpr std::size_t kMost = 1 << 16;
-    for (std::string* const text : {&diagnostic.member, &diagnostic.element, &diagnostic.text})
-        if (text->size() > kMost) *text = std::string(HSTStringUtils::utf8Prefix(*text, kMost)) + "...";
+const HEXDiagnostic& bounded(HEXDiagnostic& diagnostic) {
+    for (std::string* const field : {&diagnostic.member, &diagnostic.element, &diagnostic.text})
+        *field = text::cut(std::move(*field));
     return diagnostic;
 }
 
 }  // namespace
 
 HEXFileFault::HEXFileFault(HEXDiagnostic diagnostic)
-    : HEXDataException(diagnostic.format()), diagnostic_(bounded(std::move(diagnostic))) {}
+    : HEXDataException(bounded(diagnostic).format()), diagnostic_(std::move(diagnostic)) {}
 
 HEXFileFault::~HEXFileFault() = default;
