@@ -21,6 +21,10 @@ if [ -z "${ZR_BENCH_INSTALLED:-}" ]; then
         'mount --bind "$1" /etc/ld.so.cache && exec bash "${@:2}"' bash "$cache" "$source/scripts/bench.sh" "$@"
 fi
 
+inputs() {
+    [ "$data/properties.json" -nt bench/gen.py ] || python3 bench/gen.py "$data"
+}
+
 large() { # ROUNDS
     [ -f "$data/a300.lfa" ] || python3 bench/gen.py "$data" 300
     cd "$data"
@@ -74,7 +78,7 @@ overlay() {
 }
 
 derived() { # MB
-    [ -f "$data/older400k.xml" ] || python3 bench/gen.py "$data"
+    inputs
     mkdir -p "$data/derive/definition"
     cd "$data/derive"
     head -c "$(($1 << 20))" /dev/urandom >definition/top.bit
@@ -121,7 +125,7 @@ if [ "${1:-}" = derive ]; then
     exit
 fi
 rounds=${1:-60}
-[ -d "$data/repo1000" ] || python3 bench/gen.py "$data"
+inputs
 cd "$data"
 
 documents() { # TITLE BASE
