@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "archive/PlatformArchive.h"
+#include "text/Cut.h"
 #include "zip/ArchiveError.h"
 
 namespace readers {
@@ -29,7 +30,8 @@ std::string_view withoutLeadingDot(std::string_view member) {
 }
 
 std::string textOfMember(const std::string& archive, const std::string& member) {
-    const std::string name(withoutLeadingDot(member));
+    // Metadata can give a name of many megabytes, but no member has one as long as this.
+    const std::string name(withoutLeadingDot(member).substr(0, text::kMaxQuoted + 1));
     std::optional<std::string> text = read(archive, name);
     if (!text) throw HEXError(ComMsgMgr::make("@74-34@%s%s", archive, name));
     return std::move(*text);
