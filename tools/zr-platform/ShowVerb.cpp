@@ -5,7 +5,7 @@
 #include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 
-#include <utility>
+#include <map>
 
 #include "Console.h"
 #include "Load.h"
@@ -65,18 +65,25 @@ std::string summaryOf(const HTEQPlatform& platform) {
     return name + ": " + platform.getTypePrettyString() + " platform" + vendor + summaryOf(*hardware);
 }
 
-/// Shows a file that a descriptor names, loaded on its own, or why it cannot be read. The first failure is that of the
-/// whole platform, which is reported already.
-Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call, bool& isFirst) {
+/// Shows a file that a descriptor names, loaded on its own, or why it cannot be read. Many partitions may name one file:
+/// `failed` keeps the reason. The first failure is that of the whole platform, which is reported already.
+Exit showPart(Text& text, const std::string& what, const std::string& file, const Call& call,
+              std::map<std::string, Failure>& failed) {
     if (file.empty()) return Exit::done;
-    Failure failure;
-    if (const auto part = tryLoad(file, call, failure)) {
-        showAll(text, *part, file);
-        return Exit::done;
+    const bool isFirst = failed.empty();
+    auto known = failed.find(file);
+    if (known == failed.end()) {
+        Failure failure;
+        if (const auto part = tryLoad(file, call, failure)) {
+            showAll(text, *part, file);
+            return Exit::done;
+        }
+        known = failed.emplace(file, failure).first;
     }
+    const Failure& failure = known->second;
     text.heading(what, HSTStringUtils::toLower(what));
     text.note("cannot be read: " + failure.diagnostic.report("error"));
-    if (!std::exchange(isFirst, false)) Console::take().report(failure);
+    if (!isFirst) Console::take().report(failure);
     return exitOf(failure);
 }
 
@@ -87,9 +94,9 @@ Exit showParts(Text& text, const std::string& file, const Call& call) {
     HTEQPlatformXMLReader(file, &platform).readFile();
     showIdentity(text, platform, file);
     Exit exit = Exit::done;
-    bool isFirst = true;
+    std::map<std::string, Failure> failed;
     const auto show = [&](const char* what, const std::string& part) {
-        exit = worse(exit, showPart(text, what, requests::shownPath(part, file), call, isFirst));
+        exit = worse(exit, showPart(text, what, requests::shownPath(part, file), call, failed));
     };
     show("Hardware", platform.getHardwarePlatformFile());
     show("Emulation", platform.getHardwareEmuPlatformFile());
