@@ -65,15 +65,25 @@ inline void append(std::string& text, const std::string& item, unsigned number) 
     text.append(item, from);
 }
 
+/// Where the item ends that starts at `at`; items may contain others.
+inline std::size_t endOfItem(const std::string& text, std::size_t at) {
+    for (int depth = 0;; ++at) {
+        at = text.find('\\', at);
+        const std::string mark = text.substr(at, 2);  // throws for an item without an end
+        if (mark == "\\(") ++depth;
+        if (mark == "\\)" && --depth == 0) return at;
+    }
+}
+
 /// The text of a line; `number` is that of growing inputs.
 inline std::string expanded(const std::string& text, unsigned number) {
     std::string result;
     std::size_t from = 0;
     for (auto at = text.find("\\("); at != std::string::npos; at = text.find("\\(", from)) {
-        const auto blank = text.find(' ', at), end = text.find("\\)", at);
+        const auto blank = text.find(' ', at), end = endOfItem(text, at);
         const bool grows = text[at + 2] == 'n', hasCommas = text[blank - 1] == ',';
         const std::string digits = text.substr(at + 2 + grows, blank - at - 2 - grows);
-        const std::string item = text.substr(blank + 1, end - blank - 1);
+        const std::string item = expanded(text.substr(blank + 1, end - blank - 1), number);
         const unsigned count = static_cast<unsigned>(std::stoul(grows ? std::to_string(number) + digits : digits));
         result.append(text, from, at - from);
         const bool isByte = item.size() == 1 && !hasCommas;  // of which there may be very many
