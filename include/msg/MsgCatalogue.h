@@ -1,3 +1,4 @@
+/// The messages that the library can send, and their severities.
 #pragma once
 #include <array>
 #include <string_view>

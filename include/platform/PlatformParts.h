@@ -46,7 +46,7 @@ struct InterfacePart {
     std::string memoryPort;  ///< as "MEMSS"; empty if it leads to no memory
     std::string tag;         ///< the memory type, or the name of a bank
     std::string slr, clock;
-    std::string size;   ///< of the memory behind it
+    std::string size;   ///< of the memory that it leads to
     int dataWidth = 0;  ///< in bits
     HSTVector<SegmentPart> segments = {};
 };

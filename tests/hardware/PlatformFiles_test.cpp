@@ -38,7 +38,7 @@ struct Place : HPLPlatform {
     /// What `extract`, asked to write "out/<n>/copy", has written; "-" when it gave false and left nothing.
     std::string copied(const std::function<bool(const std::string&)>& extract) {
         const std::string copy = directory + "/out/" + std::to_string(++copies) + "/copy";
-        return extract(copy) ? contentOf(copy) : fs::exists(copy) ? "left behind" : "-";
+        return extract(copy) ? contentOf(copy) : fs::exists(copy) ? "left" : "-";
     }
     std::string extensions() const {
         const std::string document = documentOf(*this);

@@ -72,7 +72,7 @@ struct Entry {
 
 struct Zip {
     std::vector<Entry> entries;
-    std::string before, beforeDirectory, behindDirectory, comment, behind;
+    std::string before, beforeDirectory, afterDirectory, comment, after;
     int count = 0, offset = 0, size = 0;  ///< added to the true values of the end record
     std::uint16_t disk = 0;
     bool isZip64 = false;
@@ -92,7 +92,7 @@ struct Zip {
         const auto at = static_cast<std::uint64_t>(static_cast<std::int64_t>(out.size()) + offset);
         const auto bytes = static_cast<std::uint64_t>(static_cast<std::int64_t>(directory.size()) + size);
         const auto members = static_cast<std::uint64_t>(static_cast<std::int64_t>(entries.size()) + count);
-        out += directory + behindDirectory;
+        out += directory + afterDirectory;
         if (isZip64) {
             const auto all = static_cast<std::uint64_t>(static_cast<std::int64_t>(members) + count64);
             const std::uint64_t recordAt = out.size();
@@ -104,7 +104,7 @@ struct Zip {
         out += "PK\5\6" + le(disk, 2) + le(disk, 2) + le(marks ? 0xFFFF : members, 2) +
                le(marks ? 0xFFFF : members, 2) + le(marks ? 0xFFFFFFFF : bytes, 4) + le(marks ? 0xFFFFFFFF : at, 4) +
                le(commentSize.value_or(static_cast<std::uint16_t>(comment.size())), 2) + comment;
-        return out + behind;
+        return out + after;
     }
 };
 

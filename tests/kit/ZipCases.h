@@ -28,7 +28,7 @@ inline void moveTo64(Header& header, const std::string& bytes = "") {
 }
 
 /// Sizes and CRC follow the data: "signed4", "signed8", "bare4" and "bare8" name a form, other texts are written as given.
-inline void moveBehind(Entry& entry, const std::string& descriptor) {
+inline void moveAfter(Entry& entry, const std::string& descriptor) {
     const Header header = entry.central;
     const int width = descriptor.ends_with('8') ? 8 : 4;
     const std::string bare = le(header.crc, 4) + le(header.packedSize, width) + le(header.size, width);
@@ -75,7 +75,7 @@ inline const Changes<Entry> kEntryChanges = {
     {"offset", [](Entry& entry, const std::string& text) { entry.offset = numberOf(text); }},
     {"comment", set<&Entry::comment>},
     {"descriptor", set<&Entry::descriptor>},
-    {"behind", moveBehind},
+    {"after", moveAfter},
     {"packed", set<&Entry::packed>},
     {"first", [](Entry& entry, const std::string& text) { entry.packed[0] = text[0]; }},
     {"repack",
@@ -87,9 +87,9 @@ inline const Changes<Entry> kEntryChanges = {
 
 inline const Changes<Zip> kZipChanges = {
     {"before", set<&Zip::before>},
-    {"behindDirectory", set<&Zip::behindDirectory>},
+    {"afterDirectory", set<&Zip::afterDirectory>},
     {"comment", set<&Zip::comment>},
-    {"behind", set<&Zip::behind>},
+    {"after", set<&Zip::after>},
     {"count", set<&Zip::count>},
     {"offset", set<&Zip::offset>},
     {"size", set<&Zip::size>},

@@ -31,7 +31,7 @@ c++ -std=c++20 -Wall -Wextra -Werror "$scratch/page.cpp" -o "$scratch/page" $(pk
 library=$(find "$scratch/prefix" -name 'libzr_platform.so.*.*.*')
 readelf -d "$library" | grep -F 'SONAME' | grep -F 'libzr_platform.so.2026'
 # Each function of the C interface is exported, and called by its test; no other is exported.
-grep -oE '\bzr_[a-z_]+\(' "$source/include/platform/zr_platform.h" | tr -d '(' | sort -u >"$scratch/declared"
+grep -ohE '\bzr_[a-z_]+\(' "$source"/include/platform/zr_*.h | tr -d '(' | sort -u >"$scratch/declared"
 nm -D --defined-only "$library" | grep -oE ' zr_[a-z_]+$' | tr -d ' ' | sort -u | diff "$scratch/declared" - ||
     { echo "declared (<) and exported (>) differ" && exit 1; }
 grep -oE '\bzr_[a-z_]+\(' "$source/tests/c/zr_platform_test.c" | tr -d '(' | sort -u | comm -23 "$scratch/declared" - |

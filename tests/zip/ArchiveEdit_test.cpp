@@ -126,7 +126,7 @@ TEST_F(Edit, ForeignFormsStayReadable) {
     zips[2].entries[1].both(&builder::Header::name, "n\xC3\xA4me").both(&builder::Header::flags, 1 << 11);
     zips[2].entries[0].both(&builder::Header::name, "n\x84me");
     zips[3].isZip64 = true;
-    builder::moveBehind(zips[4].entries[1], "signed4");
+    builder::moveAfter(zips[4].entries[1], "signed4");
     for (std::size_t i = 0; i < zips.size(); ++i) {
         SCOPED_TRACE(i);
         zips[i].comment = "made by hand";

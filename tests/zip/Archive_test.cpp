@@ -122,7 +122,7 @@ TEST(Archive, OneAnswerWhicheverWayItIsRead) {
 TEST(Archive, NoCutAndNoChangedByteGivesOtherData) {
     Zip zip = sampleZip();
     zip.entries[1].local.extra = zip.entries[1].central.extra = builder::extra(0x5455, "times");
-    moveBehind(zip.entries[0], "signed4");
+    moveAfter(zip.entries[0], "signed4");
     zip.isZip64 = true;
     const std::string sound = zip.build();
     Contents expected = contentsOf(sound);

@@ -123,7 +123,7 @@ std::map<std::string, std::string> hostileArchives() {
     }
     Zip zip = plain;
     zip.entries[0] = Entry("a", "PK\7\10" + builder::le(0x12345678, 4) + builder::le(0, 8) + "rest");
-    moveBehind(zip.entries[0], "signed4");
+    moveAfter(zip.entries[0], "signed4");
     all["descriptor in stored data"] = zip.build();
     return all;
 }

@@ -195,7 +195,10 @@ int runCommandLine(int argc, char** argv) {
     Console::take().configure(call);
     std::optional<teq_platform::requests::Scope> request;
     std::optional<teq_platform::requests::SharedScope> requests;
-    chosen->isManyRequests ? void(requests.emplace()) : void(request.emplace());
+    if (chosen->isManyRequests)
+        requests.emplace();
+    else
+        request.emplace();
     StandardInput input;
     input.replace(*chosen, call);
     const int exit = run(*chosen, call);

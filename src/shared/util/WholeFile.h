@@ -12,7 +12,7 @@ std::string read(const std::string& path, std::size_t most);
 
 /// Replaces the contents of the file atomically: a new file is written, synced and renamed, so that a reader or a
 /// crash sees either the old bytes or the new ones. Mode, access control list, extended attributes and, if permitted, owner
-/// are kept; for a link the target is replaced, and what is not a regular file is refused. A missing file is made with mode 0644. On failure throws `HEXUserException` and leaves nothing behind.
+/// are kept; for a link the target is replaced, and what is not a regular file is refused. A missing file is made with mode 0644. On failure throws `HEXUserException` and leaves nothing.
 void replace(const std::string& path, std::string_view bytes);
 
 }  // namespace wholefile
