@@ -26,13 +26,16 @@ public:
     /// character.
     static std::string_view utf8Prefix(std::string_view text, std::size_t longest);
 
+    /// The text, or such a prefix and "...".
+    static std::string cut(std::string text, std::size_t longest);
+
     /// The text for display in one line: bytes that are not UTF-8, control characters, and characters that change the
     /// direction of a text or have no width are shown as "\xNN".
     static std::string printable(std::string_view text);
     /// JSON in one line, whose texts may hold any bytes, as valid UTF-8 without such characters: they become "\uNNNN",
     /// and bytes that are not UTF-8 "\ufffd".
     static std::string printableJson(std::string_view json);
-    /// The same for at most the first `longest` bytes, followed by "..." if there are more.
+    /// What `printable` gives for such a prefix, followed by "..." if the text is longer.
     static std::string excerpt(std::string_view text, std::size_t longest = 60);
 
     /// The leading decimal number of `text` as strtoll reads it in base 10: leading blanks and a sign are allowed,

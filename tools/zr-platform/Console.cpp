@@ -27,6 +27,9 @@ namespace {
 /// More faults of one platform are not listed.
 constexpr std::size_t kMaxFaults = 10;
 
+/// Of each text of a message that is a record.
+std::string cut(const std::string& text) { return HSTStringUtils::cut(text, 4000); }
+
 /// A message on standard error as a record, or a problem of other records.
 boost::json::object recordOf(const HEXDiagnostic& diagnostic, std::string_view severity) {
     return {{"id", diagnostic.id},
@@ -71,10 +74,6 @@ void printRecord(const boost::json::value& value) {
 }
 
 }  // namespace
-
-std::string cut(const std::string& text, std::size_t most) {
-    return text.size() > most ? std::string(HSTStringUtils::utf8Prefix(text, most)) + "..." : text;
-}
 
 Exit worse(Exit a, Exit b) {
     constexpr Exit kOrder[] = {Exit::fault, Exit::environment, Exit::input, Exit::usage, Exit::no};

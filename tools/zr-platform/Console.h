@@ -13,9 +13,6 @@ enum class Exit { done = 0, no = 1, usage = 2, input = 3, environment = 4, fault
 Exit worse(Exit a, Exit b);
 Exit exitOf(const teq_platform::Failure& failure);
 
-/// At most `most` bytes of a text, and "..." in place of the rest.
-std::string cut(const std::string& text, std::size_t most = 4000);
-
 /// Standard output and standard error of the tool. The library sends messages, and some of its functions print to the
 /// standard streams: both are captured here, so that standard output holds data only.
 class Console {

@@ -45,7 +45,8 @@ int runBoards(const Call& call) {
     for (const requests::Board& board : found.boards) {
         boost::json::array connectors;
         constexpr std::size_t kMaxCell = 1000;  // of what each row repeats
-        const std::string part = cut(board.part, kMaxCell), boardName = cut(board.name, kMaxCell);
+        const std::string part = HSTStringUtils::cut(board.part, kMaxCell);
+        const std::string boardName = HSTStringUtils::cut(board.name, kMaxCell);
         if (board.connectors.empty()) rows.push_back({part, boardName, "", "", "", ""});
         for (const auto& [name, displayName, type, isDimm, fits] : board.connectors) {
             rows.push_back({part, boardName, name, displayName, type, HSTStringUtils::join(fits, ", ")});

@@ -9,8 +9,8 @@
 
 #include "msg/Budget.h"
 #include "msg/WriteSignals.h"
-#include "text/Cut.h"
 #include "text/HSTStringUtils.h"
+#include "text/Limits.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ void ComMsgMgr::send(const ComMsgMgrInstance& message) {
 }
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {
-    for (std::string& arg : args) arg = text::cut(std::move(arg));
+    for (std::string& arg : args) arg = HSTStringUtils::cut(std::move(arg), text::kMaxQuoted);
     std::string text = compose(row.text, args);
     return {"platform", std::string(row.id), row.mask, std::move(args), std::move(text), where};
 }

@@ -2,12 +2,13 @@
 
 #include <utility>
 
-#include "text/Cut.h"
+#include "text/HSTStringUtils.h"
+#include "text/Limits.h"
 
 HEXAll::HEXAll(ComMsgMgrInstance message) : message_(std::move(message)) {}
 
 HEXAll::HEXAll(std::string text, std::source_location where)
-    : message_{"platform", "", MsgMask::error, {}, text::cut(std::move(text)), where} {}
+    : message_{"platform", "", MsgMask::error, {}, HSTStringUtils::cut(std::move(text), text::kMaxQuoted), where} {}
 
 // Out of line, so that only this library defines the identity of each type.
 HEXAll::~HEXAll() = default;

@@ -2,13 +2,14 @@
 
 #include <utility>
 
-#include "text/Cut.h"
+#include "text/HSTStringUtils.h"
+#include "text/Limits.h"
 
 namespace {
 
 const HEXDiagnostic& bounded(HEXDiagnostic& diagnostic) {
     for (std::string* const field : {&diagnostic.member, &diagnostic.element, &diagnostic.text})
-        *field = text::cut(std::move(*field));
+        *field = HSTStringUtils::cut(std::move(*field), text::kMaxQuoted);
     return diagnostic;
 }
 

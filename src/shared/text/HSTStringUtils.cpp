@@ -151,6 +151,12 @@ std::string HSTStringUtils::printableJson(std::string_view json) {
     });
 }
 
+std::string HSTStringUtils::cut(std::string text, std::size_t longest) {
+    if (text.size() <= longest) return text;
+    text.resize(utf8Prefix(text, longest).size());
+    return text + "...";
+}
+
 std::string HSTStringUtils::excerpt(std::string_view text, std::size_t longest) {
     return printable(utf8Prefix(text, longest)) + (text.size() > longest ? "..." : "");
 }

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "archive/PlatformArchive.h"
-#include "text/Cut.h"
+#include "text/Limits.h"
 #include "zip/ArchiveError.h"
 
 namespace readers {
