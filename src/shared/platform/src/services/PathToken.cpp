@@ -1,5 +1,7 @@
 #include "platform/PathToken.h"
 
+#include <algorithm>
+
 #include "text/HSTStringUtils.h"
 
 namespace teq::platform {
@@ -21,6 +23,7 @@ PathToken tokenOf(std::string_view piece) {
 
 HSTVector<PathToken> scanJsonPath(std::string_view path) {
     HSTVector<PathToken> tokens;
+    tokens.reserve(1 + static_cast<std::size_t>(std::ranges::count(path, '.')));
     for (std::size_t begin = 0, end; begin != std::string_view::npos; begin = end) {
         end = path.find('.', begin);
         tokens.push_back(tokenOf(path.substr(begin, end - begin)));
@@ -31,12 +34,14 @@ HSTVector<PathToken> scanJsonPath(std::string_view path) {
 
 std::string withoutMarkers(std::string_view path) {
     std::string result;
-    while (!path.empty()) {
+    for (auto open = path.find('['); open != std::string_view::npos; open = path.find('[')) {
+        result += path.substr(0, open);
+        path.remove_prefix(open);
         const std::size_t marker = path.starts_with("[]") ? 2 : path.starts_with("[*]") ? 3 : 0;
-        if (marker == 0) result += path.front();
-        path.remove_prefix(marker == 0 ? 1 : marker);
+        if (marker == 0) result += '[';
+        path.remove_prefix(std::max<std::size_t>(marker, 1));
     }
-    return result;
+    return result += path;
 }
 
 }  // namespace teq::platform

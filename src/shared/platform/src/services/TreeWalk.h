@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "json/JsonNode.h"
@@ -59,7 +60,7 @@ bool hasBoostArray(const std::string& path);
 /// translated.
 bool hasNode(const ptree& tree, const std::string& path);
 template <class Node>
-bool hasNode(const Node& document, const std::string& path) {
+bool hasNode(const Node& document, std::string_view path) {
     return static_cast<bool>(walk(document, teq::platform::scanJsonPath(path)));
 }
 /// The first of the roots that exists, or an empty text. `useAlt`: in the notation of the property tree.
