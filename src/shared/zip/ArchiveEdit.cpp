@@ -42,7 +42,7 @@ void ArchiveEdit::refuse(const std::string& text) const {
 
 void ArchiveEdit::put(const std::string& member, SourceFile source) {
     const FileStamp& from = source.bytes().stamp();
-    if (from.device == stamp().device && from.inode == stamp().inode) source.refuse("it is the archive itself");
+    if (from.device == stamp().device && from.inode == stamp().inode) source.refuse("is the archive itself");
     stage(member, {nullptr, std::move(source), {}});
 }
 

@@ -28,7 +28,7 @@ util::Descriptor openRegular(const std::string& path, int access) {
     if (!isOpen) {
         const int error = errno;
         util::noteSystemFault(path, error);
-        throw zip::ArchiveError(path, "", "cannot be opened: " + reason(error));
+        throw zip::ArchiveError(path, "", error == ENOENT ? "no such file" : "cannot be opened: " + reason(error));
     }
     return descriptor;
 }

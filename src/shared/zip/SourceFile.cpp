@@ -16,7 +16,7 @@ SourceFile::SourceFile(std::string path) : path_(std::move(path)) {
     try {
         bytes_ = std::make_unique<FileBytes>(path_);
     } catch (const ArchiveError& error) {
-        refuse("it " + error.text());
+        refuse(error.text());
     }
 }
 
@@ -24,8 +24,8 @@ SourceFile::SourceFile(int folder, std::string_view path, std::string shown) : p
     util::Descriptor file = util::openBelow(folder, path, O_RDONLY);
     struct stat status {};
     if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
-        refuse("it cannot be opened: " + std::generic_category().message(errno));
-    if (!S_ISREG(status.st_mode)) refuse("it is not a regular file");
+        refuse("cannot be opened: " + std::generic_category().message(errno));
+    if (!S_ISREG(status.st_mode)) refuse("is not a regular file");
     bytes_ = std::make_unique<FileBytes>(std::move(file));
 }
 
@@ -34,7 +34,7 @@ void SourceFile::refuse(const std::string& text) const {
 }
 
 void SourceFile::checkUnchanged() const {
-    if (!bytes_->isAsOpened()) refuse("it was changed while it was read");
+    if (!bytes_->isAsOpened()) refuse("was changed while it was read");
 }
 
 }  // namespace zip
