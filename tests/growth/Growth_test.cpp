@@ -106,9 +106,16 @@ TEST(Bombs, MoreThanOneCallUnpacks) {
     const Scratch scratch;
     const builder::Entry bomb("bomb", std::string((1UL << 30) + 1, '\0'), true);
     scratch.put("x.lfa", builder::archiveOf({builder::Entry("lfa.json", "{}"), bomb}).build());
-    const Use used = useOf({"extract", scratch / "x.lfa", "bomb", scratch / "out"});
-    EXPECT_EQ(used.exit, 3);
-    EXPECT_LT(used.seconds, kMaxSeconds);
-    EXPECT_LT(used.peak, 64 * kMiB);
+    const std::string archive = scratch / "x.lfa", before = contentOf(archive);
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"extract", archive, "bomb", scratch / "out"},
+          {"verify", archive},
+          {"set-file", archive, "DCP", "a", ZR_SOURCE_DIR "/README.md"}}) {
+        const Use used = useOf(command);
+        EXPECT_EQ(used.exit, 3) << command[0];
+        EXPECT_LT(used.seconds, kMaxSeconds) << command[0];
+        EXPECT_LT(used.peak, 64 * kMiB) << command[0];
+    }
     EXPECT_EQ(scratch.names(), std::vector<std::string>{"x.lfa"});
+    EXPECT_TRUE(contentOf(archive) == before);
 }

@@ -133,6 +133,17 @@ void Archive::copyTo(const Member& member, const Sink& sink, OutputBudget& budge
     unpack(member, sink, budget);
 }
 
+void Archive::checkUnpackedSize() const {
+    std::uint64_t left = mostUnpacked();
+    for (const Member& member : members()) {
+        if (member.size > left)
+            throw ArchiveError(
+                name_, "",
+                fmt::format("the archive unpacks to more than {} bytes, the most for its size", mostUnpacked()));
+        left -= member.size;
+    }
+}
+
 void Archive::checkHeader(const Member& member) const { PackedData(*bytes_, name_, member, 0); }
 
 void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budget) const {

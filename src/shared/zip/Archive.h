@@ -43,8 +43,10 @@ public:
     void copyTo(const Member& member, const Sink& sink, OutputBudget& budget) const;
     /// The same for members of any kind, including directories, to examine their bytes.
     void unpack(const Member& member, const Sink& sink, OutputBudget& budget) const;
-    /// The most that the members may unpack to that are verified or extracted together: real ones are far below.
+    /// The most bytes of members that are verified, hashed or extracted together: real archives are far below.
     std::uint64_t mostUnpacked() const { return (128UL << 20) + 100 * bytes_->size(); }
+    /// Throws if all members together have more.
+    void checkUnpackedSize() const;
     /// Throws unless the member's local header agrees with its entry.
     void checkHeader(const Member& member) const;
 

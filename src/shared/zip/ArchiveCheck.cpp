@@ -26,7 +26,7 @@ public:
     explicit Check(const Archive& archive) : archive_(archive), hasDigest_(hasDigest(archive.comment())) {}
 
     HUTZip::Verification run() {
-        checkSize();
+        archive_.checkUnpackedSize();
         for (const Member& member : archive_.members()) {
             checkName(member);
             checkBytes(member);
@@ -43,17 +43,6 @@ public:
 private:
     void add(std::string_view member, Reason reason, std::string_view text) {
         report_.differences.push_back({std::string(member), reason, HSTStringUtils::printable(text)});
-    }
-
-    void checkSize() const {
-        std::uint64_t size = 0;
-        for (const Member& member : archive_.members()) {
-            size += std::min(member.size, archive_.mostUnpacked() + 1);
-            if (size > archive_.mostUnpacked())
-                throw ArchiveError(archive_.name(), "",
-                                   "the archive unpacks to more than " + std::to_string(archive_.mostUnpacked()) +
-                                       " bytes, the most for its size");
-        }
     }
 
     /// Names with which other readers do not write the same files.

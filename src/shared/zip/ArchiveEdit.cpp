@@ -90,12 +90,14 @@ FileStamp ArchiveEdit::commit(Digest digest) {
 
 /// Whether a digest whose comment agrees with its fields also agrees with the bytes.
 bool ArchiveEdit::isDigestTrue() const {
+    archive().checkUnpackedSize();
     return std::ranges::all_of(archive().members(), [this](const Member& member) {
         return zip::hashOf(archive(), member) == digestField(member);
     });
 }
 
 ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {
+    if (!isValid) archive().checkUnpackedSize();
     Stamp stamp;
     std::vector<DigestRow> rows;
     for (const Member& member : archive().members()) {
