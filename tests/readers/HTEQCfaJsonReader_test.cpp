@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <boost/property_tree/json_parser/error.hpp>
 #include <memory>
 
 #include "kit/Hpfm.h"
@@ -20,4 +21,18 @@ TEST(CfaJsonReader, FileTypesAreReadInAnyLetterCase) {
     EXPECT_TRUE(platform.supportsHWEmulation());
     const std::unique_ptr<HSTFwdIter<HTEQHardwareBusInterface*>> interfaces(platform.createBusInterfaceIter());
     EXPECT_TRUE(interfaces->hasNext());
+}
+
+/// A host may use the readers without a request.
+TEST(CfaJsonReader, BoundsWhatItMakes) {
+    std::string roms = "{}";
+    for (int i = 0; i < 500'000; ++i) roms += ",{}";
+    const std::string text = R"({"featureRoms": [)" + roms + "]}";
+    const Scratch scratch;
+    HPLPlatform platform;
+    HTEQCfaJsonReader reader(&platform);
+    EXPECT_THROW(reader.parseJsonString(text), boost::property_tree::json_parser::json_parser_error);
+    EXPECT_THROW(reader.parseFile(scratch.put("x.json", text)), boost::property_tree::json_parser::json_parser_error);
+    EXPECT_FALSE(reader.parseCFA(archived(scratch, "x.lfa", {{"lfa.json", text}}),
+                                 HTEQCfaJsonReader::HwMetadataMode::Default));
 }

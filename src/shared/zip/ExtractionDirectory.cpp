@@ -71,4 +71,20 @@ void ExtractionDirectory::extract(const Archive& archive, const Member& member, 
     file.commit(overwrite);
 }
 
+bool ExtractionDirectory::extractAll(const Archive& archive, std::string_view prefix, bool overwrite,
+                                     OutputBudget& budget) const {
+    bool isFound = false;
+    std::uint64_t left = archive.mostUnpacked();
+    for (const Member& member : archive.members()) {
+        if (!member.name.starts_with(prefix)) continue;
+        if (member.size > left)
+            throw ArchiveError(archive.name(), std::string(member.name),
+                               "the folder has more data than an archive of this size may hold");
+        left -= member.size;
+        extract(archive, member, overwrite, budget);
+        isFound = true;
+    }
+    return isFound;
+}
+
 }  // namespace zip

@@ -23,6 +23,8 @@ public:
 
     /// Extracts one member, and makes the directories in its name.
     void extract(const Archive& archive, const Member& member, bool overwrite, OutputBudget& budget) const;
+    /// Extracts the members whose names begin with `prefix`; false if there are none.
+    bool extractAll(const Archive& archive, std::string_view prefix, bool overwrite, OutputBudget& budget) const;
 
 private:
     util::Descriptor openDirectory(std::string_view relativePath) const;

@@ -43,20 +43,8 @@ bool HUTZip::uncompressDir(const std::string& archive, const std::string& direct
                            bool overwrite) {
     const zip::Request request;
     const auto opened = zip::openShared(archive);
-    const zip::ExtractionDirectory target(destination);
     const std::string below = directory.empty() || directory.ends_with('/') ? directory : directory + "/";
-    bool isFound = false;
-    std::uint64_t left = opened->mostUnpacked();
-    for (const zip::Member& member : opened->members()) {
-        if (!member.name.starts_with(below)) continue;
-        if (member.size > left)
-            throw zip::ArchiveError(archive, std::string(member.name),
-                                    "the folder has more data than an archive of this size may hold");
-        left -= member.size;
-        target.extract(*opened, member, overwrite, *zip::Request::budget());
-        isFound = true;
-    }
-    return isFound;
+    return zip::ExtractionDirectory(destination).extractAll(*opened, below, overwrite, *zip::Request::budget());
 }
 
 bool HUTZip::uncompress(const std::string& archive, const std::string& member, const std::string& destination,

@@ -6,6 +6,7 @@
 #include "capi/Guard.h"
 #include "capi/Handles.h"
 #include "capi/Structs.h"
+#include "msg/Budget.h"
 #include "platform/PlatformRequests.h"
 #include "platform/zr_platform.h"
 #include "util/HUTFile.h"
@@ -125,10 +126,9 @@ zr_code zr_archive_extract_all(const zr_archive* archive, const char* folder, st
         checkFlags(flags, ZR_OVERWRITE);
         if (!HUTFile::isDir(destination))
             throw RequestError(FailureKind::noSuchFile, {.file = destination, .text = "no such folder"});
-        const zip::ExtractionDirectory target(destination);
+        const Budget counted;
         zip::OutputBudget budget(archive->budget);
-        for (const zip::Member& member : opened.members())
-            target.extract(opened, member, (flags & ZR_OVERWRITE) != 0, budget);
+        zip::ExtractionDirectory(destination).extractAll(opened, "", (flags & ZR_OVERWRITE) != 0, budget);
     });
 }
 

@@ -21,6 +21,7 @@
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveError.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -103,6 +104,7 @@ bool HTEQCfaJsonReader::parseCFA(const std::string& archive, Mode mode) {
 }
 
 void HTEQCfaJsonReader::readCFA(const std::string& archive, Mode mode) {
+    const zip::Request request;
     const std::string member = memberFor(archive, mode, false);
     readMember(member, [&] { return opened_->text(member).value_or(""); });
 }
@@ -112,6 +114,7 @@ bool HTEQCfaJsonReader::parseHwEmuLFA(const std::string& archive, Mode mode) {
 }
 
 void HTEQCfaJsonReader::readHwEmuLFA(const std::string& archive, Mode mode) {
+    const zip::Request request;
     const std::string member = memberFor(archive, mode, true);
     std::optional<std::string> text;
     try {
@@ -149,6 +152,7 @@ void HTEQCfaJsonReader::readMember(const std::string& member, const std::functio
 
 bool HTEQCfaJsonReader::parseFile(const std::string& file) {
     if (!HUTFile::isFile(file)) return false;
+    const zip::Request request;
     Document document;
     json::parseFile(file, document);
     parseRoot_(document);
@@ -157,6 +161,7 @@ bool HTEQCfaJsonReader::parseFile(const std::string& file) {
 
 bool HTEQCfaJsonReader::parseJsonString(const std::string& text) {
     if (text.empty()) return false;
+    const zip::Request request;
     Document document;
     document.parse(text, "");
     parseRoot_(document);

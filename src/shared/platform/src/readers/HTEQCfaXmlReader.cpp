@@ -28,6 +28,7 @@
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 #include "zip/ArchiveError.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -242,6 +243,7 @@ bool HTEQCfaXmlReader::getRootVersion(int& major, int& minor) {
 
 /// Calls `use` with the archive's document.
 void HTEQCfaXmlReader::readRoot_(HwMetadataMode asked, const std::function<void(const BasePlatform::Root&)>& use) {
+    const zip::Request request;
     platform_->setPlatformFile(HUTFile::getCanonicalName(archive_));
     member_ = platform_->getXmlFileName();
     const std::string text = textOf_(asked);

@@ -1,6 +1,7 @@
 #include "platform/HTEQEmulationExtMetaJsonReader.h"
 
 #include "json/JsonFile.h"
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "readers/EmulationKeys.h"
 #include "util/HUTPathUtils.h"
@@ -20,6 +21,7 @@ bool HTEQEmulationExtMetaJsonReader::isJsonValid() const {
 }
 
 void HTEQEmulationExtMetaJsonReader::parseJson() {
+    const Budget budget;
     json::Document document;
     json::parseFile(file_, document);
     json::readKeys(document.root(), json::keysOf<HTEQEmuFeatureRom>(), *emulations_->createFeatureRom());

@@ -1,10 +1,12 @@
 #include "platform/HTEQEmulationJsonReader.h"
 
 #include "json/JsonFile.h"
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "readers/ArchiveMember.h"
 #include "readers/EmulationKeys.h"
 #include "util/HUTPathUtils.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -28,6 +30,7 @@ bool HTEQEmulationJsonReader::isJsonValid() const {
 }
 
 void HTEQEmulationJsonReader::parseJson() {
+    const Budget budget;
     json::Document document;
     json::parseFile(file_, document);
     fill(*emulations_, document);
@@ -35,6 +38,7 @@ void HTEQEmulationJsonReader::parseJson() {
 
 void HTEQEmulationJsonReader::parseFromCfa(const std::string& archive, const std::string& member,
                                            HTEQEmulations* emulations) {
+    const zip::Request request;
     json::Document document;
     document.parse(readers::textOfMember(archive, member), archive + "!" + member,
                    {.file = archive, .member = member});

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "msg/Budget.h"
 #include "msg/HEXFileFault.h"
 #include "platform/HTEQEmulations.h"
 #include "readers/ArchiveMember.h"
@@ -9,6 +10,7 @@
 #include "records/TEQEmulationLMX.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -43,6 +45,7 @@ HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmul
 }
 
 void HTEQEmulationXMLReader::parseXml() {
+    const Budget budget;
     try {
         fill(xml::readFile(TEQEmulation::kDocument, file_), *emulations_);
     } catch (const xml::Exception& e) {
@@ -52,6 +55,7 @@ void HTEQEmulationXMLReader::parseXml() {
 
 void HTEQEmulationXMLReader::readFromCfa(const std::string& archive, const std::string& member,
                                          HTEQEmulations* emulations) {
+    const zip::Request request;
     const std::string text = readers::textOfMember(archive, member);
     try {
         fill(xml::read(TEQEmulation::kDocument, text, archive + "!" + member), *emulations);

@@ -2,6 +2,7 @@
 
 #include <fmt/core.h>
 
+#include "msg/Budget.h"
 #include "msg/ComMsgMgr.h"
 #include "msg/Printed.h"
 #include "platform/HTEQHardwareAddressSegment.h"
@@ -79,6 +80,7 @@ bool HTEQHpfmReader::parseFile() {
         errorMsg_ += failed + "Specified hardware platform file doens't exists\n";
         return false;
     }
+    const Budget budget;
     try {
         parseRepository(xml::readFile(WELHardwarePlatform::kDocument, file_));
         platform_->setPlatformFile(file_);
@@ -113,12 +115,14 @@ const WELHardwarePlatform::Repository* HTEQHpfmReader::readStream_() {
 }
 
 bool HTEQHpfmReader::parseStream() {
+    const Budget budget;
     const auto* const repository = readStream_();
     if (repository) parseRepository(*repository);
     return repository != nullptr;
 }
 
 bool HTEQHpfmReader::parseBusInterfaces() {
+    const Budget budget;
     const auto* const repository = readStream_();
     if (!repository) return false;
     for (const auto& record : repository->component.busInterfaces)
@@ -127,6 +131,7 @@ bool HTEQHpfmReader::parseBusInterfaces() {
 }
 
 bool HTEQHpfmReader::parseNocConnectivity() {
+    const Budget budget;
     const auto* const repository = readStream_();
     if (!repository) return false;
     for (const auto& record : repository->component.nocConnectivity) readNocConnectivity(record, *platform_);
