@@ -6,7 +6,9 @@
 #include <memory>
 
 #include "kit/Hpfm.h"
+#include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
+#include "platform/JSONObjectWriter.h"
 #include "readers/Archive.h"
 
 TEST(CfaJsonReader, FileTypesAreReadInAnyLetterCase) {
@@ -23,8 +25,17 @@ TEST(CfaJsonReader, FileTypesAreReadInAnyLetterCase) {
     EXPECT_TRUE(interfaces->hasNext());
 }
 
-/// A host may use the readers without a request.
+/// A host may use the classes without a request.
 TEST(CfaJsonReader, BoundsWhatItMakes) {
+    std::string levels, parameters = R"("p": "1")";
+    for (int i = 0; i < 60; ++i) levels += ".a";
+    for (int i = 0; i < 10'000; ++i) parameters += ",\"" + std::to_string(i) + levels + "\": \"1\"";
+    HPLPlatform deep;
+    HTEQCfaJsonReader(&deep).parseJsonString(
+        R"({"designIpInstances": [{"vlnv": "v", "instance": "i", "configuration": {)" + parameters + "}}]}");
+    teq_platform::JSONObjectWriter writer;
+    EXPECT_THROW(deep.toJSON(writer), HEXFileFault);
+
     std::string roms = "{}";
     for (int i = 0; i < 500'000; ++i) roms += ",{}";
     const std::string text = R"({"featureRoms": [)" + roms + "]}";

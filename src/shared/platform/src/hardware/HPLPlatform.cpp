@@ -6,6 +6,7 @@
 #include "hardware/MemorySize.h"
 #include "hardware/PlatformFiles.h"
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLInterface.h"
@@ -34,6 +35,7 @@ HPLPlatform::HPLPlatform() = default;
 HPLPlatform::~HPLPlatform() = default;
 
 void HPLPlatform::toJSON(teq_platform::JSONObjectWriter& writer) const {
+    const Budget budget;
     json::writeKeys(writer, json::keysOf<HPLPlatform>(), *this);
     HTEQHardwarePlatform::toJSON(writer);
 }

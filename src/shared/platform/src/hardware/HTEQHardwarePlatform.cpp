@@ -12,6 +12,7 @@
 #include "hardware/PlatformFiles.h"
 #include "hardware/StateRules.h"
 #include "hardware/TileProject.h"
+#include "msg/Budget.h"
 #include "msg/ComMsgMgr.h"
 #include "platform/HPLDevice.h"
 #include "platform/HTEQDesignIPInstance.h"
@@ -62,6 +63,7 @@ HTEQHardwarePlatform::HTEQHardwarePlatform()
 HTEQHardwarePlatform::~HTEQHardwarePlatform() = default;
 
 void HTEQHardwarePlatform::toJSON(teq_platform::JSONObjectWriter& writer) const {
+    const Budget budget;
     json::writeKeys(writer, json::keysOf<HTEQHardwarePlatform>(), *this);
 }
 

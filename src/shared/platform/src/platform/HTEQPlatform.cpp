@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "json/JsonKeys.h"
+#include "msg/Budget.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSoftwarePlatform.h"
@@ -58,6 +59,7 @@ void HTEQPlatform::shortToJSON(JSONObjectWriter& writer) const {
 }
 
 void HTEQPlatform::toJSON(JSONObjectWriter& writer) const {
+    const Budget budget;
     json::writeKeys(writer, kKeys, *this);
     writePlatforms(writer);
 }

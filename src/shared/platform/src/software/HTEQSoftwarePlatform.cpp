@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "json/JsonKeys.h"
+#include "msg/Budget.h"
 #include "platform/HTEQProcessorGroup.h"
 #include "platform/HTEQSystemConfig.h"
 #include "software/Runtimes.h"
@@ -53,6 +54,7 @@ HTEQSoftwarePlatform::HTEQSoftwarePlatform() = default;
 HTEQSoftwarePlatform::~HTEQSoftwarePlatform() = default;
 
 void HTEQSoftwarePlatform::toJSON(teq_platform::JSONObjectWriter& writer) const {
+    const Budget budget;
     json::writeKeys(writer, kKeys, *this);
 }
 
