@@ -8,9 +8,12 @@
 
 #include "kit/Capture.h"
 #include "kit/Repository.h"
+#include "msg/Budget.h"
+#include "msg/HEXFileFault.h"
 #include "platform/HTEQPlatformMgr.h"
 #include "platform/PlatformSearch.h"
 #include "repository/DirectoryWalk.h"
+#include "util/HUTFile.h"
 
 namespace {
 
@@ -112,6 +115,25 @@ TEST_F(HostileRepositories, Entries) {
     fs::remove(scratch / "full/f0");
     fs::remove(scratch / "r2/l0");
     EXPECT_TRUE(search({"r2"}).problems.empty());  // 999 * 1000
+}
+
+/// Links whose way is long: each link passes thousands of names.
+TEST_F(HostileRepositories, Links) {
+    fs::create_directories(scratch / "chain/n");
+    fs::create_directories(scratch / "r2");
+    for (int i = 0; i < 30; ++i)
+        fs::create_symlink(repeated("n/../", 700) + (i < 29 ? "l" + std::to_string(i + 1) : ""),
+                           scratch / "chain/l" + std::to_string(i));
+    for (int i = 0; i < 20; ++i)
+        fs::create_symlink("../chain/l0/good.zdf", scratch / "r2/" + std::to_string(i) + ".zdf");
+    const FindResult result = search({"r2", "r"});
+    ASSERT_EQ(result.problems.size(), 1U);
+    EXPECT_THAT(result.problems.front().text, testing::HasSubstr("more than 1000000 names to follow links"));
+    EXPECT_EQ(result.platforms.size(), 1U);
+    fs::create_symlink("../chain/l0", scratch / "r/d");
+    const Budget budget;
+    HUTFile::getCanonicalName(scratch / "r/d/x");
+    EXPECT_THROW(while (true) HUTFile::getCanonicalName(scratch / "r/d/x"), HEXFileFault);
 }
 
 /// Directories vanish and descriptors are replaced during the search.

@@ -9,12 +9,13 @@
 
 /// What a request counts. `Budget.cpp` has the limits, docs/security.md repeats them.
 enum class Cost {
-    bytes,    ///< of members that are read whole
+    bytes,    ///< of members and XML files that are read whole
     values,   ///< JSON values, XML elements and attributes parsed
     records,  ///< bytes of the objects that are made from them
     nodes,    ///< values of the documents that are made
     text,     ///< bytes of these documents, and of trees made of them
     inodes,   ///< files and directories made
+    names,    ///< names that the system looks up to follow links in paths, and some for each step
     count_
 };
 

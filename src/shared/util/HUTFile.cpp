@@ -5,19 +5,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <memory>
-#include <optional>
-#include <string_view>
 #include <system_error>
-#include <vector>
 
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
+#include "util/WithoutLinks.h"
 
 namespace fs = std::filesystem;
 
@@ -57,53 +53,6 @@ void removeAt(int directory, const char* name) {
     ::unlinkat(directory, name, AT_REMOVEDIR);
 }
 
-bool isMissing(int error) { return error == ENOENT || error == ENOTDIR; }
-
-/// Calls `take` for each component of a path that is neither empty nor ".".
-template <class Take>
-void eachComponent(std::string_view path, const Take& take) {
-    while (!path.empty()) {
-        const std::string_view component = path.substr(0, path.find('/'));
-        path.remove_prefix(std::min(path.size(), component.size() + 1));
-        if (!component.empty() && component != ".") take(component);
-    }
-}
-
-/// An absolute path with one separator before each component, and none that is ".".
-std::string withoutDots(std::string_view absolute) {
-    std::string name;
-    eachComponent(absolute, [&name](std::string_view component) { name.append("/").append(component); });
-    return name.empty() ? "/" : name;
-}
-
-/// The rest of a path after a prefix without links; ".." removes the component before it.
-std::string joined(std::string name, std::string_view rest) {
-    if (name == "/") name.clear();
-    eachComponent(rest, [&name](std::string_view component) {
-        if (component != "..")
-            name.append("/").append(component);
-        else if (!name.empty())
-            name.resize(name.rfind('/'));
-    });
-    return name.empty() ? "/" : name;
-}
-
-/// The path without links, or nothing and errno.
-std::optional<std::string> resolve(const std::string& path) {
-    const std::unique_ptr<char, void (*)(void*)> resolved(::realpath(path.c_str(), nullptr), &std::free);
-    return resolved ? std::optional<std::string>(resolved.get()) : std::nullopt;
-}
-
-/// How much of a path that does not exist exists: the length of the longest prefix that ends before a separator. Each
-/// prefix of a path that exists exists too; asking for one after the other takes minutes for a megabyte of names.
-std::size_t existingPrefix(const std::string& path) {
-    std::vector<std::size_t> ends;
-    for (std::size_t at = path.find('/', 1); at != std::string::npos; at = path.find('/', at + 1)) ends.push_back(at);
-    const auto missing = std::partition_point(
-        ends.begin(), ends.end(), [&path](std::size_t end) { return HUTFile::exists(path.substr(0, end)); });
-    return missing == ends.begin() ? 0 : *std::prev(missing);
-}
-
 std::string withoutEndSeparator(std::string text) {
     while (text.size() > 1 && text.back() == '/') text.pop_back();
     return text;
@@ -132,13 +81,9 @@ std::string HUTFile::getCanonicalName(const std::string& path) {
     std::error_code error;
     const std::string absolute = fs::absolute(path, error);
     if (error) return path;  // the working directory has been removed
-    const std::string name = withoutDots(absolute);
-    if (hasNul(name)) return joined("", name);
-    if (auto resolved = resolve(name)) return *resolved;
-    if (!isMissing(errno)) return joined("", name);
-    const std::size_t existing = existingPrefix(name);
-    const auto prefix = resolve(name.substr(0, existing));
-    return prefix ? joined(*prefix, std::string_view(name).substr(existing)) : joined("", name);
+    const std::string name = util::withoutDots(absolute);
+    if (hasNul(name) || !util::mayFollowLinks(name)) return util::withoutParents(name);
+    return util::withoutLinks(name, [](std::uint64_t names) { Budget::spend(Cost::names, names); });
 }
 
 void HUTFile::mkDirRecursive(const std::string& path) {

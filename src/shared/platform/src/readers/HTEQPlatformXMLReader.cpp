@@ -4,6 +4,7 @@
 
 #include <memory>
 
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "msg/Printed.h"
 #include "platform/HTEQPlatform.h"
@@ -66,6 +67,7 @@ bool HTEQPlatformXMLReader::parseFile() {
 }
 
 void HTEQPlatformXMLReader::readFile() {
+    const Budget budget;  // a host reads descriptors outside of a request, too
     errorMsg_.clear();
     try {
         fill(xml::readFile(TEQPlatform::kDocument, file_), file_, *platform_);

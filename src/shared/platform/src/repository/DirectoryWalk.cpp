@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <new>
@@ -17,6 +18,8 @@
 
 #include "msg/HEXAll.h"
 #include "util/Descriptor.h"
+#include "util/HUTFileUtils.h"
+#include "util/WithoutLinks.h"
 
 namespace repository {
 namespace {
@@ -37,7 +40,9 @@ struct Named {
 /// A directory that is being walked: all its entries were read when it was entered, so that only one is open at a time.
 struct Level {
     std::string path;
-    bool isLinked;  ///< whether the way to it follows a link
+    std::string real;     ///< the same without the links below the first directory
+    bool isLinked;        ///< whether the way to it follows a link
+    std::uint64_t names;  ///< looked up to reach it by `path`
     std::optional<std::pair<dev_t, ino_t>> identity = {};
     std::vector<Named> entries = {};
     std::size_t next = 0;
@@ -45,7 +50,7 @@ struct Level {
     /// Asked for only where a link has been followed: without one no way leads back.
     const std::pair<dev_t, ino_t>& identify() {
         struct stat status {};
-        if (!identity && ::stat(path.c_str(), &status) != 0) fail(path);
+        if (!identity && ::stat(real.c_str(), &status) != 0) fail(path);
         if (!identity) identity.emplace(status.st_dev, status.st_ino);
         return *identity;
     }
@@ -56,13 +61,13 @@ public:
     Walk(const WalkRules& rules, const Visitor& visitor) : rules_(rules), visitor_(visitor) {}
 
     void run(const std::string& directory) {
-        enter(directory, false);
+        enter(directory, {directory, 0, false});
         while (!levels_.empty()) {
             Level& level = levels_.back();
             if (level.next == level.entries.size())
                 levels_.pop_back();
             else
-                visit(level.path, level.entries[level.next++]);
+                visit(level, level.entries[level.next++]);
         }
     }
 
@@ -79,13 +84,45 @@ private:
         }
     }
 
-    void enter(const std::string& path, bool isLink) {
+    /// Where an entry is: without links, and the names that are looked up to reach it by its path.
+    struct Way {
+        std::string real;
+        std::uint64_t names;
+        bool isLink;
+    };
+
+    Way wayOfLink(const Level& level, const std::string& name) {
+        Way way{{}, level.names + 1, true};
+        way.real =
+            util::withoutLinks(HUTFileUtils::makeAbsolutePath(joined(level.real, name)), [&](std::uint64_t names) {
+                way.names += names;
+                spend(level.path, names);
+            });
+        return way;
+    }
+
+    void spend(const std::string& path, std::uint64_t names) {
+        names_ += names;
+        if (names_ <= kMaxNames) return;
+        const std::string text = "directory '" + path + "': the search looks up more than " +
+                                 std::to_string(kMaxNames) + " names to follow links and in deep directories";
+        levels_.clear();
+        throw HEXUserException(text);
+    }
+    /// For something that is reached by a long way.
+    void spendWay(const std::string& path, std::uint64_t names) {
+        constexpr std::uint64_t kShort = 400;
+        if (names > kShort) spend(path, names);
+    }
+
+    void enter(const std::string& path, const Way& way) {
         if (levels_.size() == rules_.maxLevels) return visitor_.skipped(path, Skip::tooDeep);
         reporting(path, [&] {
+            spendWay(path, way.names);
             const int links = rules_.followsLinks || levels_.empty() ? 0 : O_NOFOLLOW;
-            const util::Descriptor opened(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | links));
+            const util::Descriptor opened(::open(way.real.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | links));
             if (!opened.isOpen()) fail(path);
-            Level level{path, isLink || (!levels_.empty() && levels_.back().isLinked)};
+            Level level{path, way.real, way.isLink || (!levels_.empty() && levels_.back().isLinked), way.names};
             if (level.isLinked && std::any_of(levels_.begin(), levels_.end(),
                                               [&](Level& passed) { return passed.identify() == level.identify(); }))
                 return visitor_.skipped(path, Skip::loop);
@@ -113,28 +150,45 @@ private:
         }
     }
 
-    /// `level` and `named` are gone after `enter`.
-    void visit(const std::string& directory, const Named& named) {
+    /// `level` and `named` are gone after `enter` and after a failure.
+    void visit(const Level& level, const Named& named) {
+        const std::string directory = level.path;
         unsigned char type = named.type;
-        bool isLink = type == DT_LNK;
-        if (type == DT_UNKNOWN || type == DT_LNK) {
-            const std::string path = joined(directory, named.name);
-            struct stat status {};
-            if (type == DT_UNKNOWN && ::lstat(path.c_str(), &status) != 0) return;  // gone
-            isLink = isLink || S_ISLNK(status.st_mode);
-            if (isLink && ::stat(path.c_str(), &status) != 0) return visitor_.skipped(path, Skip::brokenLink);
+        struct stat status {};
+        if (type == DT_UNKNOWN) {
+            if (::lstat(joined(level.real, named.name).c_str(), &status) != 0) return;  // gone
             type = IFTODT(status.st_mode);
-            if (isLink && type == DT_DIR && !rules_.followsLinks) return;
         }
-        if (type == DT_DIR) return enter(joined(directory, named.name), isLink);
-        const Entry entry{directory, named.name, type == DT_REG};
-        reporting(directory, [&] { visitor_.file(entry); });
+        if (type == DT_LNK) return visitLink(level, named.name);
+        if (type == DT_DIR)
+            return enter(joined(directory, named.name), {joined(level.real, named.name), level.names + 1, false});
+        show(directory, named.name, type == DT_REG, level.names + 1);
+    }
+
+    void visitLink(const Level& level, const std::string& called) {
+        const std::string directory = level.path, name = called;
+        std::optional<Way> way;
+        reporting(directory, [&] { way = wayOfLink(level, name); });
+        if (!way) return;
+        struct stat status {};
+        if (::stat(way->real.c_str(), &status) != 0)
+            return visitor_.skipped(joined(directory, name), Skip::brokenLink);
+        if (!S_ISDIR(status.st_mode)) return show(directory, name, S_ISREG(status.st_mode), way->names);
+        if (rules_.followsLinks) enter(joined(directory, name), *way);
+    }
+
+    void show(const std::string& directory, const std::string& name, bool isRegular, std::uint64_t names) {
+        reporting(directory, [&] {
+            spendWay(directory, names);
+            visitor_.file({directory, name, isRegular});
+        });
     }
 
     const WalkRules& rules_;
     const Visitor& visitor_;
     std::vector<Level> levels_;
     std::size_t count_ = 0;
+    std::uint64_t names_ = 0;
     alignas(dirent64) char buffer_[32 * 1024];
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 #include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <functional>
 #include <string>
@@ -8,7 +9,9 @@
 namespace repository {
 
 inline constexpr std::size_t kMaxEntries = 1'000'000;  ///< of one walk
-inline constexpr std::size_t kMaxLevels = 3;           ///< a repository and two levels of subdirectories
+/// Of one walk: names that the system looks up to follow links and to reach what is in deep directories.
+inline constexpr std::uint64_t kMaxNames = 1'000'000;
+inline constexpr std::size_t kMaxLevels = 3;  ///< a repository and two levels of subdirectories
 
 /// Something in a directory that is not a directory itself.
 struct Entry {
