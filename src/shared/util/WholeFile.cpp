@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "msg/SharedBudget.h"
 #include "util/AtomicFile.h"
@@ -31,12 +32,17 @@ constexpr std::size_t kBlock = 64 * 1024;  ///< read at a time from a file that 
 
 }  // namespace
 
-std::string read(const std::string& path, std::size_t most) {
+namespace {
+
+std::string readFile(const std::string& path, std::size_t most, bool isCounted) {
     const util::Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     struct stat what {};
     if (!file.isOpen() || ::fstat(file.get(), &what) != 0) fail(path, "read");
     if (!S_ISREG(what.st_mode)) throw HEXUserException(fmt::format("'{}' is not a regular file", path));
     SharedBudget::addFile(what.st_dev, what.st_ino, static_cast<std::uint64_t>(what.st_size));
+    if (const char* const why =
+            isCounted ? Budget::refusal(Cost::bytes, static_cast<std::uint64_t>(what.st_size)) : nullptr)
+        throw HEXUserException(fmt::format("file '{}' cannot be read: {}", path, why));
     // One byte more than the file's size, so that the end shows without another block.
     std::string bytes(std::min(static_cast<std::size_t>(what.st_size), most) + 1, '\0');
     for (std::size_t have = 0;;) {
@@ -51,6 +57,11 @@ std::string read(const std::string& path, std::size_t most) {
         return bytes;
     }
 }
+
+}  // namespace
+
+std::string read(const std::string& path, std::size_t most) { return readFile(path, most, false); }
+std::string readCounted(const std::string& path, std::size_t most) { return readFile(path, most, true); }
 
 void replace(const std::string& path, std::string_view bytes) {
     const std::string target = HUTFile::getCanonicalName(path);

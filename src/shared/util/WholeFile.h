@@ -9,6 +9,8 @@ namespace wholefile {
 /// The bytes of a regular file of at most `most` bytes; links are followed. Throws `HEXUserException`, whose text
 /// names the file and the reason; never blocks on another process.
 std::string read(const std::string& path, std::size_t most);
+/// The same for untrusted files that a request may name often: their bytes count on its budget.
+std::string readCounted(const std::string& path, std::size_t most);
 
 /// Replaces the contents of the file atomically: a new file is written, synced and renamed, so that a reader or a
 /// crash sees either the old bytes or the new ones. Mode, access control list, extended attributes and, if permitted, owner

@@ -478,7 +478,7 @@ void read(const Format& format, std::string_view text, const std::string& file, 
 
 std::string textOf(const std::string& file) {
     try {
-        return wholefile::read(file, kMaxDocument);
+        return wholefile::readCounted(file, kMaxDocument);
     } catch (const HEXUserException& e) {
         Violation violation;
         violation.place.file = file;

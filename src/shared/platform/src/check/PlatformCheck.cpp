@@ -110,7 +110,7 @@ void addWrongExtension(const std::string& file, Findings& findings) {
 /// The content of the file, or nullopt after adding a finding.
 std::optional<Source> textOf(const std::string& file, Findings& findings) {
     try {
-        return Source{file, "", wholefile::read(file, xml::kMaxDocument)};
+        return Source{file, "", wholefile::readCounted(file, xml::kMaxDocument)};
     } catch (const HEXUserException& e) {
         if (zip::looksLikeArchive(file))  // which may be larger than a document
             addWrongExtension(file, findings);

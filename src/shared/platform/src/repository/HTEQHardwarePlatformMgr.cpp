@@ -6,6 +6,7 @@
 
 #include "loading/ArchiveRoad.h"
 #include "msg/HEXAll.h"
+#include "msg/SharedBudget.h"
 #include "platform/HPLPlatform.h"
 #include "repository/DirectoryWalk.h"
 #include "repository/HardwareFiles.h"
@@ -92,6 +93,7 @@ HPLPlatform* HTEQHardwarePlatformMgr::addPlatform(const std::string& file) {
 
 void HTEQHardwarePlatformMgr::addPlatformsFromDirs(const HSTVector<std::string>& dirs,
                                                    HSTVector<HTEQHardwarePlatform*>& out, bool flag) {
+    const SharedBudget shared;
     Found parsed;
     for (const std::string& dir : dirs)
         if (HUTFile::exists(dir)) parseCFAFiles_(dir, parsed);

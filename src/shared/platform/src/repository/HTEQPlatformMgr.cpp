@@ -4,6 +4,7 @@
 
 #include "board/HBOBoardCDataManager.h"
 #include "msg/ComMsgMgr.h"
+#include "msg/SharedBudget.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHardwarePlatformMgr.h"
 #include "platform/HTEQPlatform.h"
@@ -17,6 +18,7 @@
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
+#include "zip/Request.h"
 
 namespace {
 
@@ -65,6 +67,7 @@ void HTEQPlatformMgr::getDefaultTeqPlatformDirs(HSTVector<std::string>& out) con
 void HTEQPlatformMgr::addPlatformsFromDirs(const HSTVector<std::string>& dirs) { addPlatformsFromDirs("", dirs); }
 
 void HTEQPlatformMgr::addPlatformsFromDirs(const std::string& name, const HSTVector<std::string>& dirs) {
+    const SharedBudget shared;
     addPlatformsFromDirs_(name, dirs);
     addHardwarePlatformsFromDirs_(dirs);
 }
@@ -94,6 +97,7 @@ void HTEQPlatformMgr::addPlatformsFromDirs_(const std::string& name, const HSTVe
 }
 
 bool HTEQPlatformMgr::addPlatform_(const std::string& path) {
+    const zip::Request request;
     auto platform = std::make_unique<HTEQPlatform>();
     platform->setZdf(true);
     HTEQPlatformXMLReader reader(path, platform.get());

@@ -3,6 +3,7 @@
 #include "json/JsonText.h"
 #include "json/TreePath.h"
 #include "msg/Printed.h"
+#include "msg/SharedBudget.h"
 #include "platform/HTEQEnv.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/NativePlatformRepoService.h"
@@ -12,6 +13,7 @@
 #include "services/ExceptionList.h"
 #include "services/PlatformFacts.h"
 #include "util/HUTEnv.h"
+#include "zip/Request.h"
 
 namespace teq::platform {
 namespace {
@@ -36,11 +38,13 @@ bool answer(const PolicyVerdict& verdict, std::string& reason) {
 }  // namespace
 
 std::string NativeCatalogService::getAllAsJsonStr(const std::string& paths, bool detailed, bool) const {
+    const SharedBudget shared;
     HSTVector<std::string> files;
     NativePlatformRepoService().getZdfFiles("", paths, files);
     ptree all;
     ptree& reports = all.push_back({"platforms", ptree()})->second;
     for (const std::string& file : files) {
+        const zip::Request request;
         Loader loader(file, kMode);
         ptree report;
         if (getPlatformInfo_(&loader, report, detailed))
