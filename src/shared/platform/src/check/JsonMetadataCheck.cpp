@@ -8,6 +8,7 @@
 #include "hardware/HardwareKeys.h"
 #include "labels/LabelKeys.h"
 #include "readers/EmulationKeys.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "xml/XmlException.h"
@@ -155,7 +156,7 @@ std::set<std::string> clockNames(Node document) {
 std::set<std::string> devicesOf(Node document) {
     std::set<std::string> devices;
     forEachItem(document, "devices", [&](Node device, const Path&) {
-        const auto fields = HSTStringUtils::split(stringAt(device, "fpgaPart"), ':');
+        const auto fields = text::firstPieces(stringAt(device, "fpgaPart"), ':', 5);
         if (fields.size() > 3 && !fields[1].empty()) devices.insert(fields[1]);
     });
     return devices;

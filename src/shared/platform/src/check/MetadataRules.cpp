@@ -8,6 +8,7 @@
 #include "hardware/MemorySize.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQPfmFileTypes.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 
@@ -174,7 +175,7 @@ std::string assignmentFault(const std::string& text) {
 
 std::string partFault(const std::string& part) {
     constexpr const char* kFields[] = {"architecture", "device", "package", "speed grade"};
-    const auto fields = HSTStringUtils::split(part, ':');
+    const auto fields = text::firstPieces(part, ':', std::size(kFields) + 1);
     for (std::size_t i = 0; i < std::min(fields.size(), std::size(kFields)); ++i)
         if (fields.size() >= std::size(kFields) && HSTStringUtils::trim(fields[i]).empty())
             return std::string("the ") + kFields[i] + " of the part is empty";

@@ -4,6 +4,7 @@
 #include "check/MetadataCheck.h"
 #include "check/MetadataRules.h"
 #include "check/ValidXml.h"
+#include "msg/CountedPieces.h"
 #include "platform/HPLDevice.h"
 #include "platform/HTEQDesignIPInstance.h"
 #include "platform/HTEQHardwareFeatureRom.h"
@@ -85,7 +86,7 @@ public:
             const auto& core = device.core.innerCore;
             if (!core || !core->availableResources) continue;
             for (const auto& pblock : core->availableResources->pblocks)
-                for (const std::string& name : HSTStringUtils::split(pblock.ValidSLRs.get(), ','))
+                for (const std::string& name : msg::countedPieces(pblock.ValidSLRs.get(), ','))
                     names.emplace(HSTStringUtils::trim(name));
         }
         names.erase("");

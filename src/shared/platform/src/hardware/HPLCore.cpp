@@ -4,6 +4,7 @@
 #include <set>
 
 #include "hardware/HardwareKeys.h"
+#include "msg/CountedPieces.h"
 #include "platform/HPLPort.h"
 #include "text/HSTStringUtils.h"
 
@@ -135,7 +136,7 @@ bool HPLCore::hasResourceInfo() const {
 }
 
 void HPLCore::addSLRInfo(const std::string& pblock, const std::string& commaSeparated) {
-    addSLRInfo(pblock, HSTStringUtils::split(commaSeparated, ','));
+    addSLRInfo(pblock, msg::countedPieces(commaSeparated, ','));
 }
 
 void HPLCore::addSLRInfo(const std::string& pblock, const HSTVector<std::string>& names) {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 
 void HTEQDevice::setFpgaPart(const std::string& text) {
@@ -12,7 +13,7 @@ void HTEQDevice::setFpgaPart(const std::string& text) {
 
 std::string HTEQDevice::convertFpgaDeviceToPartData_(const std::string& text) {
     if (text.empty()) return {};
-    const std::vector<std::string> fields = HSTStringUtils::split(text, ':');
+    const std::vector<std::string> fields = text::firstPieces(text, ':', 8);
     const std::size_t count = fields.size();
     if (count < 4 || count > 7)
         throw HEXAlgException(

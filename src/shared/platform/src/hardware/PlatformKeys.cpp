@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "hardware/HardwareKeys.h"
+#include "msg/CountedPieces.h"
 #include "platform/HPLDevice.h"
 #include "platform/HPLFile.h"
 #include "platform/HPLInterface.h"
@@ -211,7 +212,7 @@ constexpr json::Key<Platform> whenPR(const char* name) {
 
 void readBinaryContentValues(Platform& platform, const std::string& text) {
     if (text.empty()) return;
-    for (const std::string& value : HSTStringUtils::split(text, ',')) platform.addValidBinaryContentValue(value);
+    for (const std::string& value : msg::countedPieces(text, ',')) platform.addValidBinaryContentValue(value);
 }
 
 void writeExtensions(JSONObjectWriter& writer, const char* name, const Platform& platform) {

@@ -10,6 +10,7 @@
 #include "env/VendorDomain.h"
 #include "json/JsonFile.h"
 #include "msg/ComMsgMgr.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
@@ -41,7 +42,7 @@ void appendFirmware(ptree& to, const HTEQSemanticEndpoint& endpoint) {
     append(to, "firmware_product_name", endpoint.getFirmwareProduct());
     append(to, "firmware_branch_name", endpoint.getFirmwareBranch());
     if (!endpoint.firmwareVersionValid()) return;
-    const auto parts = HSTStringUtils::split(endpoint.getFirmwareVersion(), '.');
+    const auto parts = text::firstPieces(endpoint.getFirmwareVersion(), '.', 4);
     constexpr const char* kParts[] = {"firmware_version_major", "firmware_version_minor",
                                       "firmware_version_revision"};
     for (std::size_t i = 0; i < std::min(parts.size(), std::size(kParts)); ++i) append(to, kParts[i], parts[i]);

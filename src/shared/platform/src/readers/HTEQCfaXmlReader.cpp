@@ -4,6 +4,7 @@
 #include <set>
 
 #include "archive/PlatformArchive.h"
+#include "msg/CountedPieces.h"
 #include "msg/HEXAll.h"
 #include "msg/Printed.h"
 #include "platform/HPLAddressSegment.h"
@@ -49,7 +50,7 @@ void readBuild(const BasePlatform::Build& record, HPLPlatform& platform) {
     platform.setComputedDesignIntent(Key::serverManaged, pr);
     if (record.StaticSynthCheckpoint.isSet()) platform.setPlatformState("synth");
     const auto& values = record.ValidBinaryContentValues;
-    for (const std::string& value : HSTStringUtils::split(values.isSet() ? values.get() : "dcp,bitstream", ','))
+    for (const std::string& value : msg::countedPieces(values.isSet() ? values.get() : "dcp,bitstream", ','))
         platform.addValidBinaryContentValue(value);
     if (record.compileSwitches)
         for (const auto& option : record.compileSwitches->switches)

@@ -2,6 +2,8 @@
 
 #include <fmt/core.h>
 
+#include "msg/Budget.h"
+#include "msg/CountedPieces.h"
 #include "msg/HEXAll.h"
 #include "msg/Printed.h"
 #include "platform/HTEQBootImg.h"
@@ -31,8 +33,7 @@ void readConfiguration(const TEQSoftwarePlatform::Configuration& record, HTEQSys
     read(record, config);
     if (record.prebuilt) config.setPrebuiltData(record.prebuilt->data.get());
     if (record.runtimes.isSet())
-        for (const std::string& runtime : HSTStringUtils::split(record.runtimes.get(), ','))
-            config.addRuntime(runtime);
+        for (const std::string& runtime : msg::countedPieces(record.runtimes.get(), ',')) config.addRuntime(runtime);
     for (const auto& from : record.processorGroups) {
         HTEQProcessorGroup& group = *config.addProcessorGroup();
         read(from, group);
@@ -59,6 +60,7 @@ bool HTEQSoftwarePlatformXMLReader::parseFile() {
 }
 
 void HTEQSoftwarePlatformXMLReader::readFile() {
+    const Budget budget;  // a host reads these files outside of a request, too
     errorMsg_.clear();
     try {
         fill(xml::readFile(TEQSoftwarePlatform::kDocument, file_), *platform_);

@@ -13,6 +13,7 @@
 #include "platform/HTEQPlatformMgr.h"
 #include "repository/PlatformAnswers.h"
 #include "repository/SearchPath.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTEnv.h"
 #include "util/HUTFile.h"
@@ -65,7 +66,7 @@ struct Version {
 };
 
 Version versionOf(const HTEQHardwarePlatform& hardware) {
-    const auto pieces = HSTStringUtils::split(hardware.getVersion(), '.');
+    const auto pieces = text::firstPieces(hardware.getVersion(), '.', 3);
     return {{hardware.getVendor(), hardware.getBoardId(), hardware.getName()},
             {HSTStringUtils::toNumber(pieces[0]), pieces.size() > 1 ? HSTStringUtils::toNumber(pieces[1]) : 0}};
 }
