@@ -31,7 +31,9 @@ struct Given : policy::Facts {
     bool isForHost() override { return host; }
     std::string platformVersion() override { return version; }
     std::string toolVersion() override { return tool; }
-    std::vector<std::string> extendedWarranty() override { return extended; }
+    std::shared_ptr<const policy::ExtendedWarranty> extendedWarranty() override {
+        return std::make_shared<policy::ExtendedWarranty>(extended);
+    }
     policy::Listing listing() override { return listed; }
 };
 

@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
+#include <memory>
 #include <optional>
 #include <stdexcept>
 
 #include "msg/ComMsgMgr.h"
 #include "msg/Printed.h"
 #include "policy/PolicyFacts.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 
 namespace policy {
@@ -29,6 +31,8 @@ int strictNumber(const std::string& piece) {
 bool isBefore(const Version& a, const Version& b) {
     return a.major < b.major || (a.major == b.major && a.minor < b.minor);
 }
+
+constexpr std::size_t kMaxFact = 4000;  ///< bytes of a fact that are kept
 
 /// What the rules of one verdict ask. Facts are fetched once, and recorded with each rule that looks at them.
 class Asking {
@@ -58,10 +62,10 @@ public:
     const Version& tool() {
         return ask(tool_, "tool version", [&] { return toolVersion(); });
     }
-    const std::vector<std::string>& extendedWarranty() {
-        return ask(extended_, "extended warranty", [&] {
+    const ExtendedWarranty& extendedWarranty() {
+        return *ask(extended_, "extended warranty", [&] {
             if (!facts_.isSupposed()) ComMsgMgr::sendMsg("@74-78@%s", tool().text);
-            return tool().major == 0 ? std::vector<std::string>() : facts_.extendedWarranty();
+            return tool().major == 0 ? std::make_shared<const ExtendedWarranty>() : facts_.extendedWarranty();
         });
     }
     const Listing& listing() {
@@ -82,8 +86,13 @@ public:
 private:
     static std::string textOf(bool value) { return value ? "yes" : "no"; }
     static std::string textOf(const Version& version) { return version.text; }
-    static std::string textOf(const std::vector<std::string>& texts) {
-        return texts.empty() ? "none" : HSTStringUtils::join(texts, ", ");
+    static std::string textOf(const std::shared_ptr<const ExtendedWarranty>& warranty) {
+        std::string text;
+        for (const std::string& version : warranty->texts()) {
+            if (text.size() > kMaxFact) break;
+            text += (text.empty() ? "" : ", ") + version;
+        }
+        return warranty->texts().empty() ? "none" : text;
     }
     static std::string textOf(const Listing& listing) {
         constexpr const char* kTexts[] = {"black_list", "white_list", "no list", "not listed"};
@@ -94,7 +103,8 @@ private:
     const T& ask(std::optional<T>& known, const char* name, Fetch fetch) {
         if (!known) known = fetch();
         const auto isSame = [name](const teq::platform::PolicyFact& fact) { return fact.name == name; };
-        if (std::ranges::none_of(step_->facts, isSame)) step_->facts.push_back({name, textOf(*known)});
+        if (std::ranges::none_of(step_->facts, isSame))
+            step_->facts.push_back({name, HSTStringUtils::cut(textOf(*known), kMaxFact)});
         return *known;
     }
 
@@ -116,7 +126,7 @@ private:
     PolicyStep* step_ = nullptr;
     std::optional<bool> hasLoader_, isLoaded_, isPreSynth_, isUnified_, isForHost_;
     std::optional<Version> platform_, tool_;
-    std::optional<std::vector<std::string>> extended_;
+    std::optional<std::shared_ptr<const ExtendedWarranty>> extended_;
     std::optional<Listing> listing_;
 };
 
@@ -142,10 +152,7 @@ bool isSame(Asking& ask) {
 }
 bool isExtended(Asking& ask) {
     const Version& tool = ask.tool();
-    return std::ranges::any_of(ask.extendedWarranty(), [&tool](const std::string& text) {
-        const Version version = versionOf(text);
-        return version.major == tool.major && version.minor == tool.minor;
-    });
+    return ask.extendedWarranty().lists(tool);
 }
 template <Color color>
 bool isListed(Asking& ask) {
@@ -211,8 +218,26 @@ constexpr Rule kRules[] = {
 }  // namespace
 
 Version versionOf(const std::string& text) {
-    const auto pieces = HSTStringUtils::split(text, '.');
+    const auto pieces = ::text::firstPieces(text, '.', 3);
     return {text, strictNumber(pieces[0]), pieces.size() > 1 ? strictNumber(pieces[1]) : 0};
+}
+
+ExtendedWarranty::ExtendedWarranty(std::vector<std::string> texts) : texts_(std::move(texts)) {
+    try {
+        for (const std::string& text : texts_) {
+            const Version version = versionOf(text);
+            versions_.emplace_back(version.major, version.minor);
+        }
+    } catch (const std::logic_error&) {
+        fault_ = std::current_exception();
+    }
+    std::ranges::sort(versions_);
+}
+
+bool ExtendedWarranty::lists(const Version& tool) const {
+    const bool isListed = std::ranges::binary_search(versions_, std::pair(tool.major, tool.minor));
+    if (!isListed && fault_) std::rethrow_exception(fault_);
+    return isListed;
 }
 
 PolicyVerdict decide(PolicyQuestion question, Facts& facts) {

@@ -42,7 +42,7 @@ public:
     bool isForHost() override { return real_.isForHost(); }
     std::string platformVersion() override { return real_.platformVersion(); }
     std::string toolVersion() override { return tool_; }
-    std::vector<std::string> extendedWarranty() override { return real_.extendedWarranty(); }
+    std::shared_ptr<const policy::ExtendedWarranty> extendedWarranty() override { return real_.extendedWarranty(); }
     policy::Listing listing() override { return color_ ? policy::Listing{*color_, {}} : real_.listing(); }
     bool isSupposed() const override { return true; }
 
@@ -97,7 +97,7 @@ std::string newestTool(const HTEQPlatform& platform, const PolicyRequest& reques
     if (!platform.getHardwarePlatform()) return {};
     const Version made = policy::versionOf(platform.getHardwarePlatform()->getVersion());
     std::vector<Version> versions{made};
-    for (const std::string& text : facts.extendedWarranty()) versions.push_back(policy::versionOf(text));
+    for (const std::string& text : facts.extendedWarranty()->texts()) versions.push_back(policy::versionOf(text));
     if (const int next = made.major < std::numeric_limits<int>::max() ? made.major + 1 : made.major;
         isSupported(request, facts, std::to_string(next) + "." + latest))
         versions.push_back({std::to_string(next) + ".*", next, std::numeric_limits<int>::max()});

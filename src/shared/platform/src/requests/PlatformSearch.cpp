@@ -24,6 +24,7 @@
 #include "repository/DirectoryWalk.h"
 #include "repository/PlatformAnswers.h"
 #include "repository/SearchPath.h"
+#include "text/FirstPieces.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
@@ -107,9 +108,15 @@ bool readInto(FoundPlatform& found, std::shared_ptr<HTEQPlatform>* loaded) {
     }
 }
 
-bool isUsable(const std::shared_ptr<HTEQPlatform>& platform) {
+/// A platform whose version is none is a problem and hides no other.
+bool isUsable(const std::shared_ptr<HTEQPlatform>& platform, HSTVector<HEXDiagnostic>& problems) {
     const msg::Silence silence;
-    return warranty(platform).isSupported;
+    try {
+        return warranty(platform).isSupported;
+    } catch (const RequestError& e) {
+        problems.push_back(e.diagnostic());
+        return false;
+    }
 }
 
 [[noreturn]] void wrongUse(const std::string& text) { throw RequestError(FailureKind::wrongUse, {.text = text}); }
@@ -160,7 +167,7 @@ public:
 private:
     bool acceptsVbnv(const std::string& vbnv) const {
         if (request_.vbnv.empty()) return true;
-        const auto fields = HSTStringUtils::split(vbnv, ':');
+        const auto fields = text::firstPieces(vbnv, ':', vbnv_.size() + 1);
         return std::equal(
             vbnv_.begin(), vbnv_.end(), fields.begin(), fields.end(),
             [](const std::string& asked, const std::string& value) { return asked.empty() || asked == value; });
@@ -294,15 +301,14 @@ FindResult find(const Find& request) {
                 result.shadowed.push_back(std::move(found));
                 continue;
             }
-            std::optional<Scope> opened;  // a costly platform hides no other
-            if (filter.needsHardware()) opened.emplace();
+            const Scope opened;  // a costly platform hides no other
             std::shared_ptr<HTEQPlatform> platform;
             if (!readInto(found, filter.needsHardware() ? &platform : nullptr)) {
                 result.broken.push_back(std::move(found));
                 continue;
             }
             owners.emplace(HSTStringUtils::toLower(name), path);
-            if (!filter.accepts(found) || (request.usable && !isUsable(platform))) continue;
+            if (!filter.accepts(found) || (request.usable && !isUsable(platform, result.problems))) continue;
             if (request.latest) loaded.push_back(std::move(platform));
             if (!request.latest) emit(found);
             result.platforms.push_back(std::move(found));
@@ -316,12 +322,14 @@ FindResult find(const Find& request) {
 }
 
 Location locate(const std::string& name, const Repositories& where) {
+    const SharedBudget shared;
     Location location{.searched = searchPath(where), .file = {}, .others = {}};
     const auto isWanted = [&](const std::string& candidate) { return HSTStringUtils::iequals(candidate, name); };
     HSTVector<HEXDiagnostic> problems;
     for (const std::string& repository : location.searched)
         for (auto& [path, stem] : descriptorsIn(repository, isWanted, problems)) {
             FoundPlatform found{.name = stem, .file = path, .repository = repository};
+            const Scope opened;
             const bool isGood = readInto(found, nullptr);
             if (isGood && location.file.empty()) {
                 location.file = path;

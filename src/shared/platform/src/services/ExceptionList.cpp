@@ -1,6 +1,8 @@
 #include "services/ExceptionList.h"
 
 #include <algorithm>
+#include <map>
+#include <vector>
 
 #include "archive/PackedText.h"
 #include "json/JsonKeys.h"
@@ -31,13 +33,31 @@ bool canHaveSize(const ptree& node, std::size_t& left, std::size_t depth = 1) {
     return true;
 }
 
-bool hasValue(const ptree& document, const std::string& key, const std::string& value) {
+/// A node of the document. A list is walked once: thousands of entries may ask for an item at the end of a long one.
+struct Indexed {
+    using Lists = std::map<const ptree*, std::vector<const ptree*>>;
+    const ptree* node;
+    Lists* lists;
+    explicit operator bool() const { return node; }
+};
+
+Indexed childOf(const Indexed& from, const std::string& name) { return {services::childOf(from.node, name), from.lists}; }
+
+Indexed itemOf(const Indexed& from, std::uint64_t index) {
+    const auto [list, isNew] = from.lists->try_emplace(from.node);
+    if (isNew)
+        for (const auto& [key, item] : *from.node) list->second.push_back(&item);
+    return {index < list->second.size() ? list->second[index] : nullptr, from.lists};
+}
+
+bool hasValue(const Indexed& document, const std::string& key, const std::string& value) {
     if (key.empty() || value.empty()) return false;
-    const auto found = find(&document, key);
+    const auto found = find(document, key);
     if (!found.node) return false;
-    if (found.node->empty()) return found.node->data() == value;
+    const ptree& node = *found.node.node;
+    if (node.empty()) return node.data() == value;
     std::size_t size = value.size();
-    return canHaveSize(*found.node, size) && answerOf(*found.node, found.path) == value;
+    return canHaveSize(node, size) && answerOf(node, found.path) == value;
 }
 
 bool isFor(const ptree& products, const std::string& product) {
@@ -89,6 +109,7 @@ Listing ExceptionList::match(const std::string& product, const std::function<con
         ComMsgMgr::sendMsg("@74-50@%s", file_);
         return Listing{Color::unreadable, {}};
     };
+    Indexed::Lists lists;
     for (const auto& [name, entries] : list_) {
         const bool isBlack = name == kBlack;
         if (!isBlack && name != kWhite) return refuse();
@@ -96,7 +117,7 @@ Listing ExceptionList::match(const std::string& product, const std::function<con
             const auto products = entry.find("products");
             if (!none.empty() || products == entry.not_found()) return refuse();
             if (isFor(products->second, product) &&
-                hasValue(document(), json::textAt(entry, "key"), json::textAt(entry, "value")))
+                hasValue({&document(), &lists}, json::textAt(entry, "key"), json::textAt(entry, "value")))
                 return {isBlack ? Color::black : Color::white, json::textAt(entry, "reason")};
         }
     }

@@ -54,9 +54,9 @@ bool PlatformFacts::isForHost() {
 std::string PlatformFacts::platformVersion() { return platform_->getHardwarePlatform()->getVersion(); }
 std::string PlatformFacts::toolVersion() { return settings_.toolVersion; }
 
-std::vector<std::string> PlatformFacts::extendedWarranty() {
-    if (!extended_) extended_ = readExtendedWarranty();
-    return *extended_;
+std::shared_ptr<const policy::ExtendedWarranty> PlatformFacts::extendedWarranty() {
+    if (!extended_) extended_ = std::make_shared<policy::ExtendedWarranty>(readExtendedWarranty());
+    return extended_;
 }
 
 std::vector<std::string> PlatformFacts::readExtendedWarranty() const {

@@ -43,7 +43,7 @@ public:
     bool isForHost() override;
     std::string platformVersion() override;
     std::string toolVersion() override;
-    std::vector<std::string> extendedWarranty() override;
+    std::shared_ptr<const policy::ExtendedWarranty> extendedWarranty() override;
     policy::Listing listing() override;
 
 private:
@@ -55,7 +55,7 @@ private:
     PolicySettings settings_;
     std::string path_;
     std::optional<boost::property_tree::ptree> document_;
-    std::optional<std::vector<std::string>> extended_;
+    std::shared_ptr<const policy::ExtendedWarranty> extended_;
     std::optional<policy::Listing> listing_;
 };
 
