@@ -19,8 +19,8 @@ public:
         std::size_t position = 0;
         for (const auto& [key, child] : node) {
             // The index follows after the value has been stored: callers rely on these keys.
-            if (child.empty() && values.emplace(working + key, child.data()).second)
-                limit_.add(working.size() + key.size());
+            limit_.add(child.empty() ? working.size() + key.size() : 0);
+            if (child.empty()) values.emplace(working + key, child.data());
             if (isList) working = prefix + "[" + std::to_string(position++) + "]";
             if (!child.empty()) traverse(child, working + key);
         }

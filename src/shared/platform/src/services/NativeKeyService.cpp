@@ -1,5 +1,10 @@
 #include "platform/NativeKeyService.h"
 
+#include <map>
+#include <string_view>
+#include <utility>
+#include <vector>
+
 #include "json/JsonText.h"
 #include "platform/PlatformLoader.h"
 #include "services/DocumentTree.h"
@@ -14,13 +19,19 @@ class Listing {
 public:
     std::set<std::string> keys;
 
-    void traverse(const ptree& node, std::string prefix) {
-        if (!prefix.empty()) prefix += !node.empty() && node.front().first.empty() ? "[]" : ".";
-        for (const auto& [key, child] : node) {
-            std::string path = prefix + key;
-            const auto [at, isNew] = keys.insert(path);
-            if (isNew) limit_.add(path.size());
-            traverse(child, std::move(path));
+    /// The keys below nodes of one path: long paths of many nodes are made and compared once.
+    void traverse(const std::vector<const ptree*>& nodes, const std::string& path) {
+        std::map<std::pair<bool, std::string_view>, std::vector<const ptree*>> children;
+        for (const ptree* node : nodes) {
+            const bool isList = !node->empty() && node->front().first.empty();
+            for (const auto& [key, child] : *node) children[{isList, key}].push_back(&child);
+        }
+        for (const auto& [name, below] : children) {
+            const char* const separator = path.empty() ? "" : name.first ? "[]" : ".";
+            limit_.add(path.size() + name.second.size());
+            std::string key = path + separator + std::string(name.second);
+            keys.insert(key);
+            traverse(below, key);
         }
     }
 
@@ -37,7 +48,7 @@ std::set<std::string> NativeKeyService::get(const std::string& file) const {
 
 std::set<std::string> NativeKeyService::get(const ptree& tree) const {
     Listing listing;
-    listing.traverse(tree, "");
+    listing.traverse({&tree}, "");
     return std::move(listing.keys);
 }
 
