@@ -33,7 +33,7 @@ struct zr_answers {
 
 struct zr_connectors {
     struct Item {
-        requests::Board board;  ///< without its connectors
+        std::shared_ptr<const requests::Board> board;  ///< without its connectors
         requests::Board::Connector connector;
         std::string fits;
     };
@@ -187,10 +187,11 @@ zr_code zr_boards(const char* path, zr_connectors** connectors, zr_error** error
         for (requests::Board& board : requests::boards(directoriesOf(needText(path, "path").c_str())).boards) {
             HSTVector<requests::Board::Connector> all = std::move(board.connectors);
             if (all.empty()) all.emplace_back();
+            const auto shared = std::make_shared<const requests::Board>(std::move(board));
             for (requests::Board::Connector& one : all) {
                 std::string fits;
                 for (const std::string& name : one.fits) fits += name + "\n";
-                made->items.push_back({board, std::move(one), std::move(fits)});
+                made->items.push_back({shared, std::move(one), std::move(fits)});
             }
         }
         *connectors = made.release();
@@ -207,9 +208,9 @@ zr_code zr_connectors_get(const zr_connectors* connectors, std::uint64_t index, 
     return guarded(error, nullptr, [&] {
         const auto& item = itemOf(connectors, "connectors", index);
         writeStruct(need(connector, "connector"), {.size = 0,
-                                                   .part = item.board.part.c_str(),
-                                                   .board = item.board.name.c_str(),
-                                                   .file = item.board.file.c_str(),
+                                                   .part = item.board->part.c_str(),
+                                                   .board = item.board->name.c_str(),
+                                                   .file = item.board->file.c_str(),
                                                    .name = item.connector.name.c_str(),
                                                    .display_name = item.connector.displayName.c_str(),
                                                    .type = item.connector.type.c_str(),

@@ -24,21 +24,30 @@ using TEQPlatform::AnonHardwarePlatform;
 using TEQPlatform::HwEmuOnly;
 using TEQPlatform::Partitioned;
 
-/// The files of the same folder with a similar name.
-std::string nearestFile(const std::string& path) {
-    const std::filesystem::path missing(path);
-    const std::string name = missing.filename();
-    std::vector<std::string> names;
-    try {
-        names = folderNames(missing.has_parent_path() ? missing.parent_path().string() : ".");
-    } catch (const HEXUserException&) {  // the folder cannot be read
-        return {};
+/// Suggests the files of the same folder with a similar name. A descriptor may name a thousand missing files, and a folder
+/// have many files: only a few are looked for.
+class Suggestions {
+public:
+    std::string nearestFile(const std::string& path) {
+        if (count_ == kMaxFiles) return {};
+        ++count_;
+        const std::filesystem::path missing(path);
+        const std::string name = missing.filename();
+        std::vector<std::string> names;
+        try {
+            names = folderNames(missing.has_parent_path() ? missing.parent_path().string() : ".");
+        } catch (const HEXUserException&) {  // the folder cannot be read
+            return {};
+        }
+        std::erase_if(names, [&name](const std::string& other) { return !text::isSlip(other, name); });
+        names.resize(std::min(names.size(), kMaxNames));
+        return text::nearest(name, names);
     }
-    std::erase_if(names, [&name](const std::string& other) { return !text::isSlip(other, name); });
-    constexpr std::size_t kMax = 1000;
-    names.resize(std::min(names.size(), kMax));
-    return text::nearest(name, names);
-}
+
+private:
+    static constexpr std::size_t kMaxFiles = 20, kMaxNames = 100;
+    std::size_t count_ = 0;
+};
 
 /// For a document that is not valid, only the files that it names completely are checked.
 class DescriptorCheck {
@@ -126,7 +135,7 @@ private:
         if (!HUTFile::exists(path)) {
             document_.add(kMissingFile, element, &record,
                           fmt::format("there is no file \"{}\"{}", HSTStringUtils::excerpt(path, kMaxPathText),
-                                      nearestFile(path)));
+                                      suggestions_.nearestFile(path)));
         } else if (isArchive && !HTEQHardwarePlatform::isValidPlatformExt("." + HUTFile::getExt(path))) {
             document_.add(kWrongExtension, element, &record,
                           fmt::format("\"{}\" is not a hardware archive (.cfa or .lfa{})",
@@ -142,6 +151,7 @@ private:
     const Source& source_;
     ValidXml<TEQPlatform::Platform> document_;
     std::vector<NamedFile> files_;
+    Suggestions suggestions_;
     const bool isValid_;
     bool inPartition_ = false;
 };

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "msg/HEXFileFault.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
 #include "util/WholeFile.h"
@@ -14,6 +15,7 @@ namespace {
 
 constexpr const char* kIgnoreFile = ".zrignore";
 constexpr std::size_t kMaxIgnoreFile = 1 << 16;
+constexpr std::size_t kMaxComparisons = 5'000'000;
 
 bool matches(const std::string& pattern, const std::string& text) {
     return ::fnmatch(pattern.c_str(), text.c_str(), FNM_PATHNAME | FNM_NOESCAPE) == 0;
@@ -23,25 +25,33 @@ std::string nameOf(const std::string& path) { return path.substr(path.rfind('/')
 
 }  // namespace
 
-PackPatterns::PackPatterns(const HSTVector<std::string>& patterns, const std::string& folder)
-    : folder_(folder), patterns_(patterns) {
+PackPatterns::PackPatterns(const HSTVector<std::string>& patterns, const std::string& folder) : folder_(folder) {
+    for (const std::string& pattern : patterns) add_(pattern);
     const std::string file = folder + "/" + kIgnoreFile;
     if (!HUTFile::isFile(file)) return;
     for (const std::string& line : HSTStringUtils::split(wholefile::read(file, kMaxIgnoreFile), '\n')) {
         const std::string_view pattern = HSTStringUtils::trim(line);
-        if (!pattern.empty() && !pattern.starts_with('#')) patterns_.emplace_back(pattern);
+        if (!pattern.empty() && !pattern.starts_with('#')) add_(pattern);
     }
 }
 
-bool PackPatterns::exclude(const std::string& path) const {
+void PackPatterns::add_(std::string_view pattern) {
+    const bool isFolderOnly = pattern.ends_with('/');
+    if (isFolderOnly) pattern.remove_suffix(1);
+    const bool isPath = pattern.find('/') != std::string_view::npos;
+    if (pattern.starts_with('/')) pattern.remove_prefix(1);
+    patterns_.push_back({std::string(pattern), isFolderOnly, isPath});
+}
+
+bool PackPatterns::exclude(const std::string& path) {
     if (path == kIgnoreFile) return true;
-    return std::ranges::any_of(patterns_, [&](std::string pattern) {
-        const bool isFolderOnly = pattern.ends_with('/');
-        if (isFolderOnly) pattern.pop_back();
-        const bool isPath = pattern.find('/') != std::string::npos;
-        if (pattern.starts_with('/')) pattern.erase(0, 1);
-        return matches(pattern, isPath ? path : nameOf(path)) &&
-               (!isFolderOnly || HUTFile::isDir(folder_ + "/" + path));
+    comparisons_ += patterns_.size();
+    if (comparisons_ > kMaxComparisons)
+        throw HEXFileFault({.file = folder_, .text = "more than 5000000 comparisons of names and patterns"});
+    const std::string name = nameOf(path);
+    return std::ranges::any_of(patterns_, [&](const Pattern& pattern) {
+        return matches(pattern.text, pattern.isPath ? path : name) &&
+               (!pattern.isFolderOnly || HUTFile::isDir(folder_ + "/" + path));
     });
 }
 

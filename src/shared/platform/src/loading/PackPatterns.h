@@ -1,5 +1,7 @@
 #pragma once
+#include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "text/HSTVector.h"
 
@@ -12,11 +14,18 @@ public:
     PackPatterns(const HSTVector<std::string>& patterns, const std::string& folder);
 
     /// Whether the file or folder of this path in the folder is left out.
-    bool exclude(const std::string& path) const;
+    bool exclude(const std::string& path);
 
 private:
+    struct Pattern {
+        std::string text;
+        bool isFolderOnly, isPath;
+    };
+    void add_(std::string_view pattern);
+
     std::string folder_;
-    HSTVector<std::string> patterns_;
+    HSTVector<Pattern> patterns_;
+    std::size_t comparisons_ = 0;
 };
 
 /// Whether a part of the path begins with a dot.

@@ -151,7 +151,7 @@ Warnings checked(const std::string& file, const std::string& folder, bool mayLac
 }  // namespace
 
 Warnings PlatformPacker::pack(const std::string& folder, const std::string& archive, const Options& options) {
-    const loading::PackPatterns patterns(options.exclude, folder);
+    loading::PackPatterns patterns(options.exclude, folder);
     Warnings warnings;
     packFolder(
         folder, archive, options.overwrite,

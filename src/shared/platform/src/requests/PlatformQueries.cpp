@@ -67,9 +67,16 @@ HSTVector<std::string> below(const Keys& keys, const std::string& prefix) {
 /// "; nearest: ..." among the keys with as many of the prefix's characters as possible.
 std::string nearestKeys(const Keys& keys, const std::string& prefix) {
     HSTVector<std::string> known;
-    for (std::string part = prefix; known.empty(); part = part.substr(0, part.rfind('.'))) {
-        const auto dot = part.rfind('.');
-        const std::string parent = dot == std::string::npos ? "" : part.substr(0, dot + 1);
+    // No key shares more with the prefix than its neighbours do.
+    std::size_t common = 0;
+    const auto next = keys.lower_bound(prefix);
+    for (const auto& key : {next, next == keys.begin() ? next : std::prev(next)})
+        if (key != keys.end())
+            common =
+                std::max(common, static_cast<std::size_t>(std::ranges::mismatch(*key, prefix).in2 - prefix.begin()));
+    for (auto dot = prefix.rfind('.', common); known.empty();
+         dot = dot == 0 ? std::string::npos : prefix.rfind('.', dot - 1)) {
+        const std::string parent = dot == std::string::npos ? "" : prefix.substr(0, dot + 1);
         for (auto key = keys.lower_bound(parent); key != keys.end() && key->starts_with(parent); ++key)
             if (key->find('.', parent.size()) == std::string::npos && known.size() < kMaxSuggested)
                 known.push_back(*key);

@@ -1,6 +1,7 @@
 #include "platform/HTEQSoftwarePlatform.h"
 
 #include <algorithm>
+#include <set>
 
 #include "json/JsonKeys.h"
 #include "msg/Budget.h"
@@ -27,11 +28,12 @@ constexpr json::Key<HTEQSoftwarePlatform> kKeys[] = {
 using GetRuntimes = void (HTEQSystemConfig::*)(HSTVector<std::string>&) const;
 
 void addNewRuntimes(const Owned<HTEQSystemConfig>& configs, GetRuntimes get, HSTVector<std::string>& out) {
+    std::set<std::string> known(out.begin(), out.end());
     for (const HTEQSystemConfig* config : configs) {
         HSTVector<std::string> runtimes;
         (config->*get)(runtimes);
-        for (const std::string& runtime : runtimes)
-            if (std::find(out.begin(), out.end(), runtime) == out.end()) out.push_back(runtime);
+        for (std::string& runtime : runtimes)
+            if (known.insert(runtime).second) out.push_back(std::move(runtime));
     }
 }
 
