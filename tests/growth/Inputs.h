@@ -133,6 +133,8 @@ inline std::pair<std::string, std::uintmax_t> writeInput(const Scratch& scratch,
                 archives[name.substr(0, mark)].entries.emplace_back(name.substr(mark + 1), text, !text.empty());
             else if (name.ends_with('/'))
                 std::filesystem::create_directory(scratch / name);
+            else if (text.starts_with("-> "))
+                std::filesystem::create_symlink(text.substr(3), scratch / name);
             else
                 scratch.put(name, text);
         }
