@@ -101,7 +101,7 @@ inline const Changes<Zip> kZipChanges = {
     {"disk", set<&Zip::disk>},
     {"commentSize",
      [](Zip& zip, const std::string& text) { zip.commentSize = static_cast<std::uint16_t>(numberOf(text)); }},
-    {"longComment", [](Zip& zip, const std::string& text) { zip.comment = std::string(numberOf(text), 'c'); }},
+    {"longComment", [](Zip& zip, const std::string& text) { zip.comment.resize(numberOf(text), 'c'); }},
     {"add", [](Zip& zip, const std::string& text) { zip.entries.emplace_back(text); }},
     {"remove", [](Zip& zip, const std::string&) { zip.entries.pop_back(); }},
 };

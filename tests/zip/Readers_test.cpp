@@ -42,6 +42,7 @@ constexpr Program kReaders[] = {
     {"bsdtar, as a stream", "cat $1 | bsdtar -xf - -C $2"},
     {"7-Zip", "7zz x -y -bso0 -bsp0 -o$2 $1 </dev/null"},
     {"minizip", "cd $2 && miniunzip -x -o $1 >/dev/null </dev/null"},
+    {"jar, as a stream", "cd $2 && jar x <$1"},
 };
 
 class Readers : public testing::Test {
@@ -116,7 +117,7 @@ std::map<std::string, std::string> hostileArchives() {
     for (const std::size_t distance : {100U, 20'000U, 60'000U})
         for (const bool reaches : {false, true})
             all[fmt::format("second end, {} bytes away, {}", distance, reaches)] = withSecondEnd(distance, reaches);
-    for (const char* name : {"../up", "/absolute", "a/./b", "a//b", "b/inside"}) {
+    for (const char* name : {"../up", "/absolute", "a/./b", "a//b", "b/inside", "a;1", "../up\xFF"}) {
         Zip zip = plain;
         zip.entries.emplace_back(name, "x");
         all[std::string("name ") + name] = zip.build();

@@ -47,8 +47,8 @@ private:
 
     /// Names with which other readers do not write the same files.
     void checkName(const Member& member) {
-        if (!isUtf8(member.name)) return;  // in an encoding of its own, which every reader shows as it can
-        if (const auto fault = memberNameFault(member.name, member.size > 0); !fault.empty())
+        // A name may be in an encoding of its own, which every reader shows as it can.
+        if (const auto fault = memberPathFault(member.name, member.size > 0); !fault.empty())
             return add(member.name, Reason::damaged, "its name " + std::string(fault));
         for (auto at = member.name.find('/'); at != member.name.npos; at = member.name.find('/', at + 1))
             if (archive_.find(member.name.substr(0, at)))

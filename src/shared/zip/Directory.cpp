@@ -22,13 +22,17 @@ constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption 
 /// The maximum compression ratio of deflate.
 constexpr std::uint64_t kMaxRatio = 1032;
 
-constexpr std::uint32_t kDosDirectory = 0x10;
+constexpr std::uint32_t kDosVolume = 0x08, kDosDirectory = 0x10;
+constexpr std::uint8_t kAmiga = 1;
+constexpr std::uint32_t kAmigaType = 06000, kAmigaDirectory = 04000;
 
 /// Whether each reader takes the member for what its name says. Some look at the type in the upper half of the
-/// attributes whatever system the entry was made on.
-bool hasTypeOfName(const Member& member, std::uint32_t attributes) {
+/// attributes whatever system the entry was made on, and some skip the label of a volume.
+bool hasTypeOfName(const Member& member, std::uint8_t system, std::uint32_t attributes) {
     const std::uint32_t type = member.mode & S_IFMT;
+    if (attributes & kDosVolume) return false;
     if (member.isDirectory()) return type == 0 || type == S_IFDIR;
+    if (system == kAmiga && (member.mode & kAmigaType) == kAmigaDirectory) return false;
     return (type == 0 || type == S_IFREG) && (attributes & kDosDirectory) == 0;
 }
 
@@ -171,7 +175,7 @@ void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.method == Method::stored && member.size != member.packedSize)
         refuse(member.name, fmt::format("it is stored, but has {} compressed and {} uncompressed bytes",
                                         member.packedSize, member.size));
-    if (!hasTypeOfName(member, u32(entry + 38)))
+    if (!hasTypeOfName(member, static_cast<std::uint8_t>(entry[5]), u32(entry + 38)))
         refuse(member.name, "it is a link or a device, or not what its name says");
     if (!extraFieldsAgree(member.extraFields, member.name))
         refuse(member.name, "the extra fields of its entry give it another name or type");

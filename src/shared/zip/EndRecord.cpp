@@ -99,8 +99,10 @@ private:
     void readRecord() {
         const char* const record = &end_.tail[at_];
         end_.comment = end_.tail.substr(at_ + kSize);
-        if (end_.comment.find(kSignature) != std::string::npos)
-            refuse("its comment holds a second end of central directory");
+        // Readers that search from the end of the file take the last one, even if it begins inside of this record.
+        if (const auto at = end_.tail.find(kSignature, at_ + 1); at != std::string::npos)
+            refuse(fmt::format("its {} holds a second end of central directory",
+                               at < at_ + kSize ? "end of central directory" : "comment"));
         if (u16(record + 4) != 0 || u16(record + 6) != 0 || u16(record + 8) != u16(record + 10))
             refuse("it is one part of a split archive, which is not supported");
         end_.members = u16(record + 10);

@@ -13,6 +13,12 @@ constexpr std::size_t kMaxName = 1024, kMaxPart = 255;
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
+/// A file's version on systems that keep several; the number may be missing.
+bool endsInVersion(std::string_view name) {
+    const auto last = name.find_last_not_of("0123456789");
+    return last != std::string_view::npos && name[last] == ';';
+}
+
 std::string_view partFault(std::string_view part) {
     if (part.empty()) return "has an empty part";
     if (part == "." || part == "..") return "has a part that is '.' or '..'";
@@ -31,14 +37,14 @@ bool isUtf8(std::string_view text) {
     return true;
 }
 
-std::string_view memberNameFault(std::string_view name, bool hasData) {
+std::string_view memberPathFault(std::string_view name, bool hasData) {
     if (name.empty()) return "is empty";
     if (name.size() > kMaxName) return "has more than 1024 bytes";
     if (name.front() == '/') return "is absolute";
     if (name.size() > 1 && name[1] == ':' && isLetter(name[0])) return "begins with a drive";
     if (name.find('\\') != std::string_view::npos) return "has a backslash";
     if (std::ranges::any_of(name, isControl)) return "has a control character";
-    if (!isUtf8(name)) return "is not valid UTF-8";
+    if (endsInVersion(name)) return "ends in ';' and a number, which other programs remove";
     if (name.ends_with('/')) {
         if (hasData) return "is a directory's, but the member has data";
         name.remove_suffix(1);
@@ -49,6 +55,11 @@ std::string_view memberNameFault(std::string_view name, bool hasData) {
         from = end + 1;
     }
     return {};
+}
+
+std::string_view memberNameFault(std::string_view name, bool hasData) {
+    const std::string_view fault = memberPathFault(name, hasData);
+    return fault.empty() && !isUtf8(name) ? "is not valid UTF-8" : fault;
 }
 
 }  // namespace zip

@@ -9,6 +9,9 @@ namespace zip {
 /// directory's, which must not have data.
 std::string_view memberNameFault(std::string_view name, bool hasData);
 
+/// The same for names in any encoding.
+std::string_view memberPathFault(std::string_view name, bool hasData);
+
 /// Whether the text is valid UTF-8: shortest forms, no surrogates.
 bool isUtf8(std::string_view text);
 

@@ -87,6 +87,10 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) co
     if (!agrees(size, member_.size) || !agrees(packedSize, member_.packedSize))
         refuse(fmt::format("its local header has {} compressed bytes of {}, its entry {} of {}", packedSize, size,
                            member_.packedSize, member_.size));
+    // Some readers take the sizes from this field although the header has them.
+    if (field.bytes && field.bytes->size() >= 16 &&
+        !(agrees(u64(field.bytes->data()), member_.size) && agrees(u64(field.bytes->data() + 8), member_.packedSize)))
+        refuse("the zip64 field of its local header disagrees with its entry");
     if (!agrees(u32(header + 14), member_.crc)) refuse("its local header has another CRC");
 }
 
@@ -116,6 +120,11 @@ void PackedData::checkDescriptor() const {
     if (!isDescriptorSize(size) || hasSignature != (size % 8 == 0) || (needsOne && !hasSignature) ||
         !(isWide ? matches<std::uint64_t>(descriptor, member_) : matches<std::uint32_t>(descriptor, member_)))
         refuse("the data descriptor after its data is missing or disagrees with its entry");
+    // A reader that expects sizes of 4 bytes finds them right, and the zeros after them where a header should be.
+    std::array<char, 4> next{};
+    if (isWide && member_.size == 0 && member_.method == Method::deflated &&
+        bytes_.read(member_.limit, next.data(), next.size()) && next == std::array{'P', 'K', '\3', '\4'})
+        refuse("sizes of 8 bytes after its data, of which there are none, look like the end of the archive");
 }
 
 }  // namespace zip
