@@ -26,8 +26,11 @@ public:
     /// Below the temporary directory; it exists from `createStagingDir` on.
     const std::string& getStagingDir() const { return staging_; }
 
+    /// Whether the archive may replace an existing file; true at first.
+    void setMayReplace(bool mayReplace) { mayReplace_ = mayReplace; }
+
     /// All steps. False after message "@74-46@" or "@74-47@"; throws `HEXUserException` if a directory or the archive
-    /// cannot be written. The archive replaces an existing file when it is complete.
+    /// cannot be written. The archive gets its name when it is complete.
     bool writeCFA();
 
     // The steps.
@@ -46,5 +49,5 @@ private:
     std::string outputDir_, outputName_, output_, staging_;
     std::unique_ptr<HHDFHwDef> definition_;  ///< null if it cannot be read
     HPLPlatform platform_;
-    bool isStaged_ = false;
+    bool isStaged_ = false, mayReplace_ = true;
 };

@@ -1,7 +1,12 @@
 #pragma once
+#include <memory>
 #include <string>
 
 #include "platform/HRQAFiles.h"
+
+namespace util {
+class Descriptor;
+}
 
 /// A metadata archive: a zip file with files that belong to a platform, and the index member "rqa.json", which has the
 /// type of each file and where in a design the content belongs.
@@ -12,6 +17,10 @@ public:
         std::string type;
         std::string name;  ///< of the member
         std::string path;  ///< of the file on disk
+        /// If set, an open directory that has the file as `inside`, and `path` is for messages only: no link below the
+        /// directory is followed.
+        std::shared_ptr<const util::Descriptor> directory{};
+        std::string inside{};
     };
 
     HRQAArchive() = default;
@@ -53,6 +62,8 @@ public:
     /// for an empty destination, a name that leads out of it, and a member that does not exist, and `HEXDataException`
     /// for an invalid archive.
     std::string extract(const std::string& type, const std::string& destination) const;
+    /// The same; without `mayReplace` an existing file is a `HEXUserException`.
+    std::string extract(const std::string& type, const std::string& destination, bool mayReplace) const;
     /// @}
 
     /// @name Writing

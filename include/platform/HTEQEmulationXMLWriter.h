@@ -16,6 +16,9 @@ public:
     /// written, "@74-15@%s%s%s%s" if a text cannot be expressed in XML.
     void writeXml();
 
+    /// The document. Throws like `writeXml` if a text cannot be expressed in XML.
+    std::string getText() const;
+
 private:
     HTEQEmulations* emulations_;
     std::string file_;

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gmock/gmock.h>
 
 #include <boost/property_tree/json_parser.hpp>
@@ -11,6 +12,7 @@
 #include "platform/HRQAArchive.h"
 #include "platform/SimpleFixedLFACreator.h"
 #include "text/HSTStringUtils.h"
+#include "util/Descriptor.h"
 #include "zip/HUTZip.h"
 
 namespace {
@@ -103,6 +105,18 @@ TEST_F(Made, MetadataArchive) {
         }
     EXPECT_THAT([&] { read.extract("T", ""); },
                 ThrowsMessage<HEXAll>("HRQAArchive::extract() - destDir argument must not be empty"));
+}
+
+TEST_F(Made, FollowsNoLinkBelowAnOpenDirectory) {
+    put("folder/file", "inside");
+    put("elsewhere/file", "outside");
+    std::filesystem::create_directory_symlink("../elsewhere", scratch_ / "folder/link");
+    const auto folder = std::make_shared<const util::Descriptor>(
+        ::open((scratch_ / "folder").c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    HRQAArchive(out_).create({{"", "a", "shown", folder, "file"}}, false);
+    HUTZip::uncompress(out_, "a", scratch_ / "folder", false);
+    EXPECT_EQ(contentOf(scratch_ / "folder/a"), "inside");
+    EXPECT_THROW(HRQAArchive(out_).archive({{"", "b", "shown", folder, "link/file"}}), HEXUserException);
 }
 
 TEST_F(Made, MetadataArchiveThatCannotBeChanged) {

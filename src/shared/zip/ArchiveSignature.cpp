@@ -1,9 +1,11 @@
 #include "zip/ArchiveSignature.h"
 
-#include <array>
-#include <fstream>
+#include <fcntl.h>
+#include <sys/stat.h>
 
-#include "util/HUTFile.h"
+#include <array>
+
+#include "util/Descriptor.h"
 
 namespace zip {
 
@@ -12,10 +14,12 @@ bool beginsAsArchive(std::string_view content) {
 }
 
 bool looksLikeArchive(const std::string& file) {
-    if (!HUTFile::isFile(file)) return false;
+    const util::Descriptor opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status {};
+    if (!opened.isOpen() || ::fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
     std::array<char, 4> start{};
-    std::ifstream(file, std::ios::binary).read(start.data(), start.size());
-    return beginsAsArchive({start.data(), start.size()});
+    const ssize_t size = ::pread(opened.get(), start.data(), start.size(), 0);
+    return size > 0 && beginsAsArchive({start.data(), static_cast<std::size_t>(size)});
 }
 
 }  // namespace zip

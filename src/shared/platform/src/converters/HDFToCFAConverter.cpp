@@ -11,7 +11,7 @@
 #include "util/HUTFile.h"
 #include "util/HUTFileUtils.h"
 #include "util/WholeFile.h"
-#include "zip/HUTZip.h"
+#include "zip/FolderPacker.h"
 
 namespace {
 
@@ -90,4 +90,4 @@ bool HDFToCFAConverter::writeCfaXml() {
     return HUTFile::exists(stem + ".json");
 }
 
-void HDFToCFAConverter::writeCfaArchive() const { HUTZip::compressDir(staging_, output_); }
+void HDFToCFAConverter::writeCfaArchive() const { packFolder(staging_, output_, mayReplace_); }

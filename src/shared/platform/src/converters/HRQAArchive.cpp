@@ -10,6 +10,7 @@
 #include "json/JsonText.h"
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
+#include "util/Descriptor.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveEdit.h"
 #include "zip/ArchiveError.h"
@@ -43,10 +44,16 @@ std::unique_ptr<ArchiveEdit> openArchive(const std::string& operation, const std
                   [&] { return std::make_unique<ArchiveEdit>(file); });
 }
 
-std::unique_ptr<const zip::LateFile> openSource(const std::string& source) {
-    return openOr("HRQAArchive::archiveFile() - Could not open file for reading: " + source, [&] {
-        return std::make_unique<const zip::LateFile>([source] { return zip::SourceFile(source); });
-    });
+zip::LateFile::Open openerOf(const HRQAArchive::Source& source) {
+    return [source] {
+        return source.directory ? zip::SourceFile(source.directory->get(), source.inside, source.path)
+                                : zip::SourceFile(source.path);
+    };
+}
+
+std::unique_ptr<const zip::LateFile> openSource(const HRQAArchive::Source& source) {
+    return openOr("HRQAArchive::archiveFile() - Could not open file for reading: " + source.path,
+                  [&] { return std::make_unique<const zip::LateFile>(openerOf(source)); });
 }
 
 void checkName(const std::string& archive, const std::string& name) {
@@ -55,8 +62,9 @@ void checkName(const std::string& archive, const std::string& name) {
                                "' in rqa.json " + std::string(fault));
 }
 
-std::string extractDirectory(const std::string& archive, const std::string& name, const std::string& destination) {
-    HUTZip::uncompressDir(archive, name, destination, true);
+std::string extractDirectory(const std::string& archive, const std::string& name, const std::string& destination,
+                             bool mayReplace) {
+    HUTZip::uncompressDir(archive, name, destination, mayReplace);
     std::string path = destination + "/" + name;
     if (!HUTFile::isDir(path))
         throw HEXUserException("HRQAArchive::_extractDir() - dir was not extracted to the expected location: " +
@@ -64,8 +72,9 @@ std::string extractDirectory(const std::string& archive, const std::string& name
     return path;
 }
 
-std::string extractFile(const std::string& archive, const std::string& name, const std::string& destination) {
-    if (!HUTZip::uncompress(archive, name, destination, true))
+std::string extractFile(const std::string& archive, const std::string& name, const std::string& destination,
+                        bool mayReplace) {
+    if (!HUTZip::uncompress(archive, name, destination, mayReplace))
         throw HEXUserException("archive '" + archive + "' has no member '" + HSTStringUtils::printable(name) +
                                "', which rqa.json lists");
     return destination + "/" + name;
@@ -112,6 +121,10 @@ void HRQAArchive::parseRoot(const ptree& index) {
 }
 
 std::string HRQAArchive::extract(const std::string& type, const std::string& destination) const {
+    return extract(type, destination, true);
+}
+
+std::string HRQAArchive::extract(const std::string& type, const std::string& destination, bool mayReplace) const {
     if (destination.empty()) throw HEXUserException("HRQAArchive::extract() - destDir argument must not be empty");
     HUTFile::mkDirRecursive(destination);
     std::string name = files_.get(type);
@@ -119,7 +132,8 @@ std::string HRQAArchive::extract(const std::string& type, const std::string& des
     if (type == kBlockDesign) name = kBlockDesignDirectory;
     checkName(file_, name);
     const bool isDirectory = std::ranges::find(kDirectoryTypes, type) != std::end(kDirectoryTypes);
-    return isDirectory ? extractDirectory(file_, name, destination) : extractFile(file_, name, destination);
+    return isDirectory ? extractDirectory(file_, name, destination, mayReplace)
+                       : extractFile(file_, name, destination, mayReplace);
 }
 
 void HRQAArchive::archive(const std::string& type, const std::string& name, const std::string& source) {
@@ -133,7 +147,7 @@ void HRQAArchive::archive(const HSTVector<Source>& sources) {
     try {
         std::vector<std::unique_ptr<const zip::LateFile>> opened;
         opened.reserve(sources.size());
-        for (const Source& source : sources) opened.push_back(openSource(source.path));
+        for (const Source& source : sources) opened.push_back(openSource(source));
         const auto edit = openArchive("archiveFile", file_);
         for (std::size_t i = 0; i < sources.size(); ++i) {
             if (opened[i]->stamp() == edit->stamp())
@@ -155,7 +169,7 @@ void HRQAArchive::create(const HSTVector<Source>& sources, bool mayReplace) {
     try {
         zip::NewArchive made(file_);
         for (const Source& source : sources) {
-            made.addFile(source.name, source.path);
+            made.addFile(source.name, openerOf(source));
             files_.add(source.type, source.name);
         }
         made.addText(getJsonFileName(), indexText());

@@ -6,8 +6,6 @@
 
 namespace readers {
 
-namespace {
-
 std::string makeDocument(const std::string& file, const std::function<std::string()>& document) {
     try {
         return document();
@@ -15,8 +13,6 @@ std::string makeDocument(const std::string& file, const std::function<std::strin
         throw HXMLException(ComMsgMgr::make("@74-15@%s%s%s%s", file, e.what(), "platform"));
     }
 }
-
-}  // namespace
 
 void writeDocument(const std::string& file, const std::function<std::string()>& document) {
     const std::string bytes = makeDocument(file, document);

@@ -20,18 +20,24 @@ TEQEmulation::Emulation recordOf(const HTEQEmulation& emulation) {
     return record;
 }
 
+std::string documentOf(const HTEQEmulations& emulations) {
+    TEQEmulation::Root root;
+    root.VersionMajor.set(emulations.getVersionMajor());
+    root.VersionMinor.set(emulations.getVersionMinor());
+    for (const HTEQEmulation* emulation : emulations.getEmulations())
+        root.emulations.emulations.push_back(recordOf(*emulation));
+    return xml::write(TEQEmulation::kDocument, root);
+}
+
 }  // namespace
 
 HTEQEmulationXMLWriter::HTEQEmulationXMLWriter(HTEQEmulations* emulations, std::string file)
     : emulations_(emulations), file_(std::move(file)) {}
 
 void HTEQEmulationXMLWriter::writeXml() {
-    readers::writeDocument(file_, [this] {
-        TEQEmulation::Root root;
-        root.VersionMajor.set(emulations_->getVersionMajor());
-        root.VersionMinor.set(emulations_->getVersionMinor());
-        for (const HTEQEmulation* emulation : emulations_->getEmulations())
-            root.emulations.emulations.push_back(recordOf(*emulation));
-        return xml::write(TEQEmulation::kDocument, root);
-    });
+    readers::writeDocument(file_, [this] { return documentOf(*emulations_); });
+}
+
+std::string HTEQEmulationXMLWriter::getText() const {
+    return readers::makeDocument(file_, [this] { return documentOf(*emulations_); });
 }

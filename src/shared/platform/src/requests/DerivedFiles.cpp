@@ -119,7 +119,9 @@ void fromDefinition(const FromDefinition& request) {
             throw RequestError(FailureKind::wrongUse, {.text = "the name of the hardware definition, '" + member +
                                                                "', is that of the metadata: rename the file"});
     if (request.dryRun) return;
-    if (!HDFToCFAConverter(request.definition, HUTFile::getParent(request.archive), name).writeCFA())
+    HDFToCFAConverter converter(request.definition, HUTFile::getParent(request.archive), name);
+    converter.setMayReplace(request.mayReplace);
+    if (!converter.writeCFA())
         throw RequestError(FailureKind::environment,
                            {.file = request.archive, .text = "the members of the archive could not be written"});
 }
@@ -192,11 +194,9 @@ HSTVector<std::string> convertEmulation(const EmulationForm& request) {
     HSTVector<std::string> losses =
         from == "xml" ? readXml(request.file, emulations) : readJson(request.file, emulations);
     if (request.dryRun) return losses;
-    if (to == "json")
-        writeFile(request.destination, HTEQEmulationJsonWriter(&emulations, request.destination).getText(),
-                  request.mayReplace);
-    else
-        HTEQEmulationXMLWriter(&emulations, request.destination).writeXml();
+    const std::string text = to == "json" ? HTEQEmulationJsonWriter(&emulations, request.destination).getText()
+                                          : HTEQEmulationXMLWriter(&emulations, request.destination).getText();
+    writeFile(request.destination, text, request.mayReplace);
     return losses;
 }
 

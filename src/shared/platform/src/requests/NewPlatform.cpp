@@ -264,7 +264,7 @@ const Kind& kindOf(const std::string& name) {
     throw RequestError(FailureKind::environment, {.file = file, .text = std::strerror(error)});
 }
 
-/// A folder that is removed unless it gets its name.
+/// A folder in a private one, made as the process makes folders. It is removed unless it gets its name.
 class Draft {
 public:
     explicit Draft(const fs::path& folder) : path_((folder.parent_path() / ".new-XXXXXX").native()) {
@@ -272,13 +272,13 @@ public:
     }
     ~Draft() {
         std::error_code ignored;
-        if (!path_.empty()) fs::remove_all(path_, ignored);
+        fs::remove_all(path_, ignored);
     }
     Draft(const Draft&) = delete;
     Draft& operator=(const Draft&) = delete;
 
     void put(const std::string& path, const std::string& text) const {
-        const fs::path file = fs::path(path_) / path;
+        const fs::path file = made() / path;
         std::error_code error;
         fs::create_directories(file.parent_path(), error);
         std::ofstream stream(file, std::ios::binary);
@@ -289,19 +289,19 @@ public:
         std::error_code error;
         for (const std::string& file : files) {
             fs::create_directories((folder / file).parent_path(), error);
-            fs::rename(fs::path(path_) / file, folder / file, error);
+            fs::rename(made() / file, folder / file, error);
             if (error) fail((folder / file).native(), error.value());
         }
     }
-    void rename(const fs::path& folder) {
+    void rename(const fs::path& folder) const {
         std::error_code error;
-        fs::permissions(path_, fs::perms(0755), error);
-        fs::rename(path_, folder, error);  // replaces an empty folder only
+        fs::rename(made(), folder, error);  // replaces an empty folder only
         if (error) fail(folder.native(), error.value());
-        path_.clear();
     }
 
 private:
+    fs::path made() const { return fs::path(path_) / "made"; }
+
     std::string path_;
 };
 
@@ -323,7 +323,7 @@ HSTVector<std::string> newPlatform(const NewPlatform& request) {
     if (isUsed && !(request.mayReplace && fs::is_directory(folder, error)))
         throw RequestError(FailureKind::refused, {.file = request.folder, .text = "already exists and is not empty"});
     if (!fs::is_directory(folder.parent_path(), error)) fail(folder.parent_path().native(), ENOENT);
-    Draft draft(folder);
+    const Draft draft(folder);
     HSTVector<std::string> made;
     for (const File& file : kind.files) {
         made.push_back(filled(file.path, name));

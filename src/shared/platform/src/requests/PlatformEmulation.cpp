@@ -1,6 +1,7 @@
 #include "platform/PlatformEmulation.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -133,7 +134,8 @@ private:
 
     void keep() const {
         if (request_.keep.empty()) return;
-        HUTFile::mkDirRecursive(request_.keep);
+        // Nobody else's directory or link, which may have taken the name while the scripts ran.
+        if (::mkdir(request_.keep.c_str(), 0777) != 0) fail(request_.keep, errno);
         for (const char* name : {emulation::kDriverScript, emulation::kPreLink, emulation::kPostLink})
             if (HUTFile::exists(name)) zip::copyToDestination(name, request_.keep + "/" + name);
         for (const std::string directory : {emulation::kPropertyDirectory, emulation::kOverlay})

@@ -1,8 +1,13 @@
 // Metadata archives.
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <map>
+#include <memory>
+#include <system_error>
+#include <utility>
 
 #include "json/JsonKeys.h"
 #include "json/JsonText.h"
@@ -10,29 +15,64 @@
 #include "platform/HRQAArchive.h"
 #include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
+#include "util/Descriptor.h"
 #include "util/FolderNames.h"
 #include "util/HUTFile.h"
+#include "util/OpenBelow.h"
 #include "zip/MemberName.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
 namespace {
 
-/// The files in a folder as sources without a type, whose members are below `member`.
-void collect(const std::string& folder, const std::string& member, HSTVector<HRQAArchive::Source>& sources) {
-    std::vector<std::string> names = folderNames(folder);
-    std::ranges::sort(names);
-    for (const std::string& name : names) {
-        const std::string path = folder + "/" + name;
-        struct stat status {};
-        if (::lstat(path.c_str(), &status) != 0 || !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)))
-            throw HEXUserException("'" + path + "' cannot be packed: it is neither a file nor a folder");
-        if (S_ISDIR(status.st_mode))
-            collect(path, member + "/" + name, sources);
-        else
-            sources.push_back({"", member + "/" + name, path});
+/// The files of a folder as sources without a type. The folder is opened once, and everything in it by names below
+/// that, without following links.
+class SourceFolder {
+public:
+    SourceFolder(const NamedFile& file, HSTVector<HRQAArchive::Source>& sources)
+        : path_(file.source),
+          member_(file.member),
+          opened_(
+              std::make_shared<const util::Descriptor>(::open(path_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))),
+          sources_(sources) {
+        if (!opened_->isOpen()) refuse(path_, std::generic_category().message(errno));
     }
-}
+
+    void collect() {
+        std::vector<std::string> folders{""};
+        while (!folders.empty()) {
+            const std::string inside = std::exchange(folders.back(), {});
+            folders.pop_back();
+            const util::Descriptor folder = util::openBelow(opened_->get(), inside, O_RDONLY | O_DIRECTORY);
+            if (!folder.isOpen()) refuse(path_ + "/" + inside, std::generic_category().message(errno));
+            std::vector<std::string> names = folderNames(folder.get(), path_ + "/" + inside);
+            std::ranges::sort(names);
+            for (const std::string& name : names)
+                add(folder.get(), name, inside.empty() ? name : inside + "/" + name, folders);
+        }
+    }
+
+private:
+    [[noreturn]] static void refuse(const std::string& path, const std::string& text) {
+        throw HEXUserException("'" + path + "' cannot be packed: " + text);
+    }
+
+    void add(int folder, const std::string& name, const std::string& inside, std::vector<std::string>& folders) {
+        const std::string path = path_ + "/" + inside;
+        struct stat status {};
+        if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 ||
+            !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)))
+            refuse(path, "it is neither a file nor a folder");
+        if (S_ISDIR(status.st_mode))
+            folders.push_back(inside);
+        else
+            sources_.push_back({"", member_ + "/" + inside, path, opened_, inside});
+    }
+
+    const std::string &path_, &member_;
+    std::shared_ptr<const util::Descriptor> opened_;
+    HSTVector<HRQAArchive::Source>& sources_;
+};
 
 /// What the files become in the archive. The type of a folder is registered at once.
 HSTVector<HRQAArchive::Source> sourcesOf(const HSTVector<NamedFile>& files, HRQAArchive& archive) {
@@ -42,7 +82,7 @@ HSTVector<HRQAArchive::Source> sourcesOf(const HSTVector<NamedFile>& files, HRQA
             sources.push_back({file.type, file.member, file.source});
             continue;
         }
-        collect(file.source, file.member, sources);
+        SourceFolder(file, sources).collect();
         archive.registerFile(file.type, file.member);
     }
     return sources;
@@ -189,7 +229,7 @@ std::string extractFromRqa(const std::string& archive, const std::string& type, 
     const std::string name = type == "DR_BD" ? "bd" : read.getFiles().get(type);
     if (const std::string path = directory + "/" + name; !mayReplace && HUTFile::exists(path))
         throw RequestError(FailureKind::exists, {.file = path, .text = "already exists"});
-    return read.extract(type, directory);
+    return read.extract(type, directory, mayReplace);
 }
 
 }  // namespace teq_platform::requests
