@@ -1,5 +1,7 @@
 #pragma once
+#include <map>
 #include <string>
+#include <string_view>
 
 #include "board/HBOBoardComponent.h"
 #include "text/Owned.h"
@@ -29,4 +31,5 @@ public:
 private:
     std::string part_, name_, file_;
     Owned<HBOBoardComponent> connectors_;
+    std::map<std::string_view, const HBOBoardComponent*> byName_;  ///< the first of each name
 };

@@ -4,6 +4,7 @@
 
 #include "hardware/Documents.h"
 #include "kit/Files.h"
+#include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQTilPartitionsJsonReader.h"
 #include "util/HUTEnv.h"
@@ -53,6 +54,18 @@ TEST(TilPartitionsJsonReader, RootsWithTheirChildren) {
     EXPECT_FALSE(platform.hasTilPartition("til.1"));  // a name of a root only
     EXPECT_EQ(platform.findTilPartition("til.1"), second);
     EXPECT_FALSE(platform.findTilPartition("skipped").isPartition());
+}
+
+TEST(TilPartitionsJsonReader, PartsThatRepeatALongNameAreLimited) {
+    std::string parts = R"({"numColumns": "1"})";
+    for (int i = 0; i < 11; ++i) parts += "," + parts;
+    const auto read = [&parts](std::size_t size) {
+        return HTEQTilPartitionsJsonReader::readText(
+            "{\"TIL\": {\"" + std::string(size, 'n') + R"(": {"numColumns": "1", "partitions": [)" + parts + "]}}}",
+            "");
+    };
+    EXPECT_EQ(read(1000)[0].partitions().size(), 2048U);
+    EXPECT_THROW(read(60000), HEXFileFault);
 }
 
 TEST(TilPartitionsJsonReader, OtherShapesAreNoPartitions) {

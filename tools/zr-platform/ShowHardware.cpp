@@ -84,6 +84,18 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     if (platform.usesPR()) text.line("host", platform.getHostArch() + " by " + platform.getHostInterface());
 }
 
+/// The names, or as many as a value shows: pblocks whose names differ in case have the same SLRs.
+std::string shownNames(const std::set<std::string>* names) {
+    constexpr std::size_t kMost = 4000;
+    std::string text;
+    if (!names) return text;
+    for (const std::string& name : *names) {
+        if (text.size() > kMost) break;
+        text += (text.empty() ? "" : " ") + HSTStringUtils::cut(name, kMost);
+    }
+    return HSTStringUtils::cut(text, kMost);
+}
+
 /// A row for each pblock, a column for each resource.
 void showPBlocks(Text& text, const HPLCore& core) {
     constexpr std::size_t kMaxColumns = 12;
@@ -97,8 +109,7 @@ void showPBlocks(Text& text, const HPLCore& core) {
     Rows rows;
     boost::json::array items;
     for (const auto& [pblock, resources] : blocks) {
-        const std::set<std::string>* const slrs = core.findSLRNames(pblock);
-        const std::string all = slrs ? HSTStringUtils::join({slrs->begin(), slrs->end()}, " ") : "";
+        const std::string all = shownNames(core.findSLRNames(pblock));
         std::vector<std::string> row(columns.size());
         row[0] = pblock;
         row[1] = HSTStringUtils::utf8Prefix(all, kMaxCell + 1);

@@ -5,7 +5,10 @@ HBOBoard::HBOBoard(std::string part, std::string name, std::string file)
 
 HBOBoardComponent* HBOBoard::addConnector(std::string name, std::string displayName, std::string type,
                                           HSTVector<std::string> compatible) {
-    return connectors_.add(std::move(name), std::move(displayName), std::move(type), std::move(compatible));
+    HBOBoardComponent* const added =
+        connectors_.add(std::move(name), std::move(displayName), std::move(type), std::move(compatible));
+    byName_.try_emplace(added->getName(), added);
+    return added;
 }
 
 void HBOBoard::getConnectorsList(HSTVector<const HBOBoardComponent*>& out) const {
@@ -15,7 +18,5 @@ void HBOBoard::getConnectorsList(HSTVector<const HBOBoardComponent*>& out) const
 void HBOBoard::getCompatibleConnectorsList(const HBOBoardComponent& connector,
                                            HSTVector<const HBOBoardComponent*>& out) const {
     for (const std::string& name : connector.getCompatibleNames())
-        if (const HBOBoardComponent* found =
-                connectors_.first([&](const HBOBoardComponent& one) { return one.getName() == name; }))
-            out.push_back(found);
+        if (const auto found = byName_.find(name); found != byName_.end()) out.push_back(found->second);
 }

@@ -1,7 +1,5 @@
 #include "tcl/TclWord.h"
 
-#include <fmt/core.h>
-
 #include <algorithm>
 #include <utility>
 
@@ -55,19 +53,27 @@ char32_t takeCharacter(std::string_view& text) {
     return code;
 }
 
+/// A backslash, "u" and four digits: most of a long text may need it.
+void addUnit(std::string& word, char32_t unit) {
+    constexpr char kDigits[] = "0123456789abcdef";
+    word += "\\u";
+    for (int shift = 12; shift >= 0; shift -= 4) word += kDigits[unit >> shift & 15];
+}
+
 std::string escaped(std::string_view text) {
     constexpr std::string_view kSpecial = "\"[]$\\{};";
     std::string word = "\"";
     while (!text.empty()) {
         const char32_t code = takeCharacter(text);
-        if (code > 0xFFFF)  // as the two halves that stand for it in UTF-16
-            word += fmt::format("\\u{:04x}\\u{:04x}", 0xD7C0 + (code >> 10), 0xDC00 + (code & 0x3FF));
-        else if (code < 0x20 || code >= 0x7F)
-            word += fmt::format("\\u{:04x}", static_cast<unsigned>(code));
-        else
-            word += kSpecial.find(static_cast<char>(code)) == kSpecial.npos
-                        ? std::string(1, static_cast<char>(code))
-                        : std::string{'\\', static_cast<char>(code)};
+        if (code > 0xFFFF) {  // as the two halves that stand for it in UTF-16
+            addUnit(word, 0xD7C0 + (code >> 10));
+            addUnit(word, 0xDC00 + (code & 0x3FF));
+        } else if (code < 0x20 || code >= 0x7F) {
+            addUnit(word, code);
+        } else {
+            if (kSpecial.find(static_cast<char>(code)) != kSpecial.npos) word += '\\';
+            word += static_cast<char>(code);
+        }
     }
     return word + '"';
 }

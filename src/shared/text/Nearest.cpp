@@ -1,6 +1,8 @@
 #include "text/Nearest.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <numeric>
 #include <utility>
 
@@ -9,7 +11,39 @@
 namespace text {
 namespace {
 
-/// How many letters must be inserted, deleted or changed.
+/// How many letters must be inserted, deleted or changed to get from one text of 1 to 64 bytes to others: the differences
+/// between neighbours in a column of the table of distances are bits of two words, and each letter takes some operations on
+/// them (Myers 1999).
+class ShortText {
+public:
+    static constexpr std::size_t kMost = 64;
+
+    explicit ShortText(std::string_view text) : size_(text.size()) {
+        for (std::size_t i = 0; i < size_; ++i) places_[static_cast<unsigned char>(text[i])] |= std::uint64_t{1} << i;
+    }
+    std::size_t distanceTo(std::string_view other) const {
+        std::uint64_t more = ~std::uint64_t{0}, less = 0;
+        std::size_t distance = size_;
+        for (const char letter : other) {
+            const std::uint64_t same = places_[static_cast<unsigned char>(letter)], vertical = same | less;
+            const std::uint64_t horizontal = (((same & more) + more) ^ more) | same;
+            std::uint64_t right = less | ~(horizontal | more), left = more & horizontal;
+            distance += right >> (size_ - 1) & 1;
+            distance -= left >> (size_ - 1) & 1;
+            right = right << 1 | 1;
+            left <<= 1;
+            more = left | ~(vertical | right);
+            less = right & vertical;
+        }
+        return distance;
+    }
+
+private:
+    std::size_t size_;
+    std::array<std::uint64_t, 256> places_ = {};
+};
+
+/// The same for any texts.
 std::size_t distance(const std::string& a, const std::string& b) {
     std::vector<std::size_t> row(b.size() + 1);
     std::iota(row.begin(), row.end(), 0);
@@ -42,10 +76,15 @@ bool isWithin(std::string_view a, std::string_view b, std::size_t most) {
 std::string nearest(const std::string& name, const std::vector<std::string>& known) {
     constexpr std::size_t kMaxNames = 3, kMaxLength = 256;
     const std::string asked = HSTStringUtils::toLower(name.substr(0, kMaxLength));
+    const bool isShort = !asked.empty() && asked.size() <= ShortText::kMost;
+    const ShortText shortAsked(isShort ? asked : "");
+    const auto distanceTo = [&](const std::string& one) {
+        return isShort ? shortAsked.distanceTo(one) : distance(asked, one);
+    };
     std::vector<std::pair<std::size_t, std::string>> found;
     for (const std::string& one : known) {
         const std::string lower = HSTStringUtils::toLower(one.substr(0, kMaxLength));
-        const std::size_t away = lower.find(asked) != std::string::npos ? 0 : distance(asked, lower);
+        const std::size_t away = lower.find(asked) != std::string::npos ? 0 : distanceTo(lower);
         // At least one letter is the same.
         if (away <= std::max<std::size_t>(2, asked.size() / 2) && (away == 0 || away < asked.size()))
             found.emplace_back(away, one);

@@ -51,7 +51,7 @@ std::string readFile(const std::string& path, std::size_t most, bool isCounted) 
         if (n < 0 && errno == EINTR) continue;
         if (n < 0) fail(path, "read");
         have += static_cast<std::size_t>(n);
-        if (have > most) throw HEXUserException(fmt::format("file '{}' is larger than {} bytes", path, most));
+        if (have > most) throw TooLarge(fmt::format("file '{}' is larger than {} bytes", path, most));
         if (n > 0) continue;
         bytes.resize(have);
         return bytes;

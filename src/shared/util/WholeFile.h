@@ -3,11 +3,18 @@
 #include <string>
 #include <string_view>
 
+#include "msg/HEXAll.h"
+
 /// Reading and writing whole files.
 namespace wholefile {
 
-/// The bytes of a regular file of at most `most` bytes; links are followed. Throws `HEXUserException`, whose text
-/// names the file and the reason; never blocks on another process.
+/// A fault of the file, not of the system.
+class TooLarge : public HEXUserException {
+    using HEXUserException::HEXUserException;
+};
+
+/// The bytes of a regular file of at most `most` bytes, else `TooLarge`; links are followed. Throws
+/// `HEXUserException`, whose text names the file and the reason; never blocks on another process.
 std::string read(const std::string& path, std::size_t most);
 /// The same for untrusted files that a request may name often: their bytes count on its budget.
 std::string readCounted(const std::string& path, std::size_t most);

@@ -35,10 +35,15 @@ util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePat
     util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
     if (relativePath.empty()) return at;
     for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
-        // An obstacle is detected when it is opened.
-        if (::mkdirat(at.get(), part.c_str(), 0755) == 0) Budget::spend(Cost::inodes);
-        at = util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW));
-        if (!at.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
+        const auto open = [&] { return util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW)); };
+        // Opened first: of the hundreds of levels that members may have, most are there.
+        util::Descriptor next = open();
+        if (!next.isOpen() && errno == ENOENT) {
+            if (::mkdirat(at.get(), part.c_str(), 0755) == 0) Budget::spend(Cost::inodes);
+            next = open();
+        }
+        if (!next.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
+        at = std::move(next);
     }
     return at;
 }

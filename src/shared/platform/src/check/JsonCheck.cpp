@@ -125,7 +125,7 @@ void JsonCheck::checkEach(const std::vector<json::Shape>* (*shapesOf)(std::strin
 }
 
 void JsonCheck::add(const char* name, Node value, const Path& path, std::string text) {
-    if (found_.size() < kMaxFindingsPerDocument)
+    if (!isFull())
         found_.push_back(
             {found_.size(), name, value, HSTStringUtils::excerpt(path.text(), kMaxPathText), std::move(text)});
     else if (more_++ == 0)
@@ -164,7 +164,7 @@ void JsonCheck::checkKnown_(Node object, json::Shapes shapes, const Path& path) 
         };
         if (std::ranges::any_of(shapes, isIt) || meant_.contains(value.index())) continue;
         std::vector<std::string> known;
-        if (found_.size() == kMaxFindingsPerDocument) {
+        if (isFull()) {
             add(kUnknownKey, value, path, {});  // which is only counted
             continue;
         }

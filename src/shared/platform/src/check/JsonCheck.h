@@ -35,6 +35,8 @@ public:
     void checkEach(const std::vector<json::Shape>* (*shapesOf)(std::string_view key, json::Node object));
     /// Adds a finding. `value` is in the document, at `path`.
     void add(const char* name, json::Node value, const Path& path, std::string text);
+    /// Whether further findings are only counted, so that their texts do not matter.
+    bool isFull() const { return found_.size() == kMaxFindingsPerDocument; }
     /// Whether `value` is a list, or nothing.
     static bool isList(json::Node value);
     /// Whether a text is read as a number without loss of characters.

@@ -208,8 +208,10 @@ private:
     void expectKnown_(const char* what, Node object, const Path& path, const char* key,
                       const std::set<std::string>& known) {
         if (known.empty()) return;
-        if (std::string fault = referenceFault(what, stringAt(object, key), known); !fault.empty())
-            addAt(check_, kUnknownReference, object, path, key, std::move(fault));
+        const std::string name = stringAt(object, key);
+        if (!name.empty() && !known.contains(name))
+            addAt(check_, kUnknownReference, object, path, key,
+                  check_.isFull() ? "" : referenceFault(what, name, known));
     }
 
     JsonCheck& check_;

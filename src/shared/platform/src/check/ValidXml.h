@@ -17,9 +17,11 @@ public:
 
     const R& record;
 
+    /// Whether further findings are only counted, so that their texts do not matter.
+    bool isFull() const { return found_.size() == kMaxFindingsPerDocument; }
     /// Adds a finding. `at` is the record of an `element` of the document.
     void add(const char* name, const char* element, const void* at, std::string text) {
-        if (found_.size() == kMaxFindingsPerDocument) {
+        if (isFull()) {
             if (more_++ == 0) firstMore_ = name;
             return;
         }

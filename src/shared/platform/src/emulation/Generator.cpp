@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -38,17 +39,30 @@ public:
     ExtractedProperties(const ExtractedProperties&) = delete;
     ExtractedProperties& operator=(const ExtractedProperties&) = delete;
 
-    void extract(const std::string& archive, const std::string& member) {
-        util::AtomicFile file(path_, 0600);
-        file.append(readers::textOfMember(archive, member));
-        file.commit();
+    /// The last member counts, but each must be there. The same one may be listed a hundred thousand times.
+    void add(const std::string& archive, const std::string& member) {
         from_ = {.file = archive, .member = member};
+        if (known_.insert(member).second) read();
+    }
+    void extract() {
+        if (from_.file.empty()) return;
+        if (textOf_ != from_.member) read();
+        util::AtomicFile file(path_, 0600);
+        file.append(text_);
+        file.commit();
+        text_ = {};
     }
     /// A file of an earlier run does not count.
     PropertySource source() const { return {from_.file.empty() ? "" : path_, false, from_}; }
 
 private:
-    std::string path_;
+    void read() {
+        text_ = readers::textOfMember(from_.file, from_.member);
+        textOf_ = from_.member;
+    }
+
+    std::string path_, text_, textOf_;
+    std::set<std::string> known_;
     HEXDiagnostic from_;
 };
 
@@ -83,9 +97,11 @@ void extractProperties(HPLPlatform& platform, const std::string& archive, Extrac
     HTEQEmulationXMLReader::parseFromCfa(archive, xml, &emulations);
     for (const HTEQEmulation* emulation : emulations.getEmulations())
         for (const HTEQEmulationFile* file : emulation->getFiles()) {
-            if (file->getType() == "PROP_JSON") properties.extract(archive, file->getName());
-            if (file->getType() == "USER_PROP_JSON") userProperties.extract(archive, file->getName());
+            if (file->getType() == "PROP_JSON") properties.add(archive, file->getName());
+            if (file->getType() == "USER_PROP_JSON") userProperties.add(archive, file->getName());
         }
+    properties.extract();
+    userProperties.extract();
 }
 
 /// The metadata of what the driver script leaves in the overlay.

@@ -105,7 +105,8 @@ private:
     template <class Key>
     static void add(PropertyMap& pairs, std::map<Key, PropertyMap>& to, const Key& key) {
         if (pairs.empty()) return;
-        for (auto& [name, value] : pairs) to[key][name] = std::move(value);
+        PropertyMap& all = to[key];  // a key may be long
+        for (auto& [name, value] : pairs) all[name] = std::move(value);
     }
 
     const HEXDiagnostic& shown_;

@@ -1,5 +1,6 @@
 #include "emulation/PropertyScript.h"
 
+#include "msg/HEXFileFault.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHardwareAddressSegment.h"
 #include "platform/HTEQHardwareBusInterface.h"
@@ -12,11 +13,15 @@ namespace {
 using tcl::Form;
 using tcl::word;
 
-/// Appends lines.
+constexpr std::size_t kMaxScript = 4 << 20;
+
+/// Appends lines, which repeat and escape texts of any size.
 class Lines {
 public:
     template <class... Parts>
     void add(const Parts&... parts) {
+        if (text_.size() + (std::string_view(parts).size() + ...) > kMaxScript)
+            throw HEXFileFault({.text = "the property script would have more than 4 MiB"});
         ((text_ += parts), ...);
         text_ += '\n';
     }

@@ -163,9 +163,10 @@ void HPLCore::getSLRNames(const std::string& pblock, std::set<std::string>& out)
 
 void HPLCore::getValidSLRNames(HSTVector<std::string>& out) const {
     std::set<std::string> known(out.begin(), out.end());
+    std::set<const void*> seen;  // pblocks whose names differ in case have the same SLRs
     for (const auto& [pblock, resources] : resources_) {
         const auto* names = findSLRNames(pblock);
-        if (!names) continue;
+        if (!names || !seen.insert(names).second) continue;
         for (const std::string& name : *names)
             if (known.insert(name).second) out.push_back(name);
     }

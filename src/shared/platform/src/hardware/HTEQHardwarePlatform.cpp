@@ -320,7 +320,7 @@ void HTEQHardwarePlatform::getMemoryBusInterfaces(HSTVector<HTEQHardwareBusInter
 
 void HTEQHardwarePlatform::updateHBMBankInfo(const std::string& instance, bool isDefault) {
     if (hbmInstanceName_.empty()) hbmInstanceName_ = instance;
-    if (hbmInstanceName_ != instance) {
+    if (&instance != &hbmInstanceName_ && hbmInstanceName_ != instance) {
         ComMsgMgr::sendMsg("@74-261@");
         return;
     }

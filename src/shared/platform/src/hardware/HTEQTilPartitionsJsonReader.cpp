@@ -5,6 +5,7 @@
 
 #include "hardware/HardwareKeys.h"
 #include "json/JsonFile.h"
+#include "msg/Budget.h"
 #include "msg/HEXAll.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "util/HUTFile.h"
@@ -17,6 +18,7 @@ using json::Node;
 bool hasColumns(const Node& node) { return static_cast<bool>(node.find("numColumns")); }
 
 void populatePartition(const Node& node, bool root, const std::string& instance, HTEQTilPartition& partition) {
+    Budget::spend(Cost::records, sizeof partition + instance.size());
     json::readKeys(node, json::keysOf<HTEQTilPartition>(), partition);
     partition.isRoot(root);
     partition.tilInst(instance);  // a part has the name of its root
@@ -28,6 +30,7 @@ void addSubPartitions(const Node& node, const std::string& instance, HTEQTilPart
 }
 
 HSTVector<HTEQTilPartition> parseTil(const Document& document) {
+    const Budget budget;  // each part repeats the name of its root
     HSTVector<HTEQTilPartition> partitions;
     for (const Node node : document.root().find("TIL")) {
         if (!hasColumns(node)) continue;

@@ -3,6 +3,7 @@
 #include <map>
 #include <vector>
 
+#include "msg/Budget.h"
 #include "text/HSTStringUtils.h"
 
 namespace hardware {
@@ -89,6 +90,7 @@ HSTVector<HTEQHardwarePlatform::MemoryBank> MemoryBanks::all() const {
     for (const HTEQHardwareBusInterface* bus : buses_)
         if (counts(*bus)) byLowerType[HSTStringUtils::toLower(bus->getSPTag())].push_back(bus);
     HSTVector<HTEQHardwarePlatform::MemoryBank> banks;
+    const Budget budget;  // each bank repeats texts of its interface
     for (const std::string& type : types()) {
         const Buses& buses = byLowerType[HSTStringUtils::toLower(type)];
         const unsigned count = indexed_ ? buses.front()->getNumAddressSegments() : 1;
@@ -97,7 +99,9 @@ HSTVector<HTEQHardwarePlatform::MemoryBank> MemoryBanks::all() const {
             if (n == 0 || buses[at]->getNumAddressSegments() <= n) do
                     --at;
                 while (indexed_ && buses[at]->getNumAddressSegments() <= n);
-            banks.push_back({type, n, sizeOf(*buses[at]), slrOf(*buses[at], n)});
+            HTEQHardwarePlatform::MemoryBank bank{type, n, sizeOf(*buses[at]), slrOf(*buses[at], n)};
+            Budget::spend(Cost::text, bank.type.size() + bank.size.size() + bank.slr.size());
+            banks.push_back(std::move(bank));
         }
     }
     return banks;

@@ -29,22 +29,30 @@ void readClocks(const WELHardwarePlatform::SystemClocks& record, HTEQHardwarePla
     }
 }
 
-/// Counts a bank of high-bandwidth memory that a linker may assign.
-void takeBank(const WELHardwarePlatform::BusInterfaceAddressSegment& record,
-              const HTEQHardwareBusInterface& interface, HTEQHardwarePlatform& platform) {
-    if (!record.auto_.isSet() || interface.getCompRef() != HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM) return;
-    platform.setHBMPresent();
-    if (record.auto_.get() != "false")
-        platform.updateHBMBankInfo(interface.getInstRef(), record.auto_.get() == "preferred");
+/// Counts the banks of high-bandwidth memory that a linker may assign.
+void takeBanks(const WELHardwarePlatform::BusInterface& record, const HTEQHardwareBusInterface& interface,
+               HTEQHardwarePlatform& platform) {
+    if (interface.getCompRef() != HTEQHpfmUtl::HBM_MEMORY_SUBSYSTEM) return;
+    // The names of instances, which may be long, are compared once.
+    const std::string& first = platform.getHBMInstanceName();
+    const bool isOther = !first.empty() && first != interface.getInstRef();
+    for (const auto& segment : record.addressSegments) {
+        if (!segment.auto_.isSet()) continue;
+        platform.setHBMPresent();
+        if (segment.auto_.get() == "false") continue;
+        if (isOther)
+            ComMsgMgr::sendMsg("@74-261@");
+        else
+            platform.updateHBMBankInfo(first.empty() ? interface.getInstRef() : first,
+                                       segment.auto_.get() == "preferred");
+    }
 }
 
 void readBusInterface(const WELHardwarePlatform::BusInterface& record, HTEQHardwareBusInterface& interface,
                       HTEQHardwarePlatform& platform) {
     binding::read(record, interface);
-    for (const auto& segment : record.addressSegments) {
-        binding::read(segment, *interface.addAddressSegment());
-        takeBank(segment, interface, platform);
-    }
+    for (const auto& segment : record.addressSegments) binding::read(segment, *interface.addAddressSegment());
+    takeBanks(record, interface, platform);
 }
 
 void readNocConnectivity(const WELHardwarePlatform::NocConnectivity& record, HTEQHardwarePlatform& platform) {

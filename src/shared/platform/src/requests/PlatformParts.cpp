@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "hardware/MemoryBanks.h"
+#include "msg/Budget.h"
 #include "platform/HPLMemory.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQHardwareAddressSegment.h"
@@ -66,6 +67,7 @@ HSTVector<BankPart> banksOf(const HTEQHardwarePlatform& platform) {
     const bool isIndexed = platform.isMemoryResourceIndexed();
     Interfaces interfaces = memoryInterfaces(platform, isIndexed);
     HSTVector<BankPart> banks;
+    const Budget budget;  // each bank repeats texts of its interface
     HSTVector<HTEQHardwareAddressSegment*> segments;
     const HTEQHardwareBusInterface* current = nullptr;
     for (const HTEQHardwarePlatform::MemoryBank& bank : platform.getMemoryBanks()) {
@@ -75,6 +77,7 @@ HSTVector<BankPart> banksOf(const HTEQHardwarePlatform& platform) {
         if (candidates.empty()) continue;
         if (current != candidates.back()) candidates.back()->getAddressSegments(segments);
         current = candidates.back();
+        Budget::spend(Cost::text, bank.type.size() + bank.size.size() + bank.slr.size() + current->getName().size());
         BankPart part{.type = bank.type,
                       .number = bank.number,
                       .size = isIndexed ? "" : bank.size,

@@ -8,6 +8,7 @@
 #include "platform/PlatformParseException.h"
 #include "readers/Reading.h"
 #include "util/SystemFault.h"
+#include "util/WholeFile.h"
 
 namespace teq_platform {
 namespace {
@@ -33,6 +34,7 @@ constexpr struct {
 } kKinds[] = {
     {isA<HEXFileNotFoundException>, noSuchFile},
     {isA<HEXFileFault>, badInput},
+    {isA<wholefile::TooLarge>, badInput},
     {isA<HEXUserException>, environment},
     {isA<HEXAll>, badInput},
     {isA<PlatformParseException>, badInput},

@@ -219,14 +219,21 @@ std::string rqaIndex(const std::string& archive) {
 std::string extractFromRqa(const std::string& archive, const std::string& type, const std::string& directory,
                            bool mayReplace) {
     const zip::Request scope;
+    const Opened opened = open(archive);
     HRQAArchive read(archive);
-    read.parseRoot(open(archive).index);
+    read.parseRoot(opened.index);
     HSTVector<std::string> types;
     read.getFiles().getTypes(types);
     if (!read.getFiles().contains(type))
         throw RequestError(FailureKind::unknownName,
                            {.file = archive, .text = "no file type '" + type + "'" + nearest(type, types)});
     const std::string name = type == "DR_BD" ? "bd" : read.getFiles().get(type);
+    if (const auto fault = zip::memberNameFault(name, false); !fault.empty())
+        throw HEXFileFault({.file = archive,
+                            .member = HRQAArchive::getJsonFileName(),
+                            .text = "the member name '" + HSTStringUtils::excerpt(name) + "' " + std::string(fault)});
+    if (listed(*opened.archive, Folders(*opened.archive), type, name).state == ListedFile::State::missing)
+        throw HEXFileFault({.file = archive, .member = name, .text = "no such member, which rqa.json lists"});
     if (const std::string path = directory + "/" + name; !mayReplace && HUTFile::exists(path))
         throw RequestError(FailureKind::exists, {.file = path, .text = "already exists"});
     return read.extract(type, directory, mayReplace);
