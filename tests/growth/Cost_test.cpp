@@ -27,7 +27,7 @@ TEST_P(Cost, IsBounded) {
     const std::string file = writeInput(scratch, input).first, kind = std::filesystem::path(file).extension();
     std::uintmax_t size = 0;
     for (const auto& each : std::filesystem::recursive_directory_iterator(scratch.str()))
-        if (each.is_regular_file()) size += each.file_size();
+        if (each.is_regular_file() && !each.is_symlink()) size += each.file_size();
     EXPECT_LE(size, 1'000'000U) << input.name;
     scratch.put("a.tcl", "puts a\n");
     scratch.put("small.lfa", builder::archiveOf({builder::Entry("lfa.json", R"({"name": "small"})", true)}).build());

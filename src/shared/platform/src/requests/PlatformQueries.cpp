@@ -8,11 +8,11 @@
 #include "msg/Silence.h"
 #include "platform/NativeDictService.h"
 #include "platform/NativeDocService.h"
-#include "platform/NativeKeyService.h"
 #include "platform/NativeTransformService.h"
 #include "platform/PathToken.h"
 #include "platform/PlatformRequests.h"
 #include "services/DocumentTree.h"
+#include "services/KeyListing.h"
 #include "services/KeyPattern.h"
 #include "services/TreeWalk.h"
 #include "text/HSTStringUtils.h"
@@ -142,11 +142,7 @@ Answer Questions::answer(const std::string& path) const {
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
-    if (!state_->keys) {
-        ptree tree;
-        json::copy(state_->document.root(), tree);
-        state_->keys = teq::platform::NativeKeyService().get(tree);
-    }
+    if (!state_->keys) state_->keys = services::keysOf(state_->document.root());
     const Keys& keys = *state_->keys;
     if (prefix.empty()) return {keys.begin(), keys.end()};
     const std::string listed = listedKey(services::actualPath(state_->document.root(), prefix));

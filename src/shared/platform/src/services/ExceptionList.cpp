@@ -41,7 +41,9 @@ struct Indexed {
     explicit operator bool() const { return node; }
 };
 
-Indexed childOf(const Indexed& from, const std::string& name) { return {services::childOf(from.node, name), from.lists}; }
+Indexed childOf(const Indexed& from, const std::string& name) {
+    return {services::childOf(from.node, name), from.lists};
+}
 
 Indexed itemOf(const Indexed& from, std::uint64_t index) {
     const auto [list, isNew] = from.lists->try_emplace(from.node);
