@@ -10,8 +10,8 @@ using zip::memberNameFault;
 
 TEST(MemberName, WhatMayBeWrittenBelowADirectory) {
     // The text that identifies each fault.
-    const char* const kinds[] = {"empty part", "empty", "absolute", "drive", "backslash",
-                                 "control",    "UTF-8", "255",      "1024",  "'.'", "number"};
+    const char* const kinds[] = {"empty part", "empty", "absolute", "drive", "backslash", "control",
+                                 "UTF-8",      "255",   "1024",     "'.'",   "number"};
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/zip/names.case", [&](const auto&, const std::string& name) {
         const std::string_view fault = memberNameFault(name, false);
         for (const char* const kind : kinds)

@@ -225,7 +225,8 @@ std::string referenceFault(const char* what, const std::string& name, const std:
     if (name.empty() || known.empty() || known.contains(name)) return {};
     constexpr std::size_t kMaxSuggestions = 100;  // of which the nearest are named
     std::vector<std::string> some;
-    for (auto at = known.begin(); at != known.end() && some.size() < kMaxSuggestions; ++at) some.emplace_back(HSTStringUtils::utf8Prefix(*at, 64));
+    for (auto at = known.begin(); at != known.end() && some.size() < kMaxSuggestions; ++at)
+        some.emplace_back(HSTStringUtils::utf8Prefix(*at, 64));
     return std::string("there is no ") + what + " " + quoted(name) +
            HSTStringUtils::excerpt(text::nearest(std::string(HSTStringUtils::utf8Prefix(name, 64)), some),
                                    kMaxReasonText);
