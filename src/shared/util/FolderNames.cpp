@@ -19,22 +19,25 @@ namespace {
 
 }  // namespace
 
-std::vector<std::string> folderNames(int folder, const std::string& shown) {
+std::vector<std::string> folderNames(int folder, const std::string& shown, std::size_t most) {
     util::Descriptor own(::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     const std::unique_ptr<DIR, int (*)(DIR*)> list(own.isOpen() ? ::fdopendir(own.get()) : nullptr, ::closedir);
     if (!list) fail(shown, errno);
     own.release();
     std::vector<std::string> names;
-    for (errno = 0; const dirent* const entry = ::readdir(list.get()); errno = 0) {
+    while (names.size() < most) {
+        errno = 0;
+        const dirent* const entry = ::readdir(list.get());
+        if (!entry && errno != 0) fail(shown, errno);
+        if (!entry) break;
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") names.emplace_back(name);
     }
-    if (errno != 0) fail(shown, errno);
     return names;
 }
 
-std::vector<std::string> folderNames(const std::string& folder) {
+std::vector<std::string> folderNames(const std::string& folder, std::size_t most) {
     const util::Descriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.isOpen()) fail(folder, errno);
-    return folderNames(opened.get(), folder);
+    return folderNames(opened.get(), folder, most);
 }

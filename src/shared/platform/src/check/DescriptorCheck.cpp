@@ -24,8 +24,8 @@ using TEQPlatform::AnonHardwarePlatform;
 using TEQPlatform::HwEmuOnly;
 using TEQPlatform::Partitioned;
 
-/// Suggests the files of the same folder with a similar name. A descriptor may name a thousand missing files, and a folder
-/// have many files: only a few are looked for.
+/// Suggests the files of the same folder with a similar name. A descriptor may name a thousand missing files, a folder have
+/// many files, and be checked for many descriptors: only a few are looked for among a few.
 class Suggestions {
 public:
     std::string nearestFile(const std::string& path) {
@@ -35,7 +35,7 @@ public:
         const std::string name = missing.filename();
         std::vector<std::string> names;
         try {
-            names = folderNames(missing.has_parent_path() ? missing.parent_path().string() : ".");
+            names = folderNames(missing.has_parent_path() ? missing.parent_path().string() : ".", kMaxEntries);
         } catch (const HEXUserException&) {  // the folder cannot be read
             return {};
         }
@@ -45,7 +45,7 @@ public:
     }
 
 private:
-    static constexpr std::size_t kMaxFiles = 20, kMaxNames = 100;
+    static constexpr std::size_t kMaxFiles = 20, kMaxEntries = 1000, kMaxNames = 100;
     std::size_t count_ = 0;
 };
 
