@@ -15,7 +15,8 @@ namespace {
 
 constexpr const char* kIgnoreFile = ".zrignore";
 constexpr std::size_t kMaxIgnoreFile = 1 << 16;
-constexpr std::size_t kMaxComparisons = 5'000'000;
+/// The most comparisons with more than that many patterns: a large folder may have a few.
+constexpr std::size_t kManyPatterns = 100, kMaxComparisons = 5'000'000;
 
 bool matches(const std::string& pattern, const std::string& text) {
     return ::fnmatch(pattern.c_str(), text.c_str(), FNM_PATHNAME | FNM_NOESCAPE) == 0;
@@ -46,7 +47,7 @@ void PackPatterns::add_(std::string_view pattern) {
 bool PackPatterns::exclude(const std::string& path) {
     if (path == kIgnoreFile) return true;
     comparisons_ += patterns_.size();
-    if (comparisons_ > kMaxComparisons)
+    if (patterns_.size() > kManyPatterns && comparisons_ > kMaxComparisons)
         throw HEXFileFault({.file = folder_, .text = "more than 5000000 comparisons of names and patterns"});
     const std::string name = nameOf(path);
     return std::ranges::any_of(patterns_, [&](const Pattern& pattern) {
