@@ -1,6 +1,8 @@
 #include "Load.h"
 
+#include <msg/HEXFileFault.h>
 #include <platform/HPLPlatform.h>
+#include <platform/HTEQReconfigurablePartition.h>
 #include <platform/PlatformCheck.h>
 #include <platform/PlatformRequests.h>
 
@@ -25,11 +27,29 @@ std::string platformFile(const std::string& fileOrName, const Call& call) {
 
 namespace {
 
-/// Warns of the first error in each file or member of a platform that has been loaded. `hasFaults`: its readers have
-/// sent errors; of damaged members alone they warn themselves.
+/// The extension metadata of each hardware, without which there is no document.
+std::set<std::string> extensionMembers(const HTEQPlatform& platform) {
+    std::set<std::string> members;
+    const auto take = [&members](const HTEQHardwarePlatform* hardware) {
+        if (!hardware) return;
+        const std::string member = hardware->getFile("META_JSON");
+        members.insert(member.empty() ? hardware->getFile("EXT_META_JSON") : member);
+    };
+    take(platform.getHardwarePlatform());
+    take(platform.getHardwareEmulationPlatform());
+    for (const HTEQReconfigurablePartition* partition : platform.getReconfigurablePartitions()) {
+        take(partition->getHardwarePlatform());
+        take(partition->getHardwareEmulationPlatform());
+    }
+    return members;
+}
+
+/// Warns of the first error in each file or member of a platform that has been loaded; an error that prevents its
+/// document is thrown. `hasFaults`: its readers have sent errors; of damaged members alone they warn themselves.
 void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool hasFaults) {
     const HTEQHardwarePlatform* const hardware = platform.getHardwarePlatform();
     const std::string hpfm = hardware ? hardware->getFile("HPFM") : "";
+    const std::set<std::string> extensions = extensionMembers(platform);
     std::set<std::string> places;
     for (const teq_platform::CheckFinding& finding : teq_platform::PlatformCheck::check(file)) {
         if (finding.severity != teq_platform::CheckFinding::Severity::error ||
@@ -37,6 +57,7 @@ void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool ha
             continue;
         HEXDiagnostic line = finding;
         if (line.name == "damaged-member" && !hasFaults) continue;
+        if (line.name == "not-json" && extensions.contains(line.member)) throw HEXFileFault(line);
         const bool isHpfm = !hpfm.empty() && line.member == hpfm;
         // Of a value of the wrong shape, the rest of the file is read.
         if (line.name != "wrong-shape")

@@ -237,6 +237,7 @@ void HPLPlatform::getExtMetaJsonAsPtree(ptree& tree) const {
     const std::string text = getExtMetaJsonAsString();
     if (!text.empty()) {
         const std::string member = getExtMetaJsonFile_();
-        json::parse(text, getPlatformFile() + "!" + member, {.file = getPlatformFile(), .member = member}, tree);
+        json::parse(text, getPlatformFile() + "!" + member,
+                    {.file = getPlatformFile(), .member = member, .name = "not-json"}, tree);
     }
 }
