@@ -1,6 +1,7 @@
 #include "ShowHardware.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <set>
 #include <sstream>
@@ -84,9 +85,9 @@ void showIdentity(Text& text, const HPLPlatform& platform) {
     if (platform.usesPR()) text.line("host", platform.getHostArch() + " by " + platform.getHostInterface());
 }
 
-/// The names, or as many as a value shows: pblocks whose names differ in case have the same SLRs.
+/// The names, or the first ones of many.
 std::string shownNames(const std::set<std::string>* names) {
-    constexpr std::size_t kMost = 4000;
+    constexpr std::size_t kMost = 1000;  // of what each row may repeat
     std::string text;
     if (!names) return text;
     for (const std::string& name : *names) {
@@ -108,8 +109,12 @@ void showPBlocks(Text& text, const HPLCore& core) {
         if (columns.size() < kMaxColumns) columns.push_back(">" + name);
     Rows rows;
     boost::json::array items;
+    std::map<const std::set<std::string>*, std::string>
+        slrs;  // pblocks whose names differ in case have the same ones
     for (const auto& [pblock, resources] : blocks) {
-        const std::string all = shownNames(core.findSLRNames(pblock));
+        const auto [known, isNew] = slrs.try_emplace(core.findSLRNames(pblock));
+        if (isNew) known->second = shownNames(known->first);
+        const std::string& all = known->second;
         std::vector<std::string> row(columns.size());
         row[0] = pblock;
         row[1] = HSTStringUtils::utf8Prefix(all, kMaxCell + 1);
