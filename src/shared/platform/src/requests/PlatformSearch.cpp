@@ -108,7 +108,7 @@ bool readInto(FoundPlatform& found, std::shared_ptr<HTEQPlatform>* loaded) {
     }
 }
 
-/// A platform whose version is none is a problem and hides no other.
+/// A platform with a version that is not a number is reported, and hides no other.
 bool isUsable(const std::shared_ptr<HTEQPlatform>& platform, HSTVector<HEXDiagnostic>& problems) {
     const msg::Silence silence;
     try {
