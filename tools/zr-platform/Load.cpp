@@ -27,7 +27,7 @@ std::string platformFile(const std::string& fileOrName, const Call& call) {
 
 namespace {
 
-/// The extension metadata of each hardware, without which there is no document.
+/// The extension metadata of each hardware platform, which a document includes.
 std::set<std::string> extensionMembers(const HTEQPlatform& platform) {
     std::set<std::string> members;
     const auto take = [&members](const HTEQHardwarePlatform* hardware) {
@@ -44,9 +44,10 @@ std::set<std::string> extensionMembers(const HTEQPlatform& platform) {
     return members;
 }
 
-/// Warns of the first error in each file or member of a platform that has been loaded; an error that prevents its
-/// document is thrown. `hasFaults`: its readers have sent errors; of damaged members alone they warn themselves.
-void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool hasFaults) {
+/// Warns of the first error in each file or member of a platform that has been loaded. `hasFaults`: its readers have
+/// sent errors; of damaged members alone they warn themselves. `isChecked`: an error that prevents the document is
+/// thrown, because no document is made that would fail.
+void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool hasFaults, bool isChecked) {
     const HTEQHardwarePlatform* const hardware = platform.getHardwarePlatform();
     const std::string hpfm = hardware ? hardware->getFile("HPFM") : "";
     const std::set<std::string> extensions = extensionMembers(platform);
@@ -57,7 +58,7 @@ void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool ha
             continue;
         HEXDiagnostic line = finding;
         if (line.name == "damaged-member" && !hasFaults) continue;
-        if (line.name == "not-json" && extensions.contains(line.member)) throw HEXFileFault(line);
+        if (isChecked && line.name == "not-json" && extensions.contains(line.member)) throw HEXFileFault(line);
         const bool isHpfm = !hpfm.empty() && line.member == hpfm;
         // Of a value of the wrong shape, the rest of the file is read.
         if (line.name != "wrong-shape")
@@ -72,7 +73,7 @@ void warnOfErrors(const std::string& file, const HTEQPlatform& platform, bool ha
 std::shared_ptr<HTEQPlatform> loaded(const std::string& file, const Call& call, bool isChecked) {
     auto platform = teq_platform::requests::load(file, modeOf(call));
     const bool hasFaults = Console::take().takeFaults();
-    if (hasFaults || isChecked) warnOfErrors(file, *platform, hasFaults);
+    if (hasFaults || isChecked) warnOfErrors(file, *platform, hasFaults, isChecked);
     return platform;
 }
 
