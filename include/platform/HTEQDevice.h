@@ -14,7 +14,8 @@ public:
     /// The device string as set: "architecture:device:package:speed[:grade[[:static power]:revision]]".
     const std::string& getFpgaPart() const { return fpgaPart_; }
     /// Stores `text` and splits it into the part fields; an empty text leaves them. Throws HEXAlgException if it
-    /// has fewer than four or more than seven fields; the text is stored anyway, the fields are unchanged.
+    /// has fewer than four or more than seven fields, or more than 4,096 bytes; the text is stored anyway, the fields are
+    /// unchanged.
     void setFpgaPart(const std::string& text);
 
     /// The composed part name, such as "xa7-flgb2104-2-e"; the device's name if no device string was set.

@@ -36,9 +36,9 @@ TEST_P(Growth, IsLinear) {
         const unsigned number = static_cast<unsigned>(std::stoul(valueOf(input, "most", ""))) / part;
         const auto [file, size] = writeInput(scratch, input, number);
         Use used = useOf({verb, file});
-        // n log n for four times as much is below 5; a small time proves nothing, and a large one may be the
-        // machine's.
-        const auto grows = [&] { return part == 1 && used.seconds > 0.2 && used.seconds > 6.5 * before; };
+        // n log n for four times as much is below 5, caches that are too small for it add to that, and n * n is 16; a
+        // small time proves nothing, and a large one may be the machine's.
+        const auto grows = [&] { return part == 1 && used.seconds > 0.2 && used.seconds > 8 * before; };
         for (int again = 0; again < 3 && grows(); ++again)
             used.seconds = std::min(used.seconds, useOf({verb, file}).seconds);
         EXPECT_FALSE(grows()) << used.seconds << " s after " << before;

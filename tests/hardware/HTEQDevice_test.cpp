@@ -15,6 +15,9 @@ TEST(Device, PartNames) {
         EXPECT_EQ(device.getFpgaPart(), text);
         EXPECT_EQ(device.getPartName(), "bc-2");
     }
+    HTEQDevice tooLong;
+    EXPECT_NO_THROW(tooLong.setFpgaPart("a:b:c:" + std::string(4090, '2')));
+    EXPECT_THROW(tooLong.setFpgaPart("a:b:c:" + std::string(4091, '2')), HEXAlgException);
     HTEQDevice device;  // without a string the name is the part name
     device.setName("fpga0");
     device.setFpgaPart("");

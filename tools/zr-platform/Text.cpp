@@ -90,14 +90,14 @@ void Text::warning(const std::string& text) { warnings_.push_back(HSTStringUtils
 
 std::string Text::str(const std::string& summary) const {
     const std::size_t width = std::min(Console::take().width(), kMaxWidth);
-    std::string text = summary.empty() ? text_ : HSTStringUtils::printable(summary) + "\n\n" + text_;
+    std::string text = summary.empty() ? text_ : HSTStringUtils::excerpt(summary, kMaxValue) + "\n\n" + text_;
     if (!warnings_.empty()) text += "\n";
     for (const std::string& warning : warnings_) text += wrapped("warning: " + warning, width, "    ") + "\n";
     return text;
 }
 
 boost::json::object Text::takeRecord(const std::string& summary) {
-    boost::json::object record{{"summary", summary}};
+    boost::json::object record{{"summary", HSTStringUtils::cut(summary, kMaxValue)}};
     for (auto& item : record_) record[item.key()] = std::move(item.value());
     record["warnings"] = boost::json::array(warnings_.begin(), warnings_.end());
     return record;

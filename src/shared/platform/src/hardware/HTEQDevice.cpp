@@ -13,11 +13,14 @@ void HTEQDevice::setFpgaPart(const std::string& text) {
 
 std::string HTEQDevice::convertFpgaDeviceToPartData_(const std::string& text) {
     if (text.empty()) return {};
-    const std::vector<std::string> fields = text::firstPieces(text, ':', 8);
+    constexpr std::size_t kMaxText = 4096;  // the device repeats it twice
+    const std::string_view read = text.size() > kMaxText ? std::string_view() : text;
+    const std::vector<std::string> fields = text::firstPieces(read, ':', 8);
     const std::size_t count = fields.size();
     if (count < 4 || count > 7)
         throw HEXAlgException(
-            "HTEQDevice::convertFpgaDeviceToPart_ - FPGA Device (string) format not as expected: '" + text + "'");
+            "HTEQDevice::convertFpgaDeviceToPart_ - FPGA Device (string) format not as expected: '" +
+            HSTStringUtils::cut(text, kMaxText) + "'");
     partArch_ = fields[0];
     partDevice_ = fields[1];
     partPackage_ = fields[2];
