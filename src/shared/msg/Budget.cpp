@@ -126,6 +126,8 @@ void Budget::expectKept(const std::string& file) {
     if (current && current->refused_) throw HEXFileFault({.file = file, .text = current->refused_});
 }
 
+bool Budget::isRefusedForOthers() { return current && current->refused_ == kSharedRefusal; }
+
 Budget::Report Budget::report(const ComMsgMgrInstance& message) {
     if (!current) return Report::send;
     const std::string& kind = message.id.empty() ? message.text : message.id;

@@ -41,6 +41,9 @@ public:
     /// Throws if anything has been refused: for callers of code that ignores what it cannot read.
     static void expectKept(const std::string& file);
 
+    /// Whether the request may not spend more because others of its call have: see `SharedBudget`.
+    static bool isRefusedForOthers();
+
     enum class Report { send, sendAsLast, drop };
     /// Whether one more message of this kind is sent.
     static Report report(const ComMsgMgrInstance& message);

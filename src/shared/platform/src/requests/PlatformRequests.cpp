@@ -7,6 +7,7 @@
 
 #include "json/JsonSchema.h"
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlWriter.h"
 #include "platform/JSONWriter.h"
@@ -51,6 +52,7 @@ std::string shownPath(const std::string& path, const std::string& file) { return
 
 HEXDiagnostic located(HEXDiagnostic diagnostic, const std::string& file) {
     if (diagnostic.file != file) diagnostic.file = util::shownPath(diagnostic.file, file);
+    if (Budget::isRefusedForOthers()) return diagnostic;  // there may be very many such files
     for (const CheckFinding& finding : PlatformCheck::check(file)) {
         const bool isIt = finding.severity == CheckFinding::Severity::error && finding.file == diagnostic.file &&
                           finding.member == diagnostic.member &&
