@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <new>
 #include <optional>
 
 #include "Completion.h"
@@ -136,11 +137,13 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
 
 void write(const std::string& text) { Console::take().data(text); }
 
-/// A failure that names no file gets the first one of the call.
+/// A failure that names no file gets the first one of the call; paths in its folder are shown as that is written.
 int run(const Verb& verb, const Call& call) {
     try {
         return verb.run(call);
-    } catch (const HEXFileFault&) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) {
         const std::string file = verb.positionals.empty() ? "" : call.get(verb.positionals.front().name, "");
         const teq_platform::Failure failure = teq_platform::currentFailure(file);
         throw teq_platform::RequestError(failure.kind, failure.diagnostic);

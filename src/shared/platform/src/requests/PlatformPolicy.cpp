@@ -12,6 +12,7 @@
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/PlatformRequests.h"
 #include "policy/PolicyFacts.h"
+#include "readers/Reading.h"
 #include "services/ExceptionList.h"
 #include "services/PlatformFacts.h"
 #include "text/HSTStringUtils.h"
@@ -73,11 +74,14 @@ Version toolVersion(const std::string& text) {
                        {.text = "'" + HSTStringUtils::excerpt(text) + "' is not a version such as 2026.2"});
 }
 
-/// What `run` gives; a version of the platform that is not one becomes an error in its file.
+/// What `run` gives; extension metadata that is not JSON, or a version of the platform that is not one, becomes an error
+/// in its file.
 template <class Run>
 auto checked(const HTEQPlatform& platform, Run run) {
     try {
         return run();
+    } catch (const boost::property_tree::ptree_error& e) {
+        throw RequestError(FailureKind::badInput, readers::diagnosticOf(e, platform.getPlatformFile()));
     } catch (const std::logic_error&) {
         throw RequestError(FailureKind::badInput, {.file = platform.getPlatformFile(),
                                                    .text = "a version in \"extended_warranty\" or of the hardware is "

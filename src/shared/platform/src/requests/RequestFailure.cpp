@@ -7,6 +7,8 @@
 
 #include "platform/PlatformParseException.h"
 #include "readers/Reading.h"
+#include "util/HUTFile.h"
+#include "util/ShownPath.h"
 #include "util/SystemFault.h"
 #include "util/WholeFile.h"
 
@@ -61,6 +63,13 @@ std::string reasonsOf(const std::exception& e) {
     return {};
 }
 
+/// The model knows absolute paths: one in the folder of `file` is shown as the user of `file` writes it.
+std::string shownPath(const std::string& path, const std::string& file) {
+    if (file.empty() || !path.starts_with('/') || file.starts_with('/')) return path;
+    const std::string folder = HUTFile::getParent(HUTFile::getCanonicalName(file));
+    return path.starts_with(folder + "/") ? util::shownPath(path, file) : path;
+}
+
 HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std::string& file) {
     if (kind == noMemory) return {.file = file, .text = "out of memory"};
     if (isA<HEXFileNotFoundException>(e) && kind == environment)
@@ -68,6 +77,7 @@ HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std:
     if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
     HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
     if (diagnostic.file.empty() && !isA<RequestError>(e)) diagnostic.file = file;  // a limit of the request
+    if (kind == badInput) diagnostic.file = shownPath(diagnostic.file, file);
     diagnostic.text += reasonsOf(e);
     return diagnostic;
 }
