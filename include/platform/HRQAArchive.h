@@ -62,8 +62,6 @@ public:
     /// for an empty destination, a name that leads out of it, and a member that does not exist, and `HEXDataException`
     /// for an invalid archive.
     std::string extract(const std::string& type, const std::string& destination) const;
-    /// The same; without `mayReplace` an existing file is a `HEXUserException`.
-    std::string extract(const std::string& type, const std::string& destination, bool mayReplace) const;
     /// @}
 
     /// @name Writing

@@ -62,9 +62,8 @@ void checkName(const std::string& archive, const std::string& name) {
                                "' in rqa.json " + std::string(fault));
 }
 
-std::string extractDirectory(const std::string& archive, const std::string& name, const std::string& destination,
-                             bool mayReplace) {
-    HUTZip::uncompressDir(archive, name, destination, mayReplace);
+std::string extractDirectory(const std::string& archive, const std::string& name, const std::string& destination) {
+    HUTZip::uncompressDir(archive, name, destination, true);
     std::string path = destination + "/" + name;
     if (!HUTFile::isDir(path))
         throw HEXUserException("HRQAArchive::_extractDir() - dir was not extracted to the expected location: " +
@@ -72,9 +71,8 @@ std::string extractDirectory(const std::string& archive, const std::string& name
     return path;
 }
 
-std::string extractFile(const std::string& archive, const std::string& name, const std::string& destination,
-                        bool mayReplace) {
-    if (!HUTZip::uncompress(archive, name, destination, mayReplace))
+std::string extractFile(const std::string& archive, const std::string& name, const std::string& destination) {
+    if (!HUTZip::uncompress(archive, name, destination, true))
         throw HEXUserException("archive '" + archive + "' has no member '" + HSTStringUtils::printable(name) +
                                "', which rqa.json lists");
     return destination + "/" + name;
@@ -121,10 +119,6 @@ void HRQAArchive::parseRoot(const ptree& index) {
 }
 
 std::string HRQAArchive::extract(const std::string& type, const std::string& destination) const {
-    return extract(type, destination, true);
-}
-
-std::string HRQAArchive::extract(const std::string& type, const std::string& destination, bool mayReplace) const {
     if (destination.empty()) throw HEXUserException("HRQAArchive::extract() - destDir argument must not be empty");
     HUTFile::mkDirRecursive(destination);
     std::string name = files_.get(type);
@@ -132,8 +126,7 @@ std::string HRQAArchive::extract(const std::string& type, const std::string& des
     if (type == kBlockDesign) name = kBlockDesignDirectory;
     checkName(file_, name);
     const bool isDirectory = std::ranges::find(kDirectoryTypes, type) != std::end(kDirectoryTypes);
-    return isDirectory ? extractDirectory(file_, name, destination, mayReplace)
-                       : extractFile(file_, name, destination, mayReplace);
+    return isDirectory ? extractDirectory(file_, name, destination) : extractFile(file_, name, destination);
 }
 
 void HRQAArchive::archive(const std::string& type, const std::string& name, const std::string& source) {

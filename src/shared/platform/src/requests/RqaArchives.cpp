@@ -19,6 +19,7 @@
 #include "util/FolderNames.h"
 #include "util/HUTFile.h"
 #include "util/OpenBelow.h"
+#include "zip/HUTZip.h"
 #include "zip/MemberName.h"
 #include "zip/Request.h"
 
@@ -232,11 +233,16 @@ std::string extractFromRqa(const std::string& archive, const std::string& type, 
         throw HEXFileFault({.file = archive,
                             .member = HRQAArchive::getJsonFileName(),
                             .text = "the member name '" + HSTStringUtils::excerpt(name) + "' " + std::string(fault)});
-    if (listed(*opened.archive, Folders(*opened.archive), type, name).state == ListedFile::State::missing)
+    const auto state = listed(*opened.archive, Folders(*opened.archive), type, name).state;
+    if (state == ListedFile::State::missing)
         throw HEXFileFault({.file = archive, .member = name, .text = "no such member, which rqa.json lists"});
-    if (const std::string path = directory + "/" + name; !mayReplace && HUTFile::exists(path))
+    std::string path = directory + "/" + name;
+    if (!mayReplace && HUTFile::exists(path))
         throw RequestError(FailureKind::exists, {.file = path, .text = "already exists"});
-    return read.extract(type, directory, mayReplace);
+    HUTFile::mkDirRecursive(directory);
+    const bool isFolder = state == ListedFile::State::folder;  // a folder may have any type
+    (isFolder ? HUTZip::uncompressDir : HUTZip::uncompress)(archive, name, directory, mayReplace);
+    return path;
 }
 
 }  // namespace teq_platform::requests
