@@ -1,6 +1,7 @@
 #pragma once
 #include "json/JsonKeys.h"
 #include "platform/HTEQEmulations.h"
+#include "records/TEQEmulationLMX.h"
 
 /// The keys of the emulation metadata in JSON, for readers and `check`.
 namespace json {
@@ -13,3 +14,10 @@ template <>
 std::span<const Key<HTEQEmuFeatureRom>> keysOf<HTEQEmuFeatureRom>();
 
 }  // namespace json
+
+namespace readers {
+
+/// Adds what the XML form has. Its version attributes are not in the model.
+void fill(const TEQEmulation::Root& record, HTEQEmulations& emulations);
+
+}  // namespace readers

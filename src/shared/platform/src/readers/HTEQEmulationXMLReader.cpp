@@ -4,10 +4,9 @@
 
 #include "msg/Budget.h"
 #include "msg/HEXFileFault.h"
-#include "platform/HTEQEmulations.h"
 #include "readers/ArchiveMember.h"
+#include "readers/EmulationKeys.h"
 #include "readers/Reading.h"
-#include "records/TEQEmulationLMX.h"
 #include "util/HUTPathUtils.h"
 #include "xml/XmlReader.h"
 #include "zip/Request.h"
@@ -28,7 +27,9 @@ void orXmlException(const std::function<void()>& read) {
     }
 }
 
-void fill(const TEQEmulation::Root& record, HTEQEmulations& emulations) {
+}  // namespace
+
+void readers::fill(const TEQEmulation::Root& record, HTEQEmulations& emulations) {
     for (const TEQEmulation::Emulation& from : record.emulations.emulations) {
         HTEQEmulation& emulation = *emulations.createEmulation();
         emulation.setName(from.Name.get());
@@ -36,8 +37,6 @@ void fill(const TEQEmulation::Root& record, HTEQEmulations& emulations) {
             emulation.createFile(file.Type.get(), file.Name.get());
     }
 }
-
-}  // namespace
 
 HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmulations* emulations)
     : file_(file), emulations_(emulations) {
@@ -47,7 +46,7 @@ HTEQEmulationXMLReader::HTEQEmulationXMLReader(const std::string& file, HTEQEmul
 void HTEQEmulationXMLReader::parseXml() {
     const Budget budget;
     try {
-        fill(xml::readFile(TEQEmulation::kDocument, file_), *emulations_);
+        readers::fill(xml::readFile(TEQEmulation::kDocument, file_), *emulations_);
     } catch (const xml::Exception& e) {
         orXmlException([&] { report(e, file_, ""); });
     }
@@ -58,7 +57,7 @@ void HTEQEmulationXMLReader::readFromCfa(const std::string& archive, const std::
     const zip::Request request;
     const std::string text = readers::textOfMember(archive, member);
     try {
-        fill(xml::read(TEQEmulation::kDocument, text, archive + "!" + member), *emulations);
+        readers::fill(xml::read(TEQEmulation::kDocument, text, archive + "!" + member), *emulations);
     } catch (const xml::Exception& e) {
         report(e, archive, member);
     }

@@ -11,7 +11,6 @@
 #include "labels/LabelKeys.h"
 #include "platform/HDFToCFAConverter.h"
 #include "platform/HTEQEmulationJsonWriter.h"
-#include "platform/HTEQEmulationXMLReader.h"
 #include "platform/HTEQEmulationXMLWriter.h"
 #include "platform/HTEQEmulations.h"
 #include "platform/HTEQHardwarePlatform.h"
@@ -19,7 +18,6 @@
 #include "platform/JSONWriter.h"
 #include "platform/SimpleFixedLFACreator.h"
 #include "readers/EmulationKeys.h"
-#include "records/TEQEmulationLMX.h"
 #include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
@@ -152,8 +150,8 @@ HSTVector<ModuleFit> moduleFits(const std::string& platform, const HSTVector<std
 namespace {
 
 HSTVector<std::string> readXml(const std::string& file, HTEQEmulations& emulations) {
-    HTEQEmulationXMLReader(file, &emulations).parseXml();
     const TEQEmulation::Root root = xml::readFile(TEQEmulation::kDocument, file);
+    readers::fill(root, emulations);
     if (root.VersionMajor.get() == 0 && root.VersionMinor.get() == 0) return {};
     return {fmt::format("VersionMajor=\"{}\" VersionMinor=\"{}\": lost", root.VersionMajor.get(),
                         root.VersionMinor.get())};
