@@ -45,7 +45,8 @@ public:
         std::chrono::milliseconds time{0};
         /// Allow `exec`, `socket`, `load` and `open` of pipes.
         bool mayRunPrograms = false;
-        /// Gets what scripts print, at most 1 MiB for each evaluation; std::cout, if it is empty.
+        /// Gets what scripts print, at most 1 MiB for each evaluation; std::cout, if it is empty. It must not evaluate
+        /// scripts.
         std::function<void(std::string_view text)> output;
     };
     explicit task_limits(Values values);

@@ -27,7 +27,7 @@ public:
     static std::string_view utf8Prefix(std::string_view text, std::size_t longest);
 
     /// The text, or such a prefix and "...".
-    static std::string cut(std::string text, std::size_t longest);
+    static std::string cut(std::string_view text, std::size_t longest);
 
     /// The text for display in one line: bytes that are not UTF-8, control characters, and characters that change the
     /// direction of a text or have no width are shown as "\xNN".

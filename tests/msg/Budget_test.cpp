@@ -12,7 +12,7 @@ TEST(Budget, RefusesMoreThanEachLimit) {
         Cost cost;
         std::uint64_t limit;
     } kCases[] = {{Cost::bytes, 64U << 20}, {Cost::values, 500'000}, {Cost::records, 64U << 20},
-                  {Cost::nodes, 500'000},   {Cost::text, 64U << 20}, {Cost::inodes, 20'000},
+                  {Cost::nodes, 500'000},   {Cost::text, 64U << 20}, {Cost::inodes, 10'000},
                   {Cost::names, 2'000'000}};
     for (const auto& c : kCases) {
         const Budget budget;

@@ -23,7 +23,7 @@ constexpr std::array kLimits{
     Limit{64U << 20, 64, "the objects of the platform take more than 64 MiB"},
     Limit{500'000, 1, "the document has more than 500000 values"},
     Limit{64U << 20, 64, "the document has more than 64 MiB"},
-    Limit{20'000, 0, "the request makes more than 20000 files and directories"},
+    Limit{10'000, 0, "the request makes more than 10000 files and directories"},
     Limit{2'000'000, 64, "the request looks up more than 2000000 names to follow links"},
 };
 static_assert(kLimits.size() == static_cast<std::size_t>(Cost::count_), "one row for each cost");

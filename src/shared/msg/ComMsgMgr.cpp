@@ -51,10 +51,10 @@ void ComMsgMgr::setSink(Sink sink) { currentSink() = sink ? std::move(sink) : Si
 void ComMsgMgr::send(const ComMsgMgrInstance& message) {
     const Budget::Report report = Budget::report(message);
     if (report == Budget::Report::drop) return;
-    currentSink()(message);
+    const Sink sink = currentSink();  // which may set another one
+    sink(message);
     if (report == Budget::Report::sendAsLast)
-        currentSink()(
-            {"platform", "", message.mask, {}, "further messages of this kind are not shown", message.where});
+        sink({"platform", "", message.mask, {}, "further messages of this kind are not shown", message.where});
 }
 
 ComMsgMgrInstance ComMsgMgr::make_(const MsgRow& row, std::vector<std::string> args, std::source_location where) {

@@ -19,7 +19,8 @@ thread_local const task_limits::Values* presentLimits = nullptr;
 void task_manager::setEvaluator(Evaluator evaluator) { installed() = std::move(evaluator); }
 
 task_manager::Result task_manager::eval_in_tcl(const std::string& command, bool isRecorded, bool isGlobal) {
-    if (installed()) return installed()({command, isRecorded, isGlobal});
+    if (const Evaluator evaluator = installed())  // which may install another one
+        return evaluator({command, isRecorded, isGlobal});
     return tcl::evaluate(command, task_limits::present());
 }
 

@@ -151,10 +151,8 @@ std::string HSTStringUtils::printableJson(std::string_view json) {
     });
 }
 
-std::string HSTStringUtils::cut(std::string text, std::size_t longest) {
-    if (text.size() <= longest) return text;
-    text.resize(utf8Prefix(text, longest).size());
-    return text + "...";
+std::string HSTStringUtils::cut(std::string_view text, std::size_t longest) {
+    return std::string(utf8Prefix(text, longest)) + (text.size() > longest ? "..." : "");
 }
 
 std::string HSTStringUtils::excerpt(std::string_view text, std::size_t longest) {

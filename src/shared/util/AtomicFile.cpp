@@ -15,6 +15,7 @@
 #include "msg/HEXAll.h"
 #include "util/FileAttributes.h"
 #include "util/HUTFile.h"
+#include "util/SystemFault.h"
 #include "util/WriteAll.h"
 
 namespace util {
@@ -73,7 +74,7 @@ void removeLeftovers(int directory) {
 }  // namespace
 
 AtomicFile::AtomicFile(std::string target, mode_t mode)
-    : parent_(::open(HUTFile::getParent(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
+    : parent_(::open(HUTFile::getParent(target).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
       directory_(parent_.get()),
       name_(target.substr(target.rfind('/') + 1)),
       shown_(std::move(target)) {
@@ -93,7 +94,10 @@ AtomicFile::~AtomicFile() {
     if (isMade_) ::unlinkat(directory_, temporary_.c_str(), 0);
 }
 
-void AtomicFile::fail(int error) const { fail(std::generic_category().message(error)); }
+void AtomicFile::fail(int error) const {
+    noteSystemFault(shown_, error, "written");
+    fail(std::generic_category().message(error));
+}
 void AtomicFile::fail(const std::string& reason) const {
     throw HEXUserException("file '" + shown_ + "' could not be written: " + reason);
 }
@@ -194,6 +198,7 @@ void AtomicFile::commitWith(AtomicFile& other, bool mayReplace) {
 
 int syncDirectory(int directory) {
     const Descriptor file = reopened(directory);
+    if (!file.isOpen() && errno == EACCES) return 0;  // one may only write to it
     return file.isOpen() && ::fsync(file.get()) == 0 ? 0 : errno;
 }
 

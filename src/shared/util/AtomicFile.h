@@ -61,7 +61,7 @@ private:
 };
 
 /// Waits until the disk has the names in an open directory; the descriptor may be one with O_PATH. Returns 0 or the error
-/// number: EACCES if the directory may not be read.
+/// number; 0 as well for a directory that one may write to and not read, which cannot be waited for.
 int syncDirectory(int directory);
 
 }  // namespace util

@@ -1,5 +1,7 @@
 #include "util/SystemFault.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -26,6 +28,11 @@ void noteSystemFault(const std::string& path, int number, const char* action) no
                             std::string("cannot be ") + action + ": " + std::generic_category().message(number)};
     } catch (const std::bad_alloc&) {  // which the caller reports when it needs memory
     }
+}
+
+void noteWhyMissing(const std::string& path) noexcept {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) noteSystemFault(path, errno);
 }
 
 const SystemFault* systemFault() { return first ? &*first : nullptr; }

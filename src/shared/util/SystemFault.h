@@ -14,6 +14,9 @@ struct SystemFault {
 
 /// Remembers the first error of the thread, if `number` is one of the system. Never throws.
 void noteSystemFault(const std::string& path, int number, const char* action = "opened") noexcept;
+/// Likewise, if the system does not say what this path leads to: a file that seems to be missing may be in a directory that
+/// may not be searched.
+void noteWhyMissing(const std::string& path) noexcept;
 /// Null if there was none since the last call of `forgetSystemFaults`.
 const SystemFault* systemFault();
 void forgetSystemFaults();

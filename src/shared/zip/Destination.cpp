@@ -44,7 +44,7 @@ std::optional<int> numberOf(std::string_view path) {
 /// A name in an open directory, which later steps use, whatever becomes of the path.
 class Target {
 public:
-    explicit Target(const std::string& path)
+    Target(const std::string& path, bool mayReplace)
         : path_(path),
           parent_(::open(HUTFile::getParent(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
           name_(path.substr(path.rfind('/') + 1)) {
@@ -54,6 +54,7 @@ public:
         exists_ = ::fstatat(parent_.get(), name_.c_str(), &status_, AT_SYMLINK_NOFOLLOW) == 0;
         if (!exists_ && errno != ENOENT) fail(path, errno);
         if (exists_ && S_ISDIR(status_.st_mode)) fail(path, EISDIR);
+        if (exists_ && !mayReplace) fail(path, EEXIST);  // even a pipe: somebody else may have made it just now
     }
 
     /// One of the process's own descriptors that it names, itself or by a link.
@@ -69,8 +70,7 @@ public:
     }
 
     /// The file, which is not committed yet; it must not outlive this object.
-    std::unique_ptr<util::AtomicFile> makeFile(const Fill& fill, bool mayReplace) const {
-        if (exists_ && !mayReplace) fail(path_, EEXIST);
+    std::unique_ptr<util::AtomicFile> makeFile(const Fill& fill) const {
         auto file = std::make_unique<util::AtomicFile>(parent_.get(), name_, path_, 0666);
         fill([&file](std::string_view bytes) { file->append(bytes); });
         return file;
@@ -80,11 +80,9 @@ public:
     /// cannot be done without copying the file.
     bool take(const std::string& from, bool mayReplace) const {
         if (isStream()) return false;
-        if (exists_ && !mayReplace) fail(path_, EEXIST);
         const unsigned flags = mayReplace ? 0 : RENAME_NOREPLACE;
         if (::renameat2(AT_FDCWD, from.c_str(), parent_.get(), name_.c_str(), flags) != 0) return false;
-        const int error = util::syncDirectory(parent_.get());
-        if (error != 0 && error != EACCES) fail(path_, error);  // EACCES: a directory that one may only write to
+        if (const int error = util::syncDirectory(parent_.get())) fail(path_, error);
         return true;
     }
 
@@ -113,18 +111,18 @@ private:
 }  // namespace
 
 void zip::writeDestination(const std::string& path, const Fill& fill, bool mayReplace) {
-    const Target target(path);
+    const Target target(path, mayReplace);
     if (target.isStream()) return target.writeStream(fill);
-    target.makeFile(fill, mayReplace)->commit(mayReplace);
+    target.makeFile(fill)->commit(mayReplace);
 }
 
 void zip::writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace) {
-    const Target targets[] = {Target(first.path), Target(second.path)};
+    const Target targets[] = {Target(first.path, mayReplace), Target(second.path, mayReplace)};
     const std::string_view texts[] = {first.bytes, second.bytes};
     std::unique_ptr<util::AtomicFile> files[2];
     const auto fill = [&texts](int i) { return [bytes = texts[i]](const auto& take) { take(bytes); }; };
     for (const int i : {0, 1})
-        if (!targets[i].isStream()) files[i] = targets[i].makeFile(fill(i), mayReplace);
+        if (!targets[i].isStream()) files[i] = targets[i].makeFile(fill(i));
     for (const int i : {0, 1})
         if (!files[i]) targets[i].writeStream(fill(i));
     if (files[0] && files[1]) return files[0]->commitWith(*files[1], mayReplace);
@@ -148,7 +146,7 @@ void zip::copyToDestination(const std::string& from, const std::string& path, bo
 }
 
 void zip::moveToDestination(const std::string& from, const std::string& path, bool mayReplace) {
-    if (!Target(path).take(from, mayReplace)) copyToDestination(from, path, mayReplace);
+    if (!Target(path, mayReplace).take(from, mayReplace)) copyToDestination(from, path, mayReplace);
 }
 
-bool zip::isStream(const std::string& path) { return Target(path).isStream(); }
+bool zip::isStream(const std::string& path) { return Target(path, true).isStream(); }

@@ -140,10 +140,5 @@ void packFolder(const std::string& folder, const std::string& archive, bool mayR
     Packer packer(util::Descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)),
                   withoutEndSeparator(folder), 0, isExcluded);
     packer.add(added);
-    if (!zip::isStream(archive)) return packer.packTo(archive, mayReplace, accept);
-    const util::ScratchDirectory scratch;
-    const std::string extension = HUTFile::getExt(archive);
-    const std::string made = scratch.path() + "/packed" + (extension.empty() ? "" : "." + extension);
-    packer.packTo(made, false, accept);
-    zip::copyToDestination(made, archive);
+    packer.packTo(archive, mayReplace, accept);
 }

@@ -6,6 +6,9 @@
 #include "msg/HEXAll.h"
 #include "text/HSTStringUtils.h"
 #include "util/AtomicFile.h"
+#include "util/HUTFile.h"
+#include "util/PrivateTmpDir.h"
+#include "zip/Destination.h"
 #include "zip/MemberName.h"
 #include "zip/MemoryBytes.h"
 #include "zip/ZipWriter.h"
@@ -34,6 +37,13 @@ void NewArchive::add(Member member, bool hasData) {
 
 void NewArchive::commit(const std::string& archive, bool mayReplace,
                         const std::function<void(const std::string&)>& accept) {
+    if (isStream(archive)) {
+        const util::ScratchDirectory scratch;
+        const std::string extension = HUTFile::getExt(archive);
+        const std::string copy = scratch.path() + "/packed" + (extension.empty() ? "" : "." + extension);
+        commit(copy, false, accept);
+        return copyToDestination(copy, archive, mayReplace);
+    }
     sort();
     util::AtomicFile made(archive, 0666);
     write(made);

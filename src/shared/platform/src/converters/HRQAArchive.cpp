@@ -85,7 +85,10 @@ const std::string& HRQAArchive::getJsonFileName() {
     return name;
 }
 
-bool HRQAArchive::parse() { return parseJsonString(readJsonFile()); }
+bool HRQAArchive::parse() {
+    const zip::Request request;
+    return parseJsonString(readJsonFile());
+}
 
 std::string HRQAArchive::readJsonFile() const {
     if (!HUTFile::isFile(file_)) {

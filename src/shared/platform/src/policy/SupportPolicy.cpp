@@ -32,7 +32,7 @@ bool isBefore(const Version& a, const Version& b) {
     return a.major < b.major || (a.major == b.major && a.minor < b.minor);
 }
 
-constexpr std::size_t kMaxFact = 4000;  ///< bytes of a fact that are kept
+constexpr std::size_t kMaxFact = 4000;  ///< bytes of a fact that are kept or named in a sentence
 
 /// What the rules of one verdict ask. Facts are fetched once, and recorded with each rule that looks at them.
 class Asking {
@@ -77,22 +77,23 @@ public:
         const std::string path = facts_.filePath();
         return fmt::format(fmt::runtime(sentence), fmt::arg("path", path),
                            fmt::arg("name", std::filesystem::path(path).filename().native()),
-                           fmt::arg("platform", platform_ ? platform_->text : ""),
-                           fmt::arg("tool", tool_ ? tool_->text : ""),
-                           fmt::arg("entry", listing_ && !listing_->reason.empty() ? " Reason: " + listing_->reason
-                                                                                   : std::string()));
+                           fmt::arg("platform", platform_ ? textOf(*platform_) : ""),
+                           fmt::arg("tool", tool_ ? textOf(*tool_) : ""),
+                           fmt::arg("entry", listing_ && !listing_->reason.empty()
+                                                 ? " Reason: " + HSTStringUtils::cut(listing_->reason, kMaxFact)
+                                                 : std::string()));
     }
 
 private:
     static std::string textOf(bool value) { return value ? "yes" : "no"; }
-    static std::string textOf(const Version& version) { return version.text; }
+    static std::string textOf(const Version& version) { return HSTStringUtils::cut(version.text, kMaxFact); }
     static std::string textOf(const std::shared_ptr<const ExtendedWarranty>& warranty) {
         std::string text;
         for (const std::string& version : warranty->texts()) {
             if (text.size() > kMaxFact) break;
-            text += (text.empty() ? "" : ", ") + version;
+            text += (text.empty() ? "" : ", ") + HSTStringUtils::cut(version, kMaxFact);
         }
-        return warranty->texts().empty() ? "none" : text;
+        return warranty->texts().empty() ? "none" : HSTStringUtils::cut(text, kMaxFact);
     }
     static std::string textOf(const Listing& listing) {
         constexpr const char* kTexts[] = {"black_list", "white_list", "no list", "not listed"};
@@ -103,8 +104,7 @@ private:
     const T& ask(std::optional<T>& known, const char* name, Fetch fetch) {
         if (!known) known = fetch();
         const auto isSame = [name](const teq::platform::PolicyFact& fact) { return fact.name == name; };
-        if (std::ranges::none_of(step_->facts, isSame))
-            step_->facts.push_back({name, HSTStringUtils::cut(textOf(*known), kMaxFact)});
+        if (std::ranges::none_of(step_->facts, isSame)) step_->facts.push_back({name, textOf(*known)});
         return *known;
     }
 

@@ -21,8 +21,7 @@
 
 namespace teq_platform::requests {
 void checkDestination(const std::string& destination, bool mayReplace) {
-    if (!mayReplace && HUTFile::exists(destination))
-        throw RequestError(FailureKind::exists, {.file = destination, .text = "already exists"});
+    if (!mayReplace) checkFree(destination);
     if (const std::string directory = HUTFile::getParent(destination); !HUTFile::isDir(directory))
         throw RequestError(FailureKind::environment, {.file = directory, .text = "no such directory"});
 }

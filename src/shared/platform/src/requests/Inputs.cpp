@@ -43,6 +43,12 @@ void checkInput(const std::string& file) {
     if (!HUTFile::exists(file)) throw HEXFileNotFoundException(file);
 }
 
+void checkFree(const std::string& destination) {
+    struct stat status {};
+    if (::lstat(destination.c_str(), &status) == 0)
+        throw RequestError(FailureKind::exists, {.file = destination, .text = "already exists"});
+}
+
 void checkOutput(const std::string& destination, const HSTVector<std::string>& extensions, bool mayReplace,
                  const HSTVector<std::string>& inputs) {
     if (!extensions.empty() && std::ranges::find(extensions, HUTFile::getExt(destination)) == extensions.end())

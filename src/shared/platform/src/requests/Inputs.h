@@ -13,6 +13,8 @@ inline constexpr std::size_t kMaxLines = 1000;
 void openForChange(const std::string& archive);
 /// Expects an existing file.
 void checkInput(const std::string& file);
+/// Expects that nothing has this name, not even a dangling link.
+void checkFree(const std::string& destination);
 /// Expects a destination with one of the extensions, that may be written and is not the input.
 void checkOutput(const std::string& destination, const HSTVector<std::string>& extensions, bool mayReplace,
                  const HSTVector<std::string>& inputs);

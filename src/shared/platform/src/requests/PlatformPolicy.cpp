@@ -79,7 +79,9 @@ Version toolVersion(const std::string& text) {
 template <class Run>
 auto checked(const HTEQPlatform& platform, Run run) {
     try {
-        return run();
+        auto result = run();
+        checkSystem();  // a list that cannot be read must not count as none
+        return result;
     } catch (const boost::property_tree::ptree_error& e) {
         throw RequestError(FailureKind::badInput, readers::diagnosticOf(e, platform.getPlatformFile()));
     } catch (const std::logic_error&) {

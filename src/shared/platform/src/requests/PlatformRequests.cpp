@@ -1,13 +1,9 @@
 #include "platform/PlatformRequests.h"
-#include "msg/SharedBudget.h"
-
-#include <sys/stat.h>
-
-#include <cerrno>
 
 #include "json/JsonSchema.h"
 #include "json/JsonText.h"
 #include "msg/Budget.h"
+#include "msg/SharedBudget.h"
 #include "platform/HPLPlatform.h"
 #include "platform/HTEQCfaXmlWriter.h"
 #include "platform/JSONWriter.h"
@@ -19,9 +15,7 @@
 #include "requests/Inputs.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
-#include "util/HUTFile.h"
 #include "util/ShownPath.h"
-#include "util/SystemFault.h"
 #include "zip/Request.h"
 
 namespace teq_platform::requests {
@@ -75,11 +69,7 @@ SharedScope::SharedScope() : budget_(std::make_unique<SharedBudget>()) {}
 SharedScope::~SharedScope() = default;
 
 std::shared_ptr<HTEQPlatform> load(const std::string& file, HwMetadataMode mode) {
-    if (!HUTFile::exists(file)) {
-        struct stat status {};
-        if (::stat(file.c_str(), &status) != 0) util::noteSystemFault(file, errno);
-        throw HEXFileNotFoundException(file);
-    }
+    checkInput(file);
     try {
         auto platform = PlatformLoader::open(file, mode);
         checkSystem();

@@ -47,8 +47,7 @@ constexpr struct {
 
 FailureKind kindOf(const std::exception& e) {
     if (const auto* error = dynamic_cast<const RequestError*>(&e)) return error->kind();
-    const FailureKind kind = std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
-    return util::systemFault() && (kind == badInput || kind == noSuchFile) ? environment : kind;
+    return std::ranges::find_if(kKinds, [&](const auto& row) { return row.fits(e); })->kind;
 }
 
 /// The texts of the exceptions nested in `e`.
@@ -72,14 +71,18 @@ std::string shownPath(const std::string& path, const std::string& file) {
 
 HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std::string& file) {
     if (kind == noMemory) return {.file = file, .text = "out of memory"};
-    if (isA<HEXFileNotFoundException>(e) && kind == environment)
-        return {.file = e.what(), .text = util::systemFault()->text};
     if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
     HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
     if (diagnostic.file.empty() && !isA<RequestError>(e)) diagnostic.file = file;  // a limit of the request
     if (kind == badInput) diagnostic.file = shownPath(diagnostic.file, file);
     diagnostic.text += reasonsOf(e);
     return diagnostic;
+}
+
+/// The error of the system that made a file seem bad, or to be missing; null if there was none.
+const util::SystemFault* causeOf(FailureKind kind, const std::exception& e, const HEXDiagnostic& diagnostic) {
+    if (kind == noSuchFile) util::noteWhyMissing(diagnostic.file);
+    return kind == noSuchFile || (kind == badInput && !isA<RequestError>(e)) ? util::systemFault() : nullptr;
 }
 
 }  // namespace
@@ -99,8 +102,11 @@ Failure currentFailure(const std::string& file) {
     try {
         throw;
     } catch (const std::exception& e) {
-        const FailureKind kind = kindOf(e);
-        return {kind, diagnosticOf(e, kind, file)};
+        Failure failure{kindOf(e), {}};
+        failure.diagnostic = diagnosticOf(e, failure.kind, file);
+        if (const util::SystemFault* const cause = causeOf(failure.kind, e, failure.diagnostic))
+            failure = {environment, {.file = cause->path, .text = cause->text}};
+        return failure;
     } catch (...) {
         return {internal, {.file = file, .text = "unknown exception"}};
     }

@@ -210,6 +210,7 @@ RqaContent rqaContent(const std::string& archive) {
 }
 
 std::string rqaIndex(const std::string& archive) {
+    const zip::Request scope;
     HRQAArchive read(archive);
     read.parseRoot(open(archive).index);
     JSONObjectWriter writer;
@@ -237,8 +238,7 @@ std::string extractFromRqa(const std::string& archive, const std::string& type, 
     if (state == ListedFile::State::missing)
         throw HEXFileFault({.file = archive, .member = name, .text = "no such member, which rqa.json lists"});
     std::string path = directory + "/" + name;
-    if (!mayReplace && HUTFile::exists(path))
-        throw RequestError(FailureKind::exists, {.file = path, .text = "already exists"});
+    if (!mayReplace) checkFree(path);
     HUTFile::mkDirRecursive(directory);
     const bool isFolder = state == ListedFile::State::folder;  // a folder may have any type
     (isFolder ? HUTZip::uncompressDir : HUTZip::uncompress)(archive, name, directory, mayReplace);

@@ -7,11 +7,13 @@
 #include "archive/PackedText.h"
 #include "json/JsonKeys.h"
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 #include "msg/ComMsgMgr.h"
 #include "msg/HEXAll.h"
 #include "services/TreeWalk.h"
 #include "text/HSTStringUtils.h"
 #include "util/HUTFile.h"
+#include "util/SystemFault.h"
 
 namespace services {
 namespace {
@@ -69,12 +71,16 @@ bool isFor(const ptree& products, const std::string& product) {
 }  // namespace
 
 ExceptionList::ExceptionList(std::string file) : file_(std::move(file)) {
-    if (!HUTFile::isFile(file_)) return;
+    if (!HUTFile::isFile(file_)) {
+        util::noteWhyMissing(file_);
+        return;
+    }
     try {
         json::parse(archive::readPackedText(file_), file_, list_);
     } catch (const HEXAll&) {
     } catch (const boost::property_tree::ptree_error&) {
     }
+    Budget::expectKept(file_);  // a platform that costs too much must not do without the list
 }
 
 std::string ExceptionList::faultOf(const ptree& list) {
