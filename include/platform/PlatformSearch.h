@@ -33,8 +33,8 @@ struct FoundPlatform {
         std::string type = {};                ///< "fennick", "lorimar", "acceleration" or "undefined"
         std::string part = {};                ///< composed name of the first device's part
         std::string architecture = {};        ///< first field of that part
-        std::string board = {};               ///< board id
-        std::string vbnv = {};                ///< "vendor:board:name:version"
+        std::string board = {};               ///< board id, at most 4,000 bytes, then "..."
+        std::string vbnv = {};                ///< "vendor:board:name:version", likewise
         HSTVector<std::string> intents = {};  ///< design intents, names as in `Find::intent`
     };
 

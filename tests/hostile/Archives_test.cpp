@@ -57,7 +57,7 @@ TEST(HostileArchives, CutAtEveryByte) {
 
 TEST(HostileArchives, MetadataIsBounded) {
     const std::uint64_t bound = 32UL * 1024 * 1024;
-    const std::string head = R"({"name": "n", "padding": ")", tail = "\"}";
+    const std::string head = R"({"name": "n", )", tail = R"("padding": "p"})";
     for (const std::uint64_t size : {bound, bound + 1}) {
         Zip zip;
         zip.entries = {Entry("lfa.json", head + std::string(size - head.size() - tail.size(), ' ') + tail, true)};

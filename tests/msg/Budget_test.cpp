@@ -11,9 +11,9 @@ TEST(Budget, RefusesMoreThanEachLimit) {
     const struct {
         Cost cost;
         std::uint64_t limit;
-    } kCases[] = {{Cost::bytes, 64U << 20}, {Cost::values, 500'000}, {Cost::records, 64U << 20},
-                  {Cost::nodes, 500'000},   {Cost::text, 64U << 20}, {Cost::inodes, 10'000},
-                  {Cost::names, 2'000'000}};
+    } kCases[] = {{Cost::bytes, 64U << 20},   {Cost::values, 500'000}, {Cost::content, 16U << 20},
+                  {Cost::records, 64U << 20}, {Cost::nodes, 500'000},  {Cost::text, 32U << 20},
+                  {Cost::inodes, 10'000},     {Cost::names, 2'000'000}};
     for (const auto& c : kCases) {
         const Budget budget;
         Budget::spend(c.cost, c.limit - 1);
@@ -54,7 +54,7 @@ TEST(Budget, IsSharedByTheRequestsOfACall) {
     Budget::spend(Cost::values, 200);
     EXPECT_NE(Budget::refusal(Cost::values), nullptr);
     SharedBudget::addFile(1, 3, ~0UL);
-    EXPECT_EQ(Budget::refusal(Cost::text, 64U << 20), nullptr);
+    EXPECT_EQ(Budget::refusal(Cost::text, 32U << 20), nullptr);
 }
 
 TEST(Budget, SendsAHundredMessagesOfAKind) {

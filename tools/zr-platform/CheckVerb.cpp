@@ -80,6 +80,7 @@ Exit judgeForTools(const std::string& file, const Call& call, Records& records, 
     for (const auto& [tool, verdict] : requests::verdicts(loaded(platformFile(file, call), call), requestOf(call),
                                                           range.substr(0, dots), range.substr(dots + 2))) {
         rows.push_back({tool, answerOf(verdict), verdict.steps.back().rule});
+        if (!Records::areAsked(call)) continue;
         records.add({{"file", file},
                      {"tool", tool},
                      {"usable", verdict.isSupported},

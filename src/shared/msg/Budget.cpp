@@ -20,9 +20,10 @@ struct Limit {
 constexpr std::array kLimits{
     Limit{64U << 20, 64, "the request reads more than 64 MiB of metadata"},
     Limit{500'000, 1, "the request reads more than 500000 values"},
+    Limit{16U << 20, 64, "the request reads more than 16 MiB of keys and texts"},
     Limit{64U << 20, 64, "the objects of the platform take more than 64 MiB"},
     Limit{500'000, 1, "the document has more than 500000 values"},
-    Limit{64U << 20, 64, "the document has more than 64 MiB"},
+    Limit{32U << 20, 64, "the document has more than 32 MiB"},
     Limit{10'000, 0, "the request makes more than 10000 files and directories"},
     Limit{2'000'000, 64, "the request looks up more than 2000000 names to follow links"},
 };

@@ -4,6 +4,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "msg/ComMsgMgr.h"
 
@@ -11,6 +12,7 @@
 enum class Cost {
     bytes,    ///< of members and XML files that are read whole
     values,   ///< JSON values, XML elements and attributes parsed
+    content,  ///< bytes of their keys and texts, or of their tags
     records,  ///< bytes of the objects that are made from them
     nodes,    ///< values of the documents that are made
     text,     ///< bytes of these documents, and of trees made of them
@@ -56,4 +58,20 @@ private:
     std::unique_ptr<Budget> second_;       ///< of `OwnBudget`
     bool isSecond_ = false;
     bool isOutermost_;
+};
+
+/// Asks the budget once for many small amounts.
+class SmallAmounts {
+public:
+    explicit SmallAmounts(Cost cost) : cost_(cost) {}
+    /// See `Budget::refusal`.
+    const char* refusal(std::uint64_t amount) {
+        constexpr std::uint64_t kStep = 1 << 16;
+        sum_ += amount;
+        return sum_ < kStep ? nullptr : Budget::refusal(cost_, std::exchange(sum_, 0));
+    }
+
+private:
+    Cost cost_;
+    std::uint64_t sum_ = 0;
 };

@@ -109,6 +109,7 @@ private:
     std::vector<const Attribute*> meant_;      ///< of the current tag: misspelled
     std::size_t skipping_ = 0;                 ///< open elements that are skipped, below the last frame
     std::size_t nodes_ = 0;
+    SmallAmounts content_{Cost::content}, records_{Cost::records};
     bool stopped_ = false;
     std::exception_ptr thrown_;  ///< by a handler; rethrown after the parser, which is C
 };
@@ -201,6 +202,8 @@ void Reader::boundToken_() {
     if (size > kMaxToken)
         stopWith_(fault::kLimit, openName_(),
                   fmt::format("a tag or a comment has {} bytes; at most {} are read", size, kMaxToken));
+    else if (const char* const why = content_.refusal(size))
+        stopWith_(fault::kLimit, openName_(), why);
 }
 
 bool Reader::withinLimits_(const char** attributes) {
@@ -247,6 +250,10 @@ bool Reader::open_(std::string_view qualified, std::size_t scopes) {
     Frame& frame = frames_.back();
     const Child* child = place_(frame, name);
     if (!child) return false;
+    if (const char* const why = records_.refusal(child->size)) {
+        stopWith_(fault::kLimit, child->name, why);
+        return false;
+    }
     push_(child->name, *child->element, child->add(frame.content.record()), scopes);
     return true;
 }
@@ -334,6 +341,8 @@ void Reader::text_(std::string_view text) {
         if (held.size() + text.size() > kMaxToken)
             stopWith_(fault::kLimit, frame.name,
                       fmt::format("the text of <{}> has more than {} bytes", frame.name, kMaxToken));
+        else if (const char* const why = content_.refusal(text.size()))
+            stopWith_(fault::kLimit, frame.name, why);
         else
             held += text;
     } else if (!frame.strayTextReported && !isBlank(text)) {

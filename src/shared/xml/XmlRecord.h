@@ -74,6 +74,7 @@ struct Child {
     void* (*at)(void* record, std::size_t index);
     const char* doc;
     std::size_t most = kUnbounded;  ///< maximum for one that repeats; more are an error
+    std::size_t size = 0;           ///< bytes of each one, if they are kept in a list
 
     bool repeats() const { return occurs == Occurs::anyNumber || occurs == Occurs::atLeastOnce; }
     bool neededToRead() const { return occurs == Occurs::once || occurs == Occurs::atLeastOnce; }
@@ -213,6 +214,7 @@ constexpr AttributeOf<RecordOf<M>> attribute(const char* name, bool required, co
 template <class V>
 struct Held {  // a value
     using Record = V;
+    static constexpr std::size_t kSize = 0;
     static void* add(V& held) { return &held; }
     static std::size_t count(const V&) { return 1; }
     static void* at(V& held, std::size_t) { return &held; }
@@ -220,6 +222,7 @@ struct Held {  // a value
 template <class V>
 struct Held<std::optional<V>> {
     using Record = V;
+    static constexpr std::size_t kSize = 0;
     static void* add(std::optional<V>& held) { return &held.emplace(); }
     static std::size_t count(const std::optional<V>& held) { return held ? 1 : 0; }
     static void* at(std::optional<V>& held, std::size_t) { return held ? &*held : nullptr; }
@@ -227,6 +230,7 @@ struct Held<std::optional<V>> {
 template <class V>
 struct Held<std::vector<V>> {
     using Record = V;
+    static constexpr std::size_t kSize = sizeof(V);
     static void* add(std::vector<V>& held) { return &held.emplace_back(); }
     static std::size_t count(const std::vector<V>& held) { return held.size(); }
     static void* at(std::vector<V>& held, std::size_t index) { return &held[index]; }
@@ -241,7 +245,7 @@ constexpr ChildOf<RecordOf<M>> child(const char* name, Occurs occurs, const Elem
     using H = Held<ValueOf<M>>;
     return {{name, occurs, &element, [](void* record) { return H::add(member<M>(record)); },
              [](const void* record) { return H::count(member<M>(record)); },
-             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, doc, most}};
+             [](void* record, std::size_t index) { return H::at(member<M>(record), index); }, doc, most, H::kSize}};
 }
 
 }  // namespace detail

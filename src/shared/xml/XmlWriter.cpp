@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "msg/Budget.h"
+#include "msg/HEXFileFault.h"
 #include "text/HSTStringUtils.h"
 
 namespace xml {
@@ -93,6 +95,7 @@ private:
         out_.append(2 * depth, ' ');
         out_ += '<' + prefix_ + name + declaration;
         for (const Attribute& row : element.attributes) attribute_(row, row.member(record));
+        count_();
         const Content content = contentOf(element, record);
         const std::size_t tagEnd = out_.size();
         out_ += '>';
@@ -111,6 +114,12 @@ private:
         }
         if (!element.text) out_.append(2 * depth, ' ');
         out_ += "</" + prefix_ + name + ">\n";
+    }
+
+    /// What has been written since the last call.
+    void count_() {
+        if (const char* const why = budget_.refusal(out_.size() - counted_)) throw HEXFileFault({.text = why});
+        counted_ = out_.size();
     }
 
     void attribute_(const Attribute& row, const void* attr) {
@@ -141,6 +150,8 @@ private:
 
     std::string prefix_;
     std::string out_;
+    std::size_t counted_ = 0;
+    SmallAmounts budget_{Cost::text};
 };
 
 }  // namespace

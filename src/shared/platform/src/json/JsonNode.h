@@ -30,6 +30,8 @@ public:
     std::string data() const { return std::string(text()); }
     /// Its number in the order of the document, which is 0 itself.
     std::uint32_t index() const { return index_; }
+    /// By position; for nodes of one document.
+    bool operator<(const Node& other) const { return index_ < other.index_; }
     /// Whether there are no children.
     bool empty() const;
     Iterator begin() const;

@@ -36,8 +36,9 @@ public:
     bool on_array_begin(error_code& ec) { return open(ec); }
     bool on_array_end(std::size_t, error_code&) { return close(); }
     bool on_key_part(view part, std::size_t, error_code&) { return keep(part); }
-    bool on_key(view part, std::size_t, error_code& ec) {
+    bool on_key(view part, std::size_t size, error_code& ec) {
         key_ = finished(part);
+        if (!count(size, ec)) return false;
         if (hasNul(key_)) return refuse(ec, "a key holds a NUL");
         const std::string_view key = document_.view(key_);
         return key.size() < limits_.keyLevels ||
@@ -45,7 +46,7 @@ public:
                refuse(ec, "a key has too many levels between its dots");
     }
     bool on_string_part(view part, std::size_t, error_code&) { return keep(part); }
-    bool on_string(view part, std::size_t, error_code& ec) { return put(finished(part), ec); }
+    bool on_string(view part, std::size_t size, error_code& ec) { return count(size, ec) && put(finished(part), ec); }
     bool on_number_part(view part, error_code&) { return keep(part); }
     bool on_int64(std::int64_t, view part, error_code& ec) { return put(finished(part), ec); }
     bool on_uint64(std::uint64_t, view part, error_code& ec) { return put(finished(part), ec); }
@@ -80,6 +81,11 @@ private:
         keep(part);
         return std::exchange(pending_, {});
     }
+    /// Of a key or a text.
+    bool count(std::size_t size, error_code& ec) {
+        const char* const why = limits_.countsContent ? content_.refusal(size) : nullptr;
+        return !why || refuse(ec, why);
+    }
     bool make(Part text, error_code& ec) {
         if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values");
         if (const char* const why = Budget::refusal(Cost::values)) return refuse(ec, why);
@@ -110,6 +116,7 @@ private:
     std::vector<std::uint32_t> open_;
     Part key_, pending_;
     std::size_t nodes_ = 0;
+    SmallAmounts content_{Cost::content};
 };
 
 namespace {

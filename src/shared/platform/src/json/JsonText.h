@@ -17,9 +17,10 @@ struct Limits {
     std::size_t depth = 192;        ///< levels of brackets; trees are copied and destroyed by recursion
     std::size_t nodes = 1'000'000;  ///< values of the whole document
     std::size_t keyLevels = 64;     ///< dot-separated levels of a key that is used as a path
+    bool countsContent = true;      ///< a request may read only so many bytes of keys and texts
 };
 inline constexpr Limits kUntrusted{};        ///< for members of archives and files of others
-inline constexpr Limits kOwn{.depth = 256};  ///< for documents that this library wrote
+inline constexpr Limits kOwn{.depth = 256, .countsContent = false};  ///< for documents that this library wrote
 
 /// Fills `tree` with the document `text`: numbers, true, false and null as in the text, duplicate keys kept in order,
 /// a leading byte-order mark skipped. Throws `json_parser_error` with `name`, the line and the error if the text is not JSON

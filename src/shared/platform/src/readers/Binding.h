@@ -181,7 +181,7 @@ private:
 
 template <class R, class M>
 void read(const R& record, M& object) {
-    Budget::spend(Cost::records, sizeof(R) + sizeof(M));
+    Budget::spend(Cost::records, sizeof(M));  // the record has been counted when it was read
     readRows(rowsOf(Fields<R, M>()), &record, &object);
 }
 

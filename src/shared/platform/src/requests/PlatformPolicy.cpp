@@ -8,6 +8,7 @@
 #include "archive/PackedText.h"
 #include "env/ProductName.h"
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 #include "platform/HTEQEnv.h"
 #include "platform/HTEQHardwarePlatform.h"
 #include "platform/PlatformRequests.h"
@@ -173,6 +174,7 @@ HSTVector<VerdictOfTool> verdicts(const std::shared_ptr<HTEQPlatform>& platform,
         for (int major = from.major; major <= to.major; ++major)
             for (int minor = major == from.major ? from.minor : 1; minor <= (major == to.major ? to.minor : kMinors);
                  ++minor) {
+                Budget::spend(Cost::nodes);  // a call may ask this for thousands of platforms
                 Supposed supposed(facts, std::to_string(major) + "." + std::to_string(minor));
                 all.push_back({supposed.toolVersion(), policy::decide(request.question, supposed)});
             }

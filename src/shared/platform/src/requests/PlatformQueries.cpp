@@ -1,9 +1,12 @@
 #include "platform/PlatformQueries.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
+#include <vector>
 
 #include "json/JsonText.h"
+#include "msg/Budget.h"
 #include "msg/HEXFileFault.h"
 #include "msg/Silence.h"
 #include "platform/NativeDictService.h"
@@ -123,6 +126,7 @@ ptree documentationTree() {
 struct Questions::State {
     std::string file;
     json::Document document;
+    std::map<json::Node, std::vector<json::Node>> lists;
     std::optional<Keys> keys;
 };
 
@@ -134,11 +138,14 @@ Questions::~Questions() = default;
 
 Answer Questions::answer(const std::string& path) const {
     const json::Node document = state_->document.root();
-    const auto found = services::find(document, path);
-    if (!found.node) refuse(state_->file, "no " + quoted(path) + explained(document, found.path));
+    const auto found = services::find(services::Indexed<json::Node>{document, &state_->lists}, path);
+    const json::Node node = found.node.node;
+    if (!node) refuse(state_->file, "no " + quoted(path) + explained(document, found.path));
     using Kind = Answer::Kind;
-    const Kind kind = found.node.empty() ? Kind::value : services::isObject(found.node) ? Kind::object : Kind::list;
-    return {kind, services::answerOf(found.node, found.path)};
+    const Kind kind = node.empty() ? Kind::value : services::isObject(node) ? Kind::object : Kind::list;
+    Answer answer{kind, services::answerOf(node, found.path)};
+    Budget::spend(Cost::text, answer.text.size());  // there may be thousands of paths
+    return answer;
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {

@@ -62,17 +62,21 @@ std::vector<std::pair<std::string, std::string>> descriptorsIn(const std::string
     return found;
 }
 
+/// A search may find many platforms, each with long texts.
+std::string kept(const std::string& text) { return HSTStringUtils::cut(text, 4000); }
+
 FoundPlatform::Hardware hardwareOf(const HTEQPlatform& platform) {
     const HTEQHardwarePlatform* const hardware = repository::hardwareOf(&platform);
     if (!hardware) return {.type = "undefined"};
     const HTEQDevice* const device = repository::deviceOf(&platform);
-    FoundPlatform::Hardware known{.type = platform.getTypeString(),
-                                  .part = device ? device->getPartName() : "",
-                                  .architecture = device ? device->getPartArch() : "",
-                                  .board = hardware->getBoardId(),
-                                  .vbnv = HPLPlatform::getVBNVAsStr(hardware->getVendor(), hardware->getBoardId(),
-                                                                    hardware->getName(), hardware->getVersion()),
-                                  .intents = {}};
+    FoundPlatform::Hardware known{
+        .type = platform.getTypeString(),
+        .part = device ? device->getPartName() : "",
+        .architecture = device ? device->getPartArch() : "",
+        .board = kept(hardware->getBoardId()),
+        .vbnv = kept(HPLPlatform::getVBNVAsStr(hardware->getVendor(), hardware->getBoardId(), hardware->getName(),
+                                               hardware->getVersion())),
+        .intents = {}};
     for (const auto& [name, intends] : kIntents)
         if ((platform.*intends)()) known.intents.push_back(name);
     return known;

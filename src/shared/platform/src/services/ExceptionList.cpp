@@ -35,26 +35,7 @@ bool canHaveSize(const ptree& node, std::size_t& left, std::size_t depth = 1) {
     return true;
 }
 
-/// A node of the document. A list is walked once: thousands of entries may ask for an item at the end of a long one.
-struct Indexed {
-    using Lists = std::map<const ptree*, std::vector<const ptree*>>;
-    const ptree* node;
-    Lists* lists;
-    explicit operator bool() const { return node; }
-};
-
-Indexed childOf(const Indexed& from, const std::string& name) {
-    return {services::childOf(from.node, name), from.lists};
-}
-
-Indexed itemOf(const Indexed& from, std::uint64_t index) {
-    const auto [list, isNew] = from.lists->try_emplace(from.node);
-    if (isNew)
-        for (const auto& [key, item] : *from.node) list->second.push_back(&item);
-    return {index < list->second.size() ? list->second[index] : nullptr, from.lists};
-}
-
-bool hasValue(const Indexed& document, const std::string& key, const std::string& value) {
+bool hasValue(const Indexed<const ptree*>& document, const std::string& key, const std::string& value) {
     if (key.empty() || value.empty()) return false;
     const auto found = find(document, key);
     if (!found.node) return false;
@@ -117,7 +98,7 @@ Listing ExceptionList::match(const std::string& product, const std::function<con
         ComMsgMgr::sendMsg("@74-50@%s", file_);
         return Listing{Color::unreadable, {}};
     };
-    Indexed::Lists lists;
+    std::map<const ptree*, std::vector<const ptree*>> lists;
     for (const auto& [name, entries] : list_) {
         const bool isBlack = name == kBlack;
         if (!isBlack && name != kWhite) return refuse();

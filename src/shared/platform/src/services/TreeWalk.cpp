@@ -27,6 +27,14 @@ json::Node itemOf(const json::Node& node, std::uint64_t index) {
     return {};
 }
 
+std::vector<const ptree*> itemsOf(const ptree* node) {
+    std::vector<const ptree*> items;
+    for (const auto& [key, item] : *node) items.push_back(&item);
+    return items;
+}
+
+std::vector<json::Node> itemsOf(const json::Node& node) { return {node.begin(), node.end()}; }
+
 bool isObject(const ptree& node) { return !node.empty() && !node.front().first.empty(); }
 
 bool isObject(const json::Node& node) { return !node.empty() && !(*node.begin()).name().empty(); }

@@ -1,10 +1,12 @@
 #pragma once
 #include <boost/property_tree/ptree.hpp>
 #include <cstdint>
+#include <map>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "json/JsonNode.h"
 #include "platform/PathToken.h"
@@ -20,6 +22,28 @@ const ptree* childOf(const ptree* node, const std::string& name);
 json::Node childOf(const json::Node& node, const std::string& name);
 const ptree* itemOf(const ptree* node, std::uint64_t index);
 json::Node itemOf(const json::Node& node, std::uint64_t index);
+
+/// The children of a node, in order.
+std::vector<const ptree*> itemsOf(const ptree* node);
+std::vector<json::Node> itemsOf(const json::Node& node);
+
+/// A node of a document whose lists are walked once: thousands of paths may ask for an item at the end of a long one.
+template <class Node>
+struct Indexed {
+    Node node;
+    std::map<Node, std::vector<Node>>* lists;
+    explicit operator bool() const { return static_cast<bool>(node); }
+};
+template <class Node>
+Indexed<Node> childOf(const Indexed<Node>& from, const std::string& name) {
+    return {childOf(from.node, name), from.lists};
+}
+template <class Node>
+Indexed<Node> itemOf(const Indexed<Node>& from, std::uint64_t index) {
+    const auto [list, isNew] = from.lists->try_emplace(from.node);
+    if (isNew) list->second = itemsOf(from.node);
+    return {index < list->second.size() ? list->second[index] : Node(), from.lists};
+}
 
 /// The node that a token selects from `node`.
 template <class Node>
