@@ -19,7 +19,7 @@ struct Limits {
     std::size_t keyLevels = 64;     ///< dot-separated levels of a key that is used as a path
     bool countsContent = true;      ///< a request may read only so many bytes of keys and texts
 };
-inline constexpr Limits kUntrusted{};        ///< for members of archives and files of others
+inline constexpr Limits kUntrusted{};                                ///< for members of archives and files of others
 inline constexpr Limits kOwn{.depth = 256, .countsContent = false};  ///< for documents that this library wrote
 
 /// Fills `tree` with the document `text`: numbers, true, false and null as in the text, duplicate keys kept in order,
