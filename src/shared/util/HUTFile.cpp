@@ -1,18 +1,17 @@
 #include "util/HUTFile.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 
 #include "msg/Budget.h"
 #include "msg/HEXAll.h"
+#include "util/RemoveTree.h"
 #include "util/WithoutLinks.h"
 
 namespace fs = std::filesystem;
@@ -34,23 +33,6 @@ mode_t typeOf(const std::string& path) {
 bool isGone(const std::string& path) {
     struct stat status {};
     return ::lstat(path.c_str(), &status) != 0 && (errno == ENOENT || errno == ENOTDIR);
-}
-
-/// Removes what has this name in an open directory, with its contents, as far as possible.
-void removeAt(int directory, const char* name) {
-    if (::unlinkat(directory, name, 0) == 0 || errno == ENOENT) return;
-    if (::unlinkat(directory, name, AT_REMOVEDIR) == 0) return;  // needs no descriptor, of which there may be none
-    const int opened = ::openat(directory, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (opened < 0) return;
-    if (DIR* const list = ::fdopendir(opened)) {
-        while (const dirent* const entry = ::readdir(list))
-            if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0)
-                removeAt(opened, entry->d_name);
-        ::closedir(list);
-    } else {
-        ::close(opened);
-    }
-    ::unlinkat(directory, name, AT_REMOVEDIR);
 }
 
 std::string withoutEndSeparator(std::string text) {
@@ -110,6 +92,6 @@ bool HUTFile::rm(const std::string& path) {
 
 bool HUTFile::rmRecursive(const std::string& path) {
     if (hasNul(path)) return false;
-    if (!path.empty()) removeAt(AT_FDCWD, path.c_str());
+    if (!path.empty()) util::removeAt(AT_FDCWD, path.c_str());
     return isGone(path);
 }

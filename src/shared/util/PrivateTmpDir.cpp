@@ -7,55 +7,32 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
-#include <system_error>
 
-#include "msg/HEXAll.h"
 #include "util/HUTFile.h"
-#include "util/SystemFault.h"
+#include "util/MadeDirectory.h"
 
 namespace {
 
-[[noreturn]] void fail(const std::string& path, int error) {
-    util::noteSystemFault(path, error, "made");
-    throw HEXUserException("temporary directory '" + path +
-                           "' could not be made: " + std::generic_category().message(error));
-}
+using util::DirectoryStamp;
 
-/// Whether only this user can use what has this name, and it is a directory.
-bool isPrivate(const std::string& path, struct stat& status) {
-    return ::lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid() &&
-           (status.st_mode & 0777) == 0700;
-}
-
-/// An empty directory with mode 0700 and a random name.
-std::string makeIn(const std::string& place) {
-    std::string path = place + "/zr_platform-XXXXXX";
-    if (!::mkdtemp(path.data())) fail(path, errno);
-    return path;
-}
-
-std::string makePrivateDirectory() {
-    const char* const place = std::getenv("TMPDIR");
-    return makeIn(HUTFile::getCanonicalName(place && *place ? place : "/tmp"));
+/// What `mkdtemp` takes, in a directory or, if it is empty, in the one of the environment.
+std::string formIn(const std::string& directory) {
+    const char* const place = directory.empty() ? std::getenv("TMPDIR") : directory.c_str();
+    return HUTFile::getCanonicalName(place && *place ? place : "/tmp") + "/zr_platform-XXXXXX";
 }
 
 struct TmpDir {
-    explicit TmpDir(std::string name) : maker(::getpid()), path(std::move(name)) {
-        struct stat status {};
-        if (!isPrivate(path, status)) fail(path, EPERM);
-        device = status.st_dev;
-        inode = status.st_ino;
+    TmpDir() : maker(::getpid()), path(formIn("")) {
+        if (!::mkdtemp(path.data())) util::failToMake(path, errno);
+        stamp = DirectoryStamp::of(path);
+        if (!stamp) util::failToMake(path, EPERM);
     }
     /// Something may remove old files while this process is running, and somebody else may take the name.
-    bool isIntact() const {
-        struct stat status {};
-        return maker == ::getpid() && isPrivate(path, status) && status.st_dev == device && status.st_ino == inode;
-    }
+    bool isIntact() const { return maker == ::getpid() && DirectoryStamp::of(path) == stamp; }
 
     pid_t maker;
     std::string path;
-    dev_t device{};
-    ino_t inode{};
+    std::optional<DirectoryStamp> stamp;
     std::unique_ptr<TmpDir> lost;  ///< the one that this one replaces; other threads may still read its path
 };
 
@@ -70,7 +47,7 @@ public:
     const std::string& get() {
         TmpDir* present = dir_.load();
         while (!present || !present->isIntact()) {
-            auto fresh = std::make_unique<TmpDir>(makePrivateDirectory());
+            auto fresh = std::make_unique<TmpDir>();
             fresh->lost.reset(present);
             if (dir_.compare_exchange_strong(present, fresh.get())) return fresh.release()->path;
             (void)fresh->lost.release();
@@ -103,9 +80,8 @@ namespace util {
 std::string tmpDir() {
     if (!hostDirectory().empty()) return hostDirectory();
     std::string path = pathOfThread(tmpDirOfProcess().get());
-    struct stat status {};
-    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) fail(path, errno);
-    if (!isPrivate(path, status)) fail(path, EPERM);
+    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST) failToMake(path, errno);
+    if (!DirectoryStamp::of(path)) failToMake(path, EPERM);
     return path;
 }
 
@@ -114,15 +90,11 @@ std::optional<std::string> madeTmpDir() {
     const TmpDir* const dir = tmpDirOfProcess().made();
     if (!dir || !dir->isIntact()) return std::nullopt;
     std::string path = pathOfThread(dir->path);
-    struct stat status {};
-    return isPrivate(path, status) ? std::optional(std::move(path)) : std::nullopt;
+    return DirectoryStamp::of(path) ? std::optional(std::move(path)) : std::nullopt;
 }
 
 void setHostTmpDir(std::string directory) { hostDirectory() = std::move(directory); }
 
-ScratchDirectory::ScratchDirectory()
-    : path_(hostDirectory().empty() ? makePrivateDirectory() : makeIn(hostDirectory())) {}
-
-ScratchDirectory::~ScratchDirectory() { HUTFile::rmRecursive(path_); }
+ScratchDirectory::ScratchDirectory() : MadeDirectory(formIn(hostDirectory())) {}
 
 }  // namespace util

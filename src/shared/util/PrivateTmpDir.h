@@ -2,6 +2,8 @@
 #include <optional>
 #include <string>
 
+#include "util/MadeDirectory.h"
+
 /// Directories for temporary files. Functions that make one throw `HEXUserException`.
 namespace util {
 
@@ -14,20 +16,11 @@ std::optional<std::string> madeTmpDir();
 /// An empty text means none.
 void setHostTmpDir(std::string directory);
 
-/// A directory for the temporary files of one call, with mode 0700, which is removed with its contents: in the host's
-/// directory, if it has set one, otherwise in `TMPDIR` or /tmp. Nothing is kept for the next call, so that a process
-/// that ends by `_exit` leaves nothing.
-class ScratchDirectory {
+/// A directory for the temporary files of one call: in the host's directory, if it has set one, otherwise in
+/// `TMPDIR` or /tmp. Nothing is kept for the next call, so that a process that ends by `_exit` leaves nothing.
+class ScratchDirectory : public MadeDirectory {
 public:
     ScratchDirectory();
-    ~ScratchDirectory();
-    ScratchDirectory(const ScratchDirectory&) = delete;
-    ScratchDirectory& operator=(const ScratchDirectory&) = delete;
-
-    const std::string& path() const { return path_; }
-
-private:
-    std::string path_;
 };
 
 }  // namespace util

@@ -45,8 +45,11 @@ std::optional<int> numberOf(std::string_view path) {
 class Target {
 public:
     Target(const std::string& path, bool mayReplace)
+        : Target(path, mayReplace, AT_FDCWD, HUTFile::getParent(path)) {}
+    /// `parent` is the directory of the path, relative to an open one.
+    Target(const std::string& path, bool mayReplace, int directory, const std::string& parent)
         : path_(path),
-          parent_(::open(HUTFile::getParent(path).c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
+          parent_(::openat(directory, parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)),
           name_(path.substr(path.rfind('/') + 1)) {
         if (path.empty() || path.find('\0') != path.npos) fail(path, EINVAL);
         if (path.back() == '/') fail(path, EISDIR);
@@ -108,6 +111,18 @@ private:
     struct stat status_ {};
 };
 
+/// `file` must outlive it.
+Fill filledFrom(const zip::SourceFile& file) {
+    return [&file](const std::function<void(std::string_view)>& take) {
+        std::string block;
+        for (std::uint64_t at = 0; at < file.bytes().size(); at += block.size()) {
+            block.resize(static_cast<std::size_t>(std::min(kBlock, file.bytes().size() - at)));
+            if (!file.bytes().read(at, block.data(), block.size())) file.refuse("it cannot be read");
+            take(block);
+        }
+    };
+}
+
 }  // namespace
 
 void zip::writeDestination(const std::string& path, const Fill& fill, bool mayReplace) {
@@ -132,17 +147,12 @@ void zip::writeDestinations(const DestinationText& first, const DestinationText&
 
 void zip::copyToDestination(const std::string& from, const std::string& path, bool mayReplace) {
     const SourceFile file(from);
-    writeDestination(
-        path,
-        [&file](const std::function<void(std::string_view)>& take) {
-            std::string block;
-            for (std::uint64_t at = 0; at < file.bytes().size(); at += block.size()) {
-                block.resize(static_cast<std::size_t>(std::min(kBlock, file.bytes().size() - at)));
-                if (!file.bytes().read(at, block.data(), block.size())) file.refuse("it cannot be read");
-                take(block);
-            }
-        },
-        mayReplace);
+    writeDestination(path, filledFrom(file), mayReplace);
+}
+
+void zip::copyIntoDirectory(const std::string& from, int directory, const std::string& path) {
+    const SourceFile file(from);
+    Target(path, false, directory, ".").makeFile(filledFrom(file))->commit(false);
 }
 
 void zip::moveToDestination(const std::string& from, const std::string& path, bool mayReplace) {

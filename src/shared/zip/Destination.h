@@ -20,6 +20,8 @@ struct DestinationText {
 void writeDestinations(const DestinationText& first, const DestinationText& second, bool mayReplace);
 /// Writes a copy of the file `from`.
 void copyToDestination(const std::string& from, const std::string& path, bool mayReplace = true);
+/// The same for a name in an open directory; `path` is its path in messages.
+void copyIntoDirectory(const std::string& from, int directory, const std::string& path);
 /// Moves the file `from` to `path`. It is copied if it cannot be renamed: to another file system, or to a device or pipe.
 void moveToDestination(const std::string& from, const std::string& path, bool mayReplace);
 

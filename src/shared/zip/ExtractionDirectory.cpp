@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "msg/Budget.h"
-#include "text/HSTStringUtils.h"
 #include "util/AtomicFile.h"
 #include "util/OpenBelow.h"
 #include "zip/ArchiveError.h"
@@ -18,8 +17,6 @@
 namespace zip {
 namespace {
 
-constexpr int kDirectory = O_PATH | O_DIRECTORY | O_CLOEXEC;
-
 [[noreturn]] void fail(const std::string& path, int error) {
     throw HEXUserException("directory '" + path + "' cannot be used: " + std::generic_category().message(error));
 }
@@ -27,25 +24,14 @@ constexpr int kDirectory = O_PATH | O_DIRECTORY | O_CLOEXEC;
 }  // namespace
 
 ExtractionDirectory::ExtractionDirectory(std::string path)
-    : path_(std::move(path)), directory_(::open(path_.c_str(), kDirectory)) {
+    : path_(std::move(path)), directory_(::open(path_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC)) {
     if (!directory_.isOpen()) fail(path_, errno);
 }
 
 util::Descriptor ExtractionDirectory::openDirectory(std::string_view relativePath) const {
-    util::Descriptor at(::openat(directory_.get(), ".", kDirectory));
-    if (relativePath.empty()) return at;
-    for (const std::string& part : HSTStringUtils::split(relativePath, '/')) {
-        const auto open = [&] { return util::Descriptor(::openat(at.get(), part.c_str(), kDirectory | O_NOFOLLOW)); };
-        // Opened first: of the hundreds of levels that members may have, most are there.
-        util::Descriptor next = open();
-        if (!next.isOpen() && errno == ENOENT) {
-            if (::mkdirat(at.get(), part.c_str(), 0755) == 0) Budget::spend(Cost::inodes);
-            next = open();
-        }
-        if (!next.isOpen()) fail(path_ + "/" + std::string(relativePath), errno);
-        at = std::move(next);
-    }
-    return at;
+    util::Descriptor directory = util::makeBelow(directory_.get(), relativePath, 0755);
+    if (!directory.isOpen()) fail(relativePath.empty() ? path_ : path_ + "/" + std::string(relativePath), errno);
+    return directory;
 }
 
 util::Descriptor ExtractionDirectory::openOwnFile(std::string_view name) const {

@@ -66,7 +66,8 @@ bool FileBytes::isAsOpened() const { return FileStamp(statusOf(descriptor_.get()
 std::unique_ptr<FileBytes> FileBytes::makeTemporary() {
     const util::ScratchDirectory scratch;
     const std::string path = scratch.path() + "/nested";
-    util::Descriptor descriptor(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    util::Descriptor descriptor(
+        ::openat(scratch.descriptor(), "nested", O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!descriptor.isOpen()) throw HEXUserException("file '" + path + "' could not be made: " + reason(errno));
     return std::make_unique<FileBytes>(std::move(descriptor));
 }

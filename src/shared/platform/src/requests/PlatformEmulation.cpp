@@ -39,11 +39,17 @@ void expectReadable(const std::string& path) {
     if (!file.isOpen() && errno != ENOENT && errno != ENOTDIR) fail(path, errno);
 }
 
-/// Makes a directory the working directory of the process, until its lifetime ends.
+/// Makes a new directory the working directory of the process, until its lifetime ends. It is in the scratch directory
+/// that was made, whatever has that path by now.
 class WorkingDirectory {
 public:
-    explicit WorkingDirectory(const std::string& path) : before_(::open(".", O_PATH | O_DIRECTORY | O_CLOEXEC)) {
-        if (!before_.isOpen() || ::chdir(path.c_str()) != 0) fail(path, errno);
+    explicit WorkingDirectory(const util::ScratchDirectory& scratch)
+        : before_(::open(".", O_PATH | O_DIRECTORY | O_CLOEXEC)) {
+        const std::string path = scratch.path() + "/work";
+        const bool isMade = before_.isOpen() && ::mkdirat(scratch.descriptor(), "work", 0700) == 0;
+        constexpr int kFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+        const util::Descriptor work(isMade ? ::openat(scratch.descriptor(), "work", kFlags) : -1);
+        if (!work.isOpen() || ::fchdir(work.get()) != 0) fail(path, errno);
     }
     ~WorkingDirectory() {
         if (::fchdir(before_.get()) != 0) {  // cannot fail for a directory that was the working directory
@@ -56,14 +62,22 @@ private:
     util::Descriptor before_;
 };
 
+std::string absolute(const std::string& path) {
+    std::string made = HUTFileUtils::makeAbsolutePath(path);
+    if (!made.starts_with('/'))
+        throw RequestError(FailureKind::environment,
+                           {.file = path, .text = "is a relative path, and the working directory has been removed"});
+    return made;
+}
+
 /// One request, with absolute paths.
 class Build {
 public:
     explicit Build(const Emulate& request) : request_(request) {
         for (std::string* path : {&request_.archive, &request_.destination, &request_.keep})
-            if (!path->empty()) *path = HUTFileUtils::makeAbsolutePath(*path);
+            if (!path->empty()) *path = absolute(*path);
         if (request_.installation.empty()) request_.installation = emulation::installation();
-        request_.installation = HUTFileUtils::makeAbsolutePath(request_.installation);
+        request_.installation = absolute(request_.installation);
         copy_ = scratch_.path() + "/" + fs::path(HUTFile::getCanonicalName(request_.archive)).filename().native();
     }
 
@@ -83,10 +97,10 @@ private:
                                         std::string("/memss/run.tcl"), std::string("/streaming/run.tcl")})
             expectReadable(scripts + file);
         report("copying '" + request_.archive + "'");
-        zip::copyToDestination(request_.archive, copy_);
+        zip::copyIntoDirectory(request_.archive, scratch_.descriptor(), copy_);
         const jun::tcltasks::task_limits limits({request_.timeLimit, request_.mayRunPrograms,
                                                  request_.output ? request_.output : [](std::string_view) {}});
-        const WorkingDirectory directory(work());
+        const WorkingDirectory directory(scratch_);
         try {
             build();
         } catch (...) {
@@ -97,10 +111,10 @@ private:
         return request_.dryRun ? HSTVector<EmulationMember>() : merge();
     }
 
-    std::string work() const {
-        std::string path = scratch_.path() + "/work";
-        HUTFile::mkDirRecursive(path);
-        return path;
+    /// The path of the copy, which is checked again.
+    std::string copy() const {
+        scratch_.path();
+        return copy_;
     }
 
     void report(const std::string& step) const {
@@ -111,7 +125,7 @@ private:
         using namespace emulation;
         const std::string script = std::string(kPropertyDirectory) + "/" + kPropertyScript;
         report("writing the property script");
-        writePropertyScript(request_.installation, copy_, request_.name, request_.isDynamic, kPropertyDirectory);
+        writePropertyScript(request_.installation, copy(), request_.name, request_.isDynamic, kPropertyDirectory);
         report("writing the driver script");
         writeDriverScript(request_.installation, script, kOverlay, request_.isDynamic);
         if (request_.dryRun) return;
@@ -125,10 +139,11 @@ private:
         for (const std::string& file : emulation::filesBelow(emulation::kOverlay))
             members.push_back({file, fs::file_size(std::string(emulation::kOverlay) + "/" + file, error)});
         report("merging " + std::to_string(members.size()) + " files");
-        emulation::mergeOverlay(copy_, emulation::kOverlay);
-        PlatformLoader::open(copy_, HwMetadataMode::Default);
+        emulation::mergeOverlay(copy(), emulation::kOverlay);
+        PlatformLoader::open(copy(), HwMetadataMode::Default);
         report("writing '" + request_.destination + "'");
-        zip::moveToDestination(copy_, request_.destination, request_.mayReplace);
+        const std::string fromWork = "../" + fs::path(copy_).filename().native();
+        zip::moveToDestination(fromWork, request_.destination, request_.mayReplace);
         return members;
     }
 
