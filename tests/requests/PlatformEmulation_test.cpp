@@ -4,6 +4,7 @@
 
 #include "kit/Capture.h"
 #include "kit/EmulationWork.h"
+#include "platform/RequestFailure.h"
 #include "util/HUTEnv.h"
 
 namespace fs = std::filesystem;
@@ -64,4 +65,15 @@ TEST(Emulation, UsesTheDirectoryThatItHasMade) {
                   fs::exists(work / "out.cfa") && HUTZip::containsFile(work / "out.cfa", "emu/emu.bd"));
         EXPECT_TRUE(fs::is_empty(work / "away")) << step;
     }
+}
+
+TEST(Failure, OfTheFileSystemIsOneOfTheEnvironment) {
+    teq_platform::Failure failure;
+    try {
+        fs::create_directory("/proc/none");
+    } catch (...) {
+        failure = teq_platform::currentFailure("file");
+    }
+    EXPECT_EQ(failure.kind, teq_platform::FailureKind::environment);
+    EXPECT_EQ(failure.diagnostic.report("error"), "/proc/none: error: No such file or directory");
 }

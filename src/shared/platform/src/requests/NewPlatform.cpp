@@ -1,17 +1,22 @@
 #include "platform/NewPlatform.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <span>
 
 #include "platform/RequestFailure.h"
 #include "text/HSTStringUtils.h"
 #include "text/Nearest.h"
 #include "util/HUTEnv.h"
+#include "util/MadeDirectory.h"
+#include "util/OpenBelow.h"
+#include "util/WriteAll.h"
 
 namespace teq_platform::requests {
 namespace {
@@ -264,45 +269,55 @@ const Kind& kindOf(const std::string& name) {
     throw RequestError(FailureKind::environment, {.file = file, .text = std::strerror(error)});
 }
 
-/// A folder in a private one, made as the process makes folders. It is removed unless it gets its name.
+std::string nameIn(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
+/// The folder of a file below an open one, made as the process makes folders.
+util::Descriptor makeFolderOf(const std::string& file, int directory, const fs::path& shown) {
+    util::Descriptor folder = util::makeBelow(directory, fs::path(file).parent_path().native(), 0777);
+    if (!folder.isOpen()) fail((shown / file).native(), errno);
+    return folder;
+}
+
+/// A folder in a private one, made as the process makes folders. It is removed unless it gets its name. Files are made
+/// below the folder that was opened when it was made: nothing that takes its path is written to.
 class Draft {
 public:
-    explicit Draft(const fs::path& folder) : path_((folder.parent_path() / ".new-XXXXXX").native()) {
-        if (!::mkdtemp(path_.data())) fail(folder.native(), errno);
+    explicit Draft(const fs::path& folder)
+        : folder_(folder), private_((folder.parent_path() / ".new-XXXXXX").native()) {
+        if (::mkdirat(private_.descriptor(), kMade, 0777) != 0) fail(folder_.native(), errno);
+        made_ = util::openBelow(private_.descriptor(), kMade, O_PATH | O_DIRECTORY);
+        if (!made_.isOpen()) fail(folder_.native(), errno);
     }
-    ~Draft() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
 
     void put(const std::string& path, const std::string& text) const {
-        const fs::path file = made() / path;
-        std::error_code error;
-        fs::create_directories(file.parent_path(), error);
-        std::ofstream stream(file, std::ios::binary);
-        if (error || !(stream << text).flush()) fail(file.native(), error ? error.value() : errno);
+        constexpr int kNew = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+        const util::Descriptor folder = makeFolderOf(path, made_.get(), folder_);
+        util::Descriptor file(::openat(folder.get(), nameIn(path).c_str(), kNew, 0666));
+        int error = file.isOpen() ? util::writeAll(file.get(), text) : errno;
+        if (!file.close() && error == 0) error = errno;
+        if (error != 0) fail((folder_ / path).native(), error);
     }
-    /// Moves the files into a folder that exists.
-    void mergeInto(const fs::path& folder, const HSTVector<std::string>& files) const {
-        std::error_code error;
+    /// Moves the files into the folder, which exists.
+    void mergeInto(const HSTVector<std::string>& files) const {
+        const util::Descriptor there(::open(folder_.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        if (!there.isOpen()) fail(folder_.native(), errno);
         for (const std::string& file : files) {
-            fs::create_directories((folder / file).parent_path(), error);
-            fs::rename(made() / file, folder / file, error);
-            if (error) fail((folder / file).native(), error.value());
+            const util::Descriptor to = makeFolderOf(file, there.get(), folder_);
+            if (::renameat(made_.get(), file.c_str(), to.get(), nameIn(file).c_str()) != 0)
+                fail((folder_ / file).native(), errno);
         }
     }
-    void rename(const fs::path& folder) const {
-        std::error_code error;
-        fs::rename(made(), folder, error);  // replaces an empty folder only
-        if (error) fail(folder.native(), error.value());
+    /// Gives the folder its name, which may be that of an empty one.
+    void rename() const {
+        if (::renameat(private_.descriptor(), kMade, AT_FDCWD, folder_.c_str()) != 0) fail(folder_.native(), errno);
     }
 
 private:
-    fs::path made() const { return fs::path(path_) / "made"; }
+    static constexpr const char* kMade = "made";
 
-    std::string path_;
+    fs::path folder_;
+    util::MadeDirectory private_;
+    util::Descriptor made_;
 };
 
 }  // namespace
@@ -311,14 +326,15 @@ HSTVector<std::string> newPlatform(const NewPlatform& request) {
     const Kind& kind = kindOf(request.kind);
     std::string path = request.folder;
     while (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    const fs::path folder = fs::absolute(path);
-    const std::string name = folder.filename();
+    const std::string name = fs::path(path).filename();
     constexpr const char* kAllowed = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_-";
     if (name.empty() || name.starts_with('-') || name.find_first_not_of(kAllowed) != std::string::npos)
         throw RequestError(FailureKind::wrongUse,
                            {.text = "'" + HSTStringUtils::printable(name) +
                                     "' is not a platform's name: expected letters, digits, '_' and '-'"});
     std::error_code error;
+    const fs::path folder = fs::absolute(path, error);
+    if (error) fail(request.folder, error.value());  // the working directory has been removed
     const bool isUsed = fs::exists(fs::symlink_status(folder, error)) && !fs::is_empty(folder, error);
     if (isUsed && !(request.mayReplace && fs::is_directory(folder, error)))
         throw RequestError(FailureKind::refused, {.file = request.folder, .text = "already exists and is not empty"});
@@ -330,9 +346,9 @@ HSTVector<std::string> newPlatform(const NewPlatform& request) {
         draft.put(made.back(), filled(file.text, name));
     }
     if (isUsed)
-        draft.mergeInto(folder, made);
+        draft.mergeInto(made);
     else
-        draft.rename(folder);
+        draft.rename();
     return made;
 }
 

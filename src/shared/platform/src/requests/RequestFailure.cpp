@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <boost/property_tree/exceptions.hpp>
+#include <filesystem>
 #include <new>
+#include <system_error>
 
 #include "platform/PlatformParseException.h"
 #include "readers/Reading.h"
@@ -42,6 +44,7 @@ constexpr struct {
     {isA<PlatformParseException>, badInput},
     {isA<boost::property_tree::ptree_error>, badInput},
     {isA<std::bad_alloc>, noMemory},
+    {isA<std::system_error>, environment},
     {[](const std::exception&) { return true; }, internal},
 };
 
@@ -72,6 +75,8 @@ std::string shownPath(const std::string& path, const std::string& file) {
 HEXDiagnostic diagnosticOf(const std::exception& e, FailureKind kind, const std::string& file) {
     if (kind == noMemory) return {.file = file, .text = "out of memory"};
     if (isA<HEXFileNotFoundException>(e)) return {.file = e.what(), .text = "no such file"};
+    if (const auto* error = dynamic_cast<const std::filesystem::filesystem_error*>(&e))
+        return {.file = error->path1().empty() ? file : error->path1().native(), .text = error->code().message()};
     HEXDiagnostic diagnostic = readers::diagnosticOf(e, file);
     if (diagnostic.file.empty() && !isA<RequestError>(e)) diagnostic.file = file;  // a limit of the request
     if (kind == badInput) diagnostic.file = shownPath(diagnostic.file, file);
