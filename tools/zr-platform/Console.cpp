@@ -9,6 +9,7 @@
 #include <boost/json/serialize.hpp>
 #include <cerrno>
 #include <clocale>
+#include <csignal>
 #include <cstring>
 #include <iostream>
 #include <memory>
@@ -96,11 +97,18 @@ struct Console::State {
 
 namespace {
 
+/// Whether the process shall end by the signal, which `main` catches.
+bool isPipeSignalCaught() {
+    struct sigaction present {};
+    return ::sigaction(SIGPIPE, nullptr, &present) == 0 && present.sa_handler != SIG_IGN;
+}
+
 /// Writes all of `bytes`.
 void writeAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t n = ::write(file, bytes.data(), bytes.size());
         if (n < 0 && errno == EINTR) continue;
+        if (n < 0 && errno == EPIPE && isPipeSignalCaught()) throw ReaderGone();
         if (n < 0)
             throw RequestError(FailureKind::environment,
                                {.text = std::string("cannot write the output: ") + std::strerror(errno)});

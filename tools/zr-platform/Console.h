@@ -13,6 +13,10 @@ enum class Exit { done = 0, no = 1, usage = 2, input = 3, environment = 4, fault
 Exit worse(Exit a, Exit b);
 Exit exitOf(const teq_platform::Failure& failure);
 
+/// Thrown when nobody reads a standard stream any more: the tool shall end by SIGPIPE, after everything temporary has
+/// been removed. Not a `std::exception`: only `main` catches it.
+struct ReaderGone {};
+
 /// Standard output and standard error of the tool. The library sends messages, and some of its functions print to the
 /// standard streams: both are captured here, so that standard output holds data only.
 class Console {

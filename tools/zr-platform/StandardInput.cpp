@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <span>
 #include <string_view>
@@ -65,7 +64,7 @@ std::string StandardInput::keep() {
     file.close();
     if (!file) fail("standard input cannot be kept in '" + path + "'");
     std::string named = path + "." + extensionOf(begin, end);
-    std::filesystem::rename(path, named);
+    if (std::rename(path.c_str(), named.c_str()) != 0) fail("standard input cannot be kept in '" + named + "'");
     return named;
 }
 
