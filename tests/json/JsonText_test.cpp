@@ -71,13 +71,14 @@ TEST(JsonText, ARefusedTextLeavesTheTree) {
     EXPECT_EQ(tree.size(), 1U);
 }
 
-/// Random trees: all bytes, empty keys, lists, containers that mix both.
+/// Random trees: all bytes that are characters, some others, empty keys, lists, containers that mix both.
 void grow(ptree& node, int depth, std::mt19937& random) {
     const auto pick = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
     const bool list = pick(2) == 0;
     for (int i = pick(4); i >= 0; --i) {
         std::string text;
-        for (int k = pick(6); k > 0; --k) text += static_cast<char>(pick(256));
+        for (int k = pick(6); k > 0; --k)
+            text += pick(9) == 0 ? "\xE2\x82\xAC" : std::string(1, static_cast<char>(pick(128)));
         ptree& child = node.push_back({list || pick(9) == 0 ? "" : text, ptree()})->second;
         if (depth > 0 && pick(2) == 0)
             grow(child, depth - 1, random);
@@ -94,6 +95,10 @@ TEST(JsonText, WritesTheBytesOfTheTreesOwnWriter) {
         ASSERT_EQ(json::write(tree), byTheTreesOwnWriter(tree)) << "tree " << i;
     }
     EXPECT_EQ(json::write(ptree()), "{\n}\n");
+    ptree path;
+    path.put("f\xFF", "a\xC3\xA9\xE2\x82/");
+    EXPECT_EQ(json::write(path), "{\n    \"f\xEF\xBF\xBD\": \"a\xC3\xA9\xEF\xBF\xBD\xEF\xBF\xBD\\/\"\n}\n")
+        << "not UTF-8";
 }
 
 TEST(JsonText, RefusesToWriteAValueBesideChildren) {

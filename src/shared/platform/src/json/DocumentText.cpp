@@ -10,6 +10,7 @@
 #include "json/JsonNode.h"
 #include "json/NodeStore.h"
 #include "msg/Budget.h"
+#include "text/HSTStringUtils.h"
 
 namespace json {
 
@@ -17,10 +18,10 @@ namespace {
 
 using boost::property_tree::json_parser::json_parser_error;
 
-/// Whether a byte is written without an escape. Bytes above 127 are: the model's texts are UTF-8.
+/// Whether a byte is written as it is wherever it stands. A byte above 127 is if it belongs to a character of UTF-8.
 constexpr auto kPlain = [] {
     std::array<bool, 256> plain{};
-    for (int c = 0x20; c < 256; ++c) plain[c] = c != '"' && c != '/' && c != '\\';
+    for (int c = 0x20; c < 128; ++c) plain[c] = c != '"' && c != '/' && c != '\\';
     return plain;
 }();
 
@@ -28,6 +29,10 @@ constexpr std::string_view kNamed = "\bb\ff\nn\rr\tt//\"\"\\\\";  ///< a byte, a
 constexpr std::string_view kDigits = "0123456789ABCDEF";
 
 void appendEscape(text::CharBuffer& out, unsigned char c) {
+    if (c >= 128) {             // of a path, which may hold any bytes
+        out += "\xEF\xBF\xBD";  // U+FFFD
+        return;
+    }
     for (std::size_t i = 0; i < kNamed.size(); i += 2)
         if (c == static_cast<unsigned char>(kNamed[i])) {
             out += '\\';
@@ -62,6 +67,10 @@ void appendText(text::CharBuffer& out, std::string_view text) {
         const auto c = static_cast<unsigned char>(text[at]);
         if (kPlain[c]) [[likely]]
             continue;
+        if (const std::size_t length = c < 128 ? 0 : HSTStringUtils::utf8Length(text.substr(at)); length > 0) {
+            at += length - 1;
+            continue;
+        }
         out += text.substr(kept, at - kept);
         appendEscape(out, c);
         kept = at + 1;
