@@ -183,13 +183,14 @@ TEST(PlatformCheck, FollowsADescriptorToItsFiles) {
  <teq:softwarePlatforms><teq:softwarePlatform teq:path="../sw" teq:name="a.spfm"/></teq:softwarePlatforms>
 </teq:platform>)");
     EXPECT_EQ(found(file),
-              Lines({":3:2: hardwarePlatforms [unknown-default-partition]", ":6:43: hwEmuPlatform [missing-file]",
+              Lines({":3:2: hardwarePlatforms [unknown-default-partition]",
+                     ":6:3: reconfigurablePartition [missing-element]", ":6:43: hwEmuPlatform [missing-file]",
                      "lfa.json:1:11: board [wrong-shape]", ":1:1: a [wrong-root]"}));
     const auto findings = PlatformCheck::check(file);
-    ASSERT_EQ(findings.size(), 4U);
+    ASSERT_EQ(findings.size(), 5U);
     EXPECT_EQ(findings[0].file, file);
-    EXPECT_EQ(findings[2].file, scratch / "hw/a.lfa");
-    EXPECT_EQ(findings[2].severity, CheckFinding::Severity::error);
+    EXPECT_EQ(findings[3].file, scratch / "hw/a.lfa");
+    EXPECT_EQ(findings[3].severity, CheckFinding::Severity::error);
     EXPECT_EQ(findings[0].severity, CheckFinding::Severity::warning);
 }
 

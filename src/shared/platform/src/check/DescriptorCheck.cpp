@@ -90,10 +90,10 @@ private:
         checkId_("reconfigurablePartition", &partition, "id", partition.id);
         using Both = TEQPlatform::ReconfigurablePartitionAnonHardwarePlatform;
         using Emulation = TEQPlatform::ReconfigurablePartitionHwEmu;
-        if (const auto* both = std::get_if<Both>(&partition.content))
-            nameBoth_(*both);
-        else
-            name_("hwEmuPlatform", std::get<Emulation>(partition.content).hwEmuPlatform, NamedFile::Kind::emulation);
+        if (const auto* both = std::get_if<Both>(&partition.content)) return nameBoth_(*both);
+        document_.add(xml::fault::kMissingElement, "reconfigurablePartition", &partition,
+                      readers::kNoHardwareOfPartition);
+        name_("hwEmuPlatform", std::get<Emulation>(partition.content).hwEmuPlatform, NamedFile::Kind::emulation);
     }
 
     /// Reports partitions that have the id of an earlier one.

@@ -13,6 +13,7 @@
 #include "platform/HTEQReconfigurablePartition.h"
 #include "platform/HTEQSoftwarePlatform.h"
 #include "platform/HTEQSoftwarePlatformXMLReader.h"
+#include "readers/DescriptorRules.h"
 #include "util/HUTFile.h"
 #include "zip/ArchiveSignature.h"
 #include "zip/Request.h"
@@ -168,6 +169,8 @@ void PlatformLoader::attachHardwareEmulationPlatform() {
 void PlatformLoader::attachPartition(HTEQReconfigurablePartition& partition) {
     const bool isDefault = partition.getID() == platform_->getDefaultRPId();
     if (!partition.getHardwarePlatform()) {
+        if (partition.getHardwarePlatformFile().empty())
+            throw PlatformParseException(readers::kNoHardwareOfPartition);
         auto hardware = hardwareFrom(partition.getHardwarePlatformFile(), mode_, Route::jsonOnly, kHardwareFailed);
         partition.setHardwarePlatform(hardware.release());
         if (isDefault) platform_->setDefaultRPHardwarePlatform(partition.getHardwarePlatform());

@@ -21,6 +21,9 @@ std::string archiveOf(const Element& element, const std::string& descriptor) {
     return HUTFile::getCanonicalName(pathOf(element, descriptor));
 }
 
+/// Of a partition that names an archive for emulation only: the format allows it, but the platform cannot be loaded.
+inline constexpr char kNoHardwareOfPartition[] = "the partition has no hardwarePlatform";
+
 /// The partition id for the attribute's value.
 inline unsigned partitionId(const xml::Attr<xml::Integer>& attr) {
     return saturate_cast<unsigned>(attr.get().value());
