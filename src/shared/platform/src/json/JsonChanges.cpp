@@ -54,7 +54,8 @@ class Comparison {
 public:
     /// `shape`: of the value, null if it is unknown; `inner`: the keys of the object, or of each object of the list.
     void compare(const ptree& before, const ptree* after, const Shape* shape, Shapes inner) {
-        if (isNothing(before) || (shape && !shape->isRead && after)) return;
+        const bool isComputed = after && shape && !shape->isRead;
+        if (isNothing(before) || (isComputed && !before.empty())) return;
         if (isList(before))
             compareItems(before, after, inner);
         else if (!before.empty())
@@ -62,7 +63,8 @@ public:
         else if (!after && !(shape && isMissing(*shape, before.data())))
             add("lost");
         else if (after && before.data() != after->data())
-            add(shown(before.data()) + " -> " + shown(after->data()));
+            add(shown(before.data()) + " -> " + shown(after->data()) +
+                (isComputed ? ", because the key is not read" : ""));
     }
     std::vector<std::string> take() {
         if (more_ > 0) found_.push_back("and " + std::to_string(more_) + " more");

@@ -24,8 +24,8 @@ HSTVector<std::string> lossesOf(const HPLPlatform& platform, const std::string& 
     if (metadata->member != member)
         return {"the member " + metadata->member + " is not changed, and takes precedence over " + member};
     const char* const left = platform.writesPlatformFile() ? "" : "platformFile";
-    return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left), left,
-                               hardware::documentShapes(false));
+    return json::lostOrChanged(opened.text(member).value_or(""), hardware::textOf(platform, archive, left),
+                               "platformFile", hardware::documentShapes(false));
 }
 
 }  // namespace
