@@ -32,9 +32,11 @@ public:
     /// The text for display in one line: bytes that are not UTF-8, control characters, and characters that change the
     /// direction of a text or have no width are shown as "\xNN".
     static std::string printable(std::string_view text);
-    /// JSON in one line, whose texts may hold any bytes, as valid UTF-8 without such characters: they become "\uNNNN",
-    /// and bytes that are not UTF-8 "\ufffd".
+    /// JSON whose texts may hold any bytes, as valid UTF-8 without such characters: they become "\uNNNN", and bytes that
+    /// are not UTF-8 "\ufffd". Line feeds and tabs, which no text of JSON holds, remain; carriage returns are left out.
     static std::string printableJson(std::string_view json);
+    /// XML in the same way, with "&#xNNNN;".
+    static std::string printableXml(std::string_view xml);
     /// What `printable` gives for such a prefix, followed by "..." if the text is longer.
     static std::string excerpt(std::string_view text, std::size_t longest = 60);
 

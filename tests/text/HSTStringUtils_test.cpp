@@ -24,6 +24,7 @@ TEST(HSTStringUtils, Functions) {
         {"split", parts},
         {"printable", [](const std::string& text) { return U::printable(text); }},
         {"printableJson", [](const std::string& text) { return U::printableJson(text); }},
+        {"printableXml", [](const std::string& text) { return U::printableXml(text); }},
         {"trim", [](const std::string& text) { return std::string(U::trim(text)); }},
     };
     cases::expectTexts(ZR_SOURCE_DIR "/tests/cases/text/functions.case", [&](const auto& name, const auto& text) {

@@ -16,9 +16,10 @@ namespace {
 void report(const CatalogEntry& broken) { Console::take().print(broken.reason, "error"); }
 
 std::string ndjson(const CatalogEntry& entry) {
-    if (!entry.report.empty()) return requests::onOneLine(entry.report) + "\n";
-    const boost::json::object record{{"platformFile", entry.file}, {"broken", entry.reason.format()}};
-    return HSTStringUtils::printableJson(boost::json::serialize(record)) + "\n";
+    const boost::json::object broken{{"platformFile", entry.file}, {"broken", entry.reason.format()}};
+    const std::string record =
+        entry.report.empty() ? boost::json::serialize(broken) : requests::onOneLine(entry.report);
+    return HSTStringUtils::printableJson(record) + "\n";
 }
 
 }  // namespace
@@ -27,7 +28,7 @@ int runCatalog(const Call& call) {
     const requests::CatalogRequest request{.where = repositoriesOf(call), .isDetailed = call.has("detailed")};
     bool isWhole = true;
     if (call.has("json") && !call.has("ndjson")) {
-        Console::take().data(requests::catalogDocument(request, [&isWhole](const CatalogEntry& broken) {
+        Console::take().document(requests::catalogDocument(request, [&isWhole](const CatalogEntry& broken) {
             isWhole = false;
             report(broken);
         }));

@@ -122,7 +122,7 @@ int runExceptions(const Call& call) {
     const std::string& action = call["ACTION"];
     const std::string out = call.get("[OUT]", "");
     if (action == "print" && out.empty()) {
-        Console::take().data(requests::exceptionsIn(call["FILE"]));
+        Console::take().document(requests::exceptionsIn(call["FILE"]));
     } else if (action == "pack" && !out.empty()) {
         requests::packExceptions(call["FILE"], out, call.has("force"));
         Records::printOne(call, "packed-exceptions", {{"list", call["FILE"]}, {"destination", out}});

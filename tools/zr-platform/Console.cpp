@@ -11,6 +11,7 @@
 #include <clocale>
 #include <csignal>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <span>
@@ -90,8 +91,11 @@ struct Console::State {
     std::string out;
     std::vector<HEXDiagnostic> faults;  ///< of messages that are not shown
     std::vector<std::string> standIns;  ///< the files that hold standard input and output
+    std::string folder, givenFolder;    ///< of the input: the absolute path, and as the user wrote it
     bool verbose = false, quiet = false, json = false;
 
+    std::string shown(std::string text) const;
+    std::string asGiven(std::string text) const;
     void onMessage(const ComMsgMgrInstance& message);
 };
 
@@ -118,10 +122,25 @@ void writeAll(int file, std::string_view bytes) {
 
 }  // namespace
 
+std::string Console::State::shown(std::string text) const {
+    for (const std::string& file : standIns)
+        for (auto at = text.find(file); at != std::string::npos; at = text.find(file, at + 1))
+            text.replace(at, file.size(), "-");
+    return text;
+}
+
+/// A message of the library, which knows absolute paths.
+std::string Console::State::asGiven(std::string text) const {
+    const auto at = folder.empty() ? std::string::npos : text.find(folder);
+    const bool isPath = at == 0 || (at != std::string::npos && text[at - 1] == '\'');
+    if (isPath) text.replace(at, folder.size(), givenFolder);
+    return shown(std::move(text));
+}
+
 void Console::State::onMessage(const ComMsgMgrInstance& message) {
     const bool isWarning = message.id.empty() && message.mask == MsgMask::warning;  // what was ignored
     const bool isFault = message.mask == MsgMask::critical || message.mask == MsgMask::error;
-    const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = message.text};
+    const HEXDiagnostic line{.id = std::string(shortMessageId(message.id)), .text = asGiven(message.text)};
     if (isFault && faults.size() < kMaxFaults &&
         std::ranges::find(faults, line.text, &HEXDiagnostic::text) == faults.end())
         faults.push_back(line);
@@ -165,6 +184,11 @@ void Console::data(std::string_view bytes) {
         state_->out += bytes;
 }
 
+void Console::document(std::string_view text) {
+    if (!isInteractive()) return data(text);
+    data(text.starts_with('<') ? HSTStringUtils::printableXml(text) : HSTStringUtils::printableJson(text));
+}
+
 void Console::printCaptured() {
     const std::string output = state_->library.str();
     state_->library.str("");
@@ -200,16 +224,20 @@ bool Console::takeFaults() { return !std::exchange(state_->faults, {}).empty(); 
 
 void Console::nameStandIn(const std::string& file) { state_->standIns.push_back(file); }
 
-std::string Console::shown(std::string text) const {
-    for (const std::string& file : state_->standIns)
-        for (auto at = text.find(file); at != std::string::npos; at = text.find(file, at + 1))
-            text.replace(at, file.size(), "-");
-    return text;
+std::string Console::shown(std::string text) const { return state_->shown(std::move(text)); }
+
+void Console::nameInput(const std::string& file) {
+    const std::filesystem::path given(file);
+    std::error_code error;
+    state_->folder = (std::filesystem::canonical(given, error).parent_path() / "").native();
+    if (given.is_absolute() || state_->folder == "/") state_->folder.clear();
+    state_->givenFolder = (given.lexically_normal().parent_path() / "").native();
 }
 
 void Console::report(const Failure& failure) {
     printCaptured();
     HEXDiagnostic diagnostic = failure.diagnostic;
+    diagnostic.text = state_->asGiven(diagnostic.text);
     if (failure.kind == FailureKind::exists) diagnostic.text += "; --force overwrites it";
     print(diagnostic, "error");
 }

@@ -29,6 +29,9 @@ public:
 
     /// Writes data unchanged. Throws if it cannot be written.
     void data(std::string_view bytes);
+    /// The same for a document of the library, JSON or XML, in which a terminal gets escapes for the characters that would
+    /// change it.
+    void document(std::string_view text);
     /// A line on standard error, unless --quiet.
     void note(const std::string& line);
     /// A diagnostic on standard error, unless --quiet: a line, or a JSON record with --messages=json. `severity`:
@@ -42,6 +45,8 @@ public:
     /// A file that holds standard input or output; `shown` prints "-" in its place.
     void nameStandIn(const std::string& file);
     std::string shown(std::string text) const;
+    /// The platform that is read from now on: the library's messages name the files of its folder as the user wrote it.
+    void nameInput(const std::string& file);
     void flush();
     /// Replaces the progress line on standard error; an empty text removes it. Only on a terminal, and without
     /// --quiet.

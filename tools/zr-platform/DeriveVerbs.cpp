@@ -40,7 +40,7 @@ int runLabels(const Call& call) {
     if (call.has("partition") && request.extMetadata.empty()) wrongUse("--partition is for --ext-metadata");
     if (request.partitionMetadata.empty() && request.extMetadata.empty()) {
         if (call.has("ndjson")) wrongUse("--ndjson describes what is written: name an output");
-        Console::take().data(requests::labels(request));
+        Console::take().document(requests::labels(request));
         return 0;
     }
     if (request.partitionMetadata == "-" && request.extMetadata == "-")

@@ -22,7 +22,9 @@ teq_platform::requests::Repositories repositoriesOf(const Call& call) {
 }
 
 std::string platformFile(const std::string& fileOrName, const Call& call) {
-    return teq_platform::requests::resolve(fileOrName, repositoriesOf(call));
+    std::string file = teq_platform::requests::resolve(fileOrName, repositoriesOf(call));
+    Console::take().nameInput(file);
+    return file;
 }
 
 namespace {

@@ -22,6 +22,8 @@ void writeTo(const std::string& destination, bool mayReplace, const std::string&
     Console::take().nameStandIn(path);
     write(path, false);
     std::ifstream file(path, std::ios::binary);
+    if (ext == "json" || ext == "xml")
+        return Console::take().document(std::string(std::istreambuf_iterator(file), {}));
     std::string block(1 << 18, '\0');
     while (file.read(block.data(), static_cast<std::streamsize>(block.size())), file.gcount() > 0)
         Console::take().data({block.data(), static_cast<std::size_t>(file.gcount())});

@@ -59,8 +59,10 @@ int runQuery(const Call& call) {
             Console::take().data(HSTStringUtils::printable(path) + "\t" +
                                  HSTStringUtils::printable(isValue ? answer.text : requests::onOneLine(answer.text)) +
                                  "\n");
+        else if (isValue)
+            Console::take().data(shown(answer.text) + "\n");
         else
-            Console::take().data(isValue ? shown(answer.text) + "\n" : answer.text);
+            Console::take().document(answer.text);
     });
     if (Records::areAsked(call)) records.print(call, {});
     return static_cast<int>(exit);

@@ -15,7 +15,7 @@ int runToXml(const Call& call) {
     if (destination != "-")
         requests::writeFile(destination, xml, call.has("force"));
     else if (!Records::areAsked(call))
-        Console::take().data(xml);
+        Console::take().document(xml);
     if (!Records::areAsked(call)) return 0;
     boost::json::object record{{"file", file}, {"destination", destination}};
     if (destination == "-") record["text"] = std::exchange(xml, {});

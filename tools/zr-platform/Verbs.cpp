@@ -27,8 +27,9 @@ const std::vector<Verb> kVerbs = {
       kNoDefaults,
       {"json", nullptr, "the document is JSON with or without this option"}},
      "Print a platform's JSON document",
-     "The output is byte for byte that of the C functions hteq_get_platform_json and hteq_get_short_platform_json. "
-     "For a metadata archive (.rqa), prints its index.",
+     "The output is byte for byte that of the C functions hteq_get_platform_json and hteq_get_short_platform_json; "
+     "on a terminal, characters that would change it are written as \\uNNNN. For a metadata archive (.rqa), prints "
+     "its index.",
      "u77/u77_gen3x16_base_1.zdf --short",
      runJson},
     {"show",

@@ -129,6 +129,17 @@ std::string withoutHidden(std::string_view text, const Hide& hide) {
     }
 }
 
+/// The same for a document, whose blanks between values remain.
+template <class Escape>
+std::string documentWithoutHidden(std::string_view text, const Escape& escape) {
+    return withoutHidden(text, [&escape](std::string& result, std::string_view, std::uint32_t code) {
+        if (code == '\n' || code == '\t')
+            result += static_cast<char>(code);
+        else if (code != '\r')
+            escape(result, code);
+    });
+}
+
 }  // namespace
 
 std::string HSTStringUtils::printable(std::string_view text) {
@@ -141,13 +152,21 @@ std::string HSTStringUtils::printable(std::string_view text) {
 }
 
 std::string HSTStringUtils::printableJson(std::string_view json) {
-    return withoutHidden(json, [](std::string& result, std::string_view, std::uint32_t code) {
+    return documentWithoutHidden(json, [](std::string& result, std::uint32_t code) {
         const auto addUnit = [&result](std::uint32_t unit) {
             result += "\\u";
             for (int shift = 12; shift >= 0; shift -= 4) result += kDigits[unit >> shift & 15];
         };
         if (code > 0xFFFF) addUnit(0xD7C0 + (code >> 10));
         addUnit(code > 0xFFFF ? 0xDC00 | (code & 0x3FF) : code);
+    });
+}
+
+std::string HSTStringUtils::printableXml(std::string_view xml) {
+    return documentWithoutHidden(xml, [](std::string& result, std::uint32_t code) {
+        result += "&#x";
+        for (int shift = 16; shift >= 0; shift -= 4) result += kDigits[code >> shift & 15];
+        result += ';';
     });
 }
 
