@@ -318,6 +318,13 @@ json::Shapes indexShapes() {
     return index;
 }
 
+/// Whether the document has a key of emulation metadata, perhaps misspelled.
+bool isEmulation(Node document) {
+    return std::ranges::any_of(json::shapesOfRecord<HTEQEmulations>(), [&](const json::Shape& shape) {
+        return document.find(shape.name) || JsonCheck::isMisspelled(document, shape.name);
+    });
+}
+
 /// Whether it is a document whose keys are not checked here: what `labels` makes, or a board.
 bool isOfOthers(Node document) {
     constexpr const char* kKeys[] = {"partition_metadata", "rovapk", "lumiprobe_debug", "connectors"};
@@ -372,7 +379,7 @@ void checkJsonFile(const Source& source, Findings& findings) {
         const bool isLabels = std::any_of(document.begin(), document.end(), [](Node child) {
             return labels::shapesOf(child.name(), child) != nullptr;
         });
-        if (name == "hw_emu.json" || document.find("emulations"))
+        if (name == "hw_emu.json" || isEmulation(document))
             checkEmulations(check, source, nullptr);
         else if (name == "rqa.json")
             check.checkShapes(indexShapes());
