@@ -122,6 +122,9 @@ int runExceptions(const Call& call) {
     const std::string& action = call["ACTION"];
     const std::string out = call.get("[OUT]", "");
     if (action == "print" && out.empty()) {
+        if (call.has("ndjson"))
+            throw teq_platform::RequestError(teq_platform::FailureKind::wrongUse,
+                                             {.text = "--ndjson describes what is packed; a list is one document"});
         Console::take().document(requests::exceptionsIn(call["FILE"]));
     } else if (action == "pack" && !out.empty()) {
         requests::packExceptions(call["FILE"], out, call.has("force"));

@@ -82,7 +82,9 @@ void extract(const Call& call) {
     const auto& arguments = call.all("[ARG...]");
     if (arguments.size() != 2) wrongUse("expected rqa extract ARCHIVE TYPE DIR");
     const std::string path = requests::extractFromRqa(call["ARCHIVE"], arguments[0], arguments[1], call.has("force"));
-    Console::take().data(HSTStringUtils::printable(path) + "\n");
+    if (!Records::areAsked(call)) return Console::take().data(HSTStringUtils::printable(path) + "\n");
+    Records::printOne(call, "extracted-file",
+                      {{"archive", call["ARCHIVE"]}, {"name", arguments[0]}, {"destination", path}});
 }
 
 constexpr struct {
