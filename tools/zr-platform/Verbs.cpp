@@ -356,7 +356,8 @@ const std::vector<Verb> kVerbs = {
       kDryRun,
       {"force", nullptr, "overwrite existing files, and replace files of the same type"},
       {"json", nullptr,
-       "for create and add, print what was written; for extract, what was made; for list, the index: a JSON document"},
+       "for create and add, print what was written; for extract, what was made; for list, the index: a JSON "
+       "document"},
       kNdjson},
      "Create, list, add to and extract from metadata archives",
      "A metadata archive is a zip file with the index rqa.json: which member has which type, and where in a design "
