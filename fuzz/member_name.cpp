@@ -37,8 +37,10 @@ bool isPlainBelow(const std::filesystem::path& name, std::string_view text) {
     const std::string directory = "/a/b/";
     const std::string whole = std::filesystem::path(directory + name.native()).lexically_normal();
     if (name.is_absolute() || whole != directory + std::string(text) || whole == directory) return false;
-    for (const auto& part : name)
-        if (part.native().size() > 255) return false;
+    for (const std::string part : name) {
+        const bool isShown = part.empty() || part.find_first_not_of(". ") != part.npos;
+        if (part.size() > 255 || part.starts_with("..") || part.ends_with("..") || !isShown) return false;
+    }
     return true;
 }
 
@@ -46,6 +48,10 @@ bool mayBeWritten(std::string_view name, bool hasData) {
     constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
     if (name.empty() || name.size() > 1024 || (hasData && name.back() == '/')) return false;
     if (name.substr(1, 1) == ":" && kLetters.find(name[0]) != std::string_view::npos) return false;
+    for (std::string_view rest = name; !rest.empty() && rest.back() != '/'; rest.remove_suffix(1)) {
+        if (rest.back() == ';') return false;
+        if (rest.back() < '0' || rest.back() > '9') break;
+    }
     for (const char c : name)
         if (c == '\\' || c == 0x7f || (c >= 0 && c < ' ')) return false;
     return isUtf8(name) && isPlainBelow(name, name);

@@ -36,12 +36,12 @@ inline std::string deflated(const std::string& data) {
 /// What both the local header and the central directory entry contain.
 struct Header {
     std::string name, extra;
-    std::uint16_t flags = 0, method = 0;
+    std::uint16_t version = 20, flags = 0, method = 0;
     std::uint32_t crc = 0;
     std::uint64_t packedSize = 0, size = 0;
     std::string bytes() const {
-        return le(20, 2) + le(flags, 2) + le(method, 2) + le(0, 2) + le(0x21, 2) + le(crc, 4) + le(packedSize, 4) +
-               le(size, 4) + le(name.size(), 2) + le(extra.size(), 2);
+        return le(version, 2) + le(flags, 2) + le(method, 2) + le(0, 2) + le(0x21, 2) + le(crc, 4) +
+               le(packedSize, 4) + le(size, 4) + le(name.size(), 2) + le(extra.size(), 2);
     }
 };
 

@@ -28,6 +28,7 @@ inline void moveTo64(Header& header, const std::string& bytes = "") {
 }
 
 /// Sizes and CRC follow the data: "signed4", "signed8", "bare4" and "bare8" name a form, other texts are written as given.
+/// A local zip64 field announces 8 bytes.
 inline void moveAfter(Entry& entry, const std::string& descriptor) {
     const Header header = entry.central;
     const int width = descriptor.ends_with('8') ? 8 : 4;
@@ -35,6 +36,7 @@ inline void moveAfter(Entry& entry, const std::string& descriptor) {
     entry.both(&Header::flags, 8);
     entry.local.crc = 0;
     entry.local.size = entry.local.packedSize = 0;
+    if (width == 8) entry.local.extra += extra(1, le(0, 16));
     entry.descriptor = descriptor.starts_with("signed") ? "PK\7\10" + bare
                        : descriptor.starts_with("bare") ? bare
                                                         : descriptor;
@@ -58,6 +60,7 @@ void set(T& thing, const std::string& text) {
 inline const Changes<Header> kHeaderChanges = {
     {"name", set<&Header::name>},
     {"extra", set<&Header::extra>},
+    {"version", set<&Header::version>},
     {"flags", set<&Header::flags>},
     {"method", set<&Header::method>},
     {"crc", set<&Header::crc>},

@@ -5,6 +5,7 @@
 #include "kit/Run.h"
 #include "kit/ZipCases.h"
 #include "zip/ArchiveEdit.h"
+#include "zip/ArchiveError.h"
 #include "zip/HUTZip.h"
 #include "zip/OnDisk.h"
 
@@ -150,11 +151,26 @@ TEST_F(DigestOf, AForeignCommentStandsBehind) {
     EXPECT_EQ(comment().substr(19 + 64), "\n" + zip.comment) << "ours is not put twice";
     EXPECT_EQ(stateOf(archive()), State::valid);
 
-    zip.comment = std::string(65'500, 'c');
-    const std::string before = zip.build();
-    scratch_.put("b.lfa", before);
-    EXPECT_NE(wordsOf([this] { HUTZip::attachDigestEn(scratch_ / "b.lfa"); }).find("comment"), std::string::npos);
-    EXPECT_EQ(contentOf(scratch_ / "b.lfa"), before);
+    for (const std::string& comment : {std::string(65'500, 'c'), std::string("\xBC"), std::string("\1")}) {
+        zip.comment = comment;
+        const std::string before = zip.build();
+        scratch_.put("b.lfa", before);
+        EXPECT_THROW(HUTZip::attachDigestEn(scratch_ / "b.lfa"), zip::ArchiveError) << comment;
+        EXPECT_EQ(contentOf(scratch_ / "b.lfa"), before);
+    }
+}
+
+/// What `verify` refuses gets no digest, and keeps none.
+TEST_F(DigestOf, IsOfWhatOthersReadAlike) {
+    builder::Zip twice = stamped(scratch_), encoded = mixedZip();
+    twice.entries[0].local.extra = builder::extra(0x5455, "") + builder::extra(0x5455, "");
+    encoded.entries[0].both(&builder::Header::name, "\xC3\xA9");
+    for (const builder::Zip& zip : {twice, encoded}) {
+        scratch_.put("a.lfa", zip.build());
+        ArchiveEdit edit(archive());
+        edit.put("c", std::string("third"));
+        EXPECT_THROW(edit.commit(ArchiveEdit::Digest::attach), zip::ArchiveError);
+    }
 }
 
 TEST_F(DigestOf, EachFaultIsToldByNameAndReason) {

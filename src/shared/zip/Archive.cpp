@@ -4,6 +4,7 @@
 #include <libdeflate.h>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 #include "zip/FileBytes.h"
@@ -50,35 +51,47 @@ Fault inflateWhole(std::string_view packed, std::string& data) {
 }
 
 /// Readers that take an archive as a stream know where a stored member ends only by its data descriptor: the data must
-/// not contain one that fits there.
+/// not contain one with the right CRC or compressed size. Some of these readers compare only one of them.
 class DescriptorSearch {
 public:
-    explicit DescriptorSearch(const Member& member) : isNeeded_(member.hasDescriptor()) {}
+    explicit DescriptorSearch(const Member& member) : member_(member) {}
 
     bool finds(std::string_view piece) {
-        if (!isNeeded_) return false;
+        if (!member_.hasDescriptor()) return false;
         window_ += piece;
-        for (auto at = window_.find("PK\7\10"); at != window_.npos; at = window_.find("PK\7\10", at + 1))
-            if (fits<std::uint32_t>(at) || fits<std::uint64_t>(at)) return true;
-        const std::size_t done = window_.size() - std::min(window_.size(), kMaxSize - 1);
+        std::size_t done = 0;
+        const auto skipTo = [&](std::size_t at) {
+            crc_ = libdeflate_crc32(crc_, window_.data() + done, at - done);
+            done = at;
+        };
+        for (auto at = window_.find(kSignature); at != window_.npos && at + kSize <= window_.size();
+             at = window_.find(kSignature, at + 1)) {
+            skipTo(at);
+            if (u32(&window_[at + 4]) == crc_ || u32(&window_[at + 8]) == static_cast<std::uint32_t>(windowAt_ + at))
+                return true;
+        }
+        skipTo(window_.size() - std::min(window_.size(), kSize - 1));
         windowAt_ += done;
         window_.erase(0, done);
         return false;
     }
 
-private:
-    static constexpr std::size_t kMaxSize = 24;
-
-    template <class Size>
-    bool fits(std::size_t at) const {
-        const std::size_t packedSize = at + 8, size = packedSize + sizeof(Size);
-        return size + sizeof(Size) <= window_.size() && number<Size>(&window_[packedSize]) == windowAt_ + at &&
-               number<Size>(&window_[size]) == windowAt_ + at;
+    /// After the last piece: one that begins in the data may end in the member's own descriptor.
+    bool findsAtEnd() {
+        std::string own(kSignature);
+        own.resize(8);
+        std::memcpy(&own[4], &member_.crc, sizeof member_.crc);
+        return finds(own);
     }
 
-    bool isNeeded_;
+private:
+    static constexpr std::string_view kSignature = "PK\7\10";
+    static constexpr std::size_t kSize = 12;  ///< signature, CRC and the lower half of the compressed size
+
+    const Member& member_;
     std::string window_;
     std::uint64_t windowAt_ = 0;
+    std::uint32_t crc_ = 0;  ///< of the data before the window
 };
 
 }  // namespace
@@ -144,7 +157,10 @@ void Archive::checkUnpackedSize() const {
     }
 }
 
-void Archive::checkHeader(const Member& member) const { PackedData(*bytes_, name_, member, 0); }
+void Archive::checkHeader(const Member& member) const {
+    const PackedData packed(*bytes_, name_, member, 0);
+    packed.checkDescriptor();
+}
 
 void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budget) const {
     if (!isUnpackedWhole(member)) return unpackInPieces(member, sink, budget);
@@ -165,10 +181,14 @@ void Archive::unpackInPieces(const Member& member, const Sink& sink, OutputBudge
     PackedData packed(*bytes_, name_, member, kBlock);
     if (member.method == Method::stored) {
         DescriptorSearch early(member);
+        const auto refuseIf = [&](bool found) {
+            if (found) refuse(member, "its data contain what looks like its data descriptor");
+        };
         for (auto piece = packed.next(); !piece.empty(); piece = packed.next()) {
-            if (early.finds(piece)) refuse(member, "its data contain what looks like its data descriptor");
+            refuseIf(early.finds(piece));
             take(piece);
         }
+        refuseIf(early.findsAtEnd());
     } else {
         Inflater inflater(kBlock);
         for (auto piece = packed.next(); !piece.empty(); piece = packed.next())

@@ -47,7 +47,7 @@ public:
     std::uint64_t mostUnpacked() const { return (128UL << 20) + 100 * bytes_->size(); }
     /// Throws if all members together have more.
     void checkUnpackedSize() const;
-    /// Throws unless the member's local header agrees with its entry.
+    /// Throws unless the member's local header and data descriptor agree with its entry.
     void checkHeader(const Member& member) const;
 
 private:

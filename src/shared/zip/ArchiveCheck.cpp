@@ -45,14 +45,9 @@ private:
         report_.differences.push_back({std::string(member), reason, HSTStringUtils::printable(text)});
     }
 
-    /// Names with which other readers do not write the same files.
     void checkName(const Member& member) {
-        // A name may be in an encoding of its own, which every reader shows as it can.
-        if (const auto fault = memberPathFault(member.name, member.size > 0); !fault.empty())
-            return add(member.name, Reason::damaged, "its name " + std::string(fault));
-        for (auto at = member.name.find('/'); at != member.name.npos; at = member.name.find('/', at + 1))
-            if (archive_.find(member.name.substr(0, at)))
-                return add(member.name, Reason::damaged, "it would be in a directory whose name is that of a file");
+        if (const auto fault = nameFault(archive_, member, hasDigest_); !fault.empty())
+            add(member.name, Reason::damaged, fault);
     }
 
     void checkBytes(const Member& member) {
@@ -66,8 +61,7 @@ private:
     }
 
     void checkField(const Member& member, const Hash& hash) {
-        const ExtraField found = findExtraField(member.extraFields, kDigestField);
-        if (found.isSound && !found.bytes)
+        if (!findExtraField(member.extraFields, kDigestField))
             return add(member.name, Reason::extra, "it has no digest: it was added or replaced later");
         const auto field = digestField(member);
         if (!field) return add(member.name, Reason::field, "its digest is not one of 32 bytes");
@@ -93,6 +87,18 @@ private:
 };
 
 }  // namespace
+
+std::string nameFault(const Archive& archive, const Member& member, bool hasDigest) {
+    const std::string_view name = member.name;
+    const auto fault = (hasDigest ? digestNameFault : memberPathFault)(name, member.size > 0);
+    if (!fault.empty()) return "its name " + std::string(fault);
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (hasDigest && !member.isMarkedUtf8() && !std::ranges::all_of(name, isAscii))
+        return "its name is neither ASCII nor marked as UTF-8";
+    for (auto at = name.find('/'); at != name.npos; at = name.find('/', at + 1))
+        if (archive.find(name.substr(0, at))) return "it would be in a directory whose name is that of a file";
+    return {};
+}
 
 HUTZip::Verification checkArchive(const Archive& archive) { return Check(archive).run(); }
 

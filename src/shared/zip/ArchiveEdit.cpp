@@ -13,6 +13,7 @@
 #include "text/HSTStringUtils.h"
 #include "util/AtomicFile.h"
 #include "util/HUTFile.h"
+#include "zip/ArchiveCheck.h"
 #include "zip/Digest.h"
 #include "zip/MemberName.h"
 #include "zip/MemoryBytes.h"
@@ -80,7 +81,7 @@ FileStamp ArchiveEdit::commit(Digest digest) {
     util::AtomicFile made(path_, 0600);
     write(fields, [&made](std::uint64_t offset, std::string_view bytes) { made.write(offset, bytes); });
     checkSources();
-    checkResult(made.descriptor());
+    checkResult(made.descriptor(), !fields.comment.empty());
     made.takeAttributes(locked_.file().descriptor());
     made.sync();
     checkArchive();
@@ -102,6 +103,7 @@ ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {
     std::vector<DigestRow> rows;
     for (const Member& member : archive().members()) {
         if (!isKept(member)) continue;
+        if (isValid) checkUnread(member);
         rows.push_back({member.name, member.size, isValid ? *digestField(member) : zip::hashOf(archive(), member)});
         if (!isValid) stamp.fields.emplace(member.name, rows.back().hash);
     }
@@ -109,8 +111,14 @@ ArchiveEdit::Stamp ArchiveEdit::makeStamp(bool isValid) {
         rows.push_back({name, change.bytes().size(), hashOf(change)});
         stamp.fields.emplace(name, rows.back().hash);
     }
-    stamp.comment = withDigest(digestLine(rows), archive().comment());
+    stamp.comment = withDigest(digestLine(rows), archive());
     return stamp;
+}
+
+/// Of a member whose digest is believed, what another reader could take for something else.
+void ArchiveEdit::checkUnread(const Member& member) const {
+    archive().checkHeader(member);
+    if (member.method == Method::stored && member.hasDescriptor()) zip::hashOf(archive(), member);
 }
 
 Hash ArchiveEdit::hashOf(Change& change) const {
@@ -184,11 +192,16 @@ void ArchiveEdit::checkKept(const Archive& made) const {
 }
 
 /// A new archive that cannot be read again, or differs from what was hashed, does not replace the old one.
-void ArchiveEdit::checkResult(int descriptor) const {
+void ArchiveEdit::checkResult(int descriptor, bool hasStamp) const {
     util::Descriptor own(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
     if (!own.isOpen()) refuse(std::generic_category().message(errno));
     const Archive made(std::make_unique<FileBytes>(std::move(own)), path_ + " (changed)");
-    for (const Member& member : made.members()) made.checkHeader(member);
+    for (const Member& member : made.members()) {
+        made.checkHeader(member);
+        if (!hasStamp) continue;
+        if (const auto fault = nameFault(made, member, true); !fault.empty())
+            throw ArchiveError(path_, std::string(member.name), fault);
+    }
     checkKept(made);
     for (const auto& [name, change] : changes_) {
         const Member* const member = made.find(name);

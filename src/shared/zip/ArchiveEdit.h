@@ -81,11 +81,12 @@ private:
     bool isDigestTrue() const;
     bool isKept(const Member& member) const;
     Stamp makeStamp(bool isValid);
+    void checkUnread(const Member& member) const;
     Hash hashOf(Change& change) const;
     void write(const Stamp& stamp, const ZipWriter::Write& to) const;
     void checkSources() const;
     void checkArchive() const;
-    void checkResult(int descriptor) const;
+    void checkResult(int descriptor, bool hasStamp) const;
     void checkKept(const Archive& made) const;
     [[noreturn]] void refuse(const std::string& text) const;
 

@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <limits>
 
-#include "msg/HEXAll.h"
+#include "zip/ArchiveError.h"
 #include "zip/ExtraFields.h"
+#include "zip/MemberName.h"
 
 namespace zip {
 namespace {
@@ -15,6 +16,7 @@ constexpr std::string_view kAnyVersion = "zr-digest:", kThisVersion = "zr-digest
 constexpr std::uint64_t kBlock = 256UL * 1024;
 constexpr std::size_t kMaxComment = 0xFFFF;
 
+bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r'; }
 std::string_view firstLine(std::string_view comment) { return comment.substr(0, comment.find('\n')); }
 
 }  // namespace
@@ -38,20 +40,23 @@ bool commentTells(const Archive& archive, const std::vector<DigestRow>& rows) {
     return firstLine(archive.comment()) == digestLine(rows);
 }
 
-std::string withDigest(const std::string& line, std::string_view comment) {
-    std::string_view foreign = comment;
-    if (hasDigest(comment)) foreign.remove_prefix(std::min(comment.size(), firstLine(comment).size() + 1));
+std::string withDigest(const std::string& line, const Archive& archive) {
+    std::string_view foreign = archive.comment();
+    if (hasDigest(foreign)) foreign.remove_prefix(std::min(foreign.size(), firstLine(foreign).size() + 1));
     if (foreign.empty()) return line;
     if (line.size() + 1 + foreign.size() > kMaxComment)
-        throw HEXUserException("the comment of the archive is too long to add a digest");
+        throw ArchiveError(archive.name(), "", "its comment is too long to add a digest");
+    if (!isUtf8(foreign) || std::ranges::any_of(foreign, isControl))
+        throw ArchiveError(archive.name(), "",
+                           "its comment is not UTF-8 or has a control character: no digest is added");
     return line + "\n" + std::string(foreign);
 }
 
 std::optional<Hash> digestField(const Member& member) {
-    const ExtraField field = findExtraField(member.extraFields, kDigestField);
+    const auto field = findExtraField(member.extraFields, kDigestField);
     Hash hash;
-    if (!field.bytes || field.bytes->size() != hash.size()) return std::nullopt;
-    std::ranges::copy(*field.bytes, hash.begin());
+    if (!field || field->size() != hash.size()) return std::nullopt;
+    std::ranges::copy(*field, hash.begin());
     return hash;
 }
 

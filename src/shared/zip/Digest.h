@@ -28,10 +28,11 @@ std::string digestLine(const std::vector<DigestRow>& rows);
 bool hasDigest(std::string_view comment);
 /// Whether the comment's digest was computed from these rows.
 bool commentTells(const Archive& archive, const std::vector<DigestRow>& rows);
-/// The comment with `line` before the text of others. Throws `HEXUserException` if it becomes too long.
-std::string withDigest(const std::string& line, std::string_view comment);
+/// The archive's comment with `line` before the text of others. Throws `ArchiveError` if it becomes too long, or cannot be
+/// written because it is not a text in UTF-8.
+std::string withDigest(const std::string& line, const Archive& archive);
 
-/// The hash in the member's entry; no value if it has no such field, a malformed one, or several.
+/// The hash in the member's entry; no value if it has no such field, or a malformed one.
 std::optional<Hash> digestField(const Member& member);
 struct Checksums {
     Hash hash{};

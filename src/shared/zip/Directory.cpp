@@ -17,20 +17,23 @@ namespace zip {
 namespace {
 
 constexpr std::size_t kEntrySize = 46;
-constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13,
-                        kUtf8 = 1 << 11;
+constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption = 1 << 6, kMasked = 1 << 13;
 /// The maximum compression ratio of deflate.
 constexpr std::uint64_t kMaxRatio = 1032;
 
-constexpr std::uint32_t kDosVolume = 0x08, kDosDirectory = 0x10;
+constexpr std::uint32_t kDosDirectory = 0x10;
+/// Read-only, hidden, system, directory, archive, normal; temporary, sparse, compressed, not indexed; and a mark that the
+/// upper half has a mode. Not the label of a volume, a device, or a reparse point, whose data are the target of a link.
+constexpr std::uint32_t kDosAttributes =
+    0x01 | 0x02 | 0x04 | kDosDirectory | 0x20 | 0x80 | 0x100 | 0x200 | 0x800 | 0x2000 | 0x8000;
 constexpr std::uint8_t kAmiga = 1;
 constexpr std::uint32_t kAmigaType = 06000, kAmigaDirectory = 04000;
 
 /// Whether each reader takes the member for what its name says. Some look at the type in the upper half of the
-/// attributes whatever system the entry was made on, and some skip the label of a volume.
+/// attributes, or at the lower one, whatever system the entry was made on.
 bool hasTypeOfName(const Member& member, std::uint8_t system, std::uint32_t attributes) {
     const std::uint32_t type = member.mode & S_IFMT;
-    if (attributes & kDosVolume) return false;
+    if (attributes & 0xFFFF & ~kDosAttributes) return false;
     if (member.isDirectory()) return type == 0 || type == S_IFDIR;
     if (system == kAmiga && (member.mode & kAmigaType) == kAmigaDirectory) return false;
     return (type == 0 || type == S_IFREG) && (attributes & kDosDirectory) == 0;
@@ -126,31 +129,32 @@ std::size_t Directory::readEntry(std::string_view rest) {
     member.mode = u32(entry + 38) >> 16;
     member.headerOffset = u32(entry + 42);
     member.extraFields = rest.substr(kEntrySize + nameSize, extraSize);
+    if (!areExtraFieldsSound(member.extraFields))
+        refuse(member.name, "the extra fields of its entry are malformed, or one occurs twice");
     readZip64(member, entry);
     checkEntry(member, entry);
-    if ((member.flags & kUtf8) && !(isUtf8(member.name) && isUtf8(rest.substr(size - commentSize, commentSize))))
+    if (member.isMarkedUtf8() && !(isUtf8(member.name) && isUtf8(rest.substr(size - commentSize, commentSize))))
         refuse(member.name, "its name or its comment is marked as UTF-8 and is not");
     return size;
 }
 
 /// The zip64 field holds the values that do not fit their fields in the entry, or all of them, in this order.
 void Directory::readZip64(Member& member, const char* entry) const {
-    const ExtraField field = findExtraField(member.extraFields, kZip64Field);
-    if (!field.isSound) refuse(member.name, "the extra fields of its entry are malformed");
+    const auto field = findExtraField(member.extraFields, kZip64Field);
     std::uint64_t* const values[] = {&member.size, &member.packedSize, &member.headerOffset};
     const auto missing = std::ranges::count_if(values, [](auto* value) { return *value == kIn64As32; });
     const bool diskMissing = u16(entry + 34) == kIn64As16;
-    if (!field.bytes) {
+    if (!field) {
         if (missing > 0 || diskMissing) refuse(member.name, "the zip64 field of its entry is missing");
         return;
     }
-    const std::size_t size = field.bytes->size(), diskSize = diskMissing ? 4 : 0;
+    const std::size_t size = field->size(), diskSize = diskMissing ? 4 : 0;
     const bool hasAll = size == 24 + diskSize;
     // With all values, readers that expect only the missing ones must find the same.
     const bool areFirst = std::ranges::is_partitioned(values, [](auto* value) { return *value == kIn64As32; });
     if (hasAll ? !areFirst : size != 8 * static_cast<std::size_t>(missing) + diskSize)
         refuse(member.name, fmt::format("the zip64 field of its entry has {} bytes", size));
-    const char* at = field.bytes->data();
+    const char* at = field->data();
     for (std::uint64_t* const value : values) {
         if (*value != kIn64As32 && !hasAll) continue;
         if (*value != kIn64As32 && *value != u64(at))
@@ -166,6 +170,9 @@ void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name contains NUL");
     if (u16(entry + 34) != 0 && u16(entry + 34) != kIn64As16)
         refuse(member.name, "it is in another part of a split archive");
+    if (u16(entry + 6) > kMaxVersion)
+        refuse(member.name, fmt::format("it needs version {} of the format; at most {} is supported", u16(entry + 6),
+                                        kMaxVersion));
     if (member.flags & (kEncrypted | kStrongEncryption | kMasked)) refuse(member.name, "it is encrypted");
     if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not supported");
     if (member.method != Method::stored && member.method != Method::deflated)

@@ -30,6 +30,7 @@ public:
         if (!find()) refuseWithoutEnd();
         readRecord();
         refuseOthers();
+        refuseOtherLocators();
         return std::move(end_);
     }
 
@@ -74,6 +75,19 @@ private:
     }
     static bool endsDirectory(std::uint64_t offset, const char* record) {
         return std::uint64_t{u32(record + 12)} + u32(record + 16) == offset;
+    }
+
+    /// Some readers take the last locator of the archive that leads to a zip64 record, wherever it is.
+    void refuseOtherLocators() const {
+        const std::string_view tail = end_.tail;
+        for (auto at = tail.find(kLocatorSignature); at != tail.npos; at = tail.find(kLocatorSignature, at + 1)) {
+            std::array<char, 4> target;
+            if (at + kLocatorSize == at_ || at + 16 > tail.size()) continue;
+            const std::uint64_t offset = u64(&tail[at + 8]);
+            if (offset <= bytes_.size() - target.size() && fetch(offset, target.data(), target.size()) &&
+                std::string_view(target.data(), target.size()) == kRecord64Signature)
+                refuse(fmt::format("it has a second zip64 locator, at byte {}", end_.tailOffset + at));
+        }
     }
     bool endsDirectory64(std::uint64_t offset) const {
         std::array<char, kLocatorSize> locator;

@@ -2,6 +2,9 @@
 
 #include <libdeflate.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "zip/LittleEndian.h"
 
 namespace zip {
@@ -12,30 +15,41 @@ constexpr std::uint16_t kUnicodePathField = 0x7075;
 /// A copy of the entry's attributes, which one library believes when it reads an archive as a stream.
 constexpr std::uint16_t kAttributesField = 0x6C78;
 
-bool isPadding(std::string_view bytes) { return bytes.size() < 4 && bytes.find_first_not_of('\0') == bytes.npos; }
+struct Field {
+    std::uint16_t id = 0;
+    std::string_view bytes;
+};
+
+/// Removes the first field; no value at the end, which may be padding of fewer than four bytes, or if it is malformed.
+std::optional<Field> nextField(std::string_view& extraFields) {
+    if (extraFields.size() < 4 || extraFields.size() - 4 < u16(&extraFields[2])) return std::nullopt;
+    const Field field{u16(&extraFields[0]), extraFields.substr(4, u16(&extraFields[2]))};
+    extraFields.remove_prefix(4 + field.bytes.size());
+    return field;
+}
 
 }  // namespace
 
-ExtraField findExtraField(std::string_view extraFields, std::uint16_t id) {
-    ExtraField found;
-    while (!isPadding(extraFields)) {
-        if (extraFields.size() < 4 || extraFields.size() - 4 < u16(&extraFields[2])) return {false, {}};
-        const std::uint16_t size = u16(&extraFields[2]);
-        if (u16(&extraFields[0]) == id) {
-            if (found.bytes) return {false, {}};
-            found.bytes = extraFields.substr(4, size);
-        }
-        extraFields.remove_prefix(4 + std::size_t{size});
-    }
-    return found;
+bool areExtraFieldsSound(std::string_view extraFields) {
+    std::vector<std::uint16_t> ids;
+    while (const auto field = nextField(extraFields))
+        if (field->id != 0 || !field->bytes.empty()) ids.push_back(field->id);
+    std::ranges::sort(ids);
+    return std::ranges::adjacent_find(ids) == ids.end() && extraFields.size() < 4 &&
+           extraFields.find_first_not_of('\0') == extraFields.npos;
+}
+
+std::optional<std::string_view> findExtraField(std::string_view extraFields, std::uint16_t id) {
+    while (const auto field = nextField(extraFields))
+        if (field->id == id) return field->bytes;
+    return std::nullopt;
 }
 
 bool extraFieldsAgree(std::string_view extraFields, std::string_view name) {
-    const ExtraField path = findExtraField(extraFields, kUnicodePathField);
-    if (!path.isSound || findExtraField(extraFields, kAttributesField).bytes) return false;
-    if (!path.bytes) return true;
-    return path.bytes->size() >= 5 && path.bytes->front() == 1 &&
-           u32(&(*path.bytes)[1]) == libdeflate_crc32(0, name.data(), name.size()) && path.bytes->substr(5) == name;
+    if (findExtraField(extraFields, kAttributesField)) return false;
+    const auto path = findExtraField(extraFields, kUnicodePathField);
+    return !path || (path->size() >= 5 && path->front() == 1 &&
+                     u32(&(*path)[1]) == libdeflate_crc32(0, name.data(), name.size()) && path->substr(5) == name);
 }
 
 }  // namespace zip

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "msg/HEXAll.h"
+#include "msg/HEXFileFault.h"
 #include "util/FolderNames.h"
 #include "util/HUTFile.h"
 #include "util/OpenBelow.h"
@@ -85,8 +86,8 @@ private:
     /// A folder that does not become an archive is appended to `folders`, with a final "/".
     void add(int folder, const std::string& name, std::string member, std::vector<std::string>& folders) {
         const std::string path = shown_ + "/" + member;
-        if (const auto fault = zip::memberNameFault(member, false); !fault.empty())
-            refuse(path, "its name " + std::string(fault));
+        if (const auto fault = zip::digestNameFault(member, false); !fault.empty())
+            throw HEXFileFault({.text = "'" + path + "' cannot be packed: its name " + std::string(fault)});
         struct stat status {};
         if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0)
             refuse(path, std::generic_category().message(errno));

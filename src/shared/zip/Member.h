@@ -23,7 +23,11 @@ struct Member {
     bool isDirectory() const { return name.ends_with('/'); }
     /// Whether sizes and CRC follow the data.
     bool hasDescriptor() const { return (flags & 8) != 0; }
+    bool isMarkedUtf8() const { return (flags & (1 << 11)) != 0; }
 };
+
+/// Readers skip members that need a higher version of the format to be extracted.
+inline constexpr std::uint16_t kMaxVersion = 46;
 
 /// A data descriptor is a CRC and two sizes of 4 or 8 bytes, with a signature before them or without.
 inline bool isDescriptorSize(std::uint64_t size) { return size == 12 || size == 16 || size == 20 || size == 24; }

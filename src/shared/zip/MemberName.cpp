@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "text/HSTStringUtils.h"
 
@@ -13,6 +14,22 @@ constexpr std::size_t kMaxName = 1024, kMaxPart = 255;
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
+/// Accents, Arabic marks, Korean letters and Japanese marks, which other programs join with the character before them, so
+/// that two names become one.
+constexpr std::pair<std::string_view, std::string_view> kCombining[] = {
+    {"\u0300", "\u036F"}, {"\u0653", "\u0655"}, {"\u1160", "\u11FF"}, {"\u3099", "\u309A"}};
+
+/// In valid UTF-8, whose characters compare like their numbers.
+bool hasCombining(std::string_view name) {
+    while (!name.empty()) {
+        const std::string_view character = name.substr(0, HSTStringUtils::utf8Length(name));
+        for (const auto& [first, last] : kCombining)
+            if (first <= character && character <= last) return true;
+        name.remove_prefix(character.size());
+    }
+    return false;
+}
+
 /// A file's version on systems that keep several; the number may be missing.
 bool endsInVersion(std::string_view name) {
     const auto last = name.find_last_not_of("0123456789");
@@ -22,6 +39,8 @@ bool endsInVersion(std::string_view name) {
 std::string_view partFault(std::string_view part) {
     if (part.empty()) return "has an empty part";
     if (part == "." || part == "..") return "has a part that is '.' or '..'";
+    if (part.find_first_not_of(". ") == part.npos) return "has a part of dots and blanks only";
+    if (part.starts_with("..") || part.ends_with("..")) return "has a part that begins or ends with '..'";
     if (part.size() > kMaxPart) return "has a part of more than 255 bytes";
     return {};
 }
@@ -60,6 +79,11 @@ std::string_view memberPathFault(std::string_view name, bool hasData) {
 std::string_view memberNameFault(std::string_view name, bool hasData) {
     const std::string_view fault = memberPathFault(name, hasData);
     return fault.empty() && !isUtf8(name) ? "is not valid UTF-8" : fault;
+}
+
+std::string_view digestNameFault(std::string_view name, bool hasData) {
+    const std::string_view fault = memberNameFault(name, hasData);
+    return fault.empty() && hasCombining(name) ? "has a combining character, which other programs replace" : fault;
 }
 
 }  // namespace zip

@@ -29,7 +29,7 @@ void NewArchive::addText(std::string member, std::string bytes) {
 void NewArchive::addDirectory(std::string member) { add({std::move(member), {}, {}}, false); }
 
 void NewArchive::add(Member member, bool hasData) {
-    if (const auto fault = memberNameFault(member.name, hasData); !fault.empty())
+    if (const auto fault = digestNameFault(member.name, hasData); !fault.empty())
         throw HEXUserException("archive '" + shown_ + "' cannot be made: the member name '" +
                                HSTStringUtils::printable(member.name) + "' " + std::string(fault));
     members_.push_back(std::move(member));

@@ -16,8 +16,8 @@ namespace {
 constexpr std::size_t kHeaderSize = 30;
 /// Read in advance for the extra fields, whose size is known only from the local header.
 constexpr std::size_t kSlack = 512;
-/// Bits 1 and 2 state the compression effort, which writers set as they like.
-constexpr std::uint16_t kFlagsThatCount = 0xFFFF & ~6;
+/// Bits 1 and 2 of a deflated member state the compression effort, which writers set as they like.
+constexpr std::uint16_t kEffort = 6;
 
 /// Whether `bytes` begin with the member's CRC and sizes, in the width of `Size`.
 template <class Size>
@@ -51,7 +51,9 @@ void PackedData::checkHeader(std::string_view window) {
         refuse(fmt::format("there is no local header at byte {}, where its entry points", member_.headerOffset));
     const std::size_t nameSize = u16(header + 26), extraSize = u16(header + 28);
     if (window.substr(kHeaderSize, nameSize) != member_.name) refuse("its local header has another name");
-    if ((u16(header + 6) ^ member_.flags) & kFlagsThatCount) refuse("its local header has other flags");
+    if (u16(header + 4) > kMaxVersion) refuse("its local header needs a higher version of the format");
+    if ((u16(header + 6) ^ member_.flags) & ~(member_.method == Method::deflated ? kEffort : 0))
+        refuse("its local header has other flags");
     if (Method(u16(header + 8)) != member_.method) refuse("its local header has another method");
 
     const std::uint64_t before = kHeaderSize + nameSize + extraSize;
@@ -70,17 +72,20 @@ void PackedData::checkHeader(std::string_view window) {
     checkSizes(header, extraFields);
 }
 
-void PackedData::checkSizes(const char* header, std::string_view extraFields) const {
-    const ExtraField field = findExtraField(extraFields, kZip64Field);
-    if (!field.isSound) refuse("the extra fields of its local header are malformed");
+void PackedData::checkSizes(const char* header, std::string_view extraFields) {
+    if (!areExtraFieldsSound(extraFields))
+        refuse("the extra fields of its local header are malformed, or one occurs twice");
+    const auto field = findExtraField(extraFields, kZip64Field);
     if (!extraFieldsAgree(extraFields, member_.name))
         refuse("the extra fields of its local header give it another name or type");
+    if (field && field->size() < 16) refuse("the zip64 field of its local header has not two sizes");
+    isZip64_ = field.has_value();
     std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
     if (packedSize == kIn64As32 || size == kIn64As32) {
-        if (!field.bytes || field.bytes->size() < 16) refuse("the zip64 field of its local header is missing");
+        if (!field) refuse("the zip64 field of its local header is missing");
         if (packedSize != size) refuse("the zip64 field of its local header replaces one of two sizes");
-        size = u64(field.bytes->data());
-        packedSize = u64(field.bytes->data() + 8);
+        size = u64(field->data());
+        packedSize = u64(field->data() + 8);
     }
     const bool follows = member_.hasDescriptor();  // zeros here, the values after the data
     const auto agrees = [follows](auto local, auto central) { return local == central || (follows && local == 0); };
@@ -88,8 +93,7 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) co
         refuse(fmt::format("its local header has {} compressed bytes of {}, its entry {} of {}", packedSize, size,
                            member_.packedSize, member_.size));
     // Some readers take the sizes from this field although the header has them.
-    if (field.bytes && field.bytes->size() >= 16 &&
-        !(agrees(u64(field.bytes->data()), member_.size) && agrees(u64(field.bytes->data() + 8), member_.packedSize)))
+    if (field && !(agrees(u64(field->data()), member_.size) && agrees(u64(field->data() + 8), member_.packedSize)))
         refuse("the zip64 field of its local header disagrees with its entry");
     if (!agrees(u32(header + 14), member_.crc)) refuse("its local header has another CRC");
 }
@@ -116,8 +120,10 @@ void PackedData::checkDescriptor() const {
     // Without a signature, the end of stored data cannot be found, and a CRC must not look like the signature.
     const bool hasSignature = descriptor.starts_with("PK\7\10"), needsOne = member_.method == Method::stored;
     if (hasSignature) descriptor.remove_prefix(4);
-    const bool isWide = size >= 20;
-    if (!isDescriptorSize(size) || hasSignature != (size % 8 == 0) || (needsOne && !hasSignature) ||
+    // A zip64 field tells streaming readers the width. Writers that learn only from the data that they need 8 bytes have none.
+    const bool isWide = isZip64_ || std::max(member_.size, member_.packedSize) >= kIn64As32;
+    if (!isDescriptorSize(size) || isWide != (size >= 20) || hasSignature != (size % 8 == 0) ||
+        (needsOne && !hasSignature) ||
         !(isWide ? matches<std::uint64_t>(descriptor, member_) : matches<std::uint32_t>(descriptor, member_)))
         refuse("the data descriptor after its data is missing or disagrees with its entry");
     // A reader that expects sizes of 4 bytes finds them right, and the zeros after them where a header should be.

@@ -25,7 +25,7 @@ public:
 
 private:
     void checkHeader(std::string_view window);
-    void checkSizes(const char* header, std::string_view extraFields) const;
+    void checkSizes(const char* header, std::string_view extraFields);
     [[noreturn]] void refuse(const std::string& text, ArchiveError::Fault fault = ArchiveError::Fault::other) const;
 
     const ByteSource& bytes_;
@@ -36,6 +36,7 @@ private:
     std::string_view ready_;    ///< the data read with the header
     std::uint64_t dataAt_ = 0;  ///< offset of the compressed data
     std::uint64_t done_ = 0;    ///< compressed bytes returned so far
+    bool isZip64_ = false;      ///< the local header has a zip64 field
 };
 
 }  // namespace zip

@@ -64,7 +64,7 @@ void checkFiles(const HSTVector<NamedFile>& files, const std::string& reserved) 
     std::set<std::string> members, types;
     for (const NamedFile& file : files) {
         const std::string shown = "the member name '" + HSTStringUtils::printable(file.member) + "' ";
-        if (const auto fault = zip::memberNameFault(file.member, true); !fault.empty())
+        if (const auto fault = zip::digestNameFault(file.member, true); !fault.empty())
             wrongUse(shown + std::string(fault));
         if (file.member == reserved) wrongUse(shown + "is that of the metadata");
         if (!members.insert(file.member).second) wrongUse(shown + "is given twice");

@@ -60,6 +60,9 @@ private:
 
     void add(int folder, const std::string& name, const std::string& inside, std::vector<std::string>& folders) {
         const std::string path = path_ + "/" + inside;
+        if (const auto fault = zip::digestNameFault(member_ + "/" + inside, false); !fault.empty())
+            throw RequestError(FailureKind::badInput,
+                               {.text = "'" + path + "' cannot be packed: its name " + std::string(fault)});
         struct stat status {};
         if (::fstatat(folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0 ||
             !(S_ISREG(status.st_mode) || S_ISDIR(status.st_mode)))
