@@ -92,7 +92,6 @@ std::string nameFault(const Archive& archive, const Member& member, bool hasDige
     const std::string_view name = member.name;
     const auto fault = (hasDigest ? digestNameFault : memberPathFault)(name, member.size > 0);
     if (!fault.empty()) return "its name " + std::string(fault);
-    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
     if (hasDigest && !member.isMarkedUtf8() && !std::ranges::all_of(name, isAscii))
         return "its name is neither ASCII nor marked as UTF-8";
     for (auto at = name.find('/'); at != name.npos; at = name.find('/', at + 1))

@@ -57,7 +57,8 @@ public:
 
     /// Writes the archive, unless nothing would change, and returns its new state. Throws `HEXUserException` if a
     /// source or the archive was changed meanwhile, no member would be left, or the file system fails, and
-    /// `ArchiveError` for damaged members whose digest must be computed; the archive is then unchanged. To be called
+    /// `ArchiveError` for damaged members whose digest must be computed, and for names, headers and a comment with which
+    /// `verify` would refuse a digest; the archive is then unchanged. To be called
     /// once.
     FileStamp commit(Digest digest = Digest::keep);
 

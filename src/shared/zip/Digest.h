@@ -28,8 +28,8 @@ std::string digestLine(const std::vector<DigestRow>& rows);
 bool hasDigest(std::string_view comment);
 /// Whether the comment's digest was computed from these rows.
 bool commentTells(const Archive& archive, const std::vector<DigestRow>& rows);
-/// The archive's comment with `line` before the text of others. Throws `ArchiveError` if it becomes too long, or cannot be
-/// written because it is not a text in UTF-8.
+/// The archive's comment with `line` before the text of others. Throws `ArchiveError` if it becomes too long, or cannot
+/// be written because it is not a text in UTF-8.
 std::string withDigest(const std::string& line, const Archive& archive);
 
 /// The hash in the member's entry; no value if it has no such field, or a malformed one.

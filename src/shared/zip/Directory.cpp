@@ -22,8 +22,8 @@ constexpr std::uint16_t kEncrypted = 1 << 0, kPatch = 1 << 5, kStrongEncryption 
 constexpr std::uint64_t kMaxRatio = 1032;
 
 constexpr std::uint32_t kDosDirectory = 0x10;
-/// Read-only, hidden, system, directory, archive, normal; temporary, sparse, compressed, not indexed; and a mark that the
-/// upper half has a mode. Not the label of a volume, a device, or a reparse point, whose data are the target of a link.
+/// Read-only, hidden, system, directory, archive, normal; temporary, sparse, compressed, not indexed; and a mark that
+/// the upper half has a mode. Not the label of a volume, a device, or a reparse point, whose data are a link's target.
 constexpr std::uint32_t kDosAttributes =
     0x01 | 0x02 | 0x04 | kDosDirectory | 0x20 | 0x80 | 0x100 | 0x200 | 0x800 | 0x2000 | 0x8000;
 constexpr std::uint8_t kAmiga = 1;

@@ -14,20 +14,36 @@ constexpr std::size_t kMaxName = 1024, kMaxPart = 255;
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7f; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
-/// Accents, Arabic marks, Korean letters and Japanese marks, which other programs join with the character before them, so
-/// that two names become one.
-constexpr std::pair<std::string_view, std::string_view> kCombining[] = {
+/// Characters that normalisation joins with the one before them, so that two names become one: accents, Arabic marks,
+/// Korean letters and Japanese marks ...
+constexpr std::pair<std::string_view, std::string_view> kJoining[] = {
     {"\u0300", "\u036F"}, {"\u0653", "\u0655"}, {"\u1160", "\u11FF"}, {"\u3099", "\u309A"}};
+/// ... and pairs of such characters in scripts that also use the second one alone.
+constexpr std::string_view kJoined[] = {
+    "\u0928\u093C",         "\u0930\u093C",         "\u0933\u093C",         "\u09C7\u09BE",
+    "\u09C7\u09D7",         "\u0B47\u0B56",         "\u0B47\u0B3E",         "\u0B47\u0B57",
+    "\u0B92\u0BD7",         "\u0BC6\u0BBE",         "\u0BC7\u0BBE",         "\u0BC6\u0BD7",
+    "\u0C46\u0C56",         "\u0CBF\u0CD5",         "\u0CC6\u0CD5",         "\u0CC6\u0CD6",
+    "\u0CC6\u0CC2",         "\u0CCA\u0CD5",         "\u0D46\u0D3E",         "\u0D47\u0D3E",
+    "\u0D46\u0D57",         "\u0DD9\u0DCA",         "\u0DD9\u0DCF",         "\u0DDC\u0DCA",
+    "\u0DD9\u0DDF",         "\u1025\u102E",         "\u1B05\u1B35",         "\u1B07\u1B35",
+    "\u1B09\u1B35",         "\u1B0B\u1B35",         "\u1B0D\u1B35",         "\u1B11\u1B35",
+    "\u1B3A\u1B35",         "\u1B3C\u1B35",         "\u1B3E\u1B35",         "\u1B3F\u1B35",
+    "\u1B42\u1B35",         "\U00011099\U000110BA", "\U0001109B\U000110BA", "\U000110A5\U000110BA",
+    "\U00011131\U00011127", "\U00011132\U00011127", "\U00011347\U0001133E", "\U00011347\U00011357",
+    "\U000114B9\U000114BA", "\U000114B9\U000114B0", "\U000114B9\U000114BD", "\U000115B8\U000115AF",
+    "\U000115B9\U000115AF", "\U00011935\U00011930"};
 
 /// In valid UTF-8, whose characters compare like their numbers.
-bool hasCombining(std::string_view name) {
-    while (!name.empty()) {
-        const std::string_view character = name.substr(0, HSTStringUtils::utf8Length(name));
-        for (const auto& [first, last] : kCombining)
+bool isJoinedByOthers(std::string_view name) {
+    if (std::ranges::all_of(name, isAscii)) return false;
+    for (std::string_view rest = name; !rest.empty();) {
+        const std::string_view character = rest.substr(0, HSTStringUtils::utf8Length(rest));
+        for (const auto& [first, last] : kJoining)
             if (first <= character && character <= last) return true;
-        name.remove_prefix(character.size());
+        rest.remove_prefix(character.size());
     }
-    return false;
+    return std::ranges::any_of(kJoined, [name](auto pair) { return name.find(pair) != name.npos; });
 }
 
 /// A file's version on systems that keep several; the number may be missing.
@@ -46,6 +62,8 @@ std::string_view partFault(std::string_view part) {
 }
 
 }  // namespace
+
+bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
 
 bool isUtf8(std::string_view text) {
     while (!text.empty()) {
@@ -83,7 +101,8 @@ std::string_view memberNameFault(std::string_view name, bool hasData) {
 
 std::string_view digestNameFault(std::string_view name, bool hasData) {
     const std::string_view fault = memberNameFault(name, hasData);
-    return fault.empty() && hasCombining(name) ? "has a combining character, which other programs replace" : fault;
+    return fault.empty() && isJoinedByOthers(name) ? "has a combining character, which other programs replace"
+                                                   : fault;
 }
 
 }  // namespace zip

@@ -15,6 +15,8 @@ std::string_view memberPathFault(std::string_view name, bool hasData);
 /// The same for names in an archive with a digest, which other readers must not change.
 std::string_view digestNameFault(std::string_view name, bool hasData);
 
+bool isAscii(char c);
+
 /// Whether the text is valid UTF-8: shortest forms, no surrogates.
 bool isUtf8(std::string_view text);
 

@@ -78,7 +78,7 @@ void PackedData::checkSizes(const char* header, std::string_view extraFields) {
     const auto field = findExtraField(extraFields, kZip64Field);
     if (!extraFieldsAgree(extraFields, member_.name))
         refuse("the extra fields of its local header give it another name or type");
-    if (field && field->size() < 16) refuse("the zip64 field of its local header has not two sizes");
+    if (field && field->size() < 16) refuse("the zip64 field of its local header lacks a size");
     isZip64_ = field.has_value();
     std::uint64_t packedSize = u32(header + 18), size = u32(header + 22);
     if (packedSize == kIn64As32 || size == kIn64As32) {
@@ -120,7 +120,8 @@ void PackedData::checkDescriptor() const {
     // Without a signature, the end of stored data cannot be found, and a CRC must not look like the signature.
     const bool hasSignature = descriptor.starts_with("PK\7\10"), needsOne = member_.method == Method::stored;
     if (hasSignature) descriptor.remove_prefix(4);
-    // A zip64 field tells streaming readers the width. Writers that learn only from the data that they need 8 bytes have none.
+    // A zip64 field tells streaming readers the width. Writers that learn only from the data that they need 8 bytes
+    // have none.
     const bool isWide = isZip64_ || std::max(member_.size, member_.packedSize) >= kIn64As32;
     if (!isDescriptorSize(size) || isWide != (size >= 20) || hasSignature != (size % 8 == 0) ||
         (needsOne && !hasSignature) ||

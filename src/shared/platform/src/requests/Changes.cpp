@@ -87,7 +87,7 @@ std::vector<HEXDiagnostic> pack(const Pack& request) {
 namespace {
 
 void expectName(const SetFile& request) {
-    if (const auto fault = zip::memberNameFault(request.member, true); !fault.empty())
+    if (const auto fault = zip::digestNameFault(request.member, true); !fault.empty())
         throw RequestError(
             FailureKind::wrongUse,
             {.file = request.archive, .member = request.member, .text = "the name " + std::string(fault)});
