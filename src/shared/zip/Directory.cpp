@@ -170,9 +170,6 @@ void Directory::checkEntry(const Member& member, const char* entry) const {
     if (member.name.find('\0') != std::string_view::npos) refuse(member.name, "its name contains NUL");
     if (u16(entry + 34) != 0 && u16(entry + 34) != kIn64As16)
         refuse(member.name, "it is in another part of a split archive");
-    if (u16(entry + 6) > kMaxVersion)
-        refuse(member.name, fmt::format("it needs version {} of the format; at most {} is supported", u16(entry + 6),
-                                        kMaxVersion));
     if (member.flags & (kEncrypted | kStrongEncryption | kMasked)) refuse(member.name, "it is encrypted");
     if (member.flags & kPatch) refuse(member.name, "it is patch data, which is not supported");
     if (member.method != Method::stored && member.method != Method::deflated)
@@ -188,6 +185,9 @@ void Directory::checkEntry(const Member& member, const char* entry) const {
         refuse(member.name, "the extra fields of its entry give it another name or type");
     if (member.size / kMaxRatio > member.packedSize)
         refuse(member.name, fmt::format("{} compressed bytes cannot hold {} bytes", member.packedSize, member.size));
+    if (u16(entry + 6) > kMaxVersion)
+        refuse(member.name, fmt::format("it needs version {} of the format; at most {} is supported", u16(entry + 6),
+                                        kMaxVersion));
 }
 
 /// Checks the members by their position in the archive: the first at its first byte, each after the previous one.
