@@ -44,8 +44,7 @@ std::optional<int> numberOf(std::string_view path) {
 /// A name in an open directory, which later steps use, whatever becomes of the path.
 class Target {
 public:
-    Target(const std::string& path, bool mayReplace)
-        : Target(path, mayReplace, AT_FDCWD, HUTFile::getParent(path)) {}
+    Target(const std::string& path, bool mayReplace) : Target(path, mayReplace, AT_FDCWD, HUTFile::getParent(path)) {}
     /// `parent` is the directory of the path, relative to an open one.
     Target(const std::string& path, bool mayReplace, int directory, const std::string& parent)
         : path_(path),
