@@ -60,18 +60,18 @@ private:
     bool isOutermost_;
 };
 
-/// Asks the budget once for many small amounts.
+/// Asks the budget once for many small amounts: each time that they come to `step`, and at the end.
 class SmallAmounts {
 public:
-    explicit SmallAmounts(Cost cost) : cost_(cost) {}
+    SmallAmounts(Cost cost, std::uint64_t step) : cost_(cost), step_(step) {}
     /// See `Budget::refusal`.
     const char* refusal(std::uint64_t amount) {
-        constexpr std::uint64_t kStep = 1 << 16;
         sum_ += amount;
-        return sum_ < kStep ? nullptr : Budget::refusal(cost_, std::exchange(sum_, 0));
+        return sum_ < step_ ? nullptr : refusalOfRest();
     }
+    const char* refusalOfRest() { return Budget::refusal(cost_, std::exchange(sum_, 0)); }
 
 private:
     Cost cost_;
-    std::uint64_t sum_ = 0;
+    std::uint64_t step_, sum_ = 0;
 };

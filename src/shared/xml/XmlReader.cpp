@@ -109,7 +109,7 @@ private:
     std::vector<const Attribute*> meant_;      ///< of the current tag: misspelled
     std::size_t skipping_ = 0;                 ///< open elements that are skipped, below the last frame
     std::size_t nodes_ = 0;
-    SmallAmounts content_{Cost::content}, records_{Cost::records};
+    SmallAmounts content_{Cost::content, 1 << 16}, records_{Cost::records, 1 << 16};
     bool stopped_ = false;
     std::exception_ptr thrown_;  ///< by a handler; rethrown after the parser, which is C
 };
@@ -178,6 +178,8 @@ void Reader::run(std::string_view text) {
             forgetContent_(frames_.back());
         stopWith_(fault::kNotWellFormed, openName_(), malformed_(text));
     }
+    for (SmallAmounts* const amounts : {&content_, &records_})
+        if (const char* const why = amounts->refusalOfRest(); why && !stopped_) stopWith_(fault::kLimit, "", why);
     if (thrown_) std::rethrow_exception(thrown_);
     if (!first_.empty()) throw Exception(first_.front());
 }

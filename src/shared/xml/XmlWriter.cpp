@@ -86,6 +86,7 @@ public:
         const std::string declaration =
             *format.uri ? fmt::format(" xmlns:{}=\"{}\"", format.prefix, format.uri) : std::string();
         element_(format.root, *format.element, record, 0, declaration);
+        if (const char* const why = budget_.refusalOfRest()) throw HEXFileFault({.text = why});
         return std::move(out_);
     }
 
@@ -151,7 +152,7 @@ private:
     std::string prefix_;
     std::string out_;
     std::size_t counted_ = 0;
-    SmallAmounts budget_{Cost::text};
+    SmallAmounts budget_{Cost::text, 1 << 16};
 };
 
 }  // namespace

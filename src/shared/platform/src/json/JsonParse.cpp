@@ -30,7 +30,11 @@ public:
     const char* problem = nullptr;
 
     bool on_document_begin(error_code&) { return true; }
-    bool on_document_end(error_code&) { return true; }
+    bool on_document_end(error_code& ec) {
+        for (SmallAmounts* const amounts : {&values_, &content_})
+            if (const char* const why = amounts->refusalOfRest()) return refuse(ec, why);
+        return true;
+    }
     bool on_object_begin(error_code& ec) { return open(ec); }
     bool on_object_end(std::size_t, error_code&) { return close(); }
     bool on_array_begin(error_code& ec) { return open(ec); }
@@ -88,7 +92,7 @@ private:
     }
     bool make(Part text, error_code& ec) {
         if (++nodes_ > limits_.nodes) return refuse(ec, "the document has too many values");
-        if (const char* const why = Budget::refusal(Cost::values)) return refuse(ec, why);
+        if (const char* const why = values_.refusal(1)) return refuse(ec, why);
         if (nodes_ == 1) document_.entries_.clear();
         document_.entries_.push_back({std::exchange(key_, {}), text, static_cast<std::uint32_t>(nodes_)});
         return true;
@@ -116,7 +120,7 @@ private:
     std::vector<std::uint32_t> open_;
     Part key_, pending_;
     std::size_t nodes_ = 0;
-    SmallAmounts content_{Cost::content};
+    SmallAmounts values_{Cost::values, 64}, content_{Cost::content, 1 << 16};
 };
 
 namespace {
