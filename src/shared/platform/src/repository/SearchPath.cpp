@@ -1,5 +1,8 @@
 #include "repository/SearchPath.h"
 
+#include <sys/stat.h>
+
+#include <cerrno>
 #include <unordered_set>
 
 #include "text/HSTStringUtils.h"
@@ -28,11 +31,21 @@ void splitToFullDirs(const std::string& path, std::vector<std::string>& dirs) {
         dirs.push_back(HUTFile::getCanonicalName(piece));
 }
 
+namespace {
+
+/// Whether it is in a directory that may not be searched, so that it may exist.
+bool isForbidden(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) != 0 && errno == EACCES;
+}
+
+}  // namespace
+
 std::vector<std::string> distinctDirectories(const std::vector<std::string>& dirs) {
     std::vector<std::string> distinct;
     std::unordered_set<std::string> seen;
     for (const std::string& dir : dirs) {
-        if (!HUTFile::isDir(dir)) continue;
+        if (!HUTFile::isDir(dir) && !isForbidden(dir)) continue;
         std::string canonical = HUTFile::getCanonicalName(dir);
         if (seen.insert(canonical).second) distinct.push_back(std::move(canonical));
     }
