@@ -36,7 +36,7 @@ inline void moveAfter(Entry& entry, const std::string& descriptor) {
     entry.both(&Header::flags, 8);
     entry.local.crc = 0;
     entry.local.size = entry.local.packedSize = 0;
-    if (width == 8) entry.local.extra += extra(1, le(0, 16));
+    if (width == 8) entry.local.extra += extra(1, std::string(16, '\0'));
     entry.descriptor = descriptor.starts_with("signed") ? "PK\7\10" + bare
                        : descriptor.starts_with("bare") ? bare
                                                         : descriptor;
