@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <new>
+#include <boost/property_tree/exceptions.hpp>
 #include <optional>
 
 #include "Completion.h"
@@ -137,14 +137,26 @@ std::vector<std::string> argumentsOf(int argc, char** argv) {
 
 void write(const std::string& text) { Console::take().data(text); }
 
-/// A failure that names no file gets the first one of the call; paths in its folder are shown as that is written.
+/// The first file that is read; empty if there is none.
+std::string inputOf(const Verb& verb, const Call& call) {
+    static constexpr std::string_view kOthers[] = {"", "OUT", "create|list|add|extract", "pack|print"};
+    const auto isFile = [](const Positional& one) {
+        return std::ranges::find(kOthers, one.values) == std::end(kOthers);
+    };
+    const auto input = std::ranges::find_if(verb.positionals, isFile);
+    return input == verb.positionals.end() ? "" : call.get(input->name, "");
+}
+
+/// A fault that names no file gets that of the call; paths in its folder are shown as that is written.
 int run(const Verb& verb, const Call& call) {
+    const std::string file = inputOf(verb, call);
+    Console::take().nameInput(file);
     try {
         return verb.run(call);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception&) {
-        const std::string file = verb.positionals.empty() ? "" : call.get(verb.positionals.front().name, "");
+    } catch (const std::exception& e) {
+        const bool isOfFile =
+            dynamic_cast<const HEXFileFault*>(&e) || dynamic_cast<const boost::property_tree::ptree_error*>(&e);
+        if (!isOfFile) throw;
         const teq_platform::Failure failure = teq_platform::currentFailure(file);
         throw teq_platform::RequestError(failure.kind, failure.diagnostic);
     }

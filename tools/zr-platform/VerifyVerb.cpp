@@ -1,4 +1,5 @@
 #include <msg/HEXFileFault.h>
+#include <platform/PlatformRequests.h>
 #include <text/HSTStringUtils.h>
 #include <zip/HUTZip.h>
 
@@ -19,6 +20,7 @@ const char* stateName(HUTZip::DigestState state) {
 /// reason.
 Exit verify(const std::string& archive, bool requireDigest, Records& records, std::string& lines) {
     const std::string shown = Console::take().shown(archive);
+    const teq_platform::requests::Scope request;
     try {
         const HUTZip::Verification found = HUTZip::verify(archive);
         boost::json::array differences;
@@ -39,10 +41,10 @@ Exit verify(const std::string& archive, bool requireDigest, Records& records, st
         records.add(
             {{"archive", shown}, {"good", good}, {"digest", stateName(found.digest)}, {"differences", differences}});
         return good ? Exit::done : Exit::no;
-    } catch (const HEXFileFault& e) {
-        const teq_platform::Failure failure = teq_platform::currentFailure();
+    } catch (const HEXFileFault&) {
+        const teq_platform::Failure failure = teq_platform::currentFailure(shown);
         Console::take().report(failure);
-        records.add({{"archive", shown}, {"good", false}, {"digest", nullptr}, {"problem", e.diagnostic().text}});
+        records.add({{"archive", shown}, {"good", false}, {"digest", nullptr}, {"problem", failure.diagnostic.text}});
         return exitOf(failure);
     }
 }

@@ -15,6 +15,7 @@ struct Limit {
     std::uint64_t most;
     std::uint64_t shared;  ///< for two bytes of the files, if requests share a budget; 0: not shared
     const char* refusal;
+    std::uint64_t mostShared = most;  ///< of requests that share a budget, without their files
 };
 /// In the order of `Cost`.
 constexpr std::array kLimits{
@@ -26,6 +27,7 @@ constexpr std::array kLimits{
     Limit{32U << 20, 64, "the document has more than 32 MiB"},
     Limit{10'000, 0, "the request makes more than 10000 files and directories"},
     Limit{2'000'000, 64, "the request looks up more than 2000000 names to follow links"},
+    Limit{1ULL << 62, 200, "the request decompresses too much", 512U << 20},
 };
 static_assert(kLimits.size() == static_cast<std::size_t>(Cost::count_), "one row for each cost");
 
@@ -61,7 +63,7 @@ OwnBudget::~OwnBudget() {
 
 SharedBudget::SharedBudget() : isOutermost_(!shared) {
     for (Budget::Amounts& left : left_)
-        for (std::size_t row = 0; row < left.size(); ++row) left[row] = kLimits[row].most;
+        for (std::size_t row = 0; row < left.size(); ++row) left[row] = kLimits[row].mostShared;
     if (isOutermost_) shared = this;
 }
 

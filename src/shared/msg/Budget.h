@@ -18,6 +18,7 @@ enum class Cost {
     text,     ///< bytes of these documents, and of trees made of them
     inodes,   ///< files and directories made
     names,    ///< names that the system looks up to follow links in paths, and some for each step
+    data,     ///< bytes of members that are decompressed, of all files of a call; each archive has its own limits
     count_
 };
 

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <utility>
 
+#include "msg/Budget.h"
 #include "zip/FileBytes.h"
 #include "zip/Inflater.h"
 #include "zip/LittleEndian.h"
@@ -163,6 +164,7 @@ void Archive::checkHeader(const Member& member) const {
 }
 
 void Archive::unpack(const Member& member, const Sink& sink, OutputBudget& budget) const {
+    Budget::spend(Cost::data, member.size);
     if (!isUnpackedWhole(member)) return unpackInPieces(member, sink, budget);
     if (!budget.spend(member.size)) refuse(member, std::string(kSpent));
     if (const std::string data = unpackWhole(member); !data.empty()) sink(data);
