@@ -32,7 +32,7 @@ std::optional<Field> nextField(std::string_view& extraFields) {
 
 bool areExtraFieldsSound(std::string_view extraFields) {
     std::vector<std::uint16_t> ids;
-    while (const auto field = nextField(extraFields))
+    for (auto field = nextField(extraFields); field; field = nextField(extraFields))
         if (field->id != 0 || !field->bytes.empty()) ids.push_back(field->id);
     std::ranges::sort(ids);
     return std::ranges::adjacent_find(ids) == ids.end() && extraFields.size() < 4 &&
@@ -40,7 +40,7 @@ bool areExtraFieldsSound(std::string_view extraFields) {
 }
 
 std::optional<std::string_view> findExtraField(std::string_view extraFields, std::uint16_t id) {
-    while (const auto field = nextField(extraFields))
+    for (auto field = nextField(extraFields); field; field = nextField(extraFields))
         if (field->id == id) return field->bytes;
     return std::nullopt;
 }
