@@ -20,28 +20,28 @@ struct Field {
     std::string_view bytes;
 };
 
-/// Removes the first field; no value at the end, which may be padding of fewer than four bytes, or if it is malformed.
-std::optional<Field> nextField(std::string_view& extraFields) {
-    if (extraFields.size() < 4 || extraFields.size() - 4 < u16(&extraFields[2])) return std::nullopt;
-    const Field field{u16(&extraFields[0]), extraFields.substr(4, u16(&extraFields[2]))};
+/// Removes the first field. False at the end, which may be padding of fewer than four bytes, or if it is malformed.
+bool takeField(std::string_view& extraFields, Field& field) {
+    if (extraFields.size() < 4 || extraFields.size() - 4 < u16(&extraFields[2])) return false;
+    field = {u16(&extraFields[0]), extraFields.substr(4, u16(&extraFields[2]))};
     extraFields.remove_prefix(4 + field.bytes.size());
-    return field;
+    return true;
 }
 
 }  // namespace
 
 bool areExtraFieldsSound(std::string_view extraFields) {
     std::vector<std::uint16_t> ids;
-    for (auto field = nextField(extraFields); field; field = nextField(extraFields))
-        if (field->id != 0 || !field->bytes.empty()) ids.push_back(field->id);
+    for (Field field; takeField(extraFields, field);)
+        if (field.id != 0 || !field.bytes.empty()) ids.push_back(field.id);
     std::ranges::sort(ids);
     return std::ranges::adjacent_find(ids) == ids.end() && extraFields.size() < 4 &&
            extraFields.find_first_not_of('\0') == extraFields.npos;
 }
 
 std::optional<std::string_view> findExtraField(std::string_view extraFields, std::uint16_t id) {
-    for (auto field = nextField(extraFields); field; field = nextField(extraFields))
-        if (field->id == id) return field->bytes;
+    for (Field field; takeField(extraFields, field);)
+        if (field.id == id) return field.bytes;
     return std::nullopt;
 }
 

@@ -149,8 +149,9 @@ Answer Questions::answer(const std::string& path) const {
 }
 
 HSTVector<std::string> Questions::keys(const std::string& prefix) const {
-    const Keys& keys =
-        state_->keys ? *state_->keys : state_->keys.emplace(services::keysOf(state_->document.root()));
+    std::optional<Keys>& known = state_->keys;
+    if (!known) known = services::keysOf(state_->document.root());
+    const Keys& keys = *known;
     if (prefix.empty()) return {keys.begin(), keys.end()};
     const std::string listed = listedKey(services::actualPath(state_->document.root(), prefix));
     HSTVector<std::string> found = below(keys, listed);
