@@ -29,7 +29,7 @@ std::string filesOf(const std::string& folder) {
 
 }  // namespace
 
-/// Whoever may write to the directory for temporary files puts a directory in place of the one that was made.
+/// Another user replaces the temporary directory.
 TEST(Emulation, UsesTheDirectoryThatItHasMade) {
     for (const std::string step :
          {"copying", "writing the prop", "writing the driver", "evaluating", "merging", "writing '"}) {
