@@ -53,7 +53,7 @@ TEST(Budget, IsSharedByTheRequestsOfACall) {
     EXPECT_EQ(Budget::refusalOfRepeating({}, 1), nullptr);
     Budget::spend(Cost::values, 200);
     EXPECT_NE(Budget::refusal(Cost::values), nullptr);
-    EXPECT_EQ(Budget::refusal(Cost::data, (512U << 20) + 200'000), nullptr) << "100 bytes for each of the file";
+    EXPECT_EQ(Budget::refusal(Cost::data, (256U << 20) + 200'000), nullptr) << "100 bytes for each of the file";
     EXPECT_NE(Budget::refusal(Cost::data, 101), nullptr);
     SharedBudget::addFile(1, 3, ~0UL);
     EXPECT_EQ(Budget::refusal(Cost::text, 32U << 20), nullptr);

@@ -27,7 +27,7 @@ constexpr std::array kLimits{
     Limit{32U << 20, 64, "the document has more than 32 MiB"},
     Limit{10'000, 0, "the request makes more than 10000 files and directories"},
     Limit{2'000'000, 64, "the request looks up more than 2000000 names to follow links"},
-    Limit{1ULL << 62, 200, "the request decompresses too much", 512U << 20},
+    Limit{1ULL << 62, 200, "the request decompresses too much", 256U << 20},
 };
 static_assert(kLimits.size() == static_cast<std::size_t>(Cost::count_), "one row for each cost");
 
